@@ -1,0 +1,14 @@
+#pragma once
+
+#include "core/Outside.h"
+
+namespace zorva {
+
+/// Rolls the die of CurrentColour: ten faces shown one after another, the tenth is the throw and
+/// stays in DieValue. Two faces shown in a row always differ.
+void ThrowDie(Table table);
+
+/// Shows the die boxes of all four colours empty.
+void ClearDice(Outside& outside);
+
+}  // namespace zorva

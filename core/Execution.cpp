@@ -1,0 +1,213 @@
+#include "core/Execution.h"
+
+#include <utility>
+
+#include "core/Board.h"
+#include "core/Rules.h"
+
+namespace zorva {
+namespace {
+
+using Slots = std::array<PieceCode, 4>;
+
+Short SlotOf(const Slots& slots, PieceCode code) {
+    for (Short slot = 1; slot <= 3; ++slot) {
+        if (slots[slot] == code) return slot;
+    }
+    return 0;
+}
+
+// The pieces in the higher slots move down, so that a lone piece always stands in slot 1: capture,
+// attack and risk all read slot 1 first.
+void TakeFromSlots(Slots& slots, PieceCode code) {
+    Short slot = SlotOf(slots, code);
+    if (slot == 0) return;
+    for (; slot < 3; ++slot) slots[slot] = slots[slot + 1];
+    slots[3] = 0;
+}
+
+// A fourth piece on a goal finds no slot; its position alone says where it is.
+void PutIntoFirstEmptySlot(Slots& slots, PieceCode code) {
+    const Short slot = SlotOf(slots, 0);
+    if (slot != 0) slots[slot] = code;
+}
+
+// ---------------------------------------------------------------------------------- forwards
+
+void Lift(Table table, Colour colour, PieceCode code, Square from) {
+    GameState& state = table.state;
+    if (from == 0) {
+        --state.PiecesInBox[colour];
+        table.outside.PlaySound(7);
+    } else {
+        TakeFromSlots(state.SquareOccupants[from], code);
+    }
+    table.outside.LiftPiece(code, from);
+}
+
+void StepTo(Table table, PieceCode code, Square from, Square to) {
+    table.outside.PlaySound(13);
+    table.outside.StepPiece(code, from, to);
+    table.outside.StepDelay(80);
+}
+
+void Walk(Table table, Colour colour, PieceCode code, Square from, Square to) {
+    Square square = from;
+    if (from == 0) {
+        square = ExitSquare[colour];
+        StepTo(table, code, 0, square);
+    }
+    while (square != to) {
+        const Square next = AdvanceSquare(square, 1, colour);
+        Insist(next <= GoalSquare[colour], "a piece walks past its goal");
+        StepTo(table, code, square, next);
+        square = next;
+    }
+}
+
+void PutDown(Table table, Colour colour, PieceCode code, Square to) {
+    GameState& state = table.state;
+    state.PiecePosition[colour][PieceOf(code)] = to;
+    PutIntoFirstEmptySlot(state.SquareOccupants[to], code);
+    if (to == GoalSquare[colour]) ++state.PiecesHome[colour];
+    table.outside.PutDownPiece(code, to);
+}
+
+void CheckCapture(GameState& state, Colour colour, Square to) {
+    const Capture capture = CaptureOn(state, colour, to);
+    if (capture.report == 0) return;
+    state.CaptureReport = capture.report;
+    state.CapturedColour = ColourOf(capture.victim);
+    if (capture.report == 2) {
+        // The newcomer takes the victim's slot; the victim waits in slot 3 for its own record.
+        Slots& slots = state.SquareOccupants[to];
+        std::swap(slots[SlotOf(slots, capture.victim)], slots[3]);
+    }
+}
+
+void ReturnToBox(Table table, Colour colour, PieceCode code) {
+    GameState& state = table.state;
+    if (state.SixesInRow == 3) {
+        table.outside.Pause(45);
+        table.outside.PlaySound(11);
+        table.outside.Pause(55);
+        table.outside.Pause(20);
+    } else {
+        table.outside.Pause(20);
+        table.outside.PlaySound(11);
+        table.outside.Pause(15);
+    }
+    state.PiecePosition[colour][PieceOf(code)] = 0;
+    ++state.PiecesInBox[colour];
+    table.outside.PutDownPiece(code, 0);
+}
+
+void PlayForward(Table table, const MoveRecord& record) {
+    GameState& state = table.state;
+    state.CaptureReport = 0;
+    if (record.Piece == 0) return;
+    const Colour colour = record.MoverColour;
+    const PieceCode code = CodeOf(colour, record.Piece);
+    Lift(table, colour, code, record.From);
+    if (record.To == 0) {
+        ReturnToBox(table, colour, code);
+        return;
+    }
+    if (!record.Manual) Walk(table, colour, code, record.From, record.To);
+    PutDown(table, colour, code, record.To);
+    if (!record.Manual) CheckCapture(state, colour, record.To);
+}
+
+// --------------------------------------------------------------------------------- backwards
+
+bool MovesPieceTo(const MoveRecord& record, PieceCode code, Square square) {
+    return record.Piece != 0 && record.To == square && CodeOf(record.MoverColour, record.Piece) == code;
+}
+
+// A captured piece's way home from a safe square: nothing but a capture on an exit square ends there.
+bool IsExitCaptureVictim(const MoveRecord& record) {
+    return record.OnBehalf != 0 && IsSafeSquare(record.From);
+}
+
+// How long a piece has stood on its square: the number of the move that brought it there, looked up
+// among the moves before `before`. Slots are kept in this order. Who captured on an exit square took
+// the victim's slot, and with it the victim's place in the order.
+Short Seniority(const GameState& state, PieceCode code, Square square, Short before) {
+    for (Short move = before; --move >= 1;) {
+        if (!MovesPieceTo(state.MoveRecords[move], code, square)) continue;
+        const MoveRecord& next = state.MoveRecords[move + 1];
+        const bool tookSlot = move + 1 < before && IsExitCaptureVictim(next) && next.From == square;
+        if (!tookSlot) return move;
+        code = CodeOf(next.MoverColour, next.Piece);
+    }
+    return 0;
+}
+
+void PutBackBySeniority(GameState& state, PieceCode code, Square square) {
+    Slots& slots = state.SquareOccupants[square];
+    const Short number = state.MoveRecordCount;
+    const Short own = Seniority(state, code, square, number);
+    Short slot = 1;
+    while (slot < 3 && slots[slot] != 0 && Seniority(state, slots[slot], square, number) < own) ++slot;
+    for (Short higher = 3; higher > slot; --higher) slots[higher] = slots[higher - 1];
+    slots[slot] = code;
+}
+
+void PutBack(GameState& state, const MoveRecord& record, PieceCode code) {
+    if (record.From == 0) {
+        ++state.PiecesInBox[record.MoverColour];
+    } else if (IsExitCaptureVictim(record)) {
+        state.SquareOccupants[record.From][3] = code;
+    } else {
+        PutBackBySeniority(state, code, record.From);
+    }
+}
+
+void TakeOffGoal(GameState& state, Colour colour, PieceCode code) {
+    Slots& slots = state.SquareOccupants[GoalSquare[colour]];
+    const Short others = --state.PiecesHome[colour];
+    if (others == 2) slots[3] = state.GoalLeftover[colour];
+    if (others < 2) slots[SlotOf(slots, code)] = 0;
+}
+
+void TakeOff(GameState& state, const MoveRecord& record, PieceCode code) {
+    if (record.To == 0) {
+        --state.PiecesInBox[record.MoverColour];
+        return;
+    }
+    if (record.To == GoalSquare[record.MoverColour]) {
+        TakeOffGoal(state, record.MoverColour, code);
+        return;
+    }
+    // The last to arrive stands in the highest slot, unless it captured on its exit square: then the
+    // piece that waits in slot 3 has its own slot back.
+    Slots& slots = state.SquareOccupants[record.To];
+    slots[SlotOf(slots, code)] = slots[3] == code ? PieceCode{0} : slots[3];
+    slots[3] = 0;
+}
+
+void TakeBack(Table table, const MoveRecord& record) {
+    GameState& state = table.state;
+    state.CaptureReport = 0;
+    if (record.Piece == 0) return;
+    const PieceCode code = CodeOf(record.MoverColour, record.Piece);
+    TakeOff(state, record, code);
+    table.outside.LiftPiece(code, record.To);
+    PutBack(state, record, code);
+    state.PiecePosition[record.MoverColour][record.Piece] = record.From;
+    table.outside.PutDownPiece(code, record.From);
+}
+
+}  // namespace
+
+void ExecuteMove(Table table, ExecutionMode mode) {
+    // A copy: while the piece walks, the window may be painted, and nothing is to hang on the table.
+    const MoveRecord record = table.state.MoveRecords[table.state.MoveRecordCount];
+    if (mode == ExecutionMode::Forward) {
+        PlayForward(table, record);
+    } else {
+        TakeBack(table, record);
+    }
+}
+
+}  // namespace zorva

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <vector>
+
+#include "core/Settings.h"
+#include "core/Types.h"
+
+namespace zorva {
+
+/// What is kept of one move; the log, the recorder and the saved game are made of these.
+struct MoveRecord {
+    Short MoverColour = 0;      ///< colour whose piece moved
+    Short FollowingColour = 0;  ///< colour on turn when another colour's piece moved, else 0
+    Short Die = 0;              ///< face thrown; 0 for bonus moves, captured pieces, manual moves
+    Short Count = 0;            ///< squares counted
+    Short Piece = 0;            ///< piece 1..4, 0 when the colour passed
+    Short From = 0;             ///< square left, 0 = the waiting box
+    Short To = 0;               ///< square reached, 0 = back to the waiting box
+    Short RepeatState = 0;      ///< sixes in a row at this move, 0..2 (a third is stored as 0)
+    Short Manual = 0;           ///< Yes for a piece dragged by hand
+    Short OnBehalf = 0;         ///< 1 for a captured piece's way home
+    Short TurnEnd = 0;          ///< Yes when the move begins a turn, No when it goes on with one
+
+    bool operator==(const MoveRecord&) const = default;
+};
+
+/// The whole game as one value: copy it to remember it, compare it to prove a move taken back.
+struct GameState {
+    // Where the pieces stand. Changed by move execution, a new game and the loading of a game only.
+    PerColour<PerPiece<Square>> PiecePosition{};                             ///< authoritative
+    std::array<std::array<PieceCode, 4>, LastSquare + 1> SquareOccupants{};  ///< [square][slot 1..3]
+    PerColour<Short> PiecesInBox{0, 4, 4, 4, 4};
+    PerColour<Short> PiecesHome{};
+    /// What an earlier game left in slot 3 of each colour's goal, 0 when nothing: a third piece that
+    /// comes home finds that slot taken, and taking its move back must leave it taken.
+    PerColour<PieceCode> GoalLeftover{};
+
+    // Whose turn it is and what was thrown.
+    Colour CurrentColour = 0;
+    Short DieValue = 0;       ///< 1..6 as thrown, 0 when nothing was thrown for this move
+    Short MoveCount = 0;      ///< squares the move about to be made walks
+    Short SixValue = 12;      ///< squares of a six with no piece in the box: 7 or 12
+    Short PlayDirection = 1;  ///< +1 colours follow 1, 2, 3, 4; -1 they follow 4, 3, 2, 1
+    Short SixesInRow = 0;     ///< 0..3
+    Short GameInProgress = No;
+    Short RepeatTurn = No;       ///< the same colour plays again after this move
+    Short ThrowNext = Yes;       ///< No: a bonus move with MoveCount already set comes next
+    Short WaitingForThrow = No;  ///< the driver waits for the click that throws
+    Short WaitingForMove = No;   ///< the driver waits for a person to choose a piece
+
+    // The move about to be executed and what came of it.
+    Short MovePiece = 0;  ///< 1..4, 0 = no move
+    Square MoveFrom = 0;
+    Square MoveTo = 0;
+    Short CaptureReport = 0;    ///< 0 none, 1 ordinary capture, 2 capture on one's own exit square
+    Colour CapturedColour = 0;  ///< valid while CaptureReport is not 0
+    /// 0 normally, 1 when a second piece leaves the box with the same throw, 2 when it has left.
+    Short SecondMovePending = 0;
+
+    // A piece dragged by hand while the throw is awaited.
+    Short ManualMode = No;
+    Short ManualShiftMade = No;
+    Colour ManualShiftColour = 0;  ///< colour on turn when manual mode was switched on
+
+    // What the computer player found for the colour on turn.
+    Short BestPiece = 0;  ///< 0 = no legal move
+    Square BestFrom = 0;
+    Square BestTo = 0;
+    Short LegalMoveCount = 0;
+    PerPiece<Short> MovablePieces{};  ///< Yes for each piece that may be moved
+
+    /// Records of the moves, indexed by move number from 1; record 0 stays empty.
+    std::vector<MoveRecord> MoveRecords = std::vector<MoveRecord>(41);
+    Short MoveRecordCount = 0;  ///< number of the current, unfinished move
+
+    bool operator==(const GameState&) const = default;
+
+    Square PositionOf(PieceCode code) const { return PiecePosition[ColourOf(code)][PieceOf(code)]; }
+};
+
+/// Takes over what the settings decide: PlayDirection and SixValue.
+inline void ApplySettings(GameState& state, const Settings& settings) {
+    state.PlayDirection = PlayDirectionOf(settings);
+    state.SixValue = SixValueOf(settings);
+}
+
+}  // namespace zorva

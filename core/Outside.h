@@ -1,0 +1,85 @@
+#pragma once
+
+#include <string_view>
+
+#include "core/Ending.h"
+#include "core/GameState.h"
+
+namespace zorva {
+
+/// Which buttons a message offers.
+enum class MessageButtons : Short { Acknowledge = 1, YesNo = 2 };
+
+/// What a person answered; closing a question without a button refuses.
+enum class MessageAnswer : Short { Accepted = -1, Refused = 0 };
+
+/// Pointers the game itself asks for; all others follow from where the mouse is.
+enum class ScreenPointer { Default, Hourglass, OfTheBoard };
+
+/// Everything a game procedure may ask of the world. The board window answers with pixels, sounds
+/// and waits; the windowless player answers with nothing; tests answer with a list of notes.
+class Outside {
+public:
+    Outside() = default;
+    Outside(const Outside&) = delete;
+    Outside& operator=(const Outside&) = delete;
+    virtual ~Outside() = default;
+
+    // Chance.
+    /// A face 1..6, each as likely as the others: the only chance in the game.
+    virtual Short RollFace() = 0;
+
+    // Time.
+    /// Runs the handlers that are due and returns at once.
+    virtual void YieldToEvents() = 0;
+    /// Returns after something has happened: a handler may have changed the state.
+    virtual void WaitForInput() = 0;
+    /// Waits n hundredths of a second at speed 0, nothing at speed 100; no handler runs meanwhile.
+    virtual void Pause(Short n) = 0;
+    /// The shorter wait between two squares of a walk; nothing when n is below 1.
+    virtual void StepDelay(Short n) = 0;
+
+    // Sound.
+    /// Starts sound 1..19 and returns at once; it cuts off the one that is playing.
+    virtual void PlaySound(Short id) = 0;
+
+    // The board. A piece is lifted, steps from square to square, and is put down; while it is in the
+    // air it stands in no table. Square 0 is its waiting box.
+    virtual void LiftPiece(PieceCode piece, Square from) = 0;
+    virtual void StepPiece(PieceCode piece, Square from, Square to) = 0;
+    virtual void PutDownPiece(PieceCode piece, Square at) = 0;
+    /// Shows a face 1..6 in the colour's die box, or empties the box with 0.
+    virtual void DrawDie(Colour colour, Short face) = 0;
+    /// Shows the move that is about to be made, or is advised, for the colour on turn.
+    virtual void ShowChosenMove(PieceCode piece, Square from, Square to) = 0;
+    /// One half of a blink of the winner's display.
+    virtual void DrawWinner(Colour colour, bool visible) = 0;
+    /// The tables were changed as a whole: draws all of the board again.
+    virtual void RefreshBoard() = 0;
+    virtual void SetScreenPointer(ScreenPointer pointer) = 0;
+
+    // The move log.
+    /// Empties the log and writes its heading.
+    virtual void BeginLog(std::string_view heading) = 0;
+    /// Adds the line of a move whose record has just been filled.
+    virtual void AddLogLine(Short moveNumber, const MoveRecord& record) = 0;
+
+    // The players.
+    /// Shows a message of lineCount lines and returns when it was answered.
+    virtual MessageAnswer ShowMessage(std::string_view title, std::string_view text, Short lineCount,
+                                      MessageButtons buttons) = 0;
+    /// The turn is chosen and nothing is thrown or moved yet: the game is whole and can be kept.
+    virtual void PositionReached() = 0;
+    /// A game has ended and the players want it in the history.
+    virtual void KeepResult(const GameResult& result) = 0;
+};
+
+/// A game on the table: its value, the players' settings and the world around it. Handed from
+/// procedure to procedure; owns nothing.
+struct Table {
+    GameState& state;
+    const Settings& settings;
+    Outside& outside;
+};
+
+}  // namespace zorva

@@ -1,0 +1,247 @@
+#include "core/Player.h"
+
+#include "core/Board.h"
+#include "core/Rules.h"
+
+// Scores are doubles, summed in the order in which the terms stand here and never contracted into
+// fused operations (see the build flags): the choice between close scores is the same everywhere.
+
+namespace zorva {
+namespace {
+
+constexpr double worstScore = -999;
+
+bool IsRival(PieceCode code, Colour colour) {
+    return code != 0 && ColourOf(code) != colour;
+}
+
+Short ProgressOf(const GameState& state, PieceCode code) {
+    return StepsToSquare(ColourOf(code), state.PositionOf(code));
+}
+
+// ------------------------------------------------------------------------ attack and risk
+
+int AttackFrom(const GameState& state, Colour colour, Square square) {
+    int attack = 0;
+    for (Short face = 1; face <= 6; ++face) {
+        if (!IsMoveLegal(state, colour, face, square)) continue;
+        const Square reached = AdvanceSquare(square, face, colour);
+        if (IsSafeSquare(reached)) continue;
+        const PieceCode occupant = state.SquareOccupants[reached][1];
+        if (IsRival(occupant, colour)) attack += ProgressOf(state, occupant);
+    }
+    return attack;
+}
+
+// Whether one throw of the rival can really count that far.
+bool CanThrow(const GameState& state, Colour rival, Short distance) {
+    if (distance <= 5) return true;
+    if (distance == 6 && state.PiecesInBox[rival] > 0) return true;
+    return distance == state.SixValue && state.PiecesInBox[rival] == 0;
+}
+
+bool Threatens(const GameState& state, PieceCode code, Colour colour, Square from, Short distance,
+               Square target) {
+    if (!IsRival(code, colour)) return false;
+    const Colour rival = ColourOf(code);
+    return AdvanceSquare(from, distance, rival) == target && CanThrow(state, rival, distance);
+}
+
+// Nobody is captured off the ring, on a safe square, or as part of a barrier.
+bool IsExposed(const GameState& state, Colour colour, PieceCode code, Square square) {
+    if (square > LastRingSquare || IsSafeSquare(square)) return false;
+    const auto& occupants = state.SquareOccupants[square];
+    if (occupants[2] != 0) return false;
+    return ColourOf(occupants[1]) != colour || occupants[1] == code;
+}
+
+int ThreatsTo(const GameState& state, Colour colour, PieceCode code, Square square) {
+    if (!IsExposed(state, colour, code, square)) return 0;
+    int threats = 0;
+    for (Short distance = 1; distance <= 12; ++distance) {
+        if (distance > 6 && distance != state.SixValue) continue;
+        const Square from = static_cast<Square>(square > distance ? square - distance
+                                                                  : square - distance + LastRingSquare);
+        for (const Short slot : {Short{1}, Short{2}}) {
+            const PieceCode rival = state.SquareOccupants[from][slot];
+            if (Threatens(state, rival, colour, from, distance, square)) ++threats;
+        }
+    }
+    return threats;
+}
+
+// -------------------------------------------------------------------- the terms of a score
+
+struct Candidate {
+    const GameState& state;
+    Colour colour;
+    Short piece;
+    Short level;
+    Square from;
+    Square to;
+};
+
+bool CanAnyWalk(const Candidate& move, Short steps, Short exceptPiece) {
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        if (piece == exceptPiece) continue;
+        const Square square = move.state.PiecePosition[move.colour][piece];
+        if (IsMoveLegal(move.state, move.colour, steps, square)) return true;
+    }
+    return false;
+}
+
+double PositionTerm(const Candidate& move) {
+    const PieceCode code = CodeOf(move.colour, move.piece);
+    const double gain = SquareValue(move.state, move.colour, code, move.to) -
+                        SquareValue(move.state, move.colour, code, move.from);
+    return gain * 10 * move.level / 100;
+}
+
+double ProgressTerm(const Candidate& move) {
+    return StepsFromExit(move.state, move.colour, move.piece) / 210.0;
+}
+
+double CaptureTerm(const Candidate& move) {
+    if (move.level <= 70 || IsSafeSquare(move.to)) return 0;
+    const PieceCode victim = move.state.SquareOccupants[move.to][1];
+    if (!IsRival(victim, move.colour)) return 0;
+    // The bonus may be walked by the capturing piece too, from where it stands now.
+    const int factor = CanAnyWalk(move, CaptureBonus, 0) ? 5 : 2;
+    return ProgressOf(move.state, victim) / 62.0 * factor;
+}
+
+double ArrivalTerm(const Candidate& move) {
+    if (move.level <= 60 || move.to != GoalSquare[move.colour]) return 0;
+    return CanAnyWalk(move, ArrivalBonus, move.piece) ? 1.0 : 0;
+}
+
+double NearHomeTerm(const Candidate& move) {
+    return move.level > 80 && move.from >= GoalSquare[move.colour] - 5 ? -0.35 : 0;
+}
+
+double LeavingShelterTerm(const Candidate& move) {
+    if (move.level <= 40) return 0;
+    const bool sheltered = IsSafeSquare(move.from) || move.from >= GoalSquare[move.colour] - 7 ||
+                           move.from == HomeEntrySquare[move.colour];
+    return sheltered ? -0.12 : 0;
+}
+
+double ReachingShelterTerm(const Candidate& move) {
+    if (move.level <= 20) return 0;
+    // Plain square numbers: for blue, red and green this is not "before the home entry" along the
+    // way. The playing strength was tuned with it; keep it.
+    const bool nearHome =
+        move.from < HomeEntrySquare[move.colour] &&
+        (move.to >= GoalSquare[move.colour] - 8 || move.to == HomeEntrySquare[move.colour]);
+    return IsSafeSquare(move.to) || nearHome ? 0.12 : 0;
+}
+
+bool CapturesByComingOut(const Candidate& move) {
+    const auto& occupants = move.state.SquareOccupants[ExitSquare[move.colour]];
+    return occupants[1] != 0 && occupants[2] != 0 &&
+           (IsRival(occupants[1], move.colour) || IsRival(occupants[2], move.colour));
+}
+
+void AddExitTerms(const Candidate& move, double& score) {
+    if (move.from != 0 || move.state.MoveCount != ExitCount || move.level < 61) return;
+    score += 0.25;
+    if (move.state.PiecesInBox[move.colour] == 1) score += 0.5;
+    if (CapturesByComingOut(move)) score += 0.1;
+}
+
+// ------------------------------------------------------------------------------- decisions
+
+void SetOnlyMove(GameState& state, Short piece, Square to) {
+    state.BestPiece = piece;
+    state.BestFrom = 0;
+    state.BestTo = to;
+    state.LegalMoveCount = 1;
+    state.MovablePieces = {};
+    state.MovablePieces[piece] = Yes;
+}
+
+bool ChooseOpening(GameState& state, const Settings& settings) {
+    const Colour colour = state.CurrentColour;
+    const bool startsCounting =
+        state.PiecesInBox[colour] == PiecesPerColour && settings.RuleLeaveAllInBox == 1;
+    if (!startsCounting && state.SecondMovePending != 1) return false;
+
+    const bool bringsTwo = settings.RuleFiveAllInBox == 1;
+    if (!bringsTwo || (state.DieValue != ExitCount && state.SecondMovePending == 0)) {
+        SetOnlyMove(state, 1, AdvanceSquare(ExitSquare[colour], state.MoveCount, colour));
+    } else if (state.SecondMovePending == 1) {
+        SetOnlyMove(state, 2, ExitSquare[colour]);
+        state.SecondMovePending = 2;
+    } else {
+        SetOnlyMove(state, 1, ExitSquare[colour]);
+        state.SecondMovePending = 1;
+    }
+    return true;
+}
+
+bool ChooseCompulsoryExit(GameState& state, const Settings& settings) {
+    const Colour colour = state.CurrentColour;
+    if (state.PiecesInBox[colour] == 0 || settings.RuleFiveSomeInBox != 1) return false;
+    if (state.DieValue != ExitCount || !IsMoveLegal(state, colour, ExitCount, 0)) return false;
+    Short piece = PiecesPerColour;
+    while (state.PiecePosition[colour][piece] != 0) --piece;
+    SetOnlyMove(state, piece, ExitSquare[colour]);
+    return true;
+}
+
+void ChooseBestScore(GameState& state, const Settings& settings) {
+    const Colour colour = state.CurrentColour;
+    double best = worstScore;
+    state.BestPiece = 0;
+    state.BestFrom = 0;
+    state.BestTo = 0;
+    state.LegalMoveCount = 0;
+    state.MovablePieces = {};
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        const Square square = state.PiecePosition[colour][piece];
+        if (!IsMoveLegal(state, colour, state.MoveCount, square)) continue;
+        ++state.LegalMoveCount;
+        state.MovablePieces[piece] = Yes;
+        const double score = ScoreOfMove(state, settings, piece);
+        if (score <= best) continue;
+        best = score;
+        state.BestPiece = piece;
+        state.BestFrom = square;
+        state.BestTo = DestinationOf(colour, state.MoveCount, square);
+    }
+}
+
+}  // namespace
+
+double SquareValue(const GameState& state, Colour colour, PieceCode code, Square square) {
+    if (square == 0) return 0;
+    const int attack = AttackFrom(state, colour, square);
+    const int perThreat = CaptureBonus + ProgressOf(state, code);
+    const int risk = ThreatsTo(state, colour, code, square) * perThreat;
+    return attack / 447.0 - risk / 984.0;
+}
+
+double ScoreOfMove(const GameState& state, const Settings& settings, Short piece) {
+    const Colour colour = state.CurrentColour;
+    const Square from = state.PiecePosition[colour][piece];
+    const Candidate move{state, colour,
+                         piece, settings.PlayerLevel[colour],
+                         from,  DestinationOf(colour, state.MoveCount, from)};
+    double score = PositionTerm(move);
+    score += ProgressTerm(move);
+    score += CaptureTerm(move);
+    score += ArrivalTerm(move);
+    score += NearHomeTerm(move);
+    score += LeavingShelterTerm(move);
+    score += ReachingShelterTerm(move);
+    AddExitTerms(move, score);
+    return score;
+}
+
+void ChooseComputerMove(GameState& state, const Settings& settings) {
+    if (ChooseOpening(state, settings)) return;
+    if (ChooseCompulsoryExit(state, settings)) return;
+    ChooseBestScore(state, settings);
+}
+
+}  // namespace zorva

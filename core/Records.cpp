@@ -1,0 +1,100 @@
+#include "core/Records.h"
+
+#include "core/Rules.h"
+
+namespace zorva {
+namespace {
+
+constexpr std::size_t recordsAtOnce = 40;
+
+MoveRecord DisplacementByHand(const GameState& state) {
+    MoveRecord record;
+    record.MoverColour = state.CurrentColour;
+    if (state.ManualShiftColour != state.CurrentColour) record.FollowingColour = state.ManualShiftColour;
+    record.Manual = Yes;
+    return record;
+}
+
+MoveRecord WayHomeOfCaptured(const GameState& state) {
+    MoveRecord record;
+    record.MoverColour = state.CapturedColour;
+    record.FollowingColour = state.CurrentColour;
+    record.OnBehalf = 1;
+    return record;
+}
+
+MoveRecord OrdinaryMove(const GameState& state) {
+    MoveRecord record;
+    record.MoverColour = state.CurrentColour;
+    record.Die = state.DieValue;
+    record.Count = state.MoveCount;
+    if (state.SecondMovePending != 0) {
+        // Two pieces left with one five. The second is logged like the first, even when a capture by
+        // the first has cleared the die in between.
+        record.Die = ExitCount;
+        record.Count = ExitCount;
+    }
+    return record;
+}
+
+MoveRecord KindOfMove(const GameState& state) {
+    if (state.ManualShiftMade) return DisplacementByHand(state);
+    if (state.CaptureReport != 0) return WayHomeOfCaptured(state);
+    return OrdinaryMove(state);
+}
+
+// Whether the move goes on with a turn that an earlier record began; a restored game never starts
+// in front of such a record.
+bool GoesOnWithTurn(const MoveRecord& record, Short secondMovePending) {
+    return record.Count == ArrivalBonus || record.Count == CaptureBonus || record.RepeatState >= 2 ||
+           record.OnBehalf != 0 || (secondMovePending == 2 && !record.Manual);
+}
+
+const char* Abbreviation(Colour colour) {
+    static constexpr const char* names[] = {"", "Ama.", "Azul", "Rojo", "Ver."};
+    return colour >= 1 && colour <= ColourCount ? names[colour] : "";
+}
+
+std::string ActionText(const MoveRecord& record) {
+    if (record.Piece == 0) return "pasa";
+    if (record.To == 0) return "a espera";
+    return "cuenta " + std::to_string(record.Count);
+}
+
+}  // namespace
+
+void NewMoveRecord(GameState& state) {
+    state.MoveRecordCount = ToShort(state.MoveRecordCount + 1);
+    if (static_cast<std::size_t>(state.MoveRecordCount) + 1 >= state.MoveRecords.size()) {
+        state.MoveRecords.resize(state.MoveRecords.size() + recordsAtOnce);
+    }
+    state.MoveRecords[state.MoveRecordCount] = {};
+}
+
+void LogMove(Table table) {
+    GameState& state = table.state;
+    MoveRecord record = KindOfMove(state);
+    record.Piece = state.MovePiece;
+    record.From = state.MoveFrom;
+    record.To = state.MoveTo;
+    record.RepeatState = state.SixesInRow == 3 ? Short{0} : state.SixesInRow;
+    record.TurnEnd = GoesOnWithTurn(record, state.SecondMovePending) ? No : Yes;
+    state.MoveRecords[state.MoveRecordCount] = record;
+    table.outside.AddLogLine(state.MoveRecordCount, record);
+}
+
+std::string LogLineText(Short moveNumber, const MoveRecord& record) {
+    std::string number = std::to_string(moveNumber);
+    if (number.size() < 3) number.insert(0, 3 - number.size(), ' ');
+    if (record.Manual) return number + " Despl. manual";
+    return number + " " + Abbreviation(record.MoverColour) + " " + ActionText(record);
+}
+
+void RebuildLog(Table table) {
+    table.outside.BeginLog(ContinuedGameHeading);
+    for (Short move = 1; move < table.state.MoveRecordCount; ++move) {
+        table.outside.AddLogLine(move, table.state.MoveRecords[move]);
+    }
+}
+
+}  // namespace zorva

@@ -1,0 +1,276 @@
+#include "core/Turns.h"
+
+#include "core/Board.h"
+#include "core/Dice.h"
+#include "core/Ending.h"
+#include "core/Execution.h"
+#include "core/Player.h"
+#include "core/Records.h"
+#include "core/Rules.h"
+
+namespace zorva {
+namespace {
+
+/// How the driver goes on after a move was carried out.
+enum class AfterMove { NextTurn, SecondPiece, GameOver };
+
+void PassTurn(Table table, Short direction) {
+    Colour colour = table.state.CurrentColour;
+    do {
+        colour = static_cast<Colour>(colour + direction);
+        if (colour > ColourCount) colour = 1;
+        if (colour < 1) colour = ColourCount;
+    } while (!IsTakingPart(table.settings, colour));
+    table.state.CurrentColour = colour;
+}
+
+void BeginTurn(Table table) {
+    GameState& state = table.state;
+    table.outside.YieldToEvents();
+    table.outside.SetScreenPointer(ScreenPointer::Default);
+    if (!state.RepeatTurn) {
+        NextColour(table);
+        state.SixesInRow = 0;
+    }
+    if (state.SixesInRow == 0) state.RepeatTurn = No;
+    NewMoveRecord(state);
+    state.DieValue = 0;
+}
+
+// The ready die shows a five at the start of a turn and a six when the throw follows a six.
+void OfferThrow(Table table) {
+    GameState& state = table.state;
+    table.outside.DrawDie(state.CurrentColour, state.RepeatTurn ? Short{6} : Short{5});
+    table.outside.PlaySound(5);
+    state.ManualShiftMade = No;
+    state.ManualMode = No;
+    state.WaitingForThrow = table.settings.PauseBetweenMoves == 1 ? Yes : No;
+    table.outside.SetScreenPointer(ScreenPointer::OfTheBoard);
+    table.outside.YieldToEvents();
+    while (state.WaitingForThrow) table.outside.WaitForInput();
+}
+
+// A piece was dragged outside the rules: it is logged, and the turn is offered again.
+void PlayManualShift(Table table) {
+    GameState& state = table.state;
+    LogMove(table);
+    ExecuteMove(table, ExecutionMode::Forward);
+    state.ManualShiftMade = No;
+    state.CurrentColour = state.ManualShiftColour;
+    if (!state.RepeatTurn) PreviousColour(table);
+}
+
+// Returns true when this throw was the third six in a row.
+bool CountSixes(GameState& state) {
+    if (state.DieValue == 0) return false;  // a bonus move
+    if (state.DieValue != 6) {
+        state.SixesInRow = 0;
+        state.RepeatTurn = No;
+        return false;
+    }
+    ++state.SixesInRow;
+    if (state.SixesInRow >= 3) return true;
+    state.RepeatTurn = Yes;
+    if (state.PiecesInBox[state.CurrentColour] == 0) state.MoveCount = state.SixValue;
+    return false;
+}
+
+// The colour's latest move that was not a bonus; record 0, which holds no piece, when there is none.
+const MoveRecord& LastThrownMove(const GameState& state) {
+    Short move = static_cast<Short>(state.MoveRecordCount - 1);
+    for (; move >= 1; --move) {
+        const MoveRecord& record = state.MoveRecords[move];
+        const bool isBonus = record.Count == ArrivalBonus || record.Count == CaptureBonus;
+        if (record.MoverColour == state.CurrentColour && !isBonus) break;
+    }
+    return state.MoveRecords[move > 0 ? move : 0];
+}
+
+void TellThirdSix(Table table, const char* text, Short lineCount) {
+    table.outside.ShowMessage("Ha sacado 3 seises", text, lineCount, MessageButtons::Acknowledge);
+}
+
+// The third six sends the piece moved last back to its box, unless it is home. Returns false when
+// the turn leaves no record at all.
+bool PrepareThirdSixReturn(Table table) {
+    GameState& state = table.state;
+    const Colour colour = state.CurrentColour;
+    const Short piece = LastThrownMove(state).Piece;
+    const Square square = state.PiecePosition[colour][piece];
+    state.RepeatTurn = No;
+    if (piece != 0 && square == GoalSquare[colour]) {
+        TellThirdSix(table,
+                     "Este jugador ha sacado un 6 por tercera vez. Como la ficha que ha movido en la  "
+                     "jugada  anterior ha llegado a casa no vuelve al cuadro de espera.",
+                     3);
+        ClearDice(table.outside);
+        --state.MoveRecordCount;
+        return false;
+    }
+    if (piece == 0 || square == 0) {
+        TellThirdSix(table,
+                     "Este jugador ha sacado un 6 por tercera vez. Como en el turno anterior no pudo "
+                     "mover, no vuelve ninguna ficha al cuadro de espera.",
+                     3);
+    } else {
+        TellThirdSix(table,
+                     "Este jugador ha sacado un 6 por tercera vez y la ficha que ha movido en la "
+                     "jugada anterior vuelve al cuadro de espera.",
+                     2);
+    }
+    state.MovePiece = piece;
+    state.MoveFrom = square;
+    state.MoveTo = 0;
+    return true;
+}
+
+void MakeMoveForPlayer(Table table) {
+    TakeAdvisedMove(table.state);
+    table.outside.Pause(15);
+    ShowChosenMove(table);
+}
+
+// Finds the move of this throw, or waits until the person has chosen one. Returns false when the
+// game was abandoned.
+bool DecideMove(Table table) {
+    GameState& state = table.state;
+    ChooseComputerMove(state, table.settings);
+    if (!state.GameInProgress) return false;
+    state.WaitingForMove = Yes;
+    const bool byPerson = table.settings.PlayerType[state.CurrentColour] == 2;
+    if (state.BestPiece == 0) {
+        state.WaitingForMove = No;
+        state.MovePiece = state.MoveFrom = state.MoveTo = 0;
+    } else if (!byPerson || state.LegalMoveCount == 1) {
+        MakeMoveForPlayer(table);
+    } else if (table.settings.Tutor == 1) {
+        ShowChosenMove(table);
+    }
+    if (state.WaitingForMove) table.outside.SetScreenPointer(ScreenPointer::OfTheBoard);
+    while (state.WaitingForMove) table.outside.WaitForInput();
+    table.outside.SetScreenPointer(ScreenPointer::Default);
+    return state.GameInProgress != No;
+}
+
+// The captured piece goes home by a record of its own.
+void SendCapturedHome(Table table) {
+    GameState& state = table.state;
+    const Short report = state.CaptureReport;
+    NewMoveRecord(state);
+    state.MovePiece = PieceOf(state.SquareOccupants[state.MoveTo][report == 1 ? 1 : 3]);
+    state.MoveFrom = state.MoveTo;
+    state.MoveTo = 0;
+    state.DieValue = 0;
+    state.MoveCount = 0;
+    LogMove(table);
+    ExecuteMove(table, ExecutionMode::Forward);
+    if (report == 1) {
+        state.ThrowNext = No;
+        state.RepeatTurn = Yes;
+        state.MoveCount = CaptureBonus;
+    } else {
+        ClearDice(table.outside);
+    }
+    state.CaptureReport = 0;
+}
+
+AfterMove CarryOutMove(Table table) {
+    GameState& state = table.state;
+    const Colour colour = state.CurrentColour;
+    LogMove(table);
+    ExecuteMove(table, ExecutionMode::Forward);
+    if (state.MovePiece == 0 && state.SixesInRow == 0) {
+        ClearDice(table.outside);
+        return AfterMove::NextTurn;
+    }
+    if (state.CaptureReport != 0) {
+        SendCapturedHome(table);
+        if (state.SecondMovePending == 0) return AfterMove::NextTurn;
+    }
+    if (state.MoveTo == GoalSquare[colour] && state.PiecesHome[colour] < PiecesPerColour) {
+        state.RepeatTurn = Yes;
+        state.ThrowNext = No;
+        state.MoveCount = ArrivalBonus;
+        return AfterMove::NextTurn;
+    }
+    if (state.PiecesHome[colour] == PiecesPerColour) {
+        EndOfGame(table);
+        return AfterMove::GameOver;
+    }
+    if (state.SecondMovePending == 1) return AfterMove::SecondPiece;
+    if (!state.RepeatTurn) ClearDice(table.outside);
+    table.outside.Pause(10);
+    return AfterMove::NextTurn;
+}
+
+// From the throw to its last move. Returns false when the game is over.
+bool PlayThrow(Table table) {
+    GameState& state = table.state;
+    if (CountSixes(state)) {
+        if (!PrepareThirdSixReturn(table)) return true;
+    } else {
+        state.SecondMovePending = 0;
+        if (!DecideMove(table)) return false;
+    }
+    AfterMove after = CarryOutMove(table);
+    while (after == AfterMove::SecondPiece) {
+        NewMoveRecord(state);
+        if (!DecideMove(table)) return false;
+        after = CarryOutMove(table);
+    }
+    return after == AfterMove::NextTurn;
+}
+
+// One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the
+// game is over or was abandoned.
+bool PlayTurn(Table table) {
+    GameState& state = table.state;
+    BeginTurn(table);
+    if (!state.GameInProgress) return false;
+    table.outside.PositionReached();
+    if (state.ThrowNext) {
+        OfferThrow(table);
+        if (!state.GameInProgress) return false;
+        if (state.ManualShiftMade) {
+            PlayManualShift(table);
+            return true;
+        }
+        ThrowDie(table);
+        state.MoveCount = state.DieValue;
+        if (!state.GameInProgress) return false;
+    }
+    state.ThrowNext = Yes;
+    return PlayThrow(table);
+}
+
+}  // namespace
+
+void NextColour(Table table) {
+    PassTurn(table, table.state.PlayDirection);
+}
+
+void PreviousColour(Table table) {
+    PassTurn(table, static_cast<Short>(-table.state.PlayDirection));
+}
+
+void ShowChosenMove(Table table) {
+    const GameState& state = table.state;
+    if (state.BestPiece == 0) return;
+    table.outside.ShowChosenMove(CodeOf(state.CurrentColour, state.BestPiece), state.BestFrom,
+                                 state.BestTo);
+}
+
+void TakeAdvisedMove(GameState& state) {
+    state.MovePiece = state.BestPiece;
+    state.MoveFrom = state.BestFrom;
+    state.MoveTo = state.BestTo;
+    state.WaitingForMove = No;
+}
+
+void RunTurns(Table table) {
+    while (PlayTurn(table)) {
+    }
+    table.outside.RefreshBoard();
+}
+
+}  // namespace zorva

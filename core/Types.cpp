@@ -1,0 +1,13 @@
+#include "core/Types.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace zorva {
+
+void StopOnFault(const char* message) {
+    std::fprintf(stderr, "zorva: %s\n", message);
+    std::abort();
+}
+
+}  // namespace zorva

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace zorva {
+
+/// Every value of the game is a signed 16-bit number: squares, codes, counts, flags.
+using Short = std::int16_t;
+
+/// 1 yellow, 2 blue, 3 red, 4 green; 0 stands for "none".
+using Colour = Short;
+
+/// 0 is the waiting box; 1..68 the shared ring; 69..100 the four home columns, eight squares each.
+using Square = Short;
+
+/// 10 x colour + piece number (11..14, 21..24, 31..34, 41..44); 0 is an empty slot.
+using PieceCode = Short;
+
+/// Flags are stored as -1 and 0, in memory as in the records.
+inline constexpr Short Yes = -1;
+inline constexpr Short No = 0;
+
+inline constexpr Colour ColourCount = 4;
+inline constexpr Short PiecesPerColour = 4;
+inline constexpr Square LastRingSquare = 68;
+inline constexpr Square LastSquare = 100;
+
+/// Tables by colour and by piece are indexed 1..4; index 0 exists and is not used.
+template <typename T>
+using PerColour = std::array<T, ColourCount + 1>;
+template <typename T>
+using PerPiece = std::array<T, PiecesPerColour + 1>;
+
+/// Stops the program with `message`: a mistake of ours, never of a person or a file.
+[[noreturn]] void StopOnFault(const char* message);
+
+/// Stops the program unless `holds`; kept on in release builds.
+constexpr void Insist(bool holds, const char* message) {
+    if (!holds) StopOnFault(message);
+}
+
+/// Narrows to 16 bits; a value that does not fit is a fault of the program.
+constexpr Short ToShort(long value) {
+    Insist(value >= INT16_MIN && value <= INT16_MAX, "a game value left the 16-bit range");
+    return static_cast<Short>(value);
+}
+
+constexpr PieceCode CodeOf(Colour colour, Short piece) {
+    return static_cast<PieceCode>(10 * colour + piece);
+}
+
+/// Colour of the piece with that code; 0 for an empty slot.
+constexpr Colour ColourOf(PieceCode code) {
+    return static_cast<Colour>(code / 10);
+}
+
+/// Number 1..4 of the piece with that code.
+constexpr Short PieceOf(PieceCode code) {
+    return static_cast<Short>(code % 10);
+}
+
+}  // namespace zorva
