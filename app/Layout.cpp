@@ -1,0 +1,203 @@
+#include "app/Layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/Board.h"
+
+namespace zorva {
+namespace {
+
+// Rounds half to even, as every position of the layout is rounded.
+Short Round(double value) {
+    return ToShort(std::lround(std::nearbyint(value)));
+}
+
+constexpr Short recorderWidth = 50;
+constexpr Short recorderHeight = 75;
+constexpr Short recorderTop = 220;
+constexpr Short logWidth = 150;
+constexpr Short logTop = 304;
+
+// --------------------------------------------------------------------- the screen and the board
+
+void UseScreen(Layout& layout, int width, int height) {
+    layout.DeviceWidth = std::max(width, 1);
+    layout.DeviceHeight = std::max(height, 1);
+    if (layout.DeviceWidth * 4 < layout.DeviceHeight * 5) {
+        layout.DeviceHeight = std::max(layout.DeviceWidth * 4 / 5, 1);
+        layout.DeviceTop = (height - layout.DeviceHeight) / 2;
+    }
+    const double byHeight = layout.DeviceHeight / 768.0;
+    const bool wideButLow = layout.DeviceWidth > 800 && layout.DeviceHeight < 768;
+    layout.Unit = wideButLow ? byHeight : std::max(1.0, std::min(byHeight, layout.DeviceWidth / 1024.0));
+    layout.ScreenWidth = Round(layout.DeviceWidth / layout.Unit);
+    layout.ScreenHeight = Round(layout.DeviceHeight / layout.Unit);
+}
+
+void PlaceBoard(Layout& layout) {
+    layout.SizeClass = layout.ScreenWidth < 800 ? 1 : layout.ScreenWidth == 800 ? 2 : 3;
+    layout.Cell = ToShort(layout.SizeClass * 6 + 15);
+    layout.Block = Round(layout.Cell * 7 / 3.0);
+    layout.Margin = ToShort(std::lround(std::floor((layout.ScreenHeight - 21 * layout.Cell) / 2.0)));
+    layout.BoardExtent = ToShort(2 * layout.Margin + 21 * layout.Cell);
+    layout.PieceSize = ToShort(layout.Cell - 5);
+    layout.BoxSide = ToShort(3 * layout.Block);
+    const Short near = layout.Margin;
+    const Short far = ToShort(6 * layout.Block + layout.Margin);
+    layout.CornerBox = {Point{}, {far, far}, {far, near}, {near, near}, {near, far}};
+}
+
+// ----------------------------------------------------------------- the space right of the board
+
+Short CentredBesideBoard(const Layout& layout, int width) {
+    return Round(layout.BoardExtent + (layout.ScreenWidth - layout.BoardExtent - width) / 2.0);
+}
+
+Short LogHeight(const Layout& layout) {
+    constexpr std::array<Short, 4> heights{0, 180, 300, 460};
+    return heights[layout.SizeClass];
+}
+
+// Six keys in two rows of three, as large as the room above the recorder allows.
+void PlaceButtons(Layout& layout) {
+    constexpr int gap = 6;
+    const int room = layout.ScreenWidth - layout.BoardExtent;
+    const int side = std::clamp((room - 4 * gap) / 3, 40, 64);
+    const int width = 3 * side + 2 * gap;
+    const int height = 2 * side + gap;
+    const Short left = CentredBesideBoard(layout, width);
+    const Short top = ToShort(std::max(8, (recorderTop - height) / 2));
+    layout.Buttons = {left, top, ToShort(width), ToShort(height)};
+    for (int index = 0; index < 6; ++index) {
+        layout.Button[index] = {ToShort(left + index % 3 * (side + gap)),
+                                ToShort(top + index / 3 * (side + gap)), ToShort(side), ToShort(side)};
+    }
+}
+
+void PlaceStrip(Layout& layout) {
+    layout.Recorder = {CentredBesideBoard(layout, recorderWidth), recorderTop, recorderWidth, recorderHeight};
+    layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
+    layout.LogPaper = layout.Log;
+    layout.LogPaper.height = ToShort(std::min<int>(layout.Log.height, layout.ScreenHeight - logTop - 4));
+}
+
+// ------------------------------------------------------------------------ where pieces stand
+
+// A straight run of squares: one coordinate is fixed to a lane, the other follows the square.
+struct Run {
+    Square first;
+    Square last;
+    bool vertical;   // the run goes up or down: the lane fixes x
+    double lane;     // in blocks
+    double offset;   // the moving coordinate is floor((offset + direction * square) * Cell)
+    int direction;
+};
+
+constexpr Run runs[] = {
+    {1, 8, true, 5.5, 21.5, -1},      {9, 17, false, 5.5, 4.5, 1},      {18, 25, false, 3.5, 38.5, -1},
+    {26, 34, true, 5.5, 33.5, -1},    {35, 42, true, 3.5, -34.5, 1},    {43, 51, false, 3.5, 50.5, -1},
+    {52, 59, false, 5.5, -51.5, 1},   {60, 68, true, 3.5, -46.5, 1},    {69, 75, true, 4.5, 88.5, -1},
+    {77, 83, false, 4.5, 96.5, -1},   {85, 91, true, 4.5, -83.5, 1},    {93, 99, false, 4.5, -91.5, 1},
+};
+
+const Run& RunOf(Square square) {
+    const auto* run = std::find_if(std::begin(runs), std::end(runs),
+                                   [square](const Run& r) { return square >= r.first && square <= r.last; });
+    Insist(run != std::end(runs), "a square without a place on the board");
+    return *run;
+}
+
+// The last square of each run lies in the middle of the arm's end, one lane further in.
+Point AroundArmEnd(const Layout& layout, Square square, Point at) {
+    const Short cell = layout.Cell;
+    const Short block = layout.Block;
+    switch (square) {
+        case 17: return {ToShort(at.x - cell), ToShort(at.y - block)};
+        case 34: return {ToShort(at.x - block), ToShort(at.y + cell)};
+        case 51: return {ToShort(at.x + cell), ToShort(at.y + block)};
+        case 68: return {ToShort(at.x + block), ToShort(at.y - cell)};
+        default: return at;
+    }
+}
+
+bool IsGoal(Square square) {
+    return std::find(GoalSquare.begin() + 1, GoalSquare.end(), square) != GoalSquare.end();
+}
+
+// Three pieces side by side across the arm, the fourth in front of the first.
+Point GoalPosition(const Layout& layout, Square goal, Short slot) {
+    constexpr std::array<double, 5> across{0, 4.5, 4.9, 4.1, 4.5};
+    const bool vertical = goal == GoalSquare[1] || goal == GoalSquare[3];
+    const bool beyondCentre = goal == GoalSquare[1] || goal == GoalSquare[2];
+    const double forward = slot == 4 ? 0.4 * layout.Block : 0;
+    const double along = std::floor((beyondCentre ? 12.5 : 8.5) * layout.Cell) +
+                         (beyondCentre ? -forward : forward) + layout.Margin;
+    const double lane = across[slot] * layout.Block + layout.Margin;
+    return vertical ? Point{Round(lane), Round(along)} : Point{Round(along), Round(lane)};
+}
+
+// A second piece stands beside the first, towards the middle lane (in a cut corner there is no room
+// on the other side); a third on the other side of it.
+Point BesideFirst(const Layout& layout, Square square, Short slot, Point first) {
+    const Run& run = RunOf(square);
+    const bool lies = square % 17 == 0 && square <= LastRingSquare;
+    const bool shiftX = run.vertical;
+    const int step = layout.Cell * 2 / 3;
+    const int inward = run.lane > 4.5 && !lies ? -step : step;
+    const int shift = slot == 2 ? inward : -inward;
+    return shiftX ? Point{ToShort(first.x + shift), first.y} : Point{first.x, ToShort(first.y + shift)};
+}
+
+// What lies inside a house, given for a cell of 33 pixels relative to its corner.
+Box InHouse(const Layout& layout, Colour colour, int centreX, int centreY, int width, int height) {
+    const double scale = layout.Cell / 33.0;
+    const Point corner = layout.CornerBox[colour];
+    return {Round(corner.x + (centreX - width / 2.0) * scale), Round(corner.y + (centreY - height / 2.0) * scale),
+            Round(width * scale), Round(height * scale)};
+}
+
+}  // namespace
+
+Point Layout::SquarePosition(Square square) const {
+    if (IsGoal(square)) return GoalPosition(*this, square, 1);
+    const Run& run = RunOf(square);
+    const Short lane = Round(run.lane * Block + Margin);
+    const Short along = Round(std::floor((run.offset + run.direction * square) * Cell) + Margin);
+    return AroundArmEnd(*this, square, run.vertical ? Point{lane, along} : Point{along, lane});
+}
+
+Point Layout::SlotPosition(Square square, Short slot) const {
+    if (IsGoal(square)) return GoalPosition(*this, square, slot);
+    const Point first = SquarePosition(square);
+    return slot <= 1 ? first : BesideFirst(*this, square, slot, first);
+}
+
+Point Layout::BoxPosition(Colour colour, Short piece) const {
+    const Point corner = CornerBox[colour];
+    const double step = PieceSize + 4;
+    return {ToShort(corner.x + Cell), Round(corner.y + BoxSide / 2.0 + step * (piece - 2.5))};
+}
+
+Box Layout::DieBox(Colour colour) const {
+    return InHouse(*this, colour, 140, 128, 72, 72);
+}
+
+Box Layout::NamePlate(Colour colour) const {
+    return InHouse(*this, colour, 140, 48, 156, 26);
+}
+
+Box Layout::House(Colour colour) const {
+    return {CornerBox[colour].x, CornerBox[colour].y, BoxSide, BoxSide};
+}
+
+Layout LayoutFor(int deviceWidth, int deviceHeight) {
+    Layout layout;
+    UseScreen(layout, deviceWidth, deviceHeight);
+    PlaceBoard(layout);
+    PlaceButtons(layout);
+    PlaceStrip(layout);
+    return layout;
+}
+
+}  // namespace zorva

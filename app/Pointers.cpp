@@ -1,0 +1,60 @@
+#include "app/Pointers.h"
+
+#include <QFile>
+#include <QTextStream>
+
+#include "app/Artwork.h"
+
+namespace zorva {
+namespace {
+
+constexpr int drawingSide = 32;  // of every pointer's drawing
+
+}  // namespace
+
+void Pointers::SetScale(double unit, double devicePixelRatio) {
+    unit_ = unit;
+    ratio_ = devicePixelRatio;
+    cursors_.clear();
+}
+
+QPoint Pointers::HotSpotOf(const QString& name) {
+    if (hotSpots_.isEmpty()) {
+        QFile file(":/cursors/hotspots.txt");
+        if (file.open(QFile::ReadOnly)) {
+            QTextStream lines(&file);
+            QString pointer;
+            int x = 0;
+            int y = 0;
+            while (!(lines >> pointer >> x >> y).atEnd() || !pointer.isEmpty()) {
+                hotSpots_.insert(pointer, {x, y});
+                pointer.clear();
+            }
+        }
+    }
+    return hotSpots_.value(name);
+}
+
+QCursor Pointers::Named(const QString& name) {
+    const auto known = cursors_.constFind(name);
+    if (known != cursors_.constEnd()) return *known;
+    const int side = qRound(drawingSide * unit_);
+    QPixmap picture = artwork_.Picture("cursors/" + name, {side, side});
+    picture.setDevicePixelRatio(ratio_);
+    const QPointF hot = QPointF(HotSpotOf(name)) * (unit_ / ratio_);
+    const QCursor cursor(picture, qRound(hot.x()), qRound(hot.y()));
+    cursors_.insert(name, cursor);
+    return cursor;
+}
+
+QCursor Pointers::Die(Colour colour) {
+    static constexpr const char* names[] = {"", "DadoAmar", "DadoAzul", "DadoRojo", "DadoVerd"};
+    return Named(names[colour]);
+}
+
+QCursor Pointers::ClosedHand(Colour colour) {
+    static constexpr const char* names[] = {"", "ManoCeAm", "ManoCeAz", "ManoCeRo", "ManoCeVe"};
+    return Named(names[colour]);
+}
+
+}  // namespace zorva

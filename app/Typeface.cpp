@@ -1,0 +1,26 @@
+#include "app/Typeface.h"
+
+namespace zorva {
+namespace {
+
+QFont Sized(const QStringList& families, double pixelSize) {
+    QFont font;
+    font.setFamilies(families);
+    font.setPixelSize(qMax(1, qRound(pixelSize)));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+}  // namespace
+
+QFont TextFont(double pixelSize, QFont::Weight weight) {
+    QFont font = Sized({"Lato", "DejaVu Sans"}, pixelSize);
+    font.setWeight(weight);
+    return font;
+}
+
+QFont ColumnFont(double pixelSize) {
+    return Sized({"DejaVu Sans Mono", "Monospace"}, pixelSize);
+}
+
+}  // namespace zorva
