@@ -1,0 +1,89 @@
+#include "store/SettingsFile.h"
+
+#include <initializer_list>
+
+#include "store/Encoding.h"
+
+namespace zorva {
+namespace {
+
+constexpr const char* lineEnd = "\r\n";
+
+// The number right-aligned in at least that many characters.
+std::string Padded(Short number, std::size_t width) {
+    const std::string digits = std::to_string(number);
+    return digits.size() < width ? std::string(width - digits.size(), ' ') + digits : digits;
+}
+
+std::string Joined(std::initializer_list<Short> numbers) {
+    std::string line;
+    for (const Short number : numbers) {
+        if (!line.empty()) line += ',';
+        line += std::to_string(number);
+    }
+    return line;
+}
+
+// Nothing can stand for a quote inside quotes; no name that was typed into the game has one.
+std::string Quoted(std::string text) {
+    for (char& character : text) {
+        if (character == '"' || character == '\r' || character == '\n') character = '\'';
+    }
+    return '"' + text + '"';
+}
+
+std::string ColourLine(const Settings& settings, const GameState& state, Colour colour) {
+    const auto& position = state.PiecePosition[colour];
+    return Joined({state.PiecesInBox[colour], state.PiecesHome[colour], position[1], position[2],
+                   position[3], position[4]}) +
+           ',' + Quoted(ToWindows1252(settings.PlayerName[colour])) + ',' +
+           Joined({settings.PlayerLevel[colour], settings.PlayerType[colour],
+                   settings.PlayerActive[colour]}) +
+           lineEnd;
+}
+
+std::string BoardLine(const GameState& state) {
+    std::string board;
+    for (Square square = 1; square <= LastSquare; ++square) {
+        for (Short slot = 1; slot <= 3; ++slot) board += Padded(state.SquareOccupants[square][slot], 2);
+    }
+    return Quoted(board) + lineEnd;
+}
+
+std::string TurnLine(const Settings& settings, const GameState& state) {
+    const Short inProgress = state.MoveRecordCount < 2 ? No : state.GameInProgress;
+    return Joined({inProgress, state.MoveRecordCount, state.CurrentColour, Yes, state.SixesInRow,
+                   settings.PauseBetweenMoves, settings.Tutor, settings.PlayOrder, settings.SoundOn,
+                   settings.ButtonInfo, settings.RuleSixAllOut, settings.RuleLeaveAllInBox,
+                   settings.RuleFiveAllInBox, settings.RuleFiveSomeInBox, settings.Speed}) +
+           lineEnd;
+}
+
+// Flags are -1 in memory and 1 in the file.
+Short FlagDigit(Short flag) {
+    return flag == Yes ? 1 : 0;
+}
+
+std::string RecordLine(const MoveRecord& record) {
+    const std::string cells = Padded(record.MoverColour, 1) + Padded(record.FollowingColour, 1) +
+                              Padded(record.Die, 1) + Padded(record.Count, 2) + Padded(record.Piece, 1) +
+                              Padded(record.From, 3) + Padded(record.To, 3) +
+                              Padded(record.RepeatState, 1) + Padded(FlagDigit(record.Manual), 1) +
+                              Padded(record.OnBehalf, 1) + Padded(FlagDigit(record.TurnEnd), 1);
+    return Quoted(cells) + lineEnd;
+}
+
+}  // namespace
+
+std::string SettingsText(const Settings& settings, const GameState& state) {
+    std::string text;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) text += ColourLine(settings, state, colour);
+    text += BoardLine(state);
+    text += TurnLine(settings, state);
+    for (Short move = 1; move < state.MoveRecordCount; ++move) {
+        text += RecordLine(state.MoveRecords[move]);
+    }
+    return text;
+}
+
+}  // namespace zorva

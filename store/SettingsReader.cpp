@@ -1,0 +1,126 @@
+#include <algorithm>
+
+#include "core/Records.h"
+#include "store/Encoding.h"
+#include "store/FieldReader.h"
+#include "store/SettingsFile.h"
+
+namespace zorva {
+namespace {
+
+constexpr std::size_t longestName = 9;
+constexpr std::size_t boardLength = 600;
+constexpr std::size_t recordLength = 16;
+
+bool IsControl(char character) {
+    return static_cast<unsigned char>(character) < ' ';
+}
+
+std::string ReadName(FieldReader& reader, Colour colour) {
+    const std::string_view bytes = reader.Text();
+    if (std::any_of(bytes.begin(), bytes.end(), IsControl)) reader.Refuse(FileError::TypeMismatch);
+    if (bytes.size() > longestName) reader.Refuse(FileError::OutOfRange);
+    const std::string name = FromWindows1252(bytes);
+    return Trimmed(name).empty() ? DefaultName(colour) : name;
+}
+
+// Fields whose value says which of two answers was chosen.
+Short ReadChoice(FieldReader& reader) {
+    return reader.Number(1, 2);
+}
+
+void ReadColour(FieldReader& reader, SettingsContent& content, Colour colour) {
+    reader.NextLine();
+    content.state.PiecesInBox[colour] = reader.Number(0, PiecesPerColour);
+    content.state.PiecesHome[colour] = reader.Number(0, PiecesPerColour);
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        content.state.PiecePosition[colour][piece] = reader.Number(0, LastSquare);
+    }
+    content.settings.PlayerName[colour] = ReadName(reader, colour);
+    content.settings.PlayerLevel[colour] = reader.Number(0, 100);
+    content.settings.PlayerType[colour] = ReadChoice(reader);
+    content.settings.PlayerActive[colour] = ReadChoice(reader);
+}
+
+void ReadBoard(FieldReader& reader, GameState& state) {
+    reader.NextLine();
+    std::string_view cells = reader.Text();
+    if (cells.size() != boardLength) reader.Refuse(FileError::TypeMismatch);
+    for (Square square = 1; square <= LastSquare; ++square) {
+        for (Short slot = 1; slot <= 3; ++slot) {
+            state.SquareOccupants[square][slot] =
+                reader.Cell(cells, 2, 0, CodeOf(ColourCount, PiecesPerColour));
+        }
+    }
+}
+
+void ReadTurn(FieldReader& reader, SettingsContent& content) {
+    GameState& state = content.state;
+    Settings& settings = content.settings;
+    reader.NextLine();
+    state.GameInProgress = reader.Number(Yes, No);
+    state.MoveRecordCount = reader.Number(INT16_MIN, INT16_MAX);
+    state.CurrentColour = reader.Number(0, ColourCount);
+    state.RepeatTurn = reader.Number(Yes, No);
+    state.SixesInRow = reader.Number(0, 3);
+    for (Short* choice :
+         {&settings.PauseBetweenMoves, &settings.Tutor, &settings.PlayOrder, &settings.SoundOn,
+          &settings.ButtonInfo, &settings.RuleSixAllOut, &settings.RuleLeaveAllInBox,
+          &settings.RuleFiveAllInBox, &settings.RuleFiveSomeInBox}) {
+        *choice = ReadChoice(reader);
+    }
+    settings.Speed = reader.Number(0, 100);
+}
+
+Short ReadFlag(FieldReader& reader, std::string_view& cells) {
+    return reader.Cell(cells, 1, 0, 1) == 1 ? Yes : No;
+}
+
+MoveRecord ReadRecord(FieldReader& reader) {
+    reader.NextLine();
+    std::string_view cells = reader.Text();
+    if (cells.size() != recordLength) reader.Refuse(FileError::TypeMismatch);
+    MoveRecord record;
+    record.MoverColour = reader.Cell(cells, 1, 1, ColourCount);
+    record.FollowingColour = reader.Cell(cells, 1, 0, ColourCount);
+    record.Die = reader.Cell(cells, 1, 0, 6);
+    record.Count = reader.Cell(cells, 2, 0, 20);
+    record.Piece = reader.Cell(cells, 1, 0, PiecesPerColour);
+    record.From = reader.Cell(cells, 3, 0, LastSquare);
+    record.To = reader.Cell(cells, 3, 0, LastSquare);
+    record.RepeatState = reader.Cell(cells, 1, 0, 2);
+    record.Manual = ReadFlag(reader, cells);
+    record.OnBehalf = reader.Cell(cells, 1, 0, 1);
+    record.TurnEnd = ReadFlag(reader, cells);
+    return record;
+}
+
+// The records are opened one by one as in play, so that their table has the same room as then.
+void ReadRecords(FieldReader& reader, GameState& state) {
+    const Short unfinished = state.MoveRecordCount < 0 ? Short{1} : state.MoveRecordCount;
+    state.MoveRecordCount = 0;
+    while (state.MoveRecordCount < unfinished && reader.Error() == FileError::None) {
+        NewMoveRecord(state);
+        if (state.MoveRecordCount < unfinished) {
+            state.MoveRecords[state.MoveRecordCount] = ReadRecord(reader);
+        }
+    }
+}
+
+}  // namespace
+
+SettingsReading ReadSettings(std::string_view bytes) {
+    FieldReader reader(bytes);
+    SettingsContent content;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) ReadColour(reader, content, colour);
+    ReadBoard(reader, content.state);
+    ReadTurn(reader, content);
+    ReadRecords(reader, content.state);
+    reader.End();
+    if (reader.Error() != FileError::None) return reader.Error();
+    if (content.state.MoveRecordCount < 2) content.state.GameInProgress = No;
+    ApplySettings(content.state, content.settings);
+    return content;
+}
+
+}  // namespace zorva
