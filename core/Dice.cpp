@@ -3,8 +3,6 @@
 namespace zorva {
 namespace {
 
-constexpr Short rollsOfAThrow = 10;
-
 // Faces shown one after another differ, so the throw never equals the ninth face. Wanted: keep it.
 Short RollOtherFace(Outside& outside, Short shown) {
     Short face = outside.RollFace();
@@ -23,11 +21,11 @@ void PlayRollSound(Outside& outside, Short roll) {
 void ThrowDie(Table table) {
     GameState& state = table.state;
     state.DieValue = 0;
-    for (Short roll = 1; roll <= rollsOfAThrow; ++roll) {
+    for (Short roll = 1; roll <= RollsOfAThrow; ++roll) {
         state.DieValue = RollOtherFace(table.outside, state.DieValue);
         PlayRollSound(table.outside, roll);
         table.outside.DrawDie(state.CurrentColour, state.DieValue);
-        table.outside.Pause(static_cast<Short>(rollsOfAThrow - roll));
+        table.outside.Pause(static_cast<Short>(RollsOfAThrow - roll));
     }
 }
 

@@ -4,6 +4,9 @@
 
 namespace zorva {
 
+/// Faces shown one after another until the die lies still.
+inline constexpr Short RollsOfAThrow = 10;
+
 /// Rolls the die of CurrentColour: ten faces shown one after another, the tenth is the throw and
 /// stays in DieValue. Two faces shown in a row always differ.
 void ThrowDie(Table table);

@@ -45,7 +45,7 @@ void PutAllIntoBoxes(GameState& state) {
 }
 
 void SeatPieces(Table table) {
-    table.outside.RefreshBoard();
+    table.outside.EmptyBoard();
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (!IsTakingPart(table.settings, colour)) continue;
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {

@@ -54,6 +54,8 @@ public:
     virtual void ShowChosenMove(PieceCode piece, Square from, Square to) = 0;
     /// One half of a blink of the winner's display.
     virtual void DrawWinner(Colour colour, bool visible) = 0;
+    /// Takes every piece off the board: a new game puts them down one by one.
+    virtual void EmptyBoard() = 0;
     /// The tables were changed as a whole: draws all of the board again.
     virtual void RefreshBoard() = 0;
     virtual void SetScreenPointer(ScreenPointer pointer) = 0;

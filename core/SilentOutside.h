@@ -19,6 +19,7 @@ public:
     void DrawDie(Colour, Short) override {}
     void ShowChosenMove(PieceCode, Square, Square) override {}
     void DrawWinner(Colour, bool) override {}
+    void EmptyBoard() override {}
     void RefreshBoard() override {}
     void SetScreenPointer(ScreenPointer) override {}
     void BeginLog(std::string_view) override {}
