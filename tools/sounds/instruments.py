@@ -1,11 +1,12 @@
 """What the sounds are made of: struck wood, bars, bells, strings, brass, paper.
 
 Struck things are a short push that sets a few modes swinging: the longer the contact, the softer
-the sound. Each instrument returns a signal that begins at its first moment.
+the sound. Each instrument returns a signal that begins at its first moment and has its highest
+value at 1, or at the force that was asked for.
 """
 
-from sounds.signals import (PI, RATE, add, band, cosine, exponential, line, low_pass, noise, ring,
-                            samples, shaped, silence, swell, wave)
+from sounds.signals import (PI, RATE, add, band, cosine, exponential, line, low_pass, noise,
+                            normal, ring, samples, shaped, silence, swell, wave)
 
 A4 = 440.0
 SEMITONE = 1.0594630943592953
@@ -35,14 +36,14 @@ def struck(touch, modes, length):
     result = silence(length)
     for frequency, decay, gain in modes:
         add(result, ring(touch, frequency, decay, length), gain=gain)
-    return result
+    return normal(result)
 
 
 # A small board held at its rim: the higher a mode, the weaker and the shorter.
 BOARD = (1.0, 1.59, 2.14, 2.65, 3.50, 4.60, 5.98)
 
 
-def board(random, base, decay, contact, length=0.3, roughness=0.5):
+def board(random, base, decay, contact, length=0.3, roughness=0.9):
     """A tap on wood. No two are alike: each shifts its modes by up to a hundredth."""
     modes = []
     for k, ratio in enumerate(BOARD):
@@ -51,12 +52,12 @@ def board(random, base, decay, contact, length=0.3, roughness=0.5):
     return struck(push(random, contact, roughness), modes, length)
 
 
-def marimba(random, note, decay=0.16, contact=0.0011, length=0.6):
-    """A tuned bar of rosewood over its tube."""
+def marimba(random, note, decay=0.16, contact=0.0007, length=0.6):
+    """A tuned bar of rosewood over its tube, and the knock of the mallet on it."""
     f = pitch(note)
-    modes = ((f, decay, 1.0), (3.93 * f, decay * 0.30, 0.30), (9.1 * f, decay * 0.09, 0.10),
-             (0.61 * f, 0.018, 0.25))
-    return struck(push(random, contact, 0.3), modes, length)
+    modes = ((f, decay, 1.0), (3.93 * f, decay * 0.30, 0.32), (9.1 * f, decay * 0.09, 0.12))
+    bar = struck(push(random, contact, 0.3), modes, length)
+    return add(bar, board(random, 940, 0.007, 0.0005, roughness=0.8), gain=0.22)
 
 
 def bell(random, note, decay=0.30, contact=0.0007, length=0.6):
@@ -70,8 +71,8 @@ def bell(random, note, decay=0.30, contact=0.0007, length=0.6):
 def die_hit(random, force, length=0.12):
     """A small hard cube on a table: the cube clicks, the table answers lower and longer."""
     turn = 1 + 0.10 * (2 * random.random() - 1)
-    cube = ((1870 * turn, 0.0060, 0.55), (2840 * turn, 0.0042, 0.42), (4300 * turn, 0.0026, 0.26))
-    table = ((245, 0.022, 0.50), (418 * turn, 0.019, 0.60), (690, 0.014, 0.45), (1120, 0.009, 0.35))
+    cube = ((1870 * turn, 0.0070, 0.90), (2840 * turn, 0.0050, 0.80), (4300 * turn, 0.0030, 0.55))
+    table = ((245, 0.020, 0.22), (418 * turn, 0.018, 0.30), (690, 0.013, 0.30), (1120, 0.009, 0.30))
     touch = push(random, 0.00042 - 0.00012 * force, 0.4)
     return [force * v for v in struck(touch, cube + table, length)]
 
@@ -86,18 +87,18 @@ def paper(random, length, middle, top, grain):
     `top` seconds, with a share of single crackles."""
     rough = [v if random.random() < 0.03 else (1 - grain) * v for v in noise(random, length)]
     rough = [v * 4 * grain if abs(v) > 1 - grain else v for v in rough]
-    return shaped(band(low_pass(rough, 9000), middle, 0.9), swell(length, top))
+    return normal(shaped(band(low_pass(rough, 5000), middle, 0.7), swell(length, top)))
 
 
 def sliding(random, length, frequency, top):
     """Wood over wood or felt: dull noise, uneven as the hand is."""
     sway = line([(i * 0.012, 0.55 + 0.45 * random.random()) for i in range(2 + int(length / 0.012))])
-    rough = band(noise(random, length), lambda t: frequency * (1 + 0.5 * t / length), 0.8)
+    rough = band(low_pass(noise(random, length), 1600), lambda t: frequency * (1 + 0.5 * t / length), 0.8)
     hill = swell(length, top)
-    return shaped(rough, lambda t: sway(t) * hill(t))
+    return normal(shaped(rough, lambda t: sway(t) * hill(t)))
 
 
-def string(random, note, ring_seconds=1.6, length=2.0, pick=0.17, brightness=3800):
+def string(random, note, ring_seconds=1.6, length=2.0, pick=0.17, brightness=2600):
     """A plucked gut string: a burst of noise goes round a loop that dulls and weakens it. An
     all-pass takes up the part of the loop's length that is no whole sample."""
     period = RATE / pitch(note)
@@ -117,10 +118,11 @@ def string(random, note, ring_seconds=1.6, length=2.0, pick=0.17, brightness=380
         last, last_mean, last_out = now, mean, out
         loop[i % count] = keep * out
         result.append(now)
-    return result
+    released = line(((0.0, 1.0), (length - 0.04, 1.0), (length, 0.0)))
+    return normal(shaped(low_pass(result, 5000), released))
 
 
-def brass(note, length, loudness=1.0):
+def brass(note, length):
     """A small trumpet: the louder it is, the more overtones it has."""
     f = pitch(note)
     envelope = line(((0, 0.0), (0.035, 1.0), (0.10, 0.78), (length - 0.09, 0.70), (length, 0.0)))
@@ -134,5 +136,5 @@ def brass(note, length, loudness=1.0):
         for k in range(1, 9):
             value += weight * wave(k * phase) / k ** 0.5
             weight *= 0.42 + 0.33 * level
-        result.append(loudness * value)
-    return low_pass(result, 4200)
+        result.append(value)
+    return normal(low_pass(result, 4200))

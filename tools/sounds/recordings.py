@@ -3,30 +3,31 @@
 from random import Random
 
 from sounds.instruments import (bell, board, brass, castanet, die_hit, marimba, paper, sliding, string)
-from sounds.signals import add, in_room, line, shaped, silence, wave
+from sounds.signals import add, in_room, line, shaped, silence
 
 
 def button_pressed(random):
     """A broad wooden key goes down, and its rim follows."""
     result = silence(0.16)
-    add(result, board(random, 330, 0.020, 0.0012), 0.0)
-    add(result, board(random, 520, 0.014, 0.0007), 0.018, 0.55)
+    add(result, board(random, 330, 0.020, 0.0008), 0.0)
+    add(result, board(random, 690, 0.012, 0.0005), 0.026, 0.65)
     return result
 
 
 def help_page(random):
-    """A booklet is laid open: cover on the table, then its sheet."""
+    """A booklet is taken up and its sheets run past the thumb."""
     result = silence(0.42)
-    add(result, board(random, 128, 0.032, 0.0040, roughness=0.8), 0.0, 1.1)
-    add(result, paper(random, 0.34, lambda t: 900 + 3600 * t, 0.10, 0.25), 0.05, 0.50)
+    add(result, board(random, 150, 0.030, 0.0026), 0.0, 0.85)
+    for k, (at, force) in enumerate(((0.06, 0.5), (0.115, 0.75), (0.165, 0.9), (0.21, 0.8), (0.27, 0.5))):
+        add(result, paper(random, 0.06, lambda t, k=k: 1500 + 260 * k, 0.008, 0.25), at, 0.6 * force)
     return result
 
 
 def settings_opened(random):
     """A little drawer slides out and stops."""
     result = silence(0.46)
-    add(result, sliding(random, 0.27, 620, 0.20), 0.0, 0.75)
-    add(result, board(random, 205, 0.030, 0.0018), 0.265, 1.0)
+    add(result, sliding(random, 0.28, 780, 0.20), 0.0, 0.55)
+    add(result, board(random, 205, 0.030, 0.0016), 0.265, 0.9)
     add(result, board(random, 560, 0.015, 0.0008), 0.287, 0.35)
     return result
 
@@ -43,9 +44,9 @@ def die_ready(random):
     """The die is shaken twice in the leather cup."""
     result = silence(0.24)
     for at, force in ((0.0, 0.7), (0.095, 1.0)):
-        add(result, board(random, 262, 0.026, 0.0024), at, force)
-        add(result, die_hit(random, 0.16 * force), at + 0.011)
-        add(result, die_hit(random, 0.10 * force), at + 0.028)
+        add(result, board(random, 262, 0.024, 0.0024), at, force)
+        add(result, die_hit(random, 0.30 * force), at + 0.011)
+        add(result, die_hit(random, 0.20 * force), at + 0.028)
     return result
 
 
@@ -71,7 +72,7 @@ def arrived(random):
     """Four bars and a bell run up a chord."""
     result = silence(0.60)
     for k, (note, force) in enumerate((("C5", 0.75), ("E5", 0.8), ("G5", 0.9), ("C6", 1.0))):
-        add(result, marimba(random, note, 0.15, 0.0009), 0.075 * k, force)
+        add(result, marimba(random, note, 0.15, 0.0006), 0.075 * k, force)
     add(result, bell(random, "C6", 0.20), 0.225, 0.65)
     return result
 
@@ -79,8 +80,8 @@ def arrived(random):
 def page_turned(random):
     """A sheet is lifted, sweeps over and lies down."""
     result = silence(0.36)
-    add(result, paper(random, 0.30, lambda t: 5200 - 9000 * abs(t - 0.16), 0.17, 0.35), 0.0, 1.0)
-    add(result, paper(random, 0.10, lambda t: 1300, 0.03, 0.10), 0.245, 0.7)
+    add(result, paper(random, 0.30, lambda t: 3400 - 9000 * abs(t - 0.16), 0.17, 0.35), 0.0, 1.0)
+    add(result, paper(random, 0.10, lambda t: 1100, 0.03, 0.10), 0.245, 0.6)
     return result
 
 
@@ -96,7 +97,7 @@ def sent_home(random):
     """The captured piece tumbles down five bars and falls into its box."""
     result = silence(0.60)
     for k, note in enumerate(("A5", "F5", "D5", "A#4", "G4")):
-        add(result, marimba(random, note, 0.055, 0.0009), 0.062 * k, 1.0 - 0.05 * k)
+        add(result, marimba(random, note, 0.055, 0.0006), 0.062 * k, 1.0 - 0.05 * k)
     add(result, board(random, 165, 0.034, 0.0024), 0.340, 1.15)
     add(result, board(random, 470, 0.014, 0.0009), 0.352, 0.40)
     return result
@@ -105,8 +106,8 @@ def sent_home(random):
 def declined(random):
     """Two bars, downwards and damped."""
     result = silence(0.38)
-    add(result, marimba(random, "D#4", 0.055, 0.0018), 0.0, 1.0)
-    add(result, marimba(random, "A#3", 0.075, 0.0022), 0.105, 1.0)
+    add(result, marimba(random, "D#4", 0.055, 0.0012), 0.0, 1.0)
+    add(result, marimba(random, "A#3", 0.075, 0.0014), 0.105, 1.0)
     return result
 
 
@@ -135,10 +136,10 @@ CHORDS = {
 def guitar(random, result):
     """The way down from A minor to E, a roll on E, and home to A major."""
     for at, chord in ((0.0, "Am"), (0.30, "G"), (0.60, "F")):
-        strum(random, CHORDS[chord], 0.011, 0.42, at, result, 0.9, 0.9)
+        strum(random, CHORDS[chord], 0.011, 0.42, at, result, 0.5, 0.9)
     for at, force in ((0.90, 1.0), (1.05, 0.55), (1.10, 0.6), (1.15, 0.7), (1.20, 0.9), (1.35, 0.8)):
-        strum(random, CHORDS["E"], 0.006, 0.30, at, result, 0.85 * force, 0.8)
-    strum(random, CHORDS["A"], 0.014, 1.45, 1.50, result, 1.1, 1.8)
+        strum(random, CHORDS["E"], 0.006, 0.30, at, result, 0.5 * force, 0.8)
+    strum(random, CHORDS["A"], 0.014, 1.45, 1.50, result, 0.6, 1.8)
 
 
 TUNE = ((0.0, "E5", 0.28), (0.30, "D5", 0.28), (0.60, "C5", 0.13), (0.75, "D5", 0.07),
@@ -150,9 +151,9 @@ def fanfare(random):
     result = silence(2.95)
     guitar(random, result)
     for at, note, length in TUNE:
-        add(result, brass(note, length + 0.03), at, 0.40)
-    add(result, brass("E5", 0.98), 1.50, 0.30)
-    add(result, brass("A5", 0.98), 1.50, 0.24)
+        add(result, brass(note, length + 0.03), at, 0.60)
+    add(result, brass("E5", 0.98), 1.50, 0.42)
+    add(result, brass("A5", 0.98), 1.50, 0.34)
     for at in (0.0, 0.15, 0.30, 0.45, 0.60, 0.75, 0.90, 1.05, 1.10, 1.15, 1.20, 1.35, 1.50):
         add(result, castanet(random), at, 0.55 if at in (0.0, 0.30, 0.60, 0.90, 1.50) else 0.35)
     return shaped(result, line(((0.0, 1.0), (1.9, 1.0), (2.95, 0.0))))
@@ -161,8 +162,8 @@ def fanfare(random):
 def piece_moved(random):
     """A piece is pushed over the board with a finger and let go."""
     result = silence(0.24)
-    add(result, sliding(random, 0.125, 1500, 0.085), 0.0, 1.1)
-    add(result, board(random, 410, 0.019, 0.0011), 0.118, 0.8)
+    add(result, sliding(random, 0.125, 1300, 0.085), 0.0, 0.55)
+    add(result, board(random, 410, 0.019, 0.0011), 0.118, 0.9)
     return result
 
 

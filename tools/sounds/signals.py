@@ -69,6 +69,12 @@ def add(into, signal, at=0.0, gain=1.0):
     return into
 
 
+def normal(signal):
+    """The signal with its highest value at 1, so that gains can be compared."""
+    highest = max(abs(value) for value in signal)
+    return [value / highest for value in signal]
+
+
 def ring(push, frequency, decay, length):
     """A mode of a body: swings at a frequency while pushed and after, and falls to 1/e in `decay`
     seconds."""

@@ -1,0 +1,11 @@
+#include <unistd.h>
+
+#include <iostream>
+
+#include "tools/Sim.h"
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    return zorva::RunSim(arguments, std::cout, std::cerr, isatty(STDERR_FILENO) != 0);
+}

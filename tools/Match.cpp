@@ -1,0 +1,134 @@
+#include "tools/Match.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "core/Chance.h"
+#include "core/Ending.h"
+#include "core/Opening.h"
+#include "tools/DecidedThrows.h"
+#include "tools/WithoutPeople.h"
+
+namespace zorva {
+namespace {
+
+constexpr std::uint64_t gamesAtOnce = 16;
+constexpr auto progressInterval = std::chrono::milliseconds(250);
+
+/// The world of one game of a match: it throws by chance and counts.
+class MatchWorld : public DecidedThrows {
+public:
+    MatchWorld(const MatchPlan& plan, std::uint64_t number, MatchTotals& totals)
+        : chance_(plan.seed, number), totals_(totals) {}
+
+    Colour DrawFirst(const Settings& settings) {
+        std::vector<Colour> colours;
+        for (Colour colour = 1; colour <= ColourCount; ++colour) {
+            if (IsTakingPart(settings, colour)) colours.push_back(colour);
+        }
+        return colours[chance_.Below(static_cast<std::uint32_t>(colours.size()))];
+    }
+
+    void AddLogLine(Short, const MoveRecord& record) override {
+        ++totals_.moves;
+        if (record.OnBehalf) ++totals_.captures;
+        // The way home after a third six is nobody's decision either.
+        const bool thirdSix = record.Die == 6 && record.RepeatState == 0;
+        if (!record.OnBehalf && !thirdSix) ++totals_.decisions;
+    }
+
+protected:
+    Short NextThrow() override { return chance_.Face(); }
+
+private:
+    Chance chance_;
+    MatchTotals& totals_;
+};
+
+/// The games of a match handed out to threads.
+class MatchRun {
+public:
+    explicit MatchRun(const MatchPlan& plan) : plan_(plan) {}
+
+    MatchTotals Play(const std::function<void(std::uint64_t)>& progress) {
+        std::vector<std::thread> threads;
+        for (unsigned thread = 0; thread < plan_.threads; ++thread) {
+            threads.emplace_back([this] { PlayShare(); });
+        }
+        if (progress) TellUntilDone(progress);
+        for (std::thread& thread : threads) thread.join();
+        return totals_;
+    }
+
+private:
+    void PlayShare() {
+        MatchTotals mine;
+        for (;;) {
+            const std::uint64_t first = handedOut_.fetch_add(gamesAtOnce);
+            const std::uint64_t last = std::min(first + gamesAtOnce, plan_.games);
+            if (first >= last) break;
+            for (std::uint64_t number = first; number < last; ++number)
+                PlayMatchGame(plan_, number, mine);
+            finished_ += last - first;
+        }
+        const std::lock_guard lock(mutex_);
+        totals_ += mine;
+        ++threadsDone_;
+        allDone_.notify_one();
+    }
+
+    void TellUntilDone(const std::function<void(std::uint64_t)>& progress) {
+        std::unique_lock lock(mutex_);
+        while (!allDone_.wait_for(lock, progressInterval,
+                                  [this] { return threadsDone_ == plan_.threads; })) {
+            progress(finished_);
+        }
+        progress(finished_);
+    }
+
+    const MatchPlan& plan_;
+    std::atomic<std::uint64_t> handedOut_ = 0;
+    std::atomic<std::uint64_t> finished_ = 0;
+    std::mutex mutex_;  // guards what follows
+    std::condition_variable allDone_;
+    unsigned threadsDone_ = 0;
+    MatchTotals totals_;
+};
+
+}  // namespace
+
+MatchTotals& MatchTotals::operator+=(const MatchTotals& other) {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        colours[colour].wins += other.colours[colour].wins;
+        colours[colour].points += other.colours[colour].points;
+    }
+    games += other.games;
+    moves += other.moves;
+    captures += other.captures;
+    decisions += other.decisions;
+    return *this;
+}
+
+void PlayMatchGame(const MatchPlan& plan, std::uint64_t number, MatchTotals& totals) {
+    GameState state;
+    MatchWorld world(plan, number, totals);
+    const Settings settings = WithoutPeople(plan.settings);
+    const Table table{state, settings, world};
+    ResetGame(table);
+    PlayFrom(table, world.DrawFirst(plan.settings));
+    const GameResult result = ResultOf(state, plan.settings);
+    ++totals.games;
+    ++totals.colours[result.winner].wins;
+    totals.colours[result.winner].points += static_cast<std::uint64_t>(result.points);
+}
+
+MatchTotals PlayMatch(const MatchPlan& plan, const std::function<void(std::uint64_t)>& progress) {
+    return MatchRun(plan).Play(progress);
+}
+
+}  // namespace zorva

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "core/Settings.h"
+
+namespace zorva {
+
+/// What a colour has won in a match.
+struct ColourTotals {
+    std::uint64_t wins = 0;
+    std::uint64_t points = 0;  ///< hundredths, summed over the games won
+
+    bool operator==(const ColourTotals&) const = default;
+};
+
+/// What is counted over the games of a match. Whole numbers only: sums do not depend on the order
+/// in which the threads finish their games.
+struct MatchTotals {
+    PerColour<ColourTotals> colours{};
+    std::uint64_t games = 0;
+    std::uint64_t moves = 0;      ///< move records, passes and ways home of captured pieces included
+    std::uint64_t captures = 0;   ///< captured pieces sent home
+    std::uint64_t decisions = 0;  ///< times the computer player was asked for a move
+
+    MatchTotals& operator+=(const MatchTotals& other);
+    bool operator==(const MatchTotals&) const = default;
+};
+
+/// A match to be played: all taking-part colours by the computer, whatever the settings say.
+struct MatchPlan {
+    Settings settings;
+    std::uint64_t games = 0;
+    std::uint64_t seed = 0;
+    unsigned threads = 1;
+};
+
+/// Plays game `number` of a match and adds it to the totals. Its chance comes from the seed and the
+/// number alone; the first thing drawn from it is the colour that begins, each taking part as likely
+/// as the others.
+void PlayMatchGame(const MatchPlan& plan, std::uint64_t number, MatchTotals& totals);
+
+/// Plays the games 0 .. games - 1 on that many threads; the totals are the same for any number of
+/// them. `progress`, when there is one, is told a few times a second how many games are finished.
+MatchTotals PlayMatch(const MatchPlan& plan, const std::function<void(std::uint64_t)>& progress);
+
+}  // namespace zorva

@@ -1,0 +1,108 @@
+#include "tools/MatchCommand.h"
+
+#include <chrono>
+#include <iomanip>
+#include <map>
+#include <ostream>
+#include <thread>
+
+#include "tools/CommandLine.h"
+#include "tools/Failure.h"
+#include "tools/Match.h"
+#include "tools/SettingsArgument.h"
+
+namespace zorva {
+namespace {
+
+constexpr std::uint64_t mostGames = 1'000'000'000;
+constexpr unsigned mostThreads = 256;
+
+// "A,B,C,D": the levels of the colours 1 to 4.
+void TakeLevels(const std::string& text, Settings& settings) {
+    std::size_t begin = 0;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        const bool last = colour == ColourCount;
+        const std::size_t end = last ? text.size() : text.find(',', begin);
+        const auto level = end == std::string::npos
+                               ? std::nullopt
+                               : WholeNumber(std::string_view(text).substr(begin, end - begin));
+        if (!level || *level > 100) {
+            throw Failure("--levels takes four levels from 0 to 100 such as 50,50,80,100, not \"" +
+                          text + "\"");
+        }
+        settings.PlayerLevel[colour] = static_cast<Short>(*level);
+        begin = end + 1;
+    }
+}
+
+MatchPlan ReadPlan(const CommandLine& options) {
+    MatchPlan plan;
+    plan.games = options.Number("--games", 1, mostGames);
+    plan.seed = options.Number("--seed", 0, UINT64_MAX);
+    plan.threads = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
+    if (options.Has("--threads")) {
+        plan.threads = static_cast<unsigned>(options.Number("--threads", 1, mostThreads));
+    }
+    if (options.Has("--settings"))
+        plan.settings = ReadSettingsArgument(options.Text("--settings")).settings;
+    if (options.Has("--levels")) TakeLevels(options.Text("--levels"), plan.settings);
+    return plan;
+}
+
+double Ratio(double part, double whole) {
+    return whole > 0 ? part / whole : 0;
+}
+
+void PrintRow(std::ostream& out, const std::string& name, const ColourTotals& totals,
+              std::uint64_t games) {
+    const double wins = static_cast<double>(totals.wins);
+    out << std::left << std::setw(19) << name << std::right << std::setw(11) << totals.wins
+        << std::setprecision(2) << std::setw(8) << Ratio(100 * wins, static_cast<double>(games)) << " %"
+        << std::setw(12) << Ratio(static_cast<double>(totals.points), 100 * wins) << '\n';
+}
+
+void PrintTotals(std::ostream& out, const MatchPlan& plan, const MatchTotals& totals) {
+    static constexpr const char* names[] = {"", "yellow", "blue", "red", "green"};
+    const double games = static_cast<double>(totals.games);
+    std::map<Short, ColourTotals> byLevel;
+    out << std::fixed << "                          wins  of all games  points per win\n";
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (!IsTakingPart(plan.settings, colour)) continue;
+        const Short level = plan.settings.PlayerLevel[colour];
+        const std::string name = std::string(names[colour]) + ", level " + std::to_string(level);
+        PrintRow(out, name, totals.colours[colour], totals.games);
+        byLevel[level].wins += totals.colours[colour].wins;
+        byLevel[level].points += totals.colours[colour].points;
+    }
+    for (const auto& [level, sum] : byLevel) {
+        PrintRow(out, "all of level " + std::to_string(level), sum, totals.games);
+    }
+    out << "mean moves per game " << Ratio(static_cast<double>(totals.moves), games)
+        << ", mean captures per game " << Ratio(static_cast<double>(totals.captures), games) << '\n';
+}
+
+void PrintSpeed(std::ostream& out, const MatchPlan& plan, const MatchTotals& totals, double seconds) {
+    out << std::setprecision(0) << Ratio(static_cast<double>(totals.games), seconds) << " games/s, "
+        << Ratio(static_cast<double>(totals.decisions), seconds) << " decisions/s, "
+        << std::setprecision(2) << seconds << " s with " << plan.threads
+        << (plan.threads == 1 ? " thread\n" : " threads\n");
+}
+
+}  // namespace
+
+void MatchCommand(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
+    const CommandLine options(arguments, {"--games", "--seed", "--threads", "--settings", "--levels"},
+                              {});
+    const MatchPlan plan = ReadPlan(options);
+    const auto tell = [&](std::uint64_t finished) {
+        *progress << '\r' << finished << " of " << plan.games << " games" << std::flush;
+        if (finished == plan.games) *progress << '\n';
+    };
+    const auto start = std::chrono::steady_clock::now();
+    const MatchTotals totals = PlayMatch(plan, progress ? tell : std::function<void(std::uint64_t)>());
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    PrintTotals(out, plan, totals);
+    PrintSpeed(out, plan, totals, taken.count());
+}
+
+}  // namespace zorva

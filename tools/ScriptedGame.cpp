@@ -1,0 +1,131 @@
+#include "tools/ScriptedGame.h"
+
+#include <fstream>
+#include <optional>
+#include <ostream>
+
+#include "core/Ending.h"
+#include "core/Opening.h"
+#include "core/Records.h"
+#include "tools/CommandLine.h"
+#include "tools/DecidedThrows.h"
+#include "tools/Failure.h"
+#include "tools/SettingsArgument.h"
+#include "tools/WithoutPeople.h"
+
+namespace zorva {
+namespace {
+
+void PrintRecord(std::ostream& out, Short moveNumber, const MoveRecord& record) {
+    out << moveNumber << ": " << record.MoverColour << ',' << record.FollowingColour << ',' << record.Die
+        << ',' << record.Count << ',' << record.Piece << ',' << record.From << ',' << record.To << ','
+        << record.RepeatState << ',' << record.Manual << ',' << record.OnBehalf << ',' << record.TurnEnd
+        << '\n';
+}
+
+/// The world of a scripted game: it supplies the throws and prints the log.
+class ScriptedWorld : public DecidedThrows {
+public:
+    ScriptedWorld(GameState& state, const std::vector<Short>& throws, ScriptedGameOutput wanted,
+                  std::ostream& out)
+        : state_(state), throws_(throws), wanted_(wanted), out_(out) {}
+
+    void BeginLog(std::string_view heading) override {
+        if (wanted_.log) out_ << heading << '\n';
+    }
+
+    void AddLogLine(Short moveNumber, const MoveRecord& record) override {
+        if (wanted_.log) out_ << LogLineText(moveNumber, record) << '\n';
+        if (wanted_.records) PrintRecord(out_, moveNumber, record);
+    }
+
+    void PositionReached() override {
+        stopped_ = state_.ThrowNext && used_ == throws_.size();
+        if (stopped_) state_.GameInProgress = No;
+    }
+
+    bool HasStopped() const { return stopped_; }
+
+protected:
+    Short NextThrow() override { return throws_[used_++]; }
+
+private:
+    GameState& state_;
+    const std::vector<Short>& throws_;
+    const ScriptedGameOutput wanted_;
+    std::ostream& out_;
+    std::size_t used_ = 0;
+    bool stopped_ = false;
+};
+
+void PrintPosition(const GameState& state, std::ostream& out) {
+    out << "positions";
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+            out << ' ' << state.PiecePosition[colour][piece];
+        }
+    }
+    out << "\nslots";
+    for (Square square = 1; square <= LastSquare; ++square) {
+        for (Short slot = 1; slot <= 3; ++slot) {
+            const PieceCode code = state.SquareOccupants[square][slot];
+            if (code != 0) out << ' ' << square << '.' << slot << '=' << code;
+        }
+    }
+    out << "\nturn " << state.CurrentColour << ' ' << state.MoveRecordCount << ' ' << state.SixesInRow
+        << '\n';
+}
+
+void PrintResult(const GameState& state, const Settings& settings, std::ostream& out) {
+    if (state.GameInProgress) return;
+    const GameResult result = ResultOf(state, settings);
+    out << "winner " << result.winner << " points " << PointsText(result.points) << '\n';
+}
+
+Colour FirstColour(const CommandLine& options, const Settings& settings) {
+    const Colour first = static_cast<Colour>(options.Number("--first", 1, ColourCount));
+    if (IsTakingPart(settings, first)) return first;
+    throw Failure("colour " + std::to_string(first) + " takes no part in this game");
+}
+
+Short ThrowOf(const std::string& word, std::size_t number, const std::string& fileName) {
+    if (word.size() == 1 && word[0] >= '1' && word[0] <= '6') return static_cast<Short>(word[0] - '0');
+    throw Failure(fileName + ": throw " + std::to_string(number) + " is \"" + word.substr(0, 20) +
+                  "\" and not a face from 1 to 6");
+}
+
+}  // namespace
+
+std::vector<Short> ReadThrows(const std::string& fileName) {
+    std::ifstream file(fileName);
+    std::vector<Short> throws;
+    std::string word;
+    while (file >> word) throws.push_back(ThrowOf(word, throws.size() + 1, fileName));
+    if (!file.eof() || file.bad()) throw Failure("cannot read " + fileName);
+    return throws;
+}
+
+void PlayScriptedGame(GameState& state, const Settings& settings, Colour first,
+                      const std::vector<Short>& throws, ScriptedGameOutput wanted, std::ostream& out) {
+    const Settings played = WithoutPeople(settings);
+    ScriptedWorld world(state, throws, wanted, out);
+    const Table table{state, played, world};
+    ResetGame(table);
+    PlayFrom(table, first);
+    if (world.HasStopped()) state.GameInProgress = Yes;
+}
+
+void PlayCommand(const std::vector<std::string>& arguments, std::ostream& out) {
+    const CommandLine options(arguments, {"--settings", "--first", "--dice", "--save"},
+                              {"--log", "--records"});
+    SettingsContent file = ReadSettingsArgument(options.Text("--settings"));
+    const Colour first = FirstColour(options, file.settings);
+    const std::vector<Short> throws = ReadThrows(options.Text("--dice"));
+    PlayScriptedGame(file.state, file.settings, first, throws,
+                     {options.Has("--log"), options.Has("--records")}, out);
+    PrintPosition(file.state, out);
+    PrintResult(file.state, file.settings, out);
+    if (options.Has("--save")) WriteSettingsArgument(options.Text("--save"), file);
+}
+
+}  // namespace zorva

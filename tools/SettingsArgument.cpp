@@ -1,0 +1,50 @@
+#include "tools/SettingsArgument.h"
+
+#include <fstream>
+#include <sstream>
+
+#include "tools/Failure.h"
+
+namespace zorva {
+namespace {
+
+std::string ReadBytes(const std::string& fileName) {
+    std::ifstream file(fileName, std::ios::binary);
+    if (!file) throw Failure("cannot open " + fileName);
+    std::ostringstream bytes;
+    // An empty file sets the failure flag as well; it is refused by its content.
+    if (file.peek() != std::ifstream::traits_type::eof()) bytes << file.rdbuf();
+    if (file.bad() || bytes.bad()) throw Failure("cannot read " + fileName);
+    return bytes.str();
+}
+
+const char* Reason(FileError error) {
+    switch (error) {
+        case FileError::Overflow:
+            return "a number is too large";
+        case FileError::OutOfRange:
+            return "a number cannot be meant, or the numbers contradict each other";
+        case FileError::TypeMismatch:
+            return "something else stands where a number or a text should";
+        case FileError::PastTheEnd:
+            return "it ends too early";
+        default:
+            return "it cannot be read";
+    }
+}
+
+}  // namespace
+
+SettingsContent ReadSettingsArgument(const std::string& fileName) {
+    const SettingsReading reading = ReadSettings(ReadBytes(fileName));
+    if (const auto* content = std::get_if<SettingsContent>(&reading)) return *content;
+    throw Failure(fileName + " is no settings file: " + Reason(std::get<FileError>(reading)));
+}
+
+void WriteSettingsArgument(const std::string& fileName, const SettingsContent& content) {
+    std::ofstream file(fileName, std::ios::binary | std::ios::trunc);
+    file << SettingsText(content.settings, content.state) << std::flush;
+    if (!file) throw Failure("cannot write " + fileName);
+}
+
+}  // namespace zorva

@@ -1,0 +1,61 @@
+#include "tools/Sim.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "tools/Failure.h"
+#include "tools/MatchCommand.h"
+#include "tools/ScriptedGame.h"
+
+namespace zorva {
+namespace {
+
+constexpr const char* usage =
+    "zorva-sim plays games of the computer without a window.\n"
+    "\n"
+    "zorva-sim play --settings IN.INI --first C --dice FILE [--log] [--records] [--save OUT.INI]\n"
+    "    One game with the throws of FILE (1..6, white space between them), begun by colour C\n"
+    "    (1 yellow, 2 blue, 3 red, 4 green). Prints how it stands when it ends or the throws do.\n"
+    "    --log      prints each line of the move log\n"
+    "    --records  prints the eleven fields of each move record\n"
+    "    --save     writes the settings file of that moment\n"
+    "\n"
+    "zorva-sim match --games N --seed S [--threads T] [--settings IN.INI] [--levels A,B,C,D]\n"
+    "    N games by chance, on all cores unless T says otherwise. Prints wins and mean points. The\n"
+    "    same seed gives the same games with any number of threads. Each game draws the colour\n"
+    "    that begins among those taking part, all equally likely. A, B, C, D are the levels of\n"
+    "    yellow, blue, red and green.\n"
+    "\n"
+    "Colours are played by the computer whatever the settings file says.\n";
+
+void Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
+    if (arguments.empty()) throw Failure("a command is missing: play or match, or --help");
+    if (arguments[0] == "play") return PlayCommand(arguments, out);
+    if (arguments[0] == "match") return MatchCommand(arguments, out, progress);
+    if (arguments[0] != "--help") throw Failure("unknown command \"" + arguments[0] + "\"");
+    out << usage;
+}
+
+// Arguments and files are quoted in messages: whatever they hold, a message stays one line.
+std::string OnOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char letter) { return letter < 0x20 || letter == 0x7f; },
+        ' ');
+    return text;
+}
+
+}  // namespace
+
+int RunSim(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+           bool showProgress) {
+    try {
+        Run(arguments, out, showProgress ? &err : nullptr);
+        if (!out.flush()) throw Failure("cannot write the output");
+        return 0;
+    } catch (const Failure& failure) {
+        err << "zorva-sim: " << OnOneLine(failure.what()) << '\n';
+        return 2;
+    }
+}
+
+}  // namespace zorva

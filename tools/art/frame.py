@@ -1,0 +1,58 @@
+"""The board's varnished frame: four mitred mouldings, a brass inlay, and its shadow on the paper."""
+
+from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT
+from .svg import mix, points
+
+WIDTH = 15.0
+
+
+def draw_frame(board, side):
+    out, o = side + WIDTH, -WIDTH
+    board.rect(-15.6, -15.6, side + 31.2, side + 31.2, 3.5, fill="#1c0d06")
+    mouldings = (
+        # corners, outer edge point, inner edge point, light on this side
+        ([(o, o), (out, o), (side, 0), (0, 0)], (0, o), (0, 0), 0.22),
+        ([(o, o), (0, 0), (0, side), (o, out)], (o, 0), (0, 0), 0.1),
+        ([(out, o), (out, out), (side, side), (side, 0)], (out, 0), (side, 0), -0.12),
+        ([(o, out), (0, side), (side, side), (out, out)], (0, out), (0, side), -0.25),
+    )
+    for corners, outer, inner, light in mouldings:
+        board.path(points(corners), fill=_moulding(board, outer, inner, light))
+    _grain(board, side)
+    for corner in ((o, o, 0, 0), (out, o, side, 0), (o, out, 0, side), (out, out, side, side)):
+        board.line(*corner, stroke="#180a04", stroke_width=0.6, stroke_opacity=0.6)
+    _inlay(board, side)
+
+
+def _moulding(board, outer, inner, light):
+    def lit(colour):
+        return mix(colour, "#ffd9a0", light) if light > 0 else mix(colour, "#120603", -light)
+    return board.linear(*outer, *inner, (0, lit(MAHOGANY_DARK)), (0.1, lit(MAHOGANY)), (0.3, lit(MAHOGANY_LIGHT)),
+                        (0.55, lit(MAHOGANY)), (0.85, lit(MAHOGANY_DARK)), (1, "#2a1008"))
+
+
+def _grain(board, side):
+    # A few long fibres along each side; their depth differs so that no pattern shows.
+    fibres = ((4, 20, 260), (9.5, 180, 520), (6.5, 330, 690), (11.3, 5, 190), (3, 460, 660), (8, 560, 640))
+    data = ""
+    for depth, start, end in fibres:
+        bend = (start + end) / 2
+        for a, b in ((-depth, 1), (side + depth, -1)):
+            data += f"M{start} {a}Q{bend} {a + b * 0.9} {end} {a}" + f"M{a} {side - start}Q{a + b * 0.9} {bend} {a} {side - end}"
+    board.path(data, stroke="#2a1006", stroke_width=0.6, stroke_opacity=0.3)
+
+
+def _inlay(board, side):
+    metal = board.linear(0, 0, side, side, (0, BRASS_LIGHT), (0.3, BRASS), (0.5, BRASS_LIGHT), (0.75, BRASS), (1, BRASS_DARK))
+    board.rect(-3.2, -3.2, side + 6.4, side + 6.4, stroke=metal, stroke_width=1.6)
+    board.rect(-4.3, -4.3, side + 8.6, side + 8.6, stroke="#180a04", stroke_width=0.6, stroke_opacity=0.7)
+    board.rect(-1.2, -1.2, side + 2.4, side + 2.4, stroke="#180a04", stroke_width=2.4, stroke_opacity=0.85)
+
+
+def draw_inner_edge(board, side):
+    """The shadow that the frame throws on the paper, from the light at the top left."""
+    depth = 7.0
+    down = board.linear(0, 0, 0, depth, (0, "#1a0c04", 0.42), (0.4, "#1a0c04", 0.14), (1, "#1a0c04", 0))
+    right = board.linear(0, 0, depth, 0, (0, "#1a0c04", 0.42), (0.4, "#1a0c04", 0.14), (1, "#1a0c04", 0))
+    board.rect(0, 0, side, depth, fill=down)
+    board.rect(0, 0, depth, side, fill=right)
