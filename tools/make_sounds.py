@@ -9,6 +9,7 @@
 import argparse
 import struct
 import sys
+from math import sqrt
 from pathlib import Path
 
 sys.dont_write_bytecode = True
@@ -51,7 +52,7 @@ def finished(recording):
     wanted = decibels(LOUDNESS - recording.soft + 0.691)
     gain, result = 1.0, signal
     for _ in range(6):
-        gain *= wanted / measure.loudest_power(result) ** 0.5
+        gain *= wanted / sqrt(measure.loudest_power(result))
         result = [limited(gain * value) for value in signal]
     return [int(value * 32767 + 32768.5) - 32768 for value in result]
 

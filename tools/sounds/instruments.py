@@ -5,6 +5,8 @@ the sound. Each instrument returns a signal that begins at its first moment and 
 value at 1, or at the force that was asked for.
 """
 
+from math import sqrt
+
 from sounds.signals import (PI, RATE, add, band, cosine, exponential, line, low_pass, noise,
                             normal, ring, samples, shaped, silence, swell, wave)
 
@@ -92,7 +94,8 @@ def paper(random, length, middle, top, grain):
 
 def sliding(random, length, frequency, top):
     """Wood over wood or felt: dull noise, uneven as the hand is."""
-    sway = line([(i * 0.012, 0.55 + 0.45 * random.random()) for i in range(2 + int(length / 0.012))])
+    moments = range(2 + int(length / 0.012))
+    sway = line([(0.012 * i, 0.55 + 0.45 * random.random()) for i in moments])
     rough = band(low_pass(noise(random, length), 1600), lambda t: frequency * (1 + 0.5 * t / length), 0.8)
     hill = swell(length, top)
     return normal(shaped(rough, lambda t: sway(t) * hill(t)))
@@ -125,7 +128,7 @@ def string(random, note, ring_seconds=1.6, length=2.0, pick=0.17, brightness=260
 def brass(note, length):
     """A small trumpet: the louder it is, the more overtones it has."""
     f = pitch(note)
-    envelope = line(((0, 0.0), (0.035, 1.0), (0.10, 0.78), (length - 0.09, 0.70), (length, 0.0)))
+    envelope = line(((0, 0.0), (0.035, 1.0), (0.10, 0.78), (length * 0.6, 0.62), (length, 0.0)))
     result = []
     phase = 0.0
     for i in range(samples(length)):
@@ -134,7 +137,7 @@ def brass(note, length):
         phase += f * (1 + 0.004 * wave(5.4 * t) * min(1.0, 4 * t)) / RATE
         weight, value = level, 0.0
         for k in range(1, 9):
-            value += weight * wave(k * phase) / k ** 0.5
+            value += weight * wave(k * phase) / sqrt(k)
             weight *= 0.42 + 0.33 * level
         result.append(value)
     return normal(low_pass(result, 4200))

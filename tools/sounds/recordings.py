@@ -18,8 +18,10 @@ def help_page(random):
     """A booklet is taken up and its sheets run past the thumb."""
     result = silence(0.42)
     add(result, board(random, 150, 0.030, 0.0026), 0.0, 0.85)
-    for k, (at, force) in enumerate(((0.06, 0.5), (0.115, 0.75), (0.165, 0.9), (0.21, 0.8), (0.27, 0.5))):
-        add(result, paper(random, 0.06, lambda t, k=k: 1500 + 260 * k, 0.008, 0.25), at, 0.6 * force)
+    sheets = ((0.06, 0.30, 1500), (0.115, 0.45, 1760), (0.165, 0.54, 2020), (0.21, 0.48, 2280),
+              (0.27, 0.30, 2540))
+    for at, force, height in sheets:
+        add(result, paper(random, 0.06, lambda t, height=height: height, 0.008, 0.25), at, force)
     return result
 
 
@@ -136,14 +138,14 @@ CHORDS = {
 def guitar(random, result):
     """The way down from A minor to E, a roll on E, and home to A major."""
     for at, chord in ((0.0, "Am"), (0.30, "G"), (0.60, "F")):
-        strum(random, CHORDS[chord], 0.011, 0.42, at, result, 0.5, 0.9)
+        strum(random, CHORDS[chord], 0.011, 0.46, at, result, 0.8, 1.6)
     for at, force in ((0.90, 1.0), (1.05, 0.55), (1.10, 0.6), (1.15, 0.7), (1.20, 0.9), (1.35, 0.8)):
-        strum(random, CHORDS["E"], 0.006, 0.30, at, result, 0.5 * force, 0.8)
-    strum(random, CHORDS["A"], 0.014, 1.45, 1.50, result, 0.6, 1.8)
+        strum(random, CHORDS["E"], 0.006, 0.34, at, result, 0.8 * force, 1.4)
+    strum(random, CHORDS["A"], 0.014, 1.45, 1.50, result, 1.0, 4.5)
 
 
 TUNE = ((0.0, "E5", 0.28), (0.30, "D5", 0.28), (0.60, "C5", 0.13), (0.75, "D5", 0.07),
-        (0.825, "C5", 0.07), (0.90, "B4", 0.42), (1.35, "D5", 0.14), (1.50, "C#5", 0.95))
+        (0.825, "C5", 0.07), (0.90, "B4", 0.42), (1.35, "D5", 0.14), (1.50, "C#5", 1.12))
 
 
 def fanfare(random):
@@ -151,12 +153,12 @@ def fanfare(random):
     result = silence(2.95)
     guitar(random, result)
     for at, note, length in TUNE:
-        add(result, brass(note, length + 0.03), at, 0.60)
-    add(result, brass("E5", 0.98), 1.50, 0.42)
-    add(result, brass("A5", 0.98), 1.50, 0.34)
+        add(result, brass(note, length + 0.03), at, 0.50)
+    add(result, brass("E5", 1.15), 1.50, 0.34)
+    add(result, brass("A5", 1.15), 1.50, 0.28)
     for at in (0.0, 0.15, 0.30, 0.45, 0.60, 0.75, 0.90, 1.05, 1.10, 1.15, 1.20, 1.35, 1.50):
         add(result, castanet(random), at, 0.55 if at in (0.0, 0.30, 0.60, 0.90, 1.50) else 0.35)
-    return shaped(result, line(((0.0, 1.0), (1.9, 1.0), (2.95, 0.0))))
+    return shaped(result, line(((0.0, 1.0), (2.3, 1.0), (2.95, 0.0))))
 
 
 def piece_moved(random):
@@ -192,7 +194,8 @@ def die_rattles(random):
 
 def die_bounces(random):
     """Three leaps over the table, each shorter."""
-    return die_hits(random, 0.30, ((0.0, 1.0), (0.088, 0.75), (0.094, 0.3), (0.150, 0.6), (0.197, 0.4)))
+    leaps = ((0.0, 1.0), (0.088, 0.75), (0.094, 0.3), (0.150, 0.6), (0.197, 0.4))
+    return die_hits(random, 0.30, leaps)
 
 
 def die_rests(random):

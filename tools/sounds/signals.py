@@ -1,8 +1,8 @@
 """Signals as plain lists of numbers at 44100 a second, and what is done with them.
 
 Sine and exponential are worked out here with additions and multiplications alone: these are
-exact to the last bit on every machine, a mathematics library is not, and a recording must come
-out the same wherever it is made.
+exact to the last bit on every machine, as square roots are; other functions of a mathematics
+library are not, and a recording must come out the same wherever it is made.
 """
 
 RATE = 44100
