@@ -14,13 +14,13 @@ QFont Sized(const QStringList& families, double pixelSize) {
 }  // namespace
 
 QFont TextFont(double pixelSize, QFont::Weight weight) {
-    QFont font = Sized({"Lato", "DejaVu Sans"}, pixelSize);
+    QFont font = Sized(QStringList{"Lato", "DejaVu Sans"}, pixelSize);
     font.setWeight(weight);
     return font;
 }
 
 QFont ColumnFont(double pixelSize) {
-    return Sized({"DejaVu Sans Mono", "Monospace"}, pixelSize);
+    return Sized(QStringList{"DejaVu Sans Mono", "Monospace"}, pixelSize);
 }
 
 }  // namespace zorva

@@ -85,18 +85,15 @@ void CheckCapture(GameState& state, Colour colour, Square to) {
     }
 }
 
-void ReturnToBox(Table table, Colour colour, PieceCode code) {
+// The way home is shown as one step from the square into the box.
+void ReturnToBox(Table table, Colour colour, PieceCode code, Square from) {
     GameState& state = table.state;
-    if (state.SixesInRow == 3) {
-        table.outside.Pause(45);
-        table.outside.PlaySound(11);
-        table.outside.Pause(55);
-        table.outside.Pause(20);
-    } else {
-        table.outside.Pause(20);
-        table.outside.PlaySound(11);
-        table.outside.Pause(15);
-    }
+    const bool isPenalty = state.SixesInRow == 3;
+    if (isPenalty) table.outside.Pause(45);
+    table.outside.PlaySound(11);
+    table.outside.StepPiece(code, from, 0);
+    table.outside.Pause(isPenalty ? 55 : 45);
+    table.outside.Pause(20);
     state.PiecePosition[colour][PieceOf(code)] = 0;
     ++state.PiecesInBox[colour];
     table.outside.PutDownPiece(code, 0);
@@ -110,7 +107,7 @@ void PlayForward(Table table, const MoveRecord& record) {
     const PieceCode code = CodeOf(colour, record.Piece);
     Lift(table, colour, code, record.From);
     if (record.To == 0) {
-        ReturnToBox(table, colour, code);
+        ReturnToBox(table, colour, code, record.From);
         return;
     }
     if (!record.Manual) Walk(table, colour, code, record.From, record.To);

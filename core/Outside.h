@@ -65,6 +65,10 @@ public:
     virtual void BeginLog(std::string_view heading) = 0;
     /// Adds the line of a move whose record has just been filled.
     virtual void AddLogLine(Short moveNumber, const MoveRecord& record) = 0;
+    /// Selects a line, 0 being the heading and n the line of move n; -1 selects none.
+    virtual void SelectLogLine(Short line) = 0;
+    /// Forgets that line and all after it.
+    virtual void CutLogFrom(Short line) = 0;
 
     // The players.
     /// Shows a message of lineCount lines and returns when it was answered.

@@ -24,6 +24,8 @@ public:
     void SetScreenPointer(ScreenPointer) override {}
     void BeginLog(std::string_view) override {}
     void AddLogLine(Short, const MoveRecord&) override {}
+    void SelectLogLine(Short) override {}
+    void CutLogFrom(Short) override {}
     MessageAnswer ShowMessage(std::string_view, std::string_view, Short, MessageButtons) override {
         return MessageAnswer::Refused;
     }

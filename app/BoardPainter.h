@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QPainter>
+#include <QPixmap>
+#include <QRect>
+
+#include "app/BoardView.h"
+#include "app/Layout.h"
+#include "core/Settings.h"
+
+namespace zorva {
+
+class Artwork;
+
+/// Paints the board into two pictures of the whole window, in device pixels: the empty board once
+/// per screen, and over it whatever changes. Only the part that has changed is painted again.
+class BoardPainter {
+public:
+    explicit BoardPainter(Artwork& artwork) : artwork_(artwork) {}
+
+    /// Makes the pictures for a window of that many device pixels and paints the empty board.
+    void SetScreen(const Layout& layout, QSize devicePixels);
+
+    /// Paints the board with its pieces anew within that part (device pixels).
+    void Paint(const BoardView& view, const GameState& state, const Settings& settings, const QRect& part);
+
+    /// The board as it is to be seen.
+    const QPixmap& Picture() const { return Pic_TableroLleno; }
+
+    /// The device pixels a piece covers, its shadow included, when its centre is at that point of
+    /// the layout.
+    QRect PieceArea(QPointF centre, double lift = 0) const;
+    /// The device pixels a rectangle of the layout covers.
+    QRect DeviceArea(const Box& box, double around = 0) const;
+
+private:
+    void PaintTable(QPainter& painter);
+    void PaintPanel(QPainter& painter);
+    void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour);
+    void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
+    void PaintBonus(QPainter& painter, const BoardView& view);
+    void PaintShownMove(QPainter& painter, const BoardView& view);
+    void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
+    QPointF Device(QPointF layoutPoint) const;
+    QRectF DeviceF(const Box& box) const;
+
+    Artwork& artwork_;
+    Layout layout_;
+    QPixmap Pic_TableroVacio;
+    QPixmap Pic_TableroLleno;
+};
+
+}  // namespace zorva

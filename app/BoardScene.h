@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QRect>
+#include <functional>
+#include <vector>
+
+#include "app/BoardPainter.h"
+#include "app/BoardView.h"
+
+namespace zorva {
+
+/// The board as it is seen: knows what of it changes when something happens in the game, paints that
+/// much of it, and tells the window which part to show anew.
+class BoardScene {
+public:
+    /// Called with the device pixels that have been painted anew.
+    using Changed = std::function<void(const QRect& device)>;
+
+    BoardScene(const GameState& state, const Settings& settings, Artwork& artwork, Changed changed);
+
+    void SetScreen(const Layout& layout, QSize devicePixels);
+    const QPixmap& Picture() const { return painter_.Picture(); }
+    const BoardView& View() const { return view_; }
+
+    // Pieces. A walk is a chain of StartStep and ShowStep(0..1).
+    void TakeAllPieces();
+    void Lift(PieceCode piece);
+    void StartStep(PieceCode piece, Square from, Square to);
+    void ShowStep(double progress);
+    /// Whether pieces are on their way: the next wait is to show it.
+    bool HasMotion() const { return !glides_.empty(); }
+    void PutDown(PieceCode piece);
+
+    // Dice, turn and marks.
+    void ShowDie(Colour colour, Short face, bool ready);
+    void ShowTurn(Colour colour, Short bonusDue);
+    void ShowMove(const BoardView::ShownMove& move);
+    void ShowWinner(Colour colour);
+
+    /// Puts everything where the tables say and paints the whole board.
+    void Refresh();
+
+private:
+    struct Glide {
+        PieceCode piece;
+        QPointF from;
+        QPointF to;
+    };
+
+    QPointF PlaceOf(PieceCode piece) const;
+    QRect AreaOf(PieceCode piece) const;
+    void MoveTo(PieceCode piece, QPointF place);
+    void GlideOthersToTheirPlaces();
+    void Repaint(const QRect& device);
+    void RepaintHouse(Colour colour);
+
+    const GameState& state_;
+    const Settings& settings_;
+    BoardPainter painter_;
+    Changed changed_;
+    Layout layout_;
+    BoardView view_;
+    std::vector<Glide> glides_;
+    PerColour<int> rolls_{};
+};
+
+}  // namespace zorva

@@ -1,0 +1,72 @@
+#include "app/MenuButtons.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "app/Artwork.h"
+#include "app/Palette.h"
+
+namespace zorva {
+
+MenuButton::MenuButton(QWidget* parent, const Services& services, int index)
+    : QWidget(parent), services_(services), index_(index) {
+    setObjectName(QStringLiteral("Pic_Boton_%1").arg(index));
+    setAccessibleName(HoverText(index).trimmed());
+    setFocusPolicy(Qt::NoFocus);
+}
+
+QString MenuButton::HoverText(int index) {
+    static const char* const texts[] = {" Ayuda de la aplicación ",      " Comenzar nueva partida ",
+                                        " Personalizar la aplicación ",  " Histórico de partidas ",
+                                        " Tutor de juego ",              " Salir de la aplicación "};
+    return QString::fromUtf8(texts[index]);
+}
+
+void MenuButton::ShowPressed(bool pressed) {
+    if (pressed_ == pressed) return;
+    pressed_ = pressed;
+    repaint();
+}
+
+void MenuButton::ShowGlow(bool glows) {
+    glows_ = glows;
+    update();
+}
+
+void MenuButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (glows_) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette::Light);
+        const double radius = services_.ToToolkit(10);
+        painter.drawRoundedRect(rect(), radius, radius);
+    }
+    const double ratio = services_.devicePixelRatio;
+    const QString name = QStringLiteral("button_%1%2").arg(index_).arg(pressed_ ? "_pressed" : "");
+    QPixmap picture = services_.artwork.Picture(name, (QSizeF(size()) * ratio).toSize());
+    picture.setDevicePixelRatio(ratio);
+    painter.drawPixmap(QPointF(), picture);
+}
+
+void MenuButton::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && Pressed) Pressed();
+}
+
+MenuButtons::MenuButtons(QWidget* window, const Services& services, std::function<void(int)> chosen) {
+    auto* panel = new QWidget(window);
+    panel->setObjectName("Pic_Botones");
+    panel->lower();
+    for (int index = 0; index < Count; ++index) {
+        buttons_[index] = new MenuButton(panel, services, index);
+        buttons_[index]->Pressed = [chosen, index] { chosen(index); };
+    }
+}
+
+void MenuButtons::Explain(bool explains) {
+    for (int index = 0; index < Count; ++index) {
+        buttons_[index]->setToolTip(explains ? MenuButton::HoverText(index) : QString());
+    }
+}
+
+}  // namespace zorva

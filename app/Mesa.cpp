@@ -1,0 +1,129 @@
+#include "app/Mesa.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <cmath>
+
+#include "app/KeyStrokes.h"
+#include "app/MenuButtons.h"
+#include "app/MoveLog.h"
+#include "app/Palette.h"
+#include "app/RecorderStrip.h"
+
+namespace zorva {
+
+Mesa::Mesa(const GameState& state, const Settings& settings)
+    : services_{artwork_, pointers_, {}, 1, {}, {}} {
+    setObjectName("Mesa");
+    setWindowTitle("Zorva");
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    scene_ = std::make_unique<BoardScene>(state, settings, artwork_, [this](const QRect& device) {
+        const double ratio = services_.devicePixelRatio;
+        update(QRectF(QPointF(device.topLeft()) / ratio, QSizeF(device.size()) / ratio).toAlignedRect());
+    });
+    buttons_ = std::make_unique<MenuButtons>(this, services_, [this](int button) {
+        if (ButtonPressed) ButtonPressed(button);
+    });
+    strip_ = new RecorderStrip(this, services_);
+    log_ = new MoveLog(this, services_);
+}
+
+Mesa::~Mesa() = default;
+
+// ------------------------------------------------------------------------------------- layout
+
+QRect Mesa::ToolkitRect(const Box& box) const {
+    const Layout& layout = services_.layout;
+    const double ratio = services_.devicePixelRatio;
+    const auto place = [&](double start, double pixels) {
+        return static_cast<int>(std::lround((start + pixels * layout.Unit) / ratio));
+    };
+    const QPoint topLeft(place(layout.DeviceLeft, box.x), place(layout.DeviceTop, box.y));
+    const QPoint bottomRight(place(layout.DeviceLeft, box.x + box.width),
+                             place(layout.DeviceTop, box.y + box.height));
+    return {topLeft, QSize(bottomRight.x() - topLeft.x(), bottomRight.y() - topLeft.y())};
+}
+
+void Mesa::PlaceControls() {
+    const Layout& layout = services_.layout;
+    auto* panel = findChild<QWidget*>("Pic_Botones");
+    const QRect area = ToolkitRect(layout.Buttons);
+    panel->setGeometry(area);
+    for (int index = 0; index < MenuButtons::Count; ++index) {
+        buttons_->Button(index).setGeometry(ToolkitRect(layout.Button[index]).translated(-area.topLeft()));
+        buttons_->Button(index).setCursor(pointers_.Hand());
+    }
+    strip_->setGeometry(ToolkitRect(layout.Recorder));
+    log_->setGeometry(ToolkitRect(layout.LogPaper));
+}
+
+void Mesa::resizeEvent(QResizeEvent*) {
+    services_.devicePixelRatio = devicePixelRatioF();
+    const QSize device = (QSizeF(size()) * services_.devicePixelRatio).toSize();
+    services_.layout = LayoutFor(device.width(), device.height());
+    artwork_.ForgetPictures();
+    pointers_.SetScale(services_.layout.Unit, services_.devicePixelRatio);
+    scene_->SetScreen(services_.layout, device);
+    PlaceControls();
+    RefreshPointer();
+}
+
+Point Mesa::LayoutPoint(QPointF position) const {
+    const Layout& layout = services_.layout;
+    const QPointF device = position * services_.devicePixelRatio;
+    const auto pixel = [&](double value) {
+        return ToShort(std::lround(std::clamp(value / layout.Unit, -30000.0, 30000.0)));
+    };
+    return {pixel(device.x() - layout.DeviceLeft), pixel(device.y() - layout.DeviceTop)};
+}
+
+// ------------------------------------------------------------------------------------ painting
+
+void Mesa::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const double ratio = services_.devicePixelRatio;
+    painter.scale(1 / ratio, 1 / ratio);
+    for (const QRect& part : event->region()) {
+        const QRect device =
+            QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toAlignedRect();
+        painter.drawPixmap(device.topLeft(), scene_->Picture(), device);
+    }
+}
+
+// --------------------------------------------------------------------------------------- input
+
+void Mesa::mousePressEvent(QMouseEvent* event) {
+    if (BoardClicked) BoardClicked(LayoutPoint(event->position()), event->button());
+}
+
+void Mesa::mouseMoveEvent(QMouseEvent*) {
+    RefreshPointer();
+}
+
+void Mesa::keyPressEvent(QKeyEvent* event) {
+    if (IsKeyStroke(*event) && KeyPressed) KeyPressed(*event);
+}
+
+void Mesa::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (CloseWanted) CloseWanted();
+}
+
+void Mesa::SetScreenPointer(ScreenPointer pointer) {
+    if (pointer == ScreenPointer::Hourglass) {
+        setCursor(Qt::WaitCursor);
+    } else {
+        RefreshPointer();
+    }
+}
+
+void Mesa::RefreshPointer() {
+    const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
+    const QCursor wanted = PointerAt ? PointerAt(at) : QCursor(Qt::ArrowCursor);
+    if (wanted != cursor()) setCursor(wanted);
+}
+
+}  // namespace zorva

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "app/Artwork.h"
+#include "app/BoardScene.h"
+#include "app/Pointers.h"
+#include "app/Services.h"
+#include "core/Outside.h"
+
+namespace zorva {
+
+class MenuButtons;
+class MoveLog;
+class RecorderStrip;
+
+/// The board window. It shows the board, the menu, the recorder and the log over the whole screen
+/// and hands on what the mouse and the keyboard do; it knows no rules.
+class Mesa : public QWidget {
+public:
+    Mesa(const GameState& state, const Settings& settings);
+    ~Mesa() override;
+
+    BoardScene& Scene() { return *scene_; }
+    MoveLog& Log() { return *log_; }
+    MenuButtons& Buttons() { return *buttons_; }
+    RecorderStrip& Strip() { return *strip_; }
+    Services& Shared() { return services_; }
+
+    /// How a message is shown; set by whoever builds the window.
+    std::function<MessageAnswer(const QString& title, const QString& text, Short lineCount,
+                                MessageButtons buttons)>
+        Ask;
+    /// A menu button was pressed (MenuButtons::Index).
+    std::function<void(int button)> ButtonPressed;
+    /// The board was clicked, at a point of the layout.
+    std::function<void(Point at, Qt::MouseButton button)> BoardClicked;
+    /// A key was pressed; modifiers alone and automatic repeats are none.
+    std::function<void(const QKeyEvent& key)> KeyPressed;
+    /// The window manager wants the window closed.
+    std::function<void()> CloseWanted;
+    /// The pointer the board shows at a point of the layout, by its state.
+    std::function<QCursor(Point at)> PointerAt;
+
+    /// The pointer of the game: an hourglass while it prepares, else that of the board.
+    void SetScreenPointer(ScreenPointer pointer);
+    /// Shows the pointer that belongs to where the mouse is now.
+    void RefreshPointer();
+
+    /// The point of the layout under a position of the window.
+    Point LayoutPoint(QPointF position) const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the board
+
+private:
+    void PlaceControls();
+    QRect ToolkitRect(const Box& box) const;
+
+    Artwork artwork_;
+    Pointers pointers_{artwork_};
+    Services services_;
+    std::unique_ptr<BoardScene> scene_;
+    std::unique_ptr<MenuButtons> buttons_;
+    RecorderStrip* strip_;  // owned by the window, as the log
+    MoveLog* log_;
+};
+
+}  // namespace zorva

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <functional>
+
+namespace zorva {
+
+/// Waits by the monotonic clock. While it waits the windows are painted and the processor rests;
+/// what the mouse and the keyboard do stays queued, in order, until the wait is over.
+class Pacer {
+public:
+    /// Called about sixty times a second with the part of the wait that is over, 0..1.
+    using Frame = std::function<void(double progress)>;
+
+    /// Waits that many milliseconds; returns at once when there are none. The last frame has
+    /// progress 1, also when there was nothing to wait for.
+    static void Wait(double milliseconds, const Frame& frame = {});
+};
+
+}  // namespace zorva

@@ -1,0 +1,52 @@
+#include "app/PiecePlaces.h"
+
+#include <algorithm>
+
+#include "core/Board.h"
+
+namespace zorva {
+namespace {
+
+bool StandsInSlot(const GameState& state, Square square, Short slot) {
+    const PieceCode code = state.SquareOccupants[square][slot];
+    if (code == 0 || ColourOf(code) < 1 || ColourOf(code) > ColourCount) return false;
+    if (PieceOf(code) < 1 || PieceOf(code) > PiecesPerColour) return false;
+    const auto& slots = state.SquareOccupants[square];
+    const bool first = std::find(slots.begin() + 1, slots.begin() + slot, code) == slots.begin() + slot;
+    return first && state.PositionOf(code) == square;
+}
+
+Short SlotOf(const GameState& state, Square square, PieceCode code) {
+    for (Short slot = 1; slot <= 3; ++slot) {
+        if (state.SquareOccupants[square][slot] == code) return slot;
+    }
+    return 0;
+}
+
+// The places of a goal that no slot accounts for go to the remaining pieces in their order.
+Short PlaceOnGoal(const GameState& state, Square goal, PieceCode code) {
+    const Short slot = SlotOf(state, goal, code);
+    if (slot != 0) return slot;
+    Short place = 1;
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        const PieceCode other = CodeOf(ColourOf(code), piece);
+        if (state.PositionOf(other) != goal || SlotOf(state, goal, other) != 0) continue;
+        while (place <= 3 && StandsInSlot(state, goal, place)) ++place;
+        if (other == code) break;
+        ++place;
+    }
+    return std::min<Short>(place, 4);
+}
+
+}  // namespace
+
+Point PlaceOfPiece(const Layout& layout, const GameState& state, PieceCode code) {
+    const Square square = state.PositionOf(code);
+    if (square == 0) return layout.BoxPosition(ColourOf(code), PieceOf(code));
+    if (square == GoalSquare[ColourOf(code)]) {
+        return layout.SlotPosition(square, PlaceOnGoal(state, square, code));
+    }
+    return layout.SlotPosition(square, std::max<Short>(1, SlotOf(state, square, code)));
+}
+
+}  // namespace zorva

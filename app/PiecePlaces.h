@@ -1,0 +1,13 @@
+#pragma once
+
+#include "app/Layout.h"
+#include "core/GameState.h"
+
+namespace zorva {
+
+/// Where a piece is drawn and can be hit: the centre of its place in its box, on its square beside
+/// the others, or on its goal. It follows from PiecePosition: a goal's slots alone do not tell, since a
+/// fourth piece stands in none and slot 3 may hold a code an earlier game left there.
+Point PlaceOfPiece(const Layout& layout, const GameState& state, PieceCode code);
+
+}  // namespace zorva

@@ -1,0 +1,78 @@
+#include "app/SoundDevice.h"
+
+#include <SDL_audio.h>
+#include <SDL_hints.h>
+#include <SDL_log.h>
+#include <SDL.h>
+#include <dlfcn.h>
+
+#include <utility>
+
+#include "app/Recording.h"
+
+namespace zorva {
+namespace {
+
+/// Samples fetched at a time: 12 ms. Fewer risk gaps on a busy machine, more make the steps of a
+/// walk sound uneven.
+constexpr Uint16 SamplesAtATime = 512;
+
+void SayNothing(void*, int, SDL_LogPriority, const char*) {}
+void AlsaSaysNothing(const char*, int, const char*, int, const char*, ...) {}
+
+/// A machine without sound is no fault. The ALSA library thinks otherwise and would print a page
+/// about it; it is reached by name because it comes with SDL, and not with every build of SDL.
+void KeepTheTerminalClean() {
+    SDL_LogSetOutputFunction(SayNothing, nullptr);
+    using Handler = void (*)(const char*, int, const char*, int, const char*, ...);
+    using SetHandler = int (*)(Handler);
+    if (void* found = dlsym(RTLD_DEFAULT, "snd_lib_error_set_handler")) {
+        reinterpret_cast<SetHandler>(found)(AlsaSaysNothing);
+    }
+}
+
+void DeliverSamples(void* device, Uint8* bytes, int length) {
+    const std::size_t count = static_cast<std::size_t>(length) / sizeof(std::int16_t);
+    static_cast<SoundDevice*>(device)->Deliver({reinterpret_cast<std::int16_t*>(bytes), count});
+}
+
+}  // namespace
+
+SoundDevice::SoundDevice(Source source) : source_(std::move(source)) {}
+
+SoundDevice::~SoundDevice() { Close(); }
+
+bool SoundDevice::Open() {
+    KeepTheTerminalClean();
+    // SDL would catch the signals that end a session, and the game would not end.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorva");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
+    SDL_AudioSpec wanted{};
+    wanted.freq = SampleRate;
+    wanted.format = AUDIO_S16SYS;
+    wanted.channels = 1;
+    wanted.samples = SamplesAtATime;
+    wanted.callback = DeliverSamples;
+    wanted.userdata = this;
+    device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (device_ == 0) {
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        return false;
+    }
+    SDL_PauseAudioDevice(device_, 0);
+    return true;
+}
+
+void SoundDevice::Close() {
+    if (device_ == 0) return;
+    SDL_CloseAudioDevice(std::exchange(device_, 0));
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+}
+
+bool SoundDevice::IsLost() const {
+    return device_ != 0 && SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED;
+}
+
+}  // namespace zorva

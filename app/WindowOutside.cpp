@@ -1,0 +1,136 @@
+#include "app/WindowOutside.h"
+
+#include <QCoreApplication>
+#include <QRandomGenerator>
+
+#include "app/BoardScene.h"
+#include "app/Mesa.h"
+#include "app/MoveLog.h"
+#include "app/Pacer.h"
+#include "core/Records.h"
+
+namespace zorva {
+namespace {
+
+QString FromUtf8(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+double PauseMilliseconds(Short n, Short speed) {
+    return n < 1 ? 0 : (100 - speed) / 100.0 * n * 10;
+}
+
+double StepMilliseconds(Short n, Short speed) {
+    return n < 1 ? 0 : (100 - speed) / 50.0 * n;
+}
+
+WindowOutside::WindowOutside(Mesa& mesa, const GameState& state, const Settings& settings)
+    : mesa_(mesa), scene_(mesa.Scene()), state_(state), settings_(settings) {}
+
+// The system's generator draws faces without bias and cannot be foreseen by anyone.
+Short WindowOutside::RollFace() {
+    return static_cast<Short>(QRandomGenerator::system()->bounded(1, 7));
+}
+
+void WindowOutside::YieldToEvents() {
+    QCoreApplication::processEvents();
+}
+
+void WindowOutside::WaitForInput() {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+// Pieces that are on their way glide while the game waits.
+void WindowOutside::Wait(double milliseconds) {
+    if (scene_.HasMotion()) {
+        Pacer::Wait(milliseconds, [this](double progress) { scene_.ShowStep(progress); });
+    } else {
+        Pacer::Wait(milliseconds);
+    }
+}
+
+void WindowOutside::Pause(Short n) {
+    Wait(PauseMilliseconds(n, settings_.Speed));
+}
+
+void WindowOutside::StepDelay(Short n) {
+    Wait(StepMilliseconds(n, settings_.Speed));
+}
+
+void WindowOutside::PlaySound(Short id) {
+    mesa_.Shared().PlaySound(id);
+}
+
+void WindowOutside::LiftPiece(PieceCode piece, Square) {
+    scene_.Lift(piece);
+}
+
+void WindowOutside::StepPiece(PieceCode piece, Square from, Square to) {
+    scene_.StartStep(piece, from, to);
+}
+
+void WindowOutside::PutDownPiece(PieceCode piece, Square) {
+    scene_.PutDown(piece);
+}
+
+// The face shown while nothing has been thrown yet is that of the die lying ready.
+void WindowOutside::DrawDie(Colour colour, Short face) {
+    const bool ready = face != 0 && state_.DieValue == 0;
+    if (face != 0) scene_.ShowTurn(state_.CurrentColour, 0);
+    scene_.ShowDie(colour, face, ready);
+}
+
+void WindowOutside::ShowChosenMove(PieceCode piece, Square from, Square to) {
+    scene_.ShowMove({piece, from, to});
+}
+
+void WindowOutside::DrawWinner(Colour colour, bool visible) {
+    scene_.ShowWinner(visible ? colour : Colour{0});
+}
+
+void WindowOutside::EmptyBoard() {
+    scene_.TakeAllPieces();
+}
+
+void WindowOutside::RefreshBoard() {
+    scene_.Refresh();
+}
+
+void WindowOutside::SetScreenPointer(ScreenPointer pointer) {
+    mesa_.SetScreenPointer(pointer);
+}
+
+void WindowOutside::BeginLog(std::string_view heading) {
+    mesa_.Log().Begin(FromUtf8(heading));
+}
+
+void WindowOutside::AddLogLine(Short moveNumber, const MoveRecord& record) {
+    mesa_.Log().Add(QString::fromStdString(LogLineText(moveNumber, record)));
+}
+
+void WindowOutside::SelectLogLine(Short line) {
+    mesa_.Log().Select(line);
+}
+
+void WindowOutside::CutLogFrom(Short line) {
+    mesa_.Log().CutFrom(line);
+}
+
+MessageAnswer WindowOutside::ShowMessage(std::string_view title, std::string_view text, Short lineCount,
+                                         MessageButtons buttons) {
+    return mesa_.Ask(FromUtf8(title), FromUtf8(text), lineCount, buttons);
+}
+
+void WindowOutside::PositionReached() {
+    const Short bonus = state_.ThrowNext ? Short{0} : state_.MoveCount;
+    scene_.ShowTurn(state_.CurrentColour, bonus);
+    if (PositionKept) PositionKept();
+}
+
+void WindowOutside::KeepResult(const GameResult& result) {
+    if (ResultKept) ResultKept(result);
+}
+
+}  // namespace zorva

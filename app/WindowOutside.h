@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+
+#include "core/Outside.h"
+
+namespace zorva {
+
+class BoardScene;
+class Mesa;
+
+/// The world of a game that is played in the board window: pixels, sounds, waits and people.
+class WindowOutside : public Outside {
+public:
+    WindowOutside(Mesa& mesa, const GameState& state, const Settings& settings);
+
+    /// What happens to a finished game that the players want in the history.
+    std::function<void(const GameResult&)> ResultKept;
+    /// What happens whenever the game is whole and can be kept.
+    std::function<void()> PositionKept;
+
+    Short RollFace() override;
+    void YieldToEvents() override;
+    void WaitForInput() override;
+    void Pause(Short n) override;
+    void StepDelay(Short n) override;
+    void PlaySound(Short id) override;
+    void LiftPiece(PieceCode piece, Square from) override;
+    void StepPiece(PieceCode piece, Square from, Square to) override;
+    void PutDownPiece(PieceCode piece, Square at) override;
+    void DrawDie(Colour colour, Short face) override;
+    void ShowChosenMove(PieceCode piece, Square from, Square to) override;
+    void DrawWinner(Colour colour, bool visible) override;
+    void EmptyBoard() override;
+    void RefreshBoard() override;
+    void SetScreenPointer(ScreenPointer pointer) override;
+    void BeginLog(std::string_view heading) override;
+    void AddLogLine(Short moveNumber, const MoveRecord& record) override;
+    void SelectLogLine(Short line) override;
+    void CutLogFrom(Short line) override;
+    MessageAnswer ShowMessage(std::string_view title, std::string_view text, Short lineCount,
+                              MessageButtons buttons) override;
+    void PositionReached() override;
+    void KeepResult(const GameResult& result) override;
+
+private:
+    void Wait(double milliseconds);
+
+    Mesa& mesa_;
+    BoardScene& scene_;
+    const GameState& state_;
+    const Settings& settings_;
+};
+
+/// How long Pause (n) lasts at that speed, in milliseconds: n hundredths of a second at speed 0.
+double PauseMilliseconds(Short n, Short speed);
+
+/// How long StepDelay (n) lasts at that speed, in milliseconds: as many as n says at speed 50.
+double StepMilliseconds(Short n, Short speed);
+
+}  // namespace zorva

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/Outside.h"
+
+namespace zorva {
+
+/// The move recorder: steps through the moves of the game in progress, whose records are its tape.
+/// While it is on, MoveRecordCount is the position on the tape: the moves before it are on the board.
+struct RecorderState {
+    Short RecorderOn = No;
+    Short RecorderEnd = 0;            ///< MoveRecordCount when it was switched on: the end of the tape
+    Colour RecorderResumeColour = 0;  ///< CurrentColour when it was switched on
+    Short AutoRewindActive = No;      ///< an automatic replay runs backwards
+    Short AutoAdvanceActive = No;     ///< ... forwards
+};
+
+// What the keys may do now.
+bool CanSwitchOn(const GameState& state, const RecorderState& recorder);
+bool CanStepBack(const GameState& state, const RecorderState& recorder);
+bool CanStepForward(const GameState& state, const RecorderState& recorder);
+/// Whether the position differs from the end of the tape, so that there is something to restore.
+bool CanRestore(const GameState& state, const RecorderState& recorder);
+bool IsReplaying(const RecorderState& recorder);
+
+/// Puts the tape in: the position is its end.
+void RecorderSwitchOn(Table table, RecorderState& recorder);
+
+/// Goes to the end of the tape at once, without walk, sound or pause, and takes the tape out: the
+/// game stands exactly where it stood.
+void RecorderSwitchOff(Table table, RecorderState& recorder);
+
+/// Plays the move at the position and advances it. The position must not be the end of the tape.
+void StepForward(Table table, RecorderState& recorder);
+
+/// Takes the move before the position back. The position must be above 1.
+void StepBack(Table table, RecorderState& recorder);
+
+/// Forgets the moves from the position on; where it is inside a turn, from the beginning of that turn
+/// on. The game plays on as if the forgotten moves had never been made. Takes the tape out.
+void RestorePosition(Table table, RecorderState& recorder);
+
+}  // namespace zorva
