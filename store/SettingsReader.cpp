@@ -3,6 +3,7 @@
 #include "core/Records.h"
 #include "store/Encoding.h"
 #include "store/FieldReader.h"
+#include "store/SavedGame.h"
 #include "store/SettingsFile.h"
 
 namespace zorva {
@@ -120,6 +121,8 @@ SettingsReading ReadSettings(std::string_view bytes) {
     if (reader.Error() != FileError::None) return reader.Error();
     if (content.state.MoveRecordCount < 2) content.state.GameInProgress = No;
     ApplySettings(content.state, content.settings);
+    RecogniseLeftovers(content.state);
+    if (!IsSound(content.state)) return FileError::OutOfRange;
     return content;
 }
 

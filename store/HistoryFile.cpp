@@ -1,0 +1,149 @@
+#include "store/HistoryFile.h"
+
+#include <new>
+
+#include "store/Encoding.h"
+#include "store/PosixFile.h"
+
+namespace zorva {
+namespace {
+
+constexpr std::size_t nameLength = 9;
+constexpr std::size_t loserSlots = 3;
+constexpr std::size_t dataLength = HistoryRecordLength - 2;
+constexpr const char* lineEnd = "\r\n";
+/// Twenty million games; what is longer is no history.
+constexpr std::size_t longestFile = std::size_t{1} << 30;
+
+/// Where a field of a record begins, counted from 0, and its length.
+struct Field {
+    std::size_t begin;
+    std::size_t length;
+};
+constexpr Field yearField{0, 4}, monthField{4, 2}, dayField{6, 2}, hourField{8, 2}, minuteField{10, 2};
+constexpr Field winnerField{12, nameLength}, pointsField{48, 3};
+
+constexpr Field LoserField(std::size_t slot) {
+    return {winnerField.begin + (slot + 1) * nameLength, nameLength};
+}
+
+// ---------------------------------------------------------------------------------- writing
+
+// The last digits of a number, padded with zeros.
+std::string Digits(int number, std::size_t width) {
+    const std::string digits = std::string(width, '0') + std::to_string(number);
+    return digits.substr(digits.size() - width);
+}
+
+std::string NameText(const std::string& name) {
+    std::string text = ToWindows1252(name);
+    text.resize(nameLength, ' ');
+    return text;
+}
+
+// What completes a record that was torn after `length` bytes of it.
+std::string FillUp(std::size_t length) {
+    if (length == 0) return {};
+    std::string rest = std::string(dataLength, ' ') + lineEnd;
+    return rest.substr(length);
+}
+
+// ---------------------------------------------------------------------------------- reading
+
+std::string_view Part(std::string_view record, Field field) {
+    if (record.size() <= field.begin) return {};
+    return record.substr(field.begin, field.length);
+}
+
+std::string NameOf(std::string_view record, Field field) {
+    return Trimmed(FromWindows1252(Part(record, field)));
+}
+
+// The parts in this order with a mark between them; empty unless every part is there.
+std::string JoinedParts(std::string_view record, std::initializer_list<Field> fields, char mark) {
+    std::string text;
+    bool onlyBlanks = true;
+    for (const Field field : fields) {
+        const std::string_view part = Part(record, field);
+        if (part.size() < field.length) return {};
+        if (part.find_first_not_of(' ') != std::string_view::npos) onlyBlanks = false;
+        if (!text.empty()) text += mark;
+        text += FromWindows1252(part);
+    }
+    return onlyBlanks ? std::string{} : text;
+}
+
+// Blanks are ignored, and what follows the digits.
+Short NumberIn(std::string_view text) {
+    Short number = 0;
+    for (const char character : text) {
+        if (character == ' ') continue;
+        if (character < '0' || character > '9') break;
+        number = ToShort(number * 10 + (character - '0'));
+    }
+    return number;
+}
+
+// Between the first two a comma, before the third "y", whichever of them are there.
+std::string LosersText(std::string_view record) {
+    constexpr const char* joints[loserSlots] = {"", ", ", " y "};
+    std::string text;
+    for (std::size_t slot = 0; slot < loserSlots; ++slot) {
+        const std::string loser = NameOf(record, LoserField(slot));
+        if (loser.empty()) continue;
+        if (!text.empty()) text += joints[slot];
+        text += loser;
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string HistoryRecordText(const std::tm& when, const GameResult& result, const Settings& settings) {
+    Insist(result.losers.size() <= loserSlots, "more losers than the history has room for");
+    std::string text = Digits(when.tm_year + 1900, yearField.length) +
+                       Digits(when.tm_mon + 1, monthField.length) +
+                       Digits(when.tm_mday, dayField.length) + Digits(when.tm_hour, hourField.length) +
+                       Digits(when.tm_min, minuteField.length);
+    text += NameText(settings.PlayerName[result.winner]);
+    for (const Colour loser : result.losers) text += NameText(settings.PlayerName[loser]);
+    text.resize(pointsField.begin, ' ');
+    return text + Digits(result.points, pointsField.length) + lineEnd;
+}
+
+FileError AppendToHistory(const std::filesystem::path& folder, const std::string& record) {
+    return AppendToFile(folder / HistoryFileName, [&record](std::size_t size) {
+        return FillUp(size % HistoryRecordLength) + record;
+    });
+}
+
+std::size_t History::Count() const {
+    return (bytes_.size() + HistoryRecordLength - 1) / HistoryRecordLength;
+}
+
+std::string_view History::Record(std::size_t index) const {
+    Insist(index < Count(), "no such record in the history");
+    return std::string_view(bytes_).substr(index * HistoryRecordLength, HistoryRecordLength);
+}
+
+History ReadHistory(const std::filesystem::path& folder) {
+    std::string bytes;
+    try {
+        if (ReadWholeFile(folder / HistoryFileName, longestFile, bytes) != FileError::None) return {};
+    } catch (const std::exception&) {  // longer than the memory
+        return {};
+    }
+    return History(std::move(bytes));
+}
+
+HistoryEntry DecodeHistoryRecord(std::string_view record) {
+    HistoryEntry entry;
+    entry.date = JoinedParts(record, {dayField, monthField, yearField}, '-');
+    entry.time = JoinedParts(record, {hourField, minuteField}, ':');
+    entry.winner = NameOf(record, winnerField);
+    entry.points = PointsText(NumberIn(Part(record, pointsField)));
+    entry.losers = LosersText(record);
+    return entry;
+}
+
+}  // namespace zorva

@@ -1,0 +1,146 @@
+#include "store/PosixFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+
+namespace zorva {
+namespace {
+
+constexpr mode_t newFileMode = 0666;  // less what the user's mask takes away
+
+FileError LastError() {
+    if (errno == EDQUOT) return FileError::DiskFull;  // the user's share of the disk
+#ifdef ENOMEDIUM
+    if (errno == ENOMEDIUM) return FileError::DriveNotReady;
+#endif
+    return FileErrorOf({errno, std::generic_category()});
+}
+
+/// A file that is open as long as this lives.
+class OpenFile {
+public:
+    OpenFile(const std::filesystem::path& file, int flags)
+        : descriptor_(::open(file.c_str(), flags | O_CLOEXEC, newFileMode)) {}
+    ~OpenFile() {
+        if (descriptor_ >= 0) ::close(descriptor_);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    bool IsOpen() const { return descriptor_ >= 0; }
+    int Descriptor() const { return descriptor_; }
+    /// A write may fail as late as here.
+    FileError Close() {
+        const int closed = ::close(descriptor_);
+        descriptor_ = -1;
+        return closed == 0 ? FileError::None : LastError();
+    }
+
+private:
+    int descriptor_;
+};
+
+FileError SizeOfRegular(int descriptor, std::size_t& size) {
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0) return LastError();
+    if (!S_ISREG(status.st_mode)) return FileError::PathAccess;
+    size = static_cast<std::size_t>(status.st_size);
+    return FileError::None;
+}
+
+FileError WriteAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return LastError();
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return FileError::None;
+}
+
+// Some file systems have nothing to flush and say so.
+FileError Flush(int descriptor) {
+    const bool done = ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
+    return done ? FileError::None : LastError();
+}
+
+// Room is made once; a file that became shorter meanwhile ends the loop.
+FileError ReadAll(int descriptor, std::string& bytes) {
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return LastError();
+        if (got == 0) break;
+        filled += static_cast<std::size_t>(got);
+    }
+    bytes.resize(filled);
+    return FileError::None;
+}
+
+FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability durability) {
+    FileError error = WriteAll(target.Descriptor(), bytes);
+    if (error == FileError::None && durability == Durability::Flushed) {
+        error = Flush(target.Descriptor());
+    }
+    const FileError closing = target.Close();
+    return error == FileError::None ? closing : error;
+}
+
+}  // namespace
+
+FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, std::string& bytes) {
+    bytes.clear();
+    const OpenFile source(file, O_RDONLY | O_NONBLOCK);  // a pipe would wait for its other end
+    if (!source.IsOpen()) return LastError();
+    std::size_t size = 0;
+    const FileError error = SizeOfRegular(source.Descriptor(), size);
+    if (error != FileError::None) return error;
+    if (size > limit) return FileError::OutOfRange;
+    bytes.resize(size);
+    return ReadAll(source.Descriptor(), bytes);
+}
+
+FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes,
+                       Durability durability) {
+    OpenFile target(file, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
+    if (!target.IsOpen()) return LastError();
+    const FileError error = WriteAndClose(target, bytes, durability);
+    if (error != FileError::None) ::unlink(file.c_str());
+    return error;
+}
+
+FileError AppendToFile(const std::filesystem::path& file,
+                       const std::function<std::string(std::size_t)>& bytesForSize) {
+    OpenFile target(file, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK);
+    if (!target.IsOpen()) return LastError();
+    std::size_t size = 0;
+    const FileError error = SizeOfRegular(target.Descriptor(), size);
+    if (error != FileError::None) return error;
+    return WriteAndClose(target, bytesForSize(size), Durability::Flushed);
+}
+
+FileError RenameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to) {
+#ifdef RENAME_NOREPLACE
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+        return FileError::None;
+    }
+    if (errno != EINVAL && errno != ENOSYS) return LastError();
+#endif
+    // File systems without that call: looked up first, since a plain rename would replace.
+    struct stat status {};
+    if (::lstat(to.c_str(), &status) == 0) return FileError::PathAccess;
+    return std::rename(from.c_str(), to.c_str()) == 0 ? FileError::None : LastError();
+}
+
+void FlushFolder(const std::filesystem::path& folder) {
+    const OpenFile opened(folder, O_RDONLY | O_DIRECTORY);
+    if (opened.IsOpen()) ::fsync(opened.Descriptor());
+}
+
+}  // namespace zorva

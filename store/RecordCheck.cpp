@@ -1,0 +1,143 @@
+#include "store/RecordCheck.h"
+
+#include "core/Board.h"
+#include "core/Rules.h"
+
+namespace zorva {
+namespace {
+
+constexpr Short six = 6;
+
+bool StandsOn(const GameState& state, const MoveRecord& record, Square square) {
+    return state.PiecePosition[record.MoverColour][record.Piece] == square;
+}
+
+bool MovesNothing(const MoveRecord& record) {
+    return record.Piece == 0 && record.From == 0 && record.To == 0;
+}
+
+// A captured piece goes home at once, by a record in which nothing is left to choice.
+MoveRecord WayHomeOfCaptured(const GameState& state, const MoveRecord& capturing) {
+    const Short slot = state.CaptureReport == 1 ? 1 : 3;
+    const PieceCode victim = state.SquareOccupants[capturing.To][slot];
+    MoveRecord record;
+    record.MoverColour = ColourOf(victim);
+    record.FollowingColour = capturing.MoverColour;
+    record.Piece = PieceOf(victim);
+    record.From = capturing.To;
+    record.RepeatState = capturing.RepeatState;
+    record.OnBehalf = 1;
+    return record;
+}
+
+// -------------------------------------------------------------------------- dragged by hand
+
+bool MayBeDroppedOn(const GameState& state, Colour colour, Square square) {
+    if (square == 0) return true;
+    if (!IsOnTrack(colour, square)) return false;
+    if (square == GoalSquare[colour]) return state.PiecesHome[colour] < PiecesPerColour - 1;
+    const auto& slots = state.SquareOccupants[square];
+    if (slots[2] != 0) return false;
+    return slots[1] == 0 || ColourOf(slots[1]) == colour || IsSafeSquare(square);
+}
+
+bool IsDisplacementByHand(const GameState& state, const MoveRecord& previous, const MoveRecord& record) {
+    const bool fieldsFit = record.Die == 0 && record.Count == 0 && record.OnBehalf == 0 &&
+                           record.FollowingColour != record.MoverColour &&
+                           record.TurnEnd == (record.RepeatState == 2 ? No : Yes) &&
+                           (record.RepeatState == 0 || record.RepeatState == previous.RepeatState);
+    return fieldsFit && record.Piece != 0 && record.From != record.To &&
+           StandsOn(state, record, record.From) && record.From != GoalSquare[record.MoverColour] &&
+           MayBeDroppedOn(state, record.MoverColour, record.To);
+}
+
+// ------------------------------------------------------------------------------- bonus moves
+
+bool IsWalk(const GameState& state, const MoveRecord& record) {
+    const Colour colour = record.MoverColour;
+    return record.Piece != 0 && record.From != 0 && StandsOn(state, record, record.From) &&
+           record.To == AdvanceSquare(record.From, record.Count, colour) &&
+           IsMoveLegal(state, colour, record.Count, record.From);
+}
+
+bool IsBonus(const GameState& state, const MoveRecord& previous, const MoveRecord& record) {
+    const bool fieldsFit = record.Die == 0 && record.Count == BonusDueAfter(previous) &&
+                           record.MoverColour == ColourOnTurn(previous) &&
+                           record.RepeatState == previous.RepeatState && record.TurnEnd == No;
+    return fieldsFit && (MovesNothing(record) || IsWalk(state, record));
+}
+
+// ------------------------------------------------------------------------------ thrown moves
+
+// What the die counted: a six counts 7 or 12 once all pieces are out, but never the third.
+bool IsCountOfDie(const GameState& state, const MoveRecord& record) {
+    const bool sixAllOut =
+        record.Die == six && record.RepeatState != 0 && state.PiecesInBox[record.MoverColour] == 0;
+    return sixAllOut ? record.Count == 7 || record.Count == 12 : record.Count == record.Die;
+}
+
+// The sixes in a row of one turn: the third is stored as 0.
+bool IsRepeatOfDie(const MoveRecord& previous, const MoveRecord& record) {
+    if (record.Die != six) return record.RepeatState == 0;
+    if (record.RepeatState == 1) return true;
+    const Short before = record.RepeatState == 2 ? 1 : 2;
+    return previous.RepeatState == before && ColourOnTurn(previous) == record.MoverColour;
+}
+
+// The third six sends a piece back, or finds none to send, or finds it in its box.
+bool IsThirdSix(const GameState& state, const MoveRecord& record) {
+    if (MovesNothing(record)) return true;
+    return record.Piece != 0 && record.To == 0 && StandsOn(state, record, record.From) &&
+           record.From != GoalSquare[record.MoverColour];
+}
+
+// Out of the box onto the exit square, or counting on from there while all four are inside.
+bool IsExit(const GameState& state, const MoveRecord& record) {
+    const Colour colour = record.MoverColour;
+    if (record.Piece == 0 || record.From != 0 || !StandsOn(state, record, 0)) return false;
+    if (record.To == ExitSquare[colour]) return IsMoveLegal(state, colour, record.Count, 0);
+    return state.PiecesInBox[colour] == PiecesPerColour && record.Count <= six &&
+           record.To == AdvanceSquare(ExitSquare[colour], record.Count, colour);
+}
+
+// The second of two pieces that left with one five goes on with the turn of the first; a five thrown
+// afterwards looks the same but begins a turn.
+bool MayBeSecondExit(const GameState& state, const MoveRecord& record) {
+    return record.Piece == 2 && record.Die == ExitCount && record.From == 0 &&
+           record.To == ExitSquare[record.MoverColour] &&
+           state.PiecesInBox[record.MoverColour] == PiecesPerColour - 1;
+}
+
+bool IsThrown(const GameState& state, const MoveRecord& previous, const MoveRecord& record) {
+    const bool goesOn = record.RepeatState == 2;
+    const bool turnEndFits = record.TurnEnd == (goesOn ? No : Yes) ||
+                             (record.TurnEnd == No && MayBeSecondExit(state, record));
+    const bool fieldsFit =
+        record.Die != 0 && turnEndFits && IsCountOfDie(state, record) && IsRepeatOfDie(previous, record);
+    if (!fieldsFit) return false;
+    if (record.Die == six && record.RepeatState == 0) return IsThirdSix(state, record);
+    return MovesNothing(record) || IsWalk(state, record) || IsExit(state, record);
+}
+
+}  // namespace
+
+Short BonusDueAfter(const MoveRecord& record) {
+    if (record.Piece == 0 || record.Manual) return 0;
+    // A capture on an exit square, which is safe, earns nothing.
+    if (record.OnBehalf != 0) return IsSafeSquare(record.From) ? Short{0} : CaptureBonus;
+    return record.To == GoalSquare[record.MoverColour] ? ArrivalBonus : Short{0};
+}
+
+Colour ColourOnTurn(const MoveRecord& record) {
+    return record.FollowingColour != 0 ? record.FollowingColour : record.MoverColour;
+}
+
+bool CanFollow(const GameState& state, const MoveRecord& previous, const MoveRecord& record) {
+    if (state.CaptureReport != 0) return record == WayHomeOfCaptured(state, previous);
+    const bool bonusDue = BonusDueAfter(previous) != 0;
+    if (record.Manual) return !bonusDue && IsDisplacementByHand(state, previous, record);
+    if (record.OnBehalf != 0 || record.FollowingColour != 0) return false;
+    return bonusDue ? IsBonus(state, previous, record) : IsThrown(state, previous, record);
+}
+
+}  // namespace zorva

@@ -1,0 +1,110 @@
+#include "store/SavedGame.h"
+
+#include <algorithm>
+
+#include "core/Board.h"
+#include "core/Consistency.h"
+#include "core/Execution.h"
+#include "core/SilentOutside.h"
+#include "store/RecordCheck.h"
+
+namespace zorva {
+namespace {
+
+/// The world of a replay: records are carried out, nothing is thrown.
+class ReplayOutside final : public SilentOutside {
+public:
+    Short RollFace() override { StopOnFault("a replayed record throws no die"); }
+};
+
+bool IsPieceOf(Colour colour, PieceCode code) {
+    return ColourOf(code) == colour && PieceOf(code) >= 1 && PieceOf(code) <= PiecesPerColour;
+}
+
+// Only a colour's own pieces ever come to its goal, in an earlier game no less than in this one.
+bool AreGoalsSound(const GameState& state) {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        const PieceCode last = state.SquareOccupants[GoalSquare[colour]][3];
+        if (last != 0 && !IsPieceOf(colour, last)) return false;
+    }
+    return true;
+}
+
+// A colour that has all its pieces home has won, and the game is over.
+bool HasWinner(const GameState& state) {
+    return std::find(state.PiecesHome.begin() + 1, state.PiecesHome.end(), PiecesPerColour) !=
+           state.PiecesHome.end();
+}
+
+GameState StartOf(const GameState& game) {
+    GameState start;
+    start.GoalLeftover = game.GoalLeftover;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        start.SquareOccupants[GoalSquare[colour]][3] = game.GoalLeftover[colour];
+    }
+    start.MoveRecords = game.MoveRecords;
+    return start;
+}
+
+// Plays all records of the game that its own words allow; false at the first that they do not.
+bool Replay(GameState& replayed, Short moves) {
+    ReplayOutside outside;
+    const Settings settings;
+    for (Short move = 1; move <= moves; ++move) {
+        const auto& records = replayed.MoveRecords;
+        if (!CanFollow(replayed, records[move - 1], records[move])) return false;
+        replayed.MoveRecordCount = move;
+        ExecuteMove({replayed, settings, outside}, ExecutionMode::Forward);
+    }
+    return replayed.CaptureReport == 0;
+}
+
+bool RecordsLeadThere(const GameState& state) {
+    GameState replayed = StartOf(state);
+    return Replay(replayed, static_cast<Short>(state.MoveRecordCount - 1)) &&
+           replayed.PiecePosition == state.PiecePosition &&
+           replayed.SquareOccupants == state.SquareOccupants &&
+           replayed.PiecesInBox == state.PiecesInBox && replayed.PiecesHome == state.PiecesHome;
+}
+
+// The sixes of a turn are those of its last record, and end with the turn.
+bool TurnFits(const GameState& state, const MoveRecord& last) {
+    if (state.CurrentColour == 0) return false;
+    const bool sameTurn = state.CurrentColour == ColourOnTurn(last);
+    if (BonusDueAfter(last) != 0) return sameTurn && state.SixesInRow == last.RepeatState;
+    return state.SixesInRow == 0 || (sameTurn && state.SixesInRow == last.RepeatState);
+}
+
+}  // namespace
+
+// Slot 3 is filled last: what stands there belongs to this game only if the piece is home, stands in
+// no other slot and found the first two taken.
+void RecogniseLeftovers(GameState& state) {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        const auto& slots = state.SquareOccupants[GoalSquare[colour]];
+        const PieceCode last = slots[3];
+        const bool ofThisGame = IsPieceOf(colour, last) &&
+                                state.PositionOf(last) == GoalSquare[colour] && slots[1] != 0 &&
+                                slots[2] != 0 && slots[1] != last && slots[2] != last;
+        state.GoalLeftover[colour] = ofThisGame ? PieceCode{0} : last;
+    }
+}
+
+bool IsSound(const GameState& state) {
+    if (!AreGoalsSound(state) || !StateProblem(state).empty()) return false;
+    if (!state.GameInProgress) return true;
+    return !HasWinner(state) && TurnFits(state, state.MoveRecords[state.MoveRecordCount - 1]) &&
+           RecordsLeadThere(state);
+}
+
+void PrepareToContinue(GameState& state) {
+    Insist(state.GameInProgress && state.MoveRecordCount >= 2, "no game to continue");
+    --state.MoveRecordCount;
+    const Short bonus = BonusDueAfter(state.MoveRecords[state.MoveRecordCount]);
+    state.ThrowNext = bonus == 0 ? Yes : No;
+    if (bonus == 0) return;
+    state.RepeatTurn = Yes;
+    state.MoveCount = bonus;
+}
+
+}  // namespace zorva

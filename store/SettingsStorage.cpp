@@ -1,0 +1,89 @@
+#include "store/SettingsStorage.h"
+
+#include <new>
+
+namespace zorva {
+namespace {
+
+/// More than the longest game fills; a longer file is not read at all.
+constexpr std::size_t longestFile = 1 << 20;
+
+constexpr const char* creationNotice =
+    "No se encuentra el fichero de inicialización ZORVA32.INI. Se ha procedido a crearlo "
+    "automáticamente con los valores establecidos por defecto.";
+
+SettingsContent DefaultContent() {
+    SettingsContent content;
+    ApplySettings(content.state, content.settings);
+    return content;
+}
+
+FileError WriteDefaults(const std::filesystem::path& folder) {
+    const SettingsContent defaults = DefaultContent();
+    return SaveSettings(folder, defaults.settings, defaults.state, Durability::Flushed);
+}
+
+LoadedSettings Create(const std::filesystem::path& folder) {
+    LoadedSettings created;
+    created.outcome = LoadOutcome::Created;
+    created.content = DefaultContent();
+    created.writeError = WriteDefaults(folder);
+    created.title = LoadErrorTitle;
+    created.text = created.writeError == FileError::None
+                       ? creationNotice
+                       : SaveErrorText(created.writeError, SettingsFileName);
+    return created;
+}
+
+LoadedSettings Refused(const std::filesystem::path& folder, FileError error) {
+    LoadedSettings refused;
+    refused.outcome = LoadOutcome::Damaged;
+    refused.content = DefaultContent();
+    refused.error = error;
+    refused.title = LoadErrorTitle;
+    refused.text = LoadErrorText(error, folder.string());
+    return refused;
+}
+
+LoadedSettings KeepAside(const std::filesystem::path& folder, FileError error) {
+    LoadedSettings refused = Refused(folder, error);
+    refused.keptAs = SetAside(folder / SettingsFileName);
+    if (!refused.keptAs.empty()) refused.writeError = WriteDefaults(folder);
+    return refused;
+}
+
+LoadedSettings Load(const std::filesystem::path& folder) {
+    std::string bytes;
+    const FileError error = ReadWholeFile(folder / SettingsFileName, longestFile, bytes);
+    if (error == FileError::PathNotFound) {
+        std::error_code ignored;
+        return std::filesystem::is_directory(folder, ignored) ? Create(folder) : Refused(folder, error);
+    }
+    if (error != FileError::None) return KeepAside(folder, error);
+    SettingsReading reading = ReadSettings(bytes);
+    if (const auto* damage = std::get_if<FileError>(&reading)) return KeepAside(folder, *damage);
+    LoadedSettings loaded;
+    loaded.content = std::move(std::get<SettingsContent>(reading));
+    return loaded;
+}
+
+}  // namespace
+
+LoadedSettings LoadSettings(const std::filesystem::path& folder) noexcept {
+    try {
+        return Load(folder);
+    } catch (const std::bad_alloc&) {
+        return Refused(folder, FileError::OutOfMemory);
+    }
+}
+
+FileError SaveSettings(const std::filesystem::path& folder, const Settings& settings,
+                       const GameState& state, Durability durability) noexcept {
+    try {
+        return ReplaceFile(folder / SettingsFileName, SettingsText(settings, state), durability);
+    } catch (const std::bad_alloc&) {
+        return FileError::OutOfMemory;
+    }
+}
+
+}  // namespace zorva
