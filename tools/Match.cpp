@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "core/Chance.h"
+#include "core/DecidedThrows.h"
 #include "core/Ending.h"
 #include "core/Opening.h"
-#include "tools/DecidedThrows.h"
 #include "tools/WithoutPeople.h"
 
 namespace zorva {

@@ -4,11 +4,11 @@
 #include <optional>
 #include <ostream>
 
+#include "core/DecidedThrows.h"
 #include "core/Ending.h"
 #include "core/Opening.h"
 #include "core/Records.h"
 #include "tools/CommandLine.h"
-#include "tools/DecidedThrows.h"
 #include "tools/Failure.h"
 #include "tools/SettingsArgument.h"
 #include "tools/WithoutPeople.h"

@@ -7,8 +7,9 @@
 
 import pathlib
 import sys
+from functools import partial
 
-from art import board
+from art import board, dice, pieces
 
 ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 
@@ -16,6 +17,10 @@ ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 def drawings():
     """Every picture by its file's name, as something that draws it when called."""
     yield "bitmaps/board", board.draw
+    for colour in range(1, 5):
+        yield f"bitmaps/piece_{colour}", partial(pieces.draw, colour)
+    for face in range(1, 7):
+        yield f"bitmaps/die_{face}", partial(dice.draw, face)
 
 
 def main(words):

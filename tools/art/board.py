@@ -7,15 +7,15 @@ arms of blue, red and green, with the figures the right way round for the player
 from . import frame, house
 from .digits import number
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, INK, PAPER, PAPER_DARK, PAPER_LIGHT, TONES
-from .svg import Drawing, num, points, star
+from .svg import Drawing, mix, points, star
 
 CELL = 33.0
 BLOCK = 77.0
 SIDE = 21 * CELL
 MIDDLE = SIDE / 2
 LINE = 1.0
+LINE_INK = mix(INK, PAPER, 0.1)
 FIGURE = 12.0
-SAFE_ROWS = {"left": (63, 1), "right": (5, 2)}
 
 
 def turned(arm):
@@ -68,19 +68,20 @@ def _quad(place, x1, y1, x2, y2):
     return points([place(*p) for p in ((x1, y1), (x2, y1), (x2, y2), (x1, y2))])
 
 
-def _across(board, place, x, y, tones):
-    # Full colour over most of the lane's width, deeper at both of its ends.
-    start, end = place(x, y), place(x + BLOCK, y)
-    return board.linear(*start, *end, (0, tones.edge), (0.16, tones.base), (0.84, tones.base), (1, tones.edge))
-
-
 def _coloured_squares(board, arm):
-    tones, place = TONES[arm + 1], turned(arm)
-    left, top = 4 * BLOCK, 13 * CELL
-    board.path(_quad(place, left, top, left + BLOCK, top + 7 * CELL), fill=_across(board, place, left, top, tones))
+    place = turned(arm)
+    for row in range(7):
+        _inlaid_square(board, arm, place, 4 * BLOCK, (13 + row) * CELL)
     x, y = row_centre(5)
-    x, y = x - BLOCK / 2, y - CELL / 2
-    board.path(_quad(place, x, y, x + BLOCK, y + CELL), fill=_across(board, place, x, y, tones))
+    _inlaid_square(board, arm, place, x - BLOCK / 2, y - CELL / 2)
+
+
+def _inlaid_square(board, arm, place, x, y):
+    # The full colour, flat, in a narrow border of a deeper tone.
+    tones = TONES[arm + 1]
+    board.path(_quad(place, x, y, x + BLOCK, y + CELL), fill=tones.edge)
+    left = 3 if x < MIDDLE else 2
+    board.path(_quad(place, x + left, y + 2, x + BLOCK - 3, y + CELL - 3), fill=tones.base)
 
 
 def _goal(board, arm):
@@ -103,9 +104,10 @@ def _safe_rings(board):
             ink, middle = INK, PAPER
             if square == 5:
                 ink, middle = TONES[arm + 1].ink, TONES[arm + 1].base
-            board.circle(x, y, 13.6, stroke=ink, stroke_width=1.3,
-                         stroke_opacity=0.85, fill=middle if square == 5 else PAPER_LIGHT)
-            board.circle(x, y, 11, stroke=ink, stroke_width=0.7, stroke_opacity=0.6)
+            board.circle(x, y, 14.2, fill=mix(ink, middle, 0.12))
+            board.circle(x, y, 12.9, fill=middle)
+            board.circle(x, y, 11.4, fill=mix(ink, middle, 0.4))
+            board.circle(x, y, 10.7, fill=middle if square == 5 else PAPER_LIGHT)
 
 
 def _crisp(value):
@@ -113,23 +115,24 @@ def _crisp(value):
     return value + LINE / 2 if value < MIDDLE else value - LINE / 2
 
 
+def _arm_lines():
+    x1, x2, x3, x4 = (_crisp(i * BLOCK) for i in (3, 4, 5, 6))
+    yield (x1, x1 + SIDE - 2 * x1), (x1, SIDE)
+    yield (x2, 13 * CELL), (x2, SIDE)
+    yield (x3, 13 * CELL), (x3, SIDE)
+    yield (x4, x4), (x4, SIDE)
+    for row in range(14, 21):
+        yield (x1, _crisp(row * CELL)), (x4, _crisp(row * CELL))
+    yield (8 * CELL, _crisp(13 * CELL)), (13 * CELL, _crisp(13 * CELL))
+    yield (MIDDLE, MIDDLE), (14 * CELL, 14 * CELL)
+
+
 def _lines(board):
-    strokes = []
+    # Opaque strokes, one element each: the renderer is many times slower with any other.
     for arm in range(4):
         place = turned(arm)
-        for x in (4 * BLOCK, 5 * BLOCK):
-            strokes.append([(_crisp(x), 13 * CELL), (_crisp(x), SIDE)])
-        for row in range(14, 21):
-            strokes.append([(3 * BLOCK, _crisp(row * CELL)), (6 * BLOCK, _crisp(row * CELL))])
-        strokes.append([(8 * CELL, _crisp(13 * CELL)), (13 * CELL, _crisp(13 * CELL))])
-        strokes.append([(6 * BLOCK, SIDE), (_crisp(6 * BLOCK), _crisp(6 * BLOCK)), (SIDE, _crisp(6 * BLOCK))])
-        strokes[-1][0] = (_crisp(6 * BLOCK), SIDE)
-        strokes = strokes[:-11] + [[place(*p) for p in s] for s in strokes[-11:]]
-    for sign in (1, -1):
-        corners = [(MIDDLE - 3.5 * CELL, MIDDLE - sign * 3.5 * CELL), (MIDDLE + 3.5 * CELL, MIDDLE + sign * 3.5 * CELL)]
-        strokes.append(corners)
-    data = "".join(points(s, closed=False) for s in strokes)
-    board.path(data, stroke=INK, stroke_width=LINE, stroke_opacity=0.9)
+        for start, end in _arm_lines():
+            board.line(*place(*start), *place(*end), stroke=LINE_INK, stroke_width=LINE)
 
 
 def _figure_place(arm, square):
@@ -140,24 +143,23 @@ def _figure_place(arm, square):
         return (x - 26.5 if arm in (0, 3) else x + 26.5), y, FIGURE
     outward = 1 if square < 60 else -1
     if square in (8, 60):
-        return x + outward * 18.3, y + 7.6, FIGURE - 2.4
+        # Between the piece and the cut corner: lower and smaller.
+        return x + outward * 17, y + 9, FIGURE - 3
     return x + outward * 26.5, y, FIGURE
 
 
 def _figures(board):
-    ink = {INK: "", PAPER_LIGHT: ""}
     for arm in range(4):
         for square in [*range(1, 9), *range(60, 69)]:
-            colour = TONES[arm + 1].ink if square == 5 else INK
             x, y, height = _figure_place(arm, square)
-            ink[colour] += number(square_number(arm, square), x, y, height, turned(arm))
-    for colour, data in ink.items():
-        board.path(data, stroke=colour, stroke_width=1.5, stroke_linecap="round", stroke_linejoin="round")
+            board.path(number(square_number(arm, square), x, y, height, turned(arm)),
+                       stroke=TONES[arm + 1].ink if square == 5 else INK, stroke_width=1.5,
+                       stroke_linecap="round", stroke_linejoin="round")
 
 
 def _medallion(board):
     m, r = MIDDLE, 17.5
-    board.soft_ellipse(m + 0.8, m + 1, r, r, 1.6, 0.4, layers=3)
+    board.soft_disc(m + 0.8, m + 1, r, 1.8, 0.45)
     board.circle(m, m, r, fill=board.linear(m - r, m - r, m + r, m + r, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK)))
     board.circle(m, m, r - 2, fill=board.linear(m - r, m - r, m + r, m + r, (0, BRASS_DARK), (0.5, BRASS), (1, BRASS_LIGHT)))
     board.circle(m, m, r - 3, fill="#54301a")

@@ -18,7 +18,6 @@ def draw_frame(board, side):
     )
     for corners, outer, inner, light in mouldings:
         board.path(points(corners), fill=_moulding(board, outer, inner, light))
-    _grain(board, side)
     for corner in ((o, o, 0, 0), (out, o, side, 0), (o, out, 0, side), (out, out, side, side)):
         board.line(*corner, stroke="#180a04", stroke_width=0.6, stroke_opacity=0.6)
     _inlay(board, side)
@@ -31,22 +30,11 @@ def _moulding(board, outer, inner, light):
                         (0.55, lit(MAHOGANY)), (0.85, lit(MAHOGANY_DARK)), (1, "#2a1008"))
 
 
-def _grain(board, side):
-    # A few long fibres along each side; their depth differs so that no pattern shows.
-    fibres = ((4, 20, 260), (9.5, 180, 520), (6.5, 330, 690), (11.3, 5, 190), (3, 460, 660), (8, 560, 640))
-    data = ""
-    for depth, start, end in fibres:
-        bend = (start + end) / 2
-        for a, b in ((-depth, 1), (side + depth, -1)):
-            data += f"M{start} {a}Q{bend} {a + b * 0.9} {end} {a}" + f"M{a} {side - start}Q{a + b * 0.9} {bend} {a} {side - end}"
-    board.path(data, stroke="#2a1006", stroke_width=0.6, stroke_opacity=0.3)
-
-
 def _inlay(board, side):
-    metal = board.linear(0, 0, side, side, (0, BRASS_LIGHT), (0.3, BRASS), (0.5, BRASS_LIGHT), (0.75, BRASS), (1, BRASS_DARK))
-    board.rect(-3.2, -3.2, side + 6.4, side + 6.4, stroke=metal, stroke_width=1.6)
-    board.rect(-4.3, -4.3, side + 8.6, side + 8.6, stroke="#180a04", stroke_width=0.6, stroke_opacity=0.7)
-    board.rect(-1.2, -1.2, side + 2.4, side + 2.4, stroke="#180a04", stroke_width=2.4, stroke_opacity=0.85)
+    # Solid squares upon one another; only a narrow edge of each stays in sight.
+    metal = board.linear(0, 0, 0, side, (0, BRASS_LIGHT), (0.3, BRASS), (0.5, BRASS_LIGHT), (0.75, BRASS), (1, BRASS_DARK))
+    for grow, fill in ((4.6, "#241008"), (4, metal), (2.4, "#241008")):
+        board.rect(-grow, -grow, side + 2 * grow, side + 2 * grow, fill=fill)
 
 
 def draw_inner_edge(board, side):

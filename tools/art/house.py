@@ -12,19 +12,20 @@ def draw_house(board, colour, x, y):
     tones = TONES[colour]
     _ground(board, tones, x, y)
     _resting_places(board, tones, x + 33, y + SIDE / 2)
-    _panel(board, tones, x + 58, y + 24)
+    _disc(board, tones, x + 140, y + 128)
     _plate(board, tones, x + 62, y + 35)
     _tray(board, tones, x + 104, y + 92)
-    draw_mark(board, colour, x + 140, y + 186, 17, fill=tones.house, fill_opacity=0.85)
+    draw_mark(board, colour, x + 140.6, y + 128.8, 34, fill="#ffffff", fill_opacity=0.16)
+    draw_mark(board, colour, x + 140, y + 128, 34, fill=mix(tones.deep, "#000000", 0.25))
 
 
 def _ground(board, tones, x, y):
     shade = board.linear(x, y, x + SIDE, y + SIDE, (0, mix(tones.house, tones.light, 0.35)), (0.45, tones.house),
                          (1, mix(tones.house, tones.deep, 0.3)))
     board.rect(x, y, SIDE, SIDE, fill=shade)
-    board.rect(x + 5.5, y + 5.5, SIDE - 11, SIDE - 11, 7, stroke=mix(tones.deep, "#000000", 0.1), stroke_opacity=0.5,
-               stroke_width=1)
-    board.rect(x + 6.5, y + 6.5, SIDE - 11, SIDE - 11, 7, stroke="#ffffff", stroke_opacity=0.28, stroke_width=1)
+    # Two opaque lines, one dark and one lit, read as a groove.
+    board.rect(x + 6.5, y + 6.5, SIDE - 12, SIDE - 12, 7, stroke=mix(tones.house, tones.light, 0.6), stroke_width=1)
+    board.rect(x + 5.5, y + 5.5, SIDE - 12, SIDE - 12, 7, stroke=mix(tones.house, tones.deep, 0.55), stroke_width=1)
 
 
 def _sunk(board, x, y, width, height, rx, depth):
@@ -48,12 +49,14 @@ def _resting_places(board, tones, cx, cy):
         board.circle(cx + 0.8, y + 0.9, 12.3, fill=mix(tones.deep, tones.house, 0.4))
 
 
-def _panel(board, tones, x, y):
-    width, height = 164, 183
-    board.soft_rect(x + 1, y + 1.2, width, height, 9, 1.8, 0.3, layers=3)
-    paper = board.linear(x, y, x + width, y + height, (0, mix(tones.tint, "#ffffff", 0.4)), (1, mix(tones.tint, tones.house, 0.1)))
-    board.rect(x, y, width, height, 9, fill=paper)
-    board.rect(x + 3, y + 3, width - 6, height - 6, 6.5, stroke=tones.house, stroke_width=1, stroke_opacity=0.7)
+def _disc(board, tones, cx, cy):
+    # The round paper field of a traditional house, printed with two rings in the colour.
+    board.circle(cx + 0.7, cy + 0.8, 64.6, fill=mix(tones.house, tones.light, 0.7))
+    board.circle(cx - 0.5, cy - 0.6, 64.6, fill=mix(tones.house, tones.deep, 0.7))
+    paper = board.linear(cx - 45, cy - 45, cx + 45, cy + 45, (0, mix(tones.tint, "#ffffff", 0.4)), (1, mix(tones.tint, tones.house, 0.12)))
+    board.circle(cx, cy, 64, fill=paper)
+    board.circle(cx, cy, 60.6, stroke=tones.house, stroke_width=1.6)
+    board.circle(cx, cy, 57.8, stroke=tones.house, stroke_width=0.7)
 
 
 def _plate(board, tones, x, y):

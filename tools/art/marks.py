@@ -7,7 +7,7 @@ from .svg import num, points
 
 def sun(cx, cy, size):
     """Yellow: a disc in a ring, open between the two (paint it with the even-odd rule)."""
-    return "".join(_circle(cx, cy, r * size) for r in (0.5, 0.31, 0.14))
+    return "".join(_circle(cx, cy, r * size) for r in (0.5, 0.32, 0.17))
 
 
 def drop(cx, cy, size):

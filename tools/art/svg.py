@@ -92,19 +92,20 @@ class Drawing:
 
     # Pieces of light common to all drawings.
 
-    def soft_rect(self, x, y, width, height, rx, blur, opacity, layers=5, colour="#000000"):
+    def soft_rect(self, x, y, width, height, rx, blur, opacity, layers=6, colour="#000000"):
         """A blurred rectangle: nested ones whose opacities add up towards the middle."""
         for i in range(layers):
             grow = blur * (1 - 2 * i / (layers - 1))
             self.rect(x - grow, y - grow, width + 2 * grow, height + 2 * grow, max(rx + grow, 0.5),
                       fill=colour, fill_opacity=1 - (1 - opacity) ** (1 / layers))
 
-    def soft_ellipse(self, cx, cy, rx, ry, blur, opacity, layers=5, colour="#000000"):
-        """A blurred ellipse, made like a blurred rectangle."""
-        for i in range(layers):
-            grow = blur * (1 - 2 * i / (layers - 1))
-            self.ellipse(cx, cy, rx + grow, ry + grow, fill=colour,
-                         fill_opacity=1 - (1 - opacity) ** (1 / layers))
+    def soft_disc(self, cx, cy, r, blur, opacity, colour="#000000"):
+        """A blurred disc, by a gradient that fades smoothly."""
+        outer = r + blur
+        stops = [(0, colour, opacity), ((r - blur) / outer, colour, opacity)]
+        for share, left in ((0.25, 0.84), (0.5, 0.5), (0.75, 0.16), (1, 0)):
+            stops.append(((r - blur + 2 * blur * share) / outer, colour, opacity * left))
+        self.circle(cx, cy, outer, fill=self.radial(cx, cy, outer, *stops))
 
     def text(self):
         """The whole file."""

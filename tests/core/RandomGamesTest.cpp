@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "core/Board.h"
+#include "core/Consistency.h"
+#include "core/Execution.h"
+#include "core/Rules.h"
+#include "tests/support/RandomGame.h"
+
+namespace zorva::test {
+namespace {
+
+constexpr std::uint64_t gameCount = 20'000;
+
+/// The tables that moves change, as bytes: millions of them are compared.
+struct Tables {
+    std::array<char, sizeof(GameState::PiecePosition)> positions;
+    std::array<char, sizeof(GameState::SquareOccupants)> occupants;
+    std::array<char, sizeof(GameState::PiecesInBox)> inBox;
+    std::array<char, sizeof(GameState::PiecesHome)> home;
+
+    explicit Tables(const GameState& state) {
+        std::memcpy(positions.data(), &state.PiecePosition, sizeof positions);
+        std::memcpy(occupants.data(), &state.SquareOccupants, sizeof occupants);
+        std::memcpy(inBox.data(), &state.PiecesInBox, sizeof inBox);
+        std::memcpy(home.data(), &state.PiecesHome, sizeof home);
+    }
+    bool operator==(const Tables&) const = default;
+};
+
+// Whether the record breaks the rules in the position it is about to be played in.
+std::string RecordProblem(const GameState& state, const Settings& settings, const MoveRecord& record) {
+    if (record.Piece == 0) return {};
+    const Colour colour = record.MoverColour;
+    if (record.From != state.PiecePosition[colour][record.Piece]) return "moves a piece from elsewhere";
+    if (record.Manual || record.To == 0) return {};
+    const bool opens = record.From == 0 && settings.RuleLeaveAllInBox == 1 &&
+                       (state.PiecesInBox[colour] == 4 || state.SecondMovePending == 2);
+    if (opens) return {};
+    if (!IsMoveLegal(state, colour, record.Count, record.From)) return "is not legal";
+    return record.To == DestinationOf(colour, record.Count, record.From) ? "" : "ends elsewhere";
+}
+
+/// One random game under the eyes of the test.
+class WatchedGame {
+public:
+    /// `room` is used for the positions of the game.
+    WatchedGame(std::uint64_t number, std::vector<Tables>& room)
+        : chance_(1, number), kind_(RandomGameKind::Of(chance_)), before_(room) {
+        before_.clear();
+    }
+
+    /// Plays it forwards, back and forwards again. What was wrong first, or nothing.
+    std::string Play() {
+        const Short count = PlayRandomGame(
+            state_, kind_, chance_,
+            [this](const GameState& state, const MoveRecord& record) { Look(state, record); });
+        before_.emplace_back(state_);
+        if (problem_.empty()) problem_ = StateProblem(state_);
+        for (Short move = count; move >= 1; --move) Redo(move, ExecutionMode::Backward, move - 1);
+        for (Short move = 1; move <= count; ++move) Redo(move, ExecutionMode::Forward, move);
+        return problem_;
+    }
+
+    std::size_t Records() const { return before_.size() - 1; }
+
+private:
+    void Look(const GameState& state, const MoveRecord& record) {
+        before_.emplace_back(state);
+        if (!problem_.empty()) return;
+        // In between a capture and the victim's way home three pieces may stand on a square.
+        if (state.CaptureReport == 0) problem_ = StateProblem(state);
+        if (problem_.empty()) problem_ = RecordProblem(state, kind_.settings, record);
+        if (!problem_.empty()) problem_ += " at move " + std::to_string(before_.size());
+    }
+
+    void Redo(Short move, ExecutionMode mode, Short position) {
+        SilentFaces silent;
+        state_.MoveRecordCount = move;
+        ExecuteMove({state_, kind_.settings, silent}, mode);
+        if (!problem_.empty() || Tables(state_) == before_[position]) return;
+        problem_ = (mode == ExecutionMode::Backward ? "taking back move " : "repeating move ") +
+                   std::to_string(move) + " leads to another position";
+    }
+
+    class SilentFaces : public SilentOutside {
+        Short RollFace() override { return 1; }
+    };
+
+    Chance chance_;
+    RandomGameKind kind_;
+    GameState state_;
+    std::vector<Tables>& before_;  // one position more than records
+    std::string problem_;
+};
+
+TEST(RandomGames, KeepTheTablesSoundAndCanBeTakenBackAndRepeated) {
+    std::size_t records = 0;
+    std::vector<Tables> room;
+    for (std::uint64_t number = 0; number < gameCount; ++number) {
+        WatchedGame game(number, room);
+        ASSERT_EQ(game.Play(), "") << "in game " << number;
+        records += game.Records();
+    }
+    RecordProperty("records", std::to_string(records));
+    EXPECT_GT(records, 100 * gameCount);
+}
+
+}  // namespace
+}  // namespace zorva::test

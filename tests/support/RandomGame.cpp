@@ -1,0 +1,135 @@
+#include "tests/support/RandomGame.h"
+
+#include "core/Board.h"
+#include "core/Opening.h"
+#include "core/Rules.h"
+
+namespace zorva::test {
+namespace {
+
+constexpr Short longestGame = 3000;
+
+Short Either(Chance& chance) {
+    return static_cast<Short>(1 + chance.Below(2));
+}
+
+std::array<Short, 10> RandomFaces(Chance& chance) {
+    static constexpr std::array<Short, 10> rich[] = {
+        {1, 2, 3, 4, 5, 5, 5, 6, 6, 6}, {2, 3, 5, 5, 5, 5, 5, 5, 6, 6}, {1, 4, 5, 6, 6, 6, 6, 6, 6, 6},
+        {1, 1, 1, 2, 2, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6, 1, 2, 5, 6},
+    };
+    return rich[chance.Below(std::size(rich))];
+}
+
+/// The world of a random game: persons pick any piece they may, or drag one where it may stand.
+class RandomWorld : public DecidedThrows {
+public:
+    RandomWorld(GameState& state, const RandomGameKind& kind, Chance& chance,
+                const BeforeRecord& beforeRecord)
+        : state_(state), kind_(kind), chance_(chance), beforeRecord_(beforeRecord) {}
+
+    void AddLogLine(Short moveNumber, const MoveRecord& record) override {
+        logged_ = moveNumber;
+        beforeRecord_(state_, record);
+    }
+
+    void PositionReached() override {
+        if (state_.MoveRecordCount > longestGame) state_.GameInProgress = No;
+    }
+
+    void WaitForInput() override {
+        if (state_.WaitingForMove) {
+            PickPiece();
+        } else {
+            if (kind_.shiftsByHand && chance_.Below(8) == 0) TryShiftByHand();
+            state_.WaitingForThrow = No;
+        }
+    }
+
+    Short Logged() const { return logged_; }
+
+protected:
+    Short NextThrow() override { return kind_.faces[chance_.Below(kind_.faces.size())]; }
+
+private:
+    void PickPiece() {
+        Short piece = 0;
+        do {
+            piece = static_cast<Short>(1 + chance_.Below(PiecesPerColour));
+        } while (!state_.MovablePieces[piece]);
+        state_.MovePiece = piece;
+        state_.MoveFrom = state_.PiecePosition[state_.CurrentColour][piece];
+        state_.MoveTo = DestinationOf(state_.CurrentColour, state_.MoveCount, state_.MoveFrom);
+        state_.WaitingForMove = No;
+    }
+
+    bool MayBeDropped(Colour colour, Square from, Square to) const {
+        if (from == to || from == GoalSquare[colour]) return false;
+        if (to == 0) return true;
+        if (to == GoalSquare[colour]) return state_.PiecesHome[colour] < 3;
+        const auto& slots = state_.SquareOccupants[to];
+        if (slots[2] != 0) return false;
+        return slots[1] == 0 || IsSafeSquare(to) || ColourOf(slots[1]) == colour;
+    }
+
+    void TryShiftByHand() {
+        const Colour colour = static_cast<Colour>(1 + chance_.Below(ColourCount));
+        const Short piece = static_cast<Short>(1 + chance_.Below(PiecesPerColour));
+        const Short steps = static_cast<Short>(chance_.Below(StepsToGoal + 2));
+        const Square from = state_.PiecePosition[colour][piece];
+        const Square to =
+            steps > StepsToGoal ? Square{0} : AdvanceSquare(ExitSquare[colour], steps, colour);
+        if (!IsTakingPart(kind_.settings, colour) || !MayBeDropped(colour, from, to)) return;
+        state_.ManualShiftColour = state_.CurrentColour;
+        state_.CurrentColour = colour;
+        state_.MovePiece = piece;
+        state_.MoveFrom = from;
+        state_.MoveTo = to;
+        state_.ManualShiftMade = Yes;
+    }
+
+    GameState& state_;
+    const RandomGameKind& kind_;
+    Chance& chance_;
+    const BeforeRecord& beforeRecord_;
+    Short logged_ = 0;
+};
+
+}  // namespace
+
+RandomGameKind RandomGameKind::Of(Chance& chance) {
+    RandomGameKind kind;
+    Settings& settings = kind.settings;
+    settings.PlayOrder = Either(chance);
+    settings.RuleSixAllOut = Either(chance);
+    settings.RuleLeaveAllInBox = Either(chance);
+    settings.RuleFiveAllInBox = Either(chance);
+    settings.RuleFiveSomeInBox = Either(chance);
+    settings.PauseBetweenMoves = 1;
+    kind.first = static_cast<Colour>(1 + chance.Below(ColourCount));
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        settings.PlayerLevel[colour] = static_cast<Short>(chance.Below(101));
+        settings.PlayerType[colour] = chance.Below(3) == 0 ? 2 : 1;
+        settings.PlayerActive[colour] = colour == kind.first || chance.Below(3) != 0 ? 1 : 2;
+        if (chance.Below(4) == 0) {
+            kind.leftovers[colour] = CodeOf(colour, static_cast<Short>(1 + chance.Below(4)));
+        }
+    }
+    kind.faces = RandomFaces(chance);
+    kind.shiftsByHand = chance.Below(4) == 0;
+    return kind;
+}
+
+Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chance,
+                     const BeforeRecord& beforeRecord) {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        state.SquareOccupants[GoalSquare[colour]][3] = kind.leftovers[colour];
+    }
+    RandomWorld world(state, kind, chance, beforeRecord);
+    const Table table{state, kind.settings, world};
+    ResetGame(table);
+    PlayFrom(table, kind.first);
+    return world.Logged();
+}
+
+}  // namespace zorva::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "core/Chance.h"
+#include "core/DecidedThrows.h"
+#include "core/GameState.h"
+
+namespace zorva::test {
+
+/// What a random game may be made of.
+struct RandomGameKind {
+    Settings settings;
+    PerColour<PieceCode> leftovers{};  ///< what stands in slot 3 of the goals before the game
+    std::array<Short, 10> faces{};     ///< throws are picked from these
+    bool shiftsByHand = false;         ///< pieces are dragged by hand now and then
+    Colour first = 1;
+
+    /// Any rules, levels, directions and players; dice fair or rich in some faces.
+    static RandomGameKind Of(Chance& chance);
+};
+
+/// Called before each record is carried out: the state still stands as the record before left it.
+using BeforeRecord = std::function<void(const GameState& state, const MoveRecord& record)>;
+
+/// Plays a game by chance, persons' picks and displacements by hand included. It ends when a colour
+/// has won or when it has grown very long. Its records stay in the state; returns how many there are.
+Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chance,
+                     const BeforeRecord& beforeRecord);
+
+}  // namespace zorva::test
