@@ -1,5 +1,9 @@
 #include "app/Typeface.h"
 
+#include <QStringList>
+
+#include <QStringList>
+
 namespace zorva {
 namespace {
 

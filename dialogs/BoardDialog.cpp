@@ -1,0 +1,100 @@
+#include "dialogs/BoardDialog.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScreen>
+
+#include "app/KeyStrokes.h"
+#include "dialogs/Ornament.h"
+
+namespace zorva {
+namespace {
+
+// What closes a window where no window manager takes the keys for itself.
+bool IsCloseCombination(const QKeyEvent& event) {
+    return event.key() == Qt::Key_F4 && event.modifiers().testFlag(Qt::AltModifier);
+}
+
+}  // namespace
+
+BoardDialog::BoardDialog(QWidget* parent, const Services& services, const char* name,
+                         const QString& title, QSize layoutSize)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint),
+      services_(services),
+      layoutSize_(layoutSize) {
+    setObjectName(name);
+    setWindowTitle(title);
+    setAccessibleName(title);
+    setModal(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setCursor(Qt::ArrowCursor);
+    setFixedSize(qRound(services.ToToolkit(layoutSize.width())),
+                 qRound(services.ToToolkit(layoutSize.height())));
+}
+
+void BoardDialog::Place(QWidget* control, const Box& box) const {
+    const int left = qRound(services_.ToToolkit(box.x));
+    const int top = qRound(services_.ToToolkit(box.y));
+    control->setGeometry(left, top, qRound(services_.ToToolkit(box.x + box.width)) - left,
+                         qRound(services_.ToToolkit(box.y + box.height)) - top);
+}
+
+void BoardDialog::DrawGround(QPainter& painter) {
+    ornament::DrawPanel(painter, QRectF(QPointF(), layoutSize_));
+}
+
+void BoardDialog::KeyPressed(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) Leave();
+}
+
+void BoardDialog::Leave() {
+    reject();
+}
+
+void BoardDialog::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    DrawGround(painter);
+}
+
+void BoardDialog::keyPressEvent(QKeyEvent* event) {
+    if (IsCloseCombination(*event)) {
+        Leave();
+    } else if (IsKeyStroke(*event)) {
+        KeyPressed(event);
+    }
+}
+
+void BoardDialog::showEvent(QShowEvent* event) {
+    MoveToMiddle();
+    QDialog::showEvent(event);
+}
+
+// Whoever asks the window to close gets its own way out, which may refuse.
+void BoardDialog::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    Leave();
+}
+
+void BoardDialog::MoveToMiddle() {
+    const QWidget* below = parentWidget() ? parentWidget()->window() : nullptr;
+    const QScreen* screen = below ? below->screen() : QGuiApplication::primaryScreen();
+    const Layout& layout = services_.layout;
+    const double ratio = services_.devicePixelRatio;
+    const QPointF used(layout.DeviceLeft / ratio, layout.DeviceTop / ratio);
+    const QSizeF room(layout.DeviceWidth / ratio, layout.DeviceHeight / ratio);
+    move(screen->geometry().topLeft() + used.toPoint() +
+         QPoint(qRound((room.width() - width()) / 2), qRound((room.height() - height()) / 2)));
+}
+
+void RunModal(BoardDialog& dialog) {
+    const QPointer<QWidget> below = dialog.parentWidget() ? dialog.parentWidget()->window() : nullptr;
+    dialog.exec();
+    if (below && below->isVisible()) below->activateWindow();
+}
+
+}  // namespace zorva

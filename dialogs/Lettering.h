@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QFont>
+#include <QPointF>
+#include <QRectF>
+#include <QString>
+#include <QTextLayout>
+
+class QPainter;
+
+namespace zorva {
+
+/// How text is set; sizes are pixels of the layout.
+struct Letters {
+    double size = 12;
+    QFont::Weight weight = QFont::Normal;
+    bool italic = false;
+    double wordSpacing = 0;  ///< added to every blank
+};
+
+/// Text broken into lines. It is set in units much finer than a pixel, so that it breaks at the same
+/// words on every screen, and painted by a painter that counts in pixels of the layout. Blanks are
+/// kept as they are; a line break in the text begins a new line.
+class SetText {
+public:
+    SetText(const QString& text, double width, const Letters& letters);
+
+    int LineCount() const { return layout_.lineCount(); }
+    /// The width of the widest line, without blanks at its end.
+    double WidestLine() const;
+    /// From the top of a line's letters to their base line, and from there to their lowest point.
+    double Ascent() const;
+    double Descent() const;
+
+    /// Draws the lines in the painter's pen, their tops `pitch` apart, the first at `top`.
+    void Draw(QPainter& painter, QPointF top, double pitch) const;
+
+private:
+    QTextLayout layout_;
+};
+
+/// The width of a text on one line.
+double WidthOf(const QString& text, const Letters& letters);
+
+/// Draws one line into the middle of the box's height, aligned left, right or in its middle. Text too
+/// wide for the box is made smaller rather than cut.
+void DrawLine(QPainter& painter, const QRectF& box, const QString& text, Letters letters,
+              Qt::Alignment alignment = Qt::AlignLeft);
+
+}  // namespace zorva

@@ -1,0 +1,68 @@
+#include "dialogs/Ornament.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+
+#include "app/Palette.h"
+
+namespace zorva::ornament {
+namespace {
+
+const QColor frameGrey(0x80, 0x80, 0x80);
+const QColor frameLight(0xd8, 0xbf, 0x90);
+
+void DrawBevel(QPainter& painter, const QRectF& area) {
+    painter.fillRect(QRectF(area.left(), area.top(), area.width(), 2), palette::Wood.lighter(190));
+    painter.fillRect(QRectF(area.left(), area.top(), 2, area.height()), palette::Wood.lighter(170));
+    painter.fillRect(QRectF(area.left(), area.bottom() - 2, area.width(), 2),
+                     palette::DarkWood.darker(160));
+    painter.fillRect(QRectF(area.right() - 2, area.top(), 2, area.height()),
+                     palette::DarkWood.darker(140));
+}
+
+}  // namespace
+
+void DrawPanel(QPainter& painter, const QRectF& area) {
+    QLinearGradient wood(area.topLeft(), area.bottomRight());
+    wood.setColorAt(0, palette::Wood.lighter(150));
+    wood.setColorAt(0.55, palette::Wood.lighter(115));
+    wood.setColorAt(1, palette::Wood);
+    painter.fillRect(area, wood);
+    DrawBevel(painter, area);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette::DarkWood, 1));
+    painter.drawRoundedRect(area.adjusted(8, 8, -7, -7), 5, 5);
+    painter.setPen(QPen(palette::Brass, 1.2));
+    painter.drawRoundedRect(area.adjusted(7.5, 7.5, -7.5, -7.5), 5, 5);
+}
+
+void DrawSunkenFrame(QPainter& painter, const QRectF& area) {
+    painter.fillRect(QRectF(area.left() - 1, area.top() - 1, area.width() + 2, 1), frameGrey);
+    painter.fillRect(QRectF(area.left() - 1, area.top() - 1, 1, area.height() + 2), frameGrey);
+    painter.fillRect(QRectF(area.left() - 1, area.bottom(), area.width() + 2, 1), frameLight);
+    painter.fillRect(QRectF(area.right(), area.top() - 1, 1, area.height() + 2), frameLight);
+}
+
+void DrawSunkenPaper(QPainter& painter, const QRectF& area) {
+    painter.fillRect(area, palette::Paper);
+    DrawSunkenFrame(painter, area);
+    // The edge above and on the left throws a shadow on the sheet.
+    QLinearGradient fromTop(area.topLeft(), area.topLeft() + QPointF(0, 4));
+    fromTop.setColorAt(0, QColor(0, 0, 0, 60));
+    fromTop.setColorAt(1, QColor(0, 0, 0, 0));
+    painter.fillRect(QRectF(area.topLeft(), QSizeF(area.width(), 4)), fromTop);
+    QLinearGradient fromLeft(area.topLeft(), area.topLeft() + QPointF(3, 0));
+    fromLeft.setColorAt(0, QColor(0, 0, 0, 45));
+    fromLeft.setColorAt(1, QColor(0, 0, 0, 0));
+    painter.fillRect(QRectF(area.topLeft(), QSizeF(3, area.height())), fromLeft);
+}
+
+void DrawFocus(QPainter& painter, const QRectF& area, double radius) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette::DarkWood, 3));
+    painter.drawRoundedRect(area, radius, radius);
+    painter.setPen(QPen(palette::Light, 1.6));
+    painter.drawRoundedRect(area, radius, radius);
+}
+
+}  // namespace zorva::ornament

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QRectF>
+
+class QPainter;
+
+namespace zorva::ornament {
+
+// The look that all windows share: a walnut panel with a brass inlay, sheets of cream paper set into
+// it, light from the top left. All measures are pixels of the layout.
+
+/// The ground of a window, over its whole area.
+void DrawPanel(QPainter& painter, const QRectF& area);
+
+/// A sheet of paper sunk into the panel; the lines of its frame lie just outside the area.
+void DrawSunkenPaper(QPainter& painter, const QRectF& area);
+
+/// The lines that make an area look set into the panel, just outside its edges.
+void DrawSunkenFrame(QPainter& painter, const QRectF& area);
+
+/// The mark of what the keyboard acts on, around the area.
+void DrawFocus(QPainter& painter, const QRectF& area, double radius);
+
+}  // namespace zorva::ornament

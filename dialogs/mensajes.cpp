@@ -1,0 +1,119 @@
+#include "dialogs/mensajes.h"
+
+#include <QEvent>
+
+#include "dialogs/Ornament.h"
+#include "dialogs/PictureButton.h"
+#include "dialogs/QueuedInput.h"
+
+namespace zorva {
+namespace {
+
+constexpr Short windowWidth = 400;
+constexpr Short heightWithoutText = 135;
+constexpr Box titleBox{20, 22, MessageWidth, 15};
+constexpr Short soundOfYes = 4;
+constexpr Short soundOfNo = 12;
+
+Box TextBox(Short lineCount) {
+    return {20, 50, MessageWidth, ToShort(lineCount * MessageLinePitch + 3)};
+}
+
+Box ButtonBox(Short left, Short lineCount) {
+    return {left, ToShort(lineCount * MessageLinePitch + 82), 96, 30};
+}
+
+// A text that tells the player which buttons to press must find them under these names.
+bool NamesItsButtons(const QString& text) {
+    return text.contains("Aceptar") && text.contains("Cancelar");
+}
+
+Letters TitleLetters(const QString& title) {
+    Letters letters{12.5, QFont::Bold};
+    const double room = MessageWidth - 8;
+    const double width = WidthOf(title, letters);
+    if (width > room) letters.size *= room / width * 0.99;
+    return letters;
+}
+
+}  // namespace
+
+mensajes::mensajes(QWidget* parent, const Services& services, const QString& title, const QString& text,
+                   Short lineCount, MessageButtons buttons)
+    : BoardDialog(
+          parent, services, "mensajes", title,
+          {windowWidth, FitMessage(text, lineCount).lineCount * MessageLinePitch + heightWithoutText}),
+      fit_(FitMessage(text, lineCount)),
+      buttons_(buttons) {
+    setAccessibleDescription(text);
+    Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleLetters(title)), titleBox);
+    Place(new MessageLabel(this, services, "Tex_Mensaje", text, fit_.letters), TextBox(fit_.lineCount));
+    AddButtons(text);
+    focusHolder_ = new QWidget(this);
+    focusHolder_->setObjectName("Pic_Focus");
+    focusHolder_->setAccessibleName(title);
+    focusHolder_->setAccessibleDescription(text);
+    focusHolder_->setFocusPolicy(Qt::StrongFocus);
+    focusHolder_->setGeometry(0, 0, 1, 1);
+}
+
+void mensajes::AddButtons(const QString& text) {
+    const auto add = [&](const char* name, const char* drawing, const QString& caption, Short left,
+                         void (mensajes::*action)()) {
+        auto* button = new PictureButton(this, TheServices(), name, drawing, caption);
+        button->setFocusPolicy(Qt::NoFocus);  // every key means the same, so none moves the focus
+        Place(button, ButtonBox(left, fit_.lineCount));
+        connect(button, &QAbstractButton::clicked, this, action);
+    };
+    if (buttons_ == MessageButtons::Acknowledge) {
+        add("Pic_Salir", "accept", "Aceptar", 152, &mensajes::Accept);
+        return;
+    }
+    const bool named = NamesItsButtons(text);
+    add("Pic_Si", "yes", named ? "Aceptar" : "Sí", 88, &mensajes::Accept);
+    add("Pic_No", "no", named ? "Cancelar" : "No", 216, &mensajes::Refuse);
+}
+
+void mensajes::DrawGround(QPainter& painter) {
+    BoardDialog::DrawGround(painter);
+    const auto draw = [&painter](const Box& box) {
+        ornament::DrawSunkenPaper(painter, QRectF(box.x, box.y, box.width, box.height));
+    };
+    draw(titleBox);
+    draw(TextBox(fit_.lineCount));
+}
+
+// The key is deliberately not looked at.
+void mensajes::KeyPressed(QKeyEvent*) {
+    Accept();
+}
+
+bool mensajes::focusNextPrevChild(bool) {
+    return false;
+}
+
+bool mensajes::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) focusHolder_->setFocus(Qt::ActiveWindowFocusReason);
+    return BoardDialog::event(event);
+}
+
+void mensajes::Accept() {
+    TheServices().PlaySound(soundOfYes);
+    if (buttons_ == MessageButtons::YesNo) answer_ = MessageAnswer::Accepted;
+    accept();
+}
+
+void mensajes::Refuse() {
+    TheServices().PlaySound(soundOfNo);
+    reject();
+}
+
+MessageAnswer ShowMessage(QWidget* parent, const Services& services, const QString& title,
+                          const QString& text, Short lineCount, MessageButtons buttons) {
+    DiscardQueuedInput();
+    mensajes window(parent, services, title, text, lineCount, buttons);
+    RunModal(window);
+    return window.Answer();
+}
+
+}  // namespace zorva
