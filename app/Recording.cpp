@@ -41,7 +41,8 @@ bool IsOurFormat(Bytes format) {
     if (format.size() < 16) return false;
     const bool uncompressed = Number(format, 0, 2) == 1;
     const bool oneChannel = Number(format, 2, 2) == 1;
-    return uncompressed && oneChannel && Number(format, 4, 4) == SampleRate && Number(format, 14, 2) == 16;
+    return uncompressed && oneChannel && Number(format, 4, 4) == SampleRate &&
+           Number(format, 14, 2) == 16;
 }
 
 }  // namespace

@@ -1,9 +1,10 @@
 #include "app/SoundDevice.h"
 
+#include <SDL.h>
 #include <SDL_audio.h>
 #include <SDL_hints.h>
 #include <SDL_log.h>
-#include <SDL.h>
+#include <SDL_thread.h>
 #include <dlfcn.h>
 
 #include <utility>
@@ -36,11 +37,19 @@ void DeliverSamples(void* device, Uint8* bytes, int length) {
     static_cast<SoundDevice*>(device)->Deliver({reinterpret_cast<std::int16_t*>(bytes), count});
 }
 
+/// Also frees what SDL keeps for each thread: it does so by itself in threads of its own only.
+void LetGo() {
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    SDL_TLSCleanup();
+}
+
 }  // namespace
 
 SoundDevice::SoundDevice(Source source) : source_(std::move(source)) {}
 
-SoundDevice::~SoundDevice() { Close(); }
+SoundDevice::~SoundDevice() {
+    Close();
+}
 
 bool SoundDevice::Open() {
     KeepTheTerminalClean();
@@ -48,7 +57,6 @@ bool SoundDevice::Open() {
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorva");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
     SDL_AudioSpec wanted{};
     wanted.freq = SampleRate;
     wanted.format = AUDIO_S16SYS;
@@ -56,9 +64,11 @@ bool SoundDevice::Open() {
     wanted.samples = SamplesAtATime;
     wanted.callback = DeliverSamples;
     wanted.userdata = this;
-    device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
+        device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    }
     if (device_ == 0) {
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        LetGo();
         return false;
     }
     SDL_PauseAudioDevice(device_, 0);
@@ -68,7 +78,7 @@ bool SoundDevice::Open() {
 void SoundDevice::Close() {
     if (device_ == 0) return;
     SDL_CloseAudioDevice(std::exchange(device_, 0));
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    LetGo();
 }
 
 bool SoundDevice::IsLost() const {

@@ -106,7 +106,8 @@ void SoundPlayer::Run(const std::shared_ptr<Shared>& shared) {
         lock.unlock();
         device.Close();
         lock.lock();
-        shared->changed.wait(lock, [&] { return shared->stopping || shared->failed || shared->IsWanted(); });
+        shared->changed.wait(lock,
+                             [&] { return shared->stopping || shared->failed || shared->IsWanted(); });
     }
     shared->finished = true;
     shared->changed.notify_all();
