@@ -65,17 +65,20 @@ void PrintTotals(std::ostream& out, const MatchPlan& plan, const MatchTotals& to
     static constexpr const char* names[] = {"", "yellow", "blue", "red", "green"};
     const double games = static_cast<double>(totals.games);
     std::map<Short, ColourTotals> byLevel;
+    std::size_t colours = 0;
     out << std::fixed << "                          wins  of all games  points per win\n";
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (!IsTakingPart(plan.settings, colour)) continue;
         const Short level = plan.settings.PlayerLevel[colour];
         const std::string name = std::string(names[colour]) + ", level " + std::to_string(level);
         PrintRow(out, name, totals.colours[colour], totals.games);
+        ++colours;
         byLevel[level].wins += totals.colours[colour].wins;
         byLevel[level].points += totals.colours[colour].points;
     }
     for (const auto& [level, sum] : byLevel) {
-        PrintRow(out, "all of level " + std::to_string(level), sum, totals.games);
+        if (byLevel.size() < colours && byLevel.size() > 1)
+            PrintRow(out, "all of level " + std::to_string(level), sum, totals.games);
     }
     out << "mean moves per game " << Ratio(static_cast<double>(totals.moves), games)
         << ", mean captures per game " << Ratio(static_cast<double>(totals.captures), games) << '\n';

@@ -1,6 +1,7 @@
 #include "tests/support/RandomGame.h"
 
 #include "core/Board.h"
+#include "core/Displacement.h"
 #include "core/Opening.h"
 #include "core/Rules.h"
 
@@ -63,29 +64,15 @@ private:
         state_.WaitingForMove = No;
     }
 
-    bool MayBeDropped(Colour colour, Square from, Square to) const {
-        if (from == to || from == GoalSquare[colour]) return false;
-        if (to == 0) return true;
-        if (to == GoalSquare[colour]) return state_.PiecesHome[colour] < 3;
-        const auto& slots = state_.SquareOccupants[to];
-        if (slots[2] != 0) return false;
-        return slots[1] == 0 || IsSafeSquare(to) || ColourOf(slots[1]) == colour;
-    }
-
     void TryShiftByHand() {
         const Colour colour = static_cast<Colour>(1 + chance_.Below(ColourCount));
-        const Short piece = static_cast<Short>(1 + chance_.Below(PiecesPerColour));
+        const PieceCode code = CodeOf(colour, static_cast<Short>(1 + chance_.Below(PiecesPerColour)));
         const Short steps = static_cast<Short>(chance_.Below(StepsToGoal + 2));
-        const Square from = state_.PiecePosition[colour][piece];
         const Square to =
             steps > StepsToGoal ? Square{0} : AdvanceSquare(ExitSquare[colour], steps, colour);
-        if (!IsTakingPart(kind_.settings, colour) || !MayBeDropped(colour, from, to)) return;
-        state_.ManualShiftColour = state_.CurrentColour;
-        state_.CurrentColour = colour;
-        state_.MovePiece = piece;
-        state_.MoveFrom = from;
-        state_.MoveTo = to;
-        state_.ManualShiftMade = Yes;
+        if (!MayBeDragged(state_, kind_.settings, code) || !MayBeDropped(state_, code, to)) return;
+        EnterManualMode(state_);
+        DisplaceByHand(state_, code, to);
     }
 
     GameState& state_;

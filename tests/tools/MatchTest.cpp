@@ -1,0 +1,69 @@
+#include "tools/Match.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "tools/Sim.h"
+
+namespace zorva::test {
+namespace {
+
+MatchPlan PlanOf(std::uint64_t games, PerColour<Short> levels, unsigned threads = 1) {
+    MatchPlan plan;
+    plan.settings.PlayerLevel = levels;
+    plan.games = games;
+    plan.seed = 7;
+    plan.threads = threads;
+    return plan;
+}
+
+TEST(Match, HasTheSameTotalsOnAnyNumberOfThreadsAndMachine) {
+    const PerColour<Short> levels{0, 100, 75, 45, 10};
+    const MatchTotals totals = PlayMatch(PlanOf(300, levels), {});
+    EXPECT_EQ(PlayMatch(PlanOf(300, levels, 3), {}), totals);
+    EXPECT_EQ(PlayMatch(PlanOf(300, levels, 40), {}), totals);
+    // A change here means that the rules, the computer player or the dice changed.
+    const PerColour<std::uint64_t> wins{0, 112, 110, 44, 34};
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        EXPECT_EQ(totals.colours[colour].wins, wins[colour]) << colour;
+    }
+    EXPECT_EQ(totals.games, 300U);
+    EXPECT_EQ(totals.moves, 111'449U);
+    EXPECT_EQ(totals.captures, 4'713U);
+}
+
+TEST(Match, LetsOnlyThoseWhoTakePartWinAndTheStrongerMoreOften) {
+    MatchPlan plan = PlanOf(1000, {0, 20, 50, 80, 50});
+    plan.settings.PlayerActive = {0, 1, 2, 1, 2};
+    plan.settings.PlayerType.fill(2);  // persons' colours are played too
+    const MatchTotals totals = PlayMatch(plan, {});
+    EXPECT_EQ(totals.colours[2].wins + totals.colours[4].wins, 0U);
+    EXPECT_EQ(totals.colours[1].wins + totals.colours[3].wins, 1000U);
+    EXPECT_GT(totals.colours[3].wins, 600U);
+}
+
+TEST(Match, TellsItsProgressUpToTheLastGame) {
+    std::uint64_t last = 0;
+    PlayMatch(PlanOf(100, {0, 50, 50, 50, 50}, 2), [&](std::uint64_t finished) {
+        EXPECT_GE(finished, last);
+        last = finished;
+    });
+    EXPECT_EQ(last, 100U);
+}
+
+TEST(MatchCommand, PrintsARowForEachColourAndLevel) {
+    std::ostringstream out, err;
+    const int status =
+        RunSim({"match", "--games", "20", "--seed", "1", "--levels", "0,100,0,50"}, out, err, true);
+    EXPECT_EQ(status, 0);
+    for (const char* part :
+         {"\nyellow, level 0 ", "\nblue, level 100 ", "\nred, level 0 ", "\ngreen, level 50 ",
+          "\nall of level 0 ", "\nmean moves per game ", " games/s, ", " decisions/s, "}) {
+        EXPECT_NE(out.str().find(part), std::string::npos) << part;
+    }
+    EXPECT_NE(err.str().find("20 of 20 games\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zorva::test
