@@ -9,7 +9,7 @@ import pathlib
 import sys
 from functools import partial
 
-from art import board, dice, pieces
+from art import board, dice, pieces, surface
 
 ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 
@@ -17,6 +17,7 @@ ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 def drawings():
     """Every picture by its file's name, as something that draws it when called."""
     yield "bitmaps/board", board.draw
+    yield "bitmaps/surface", surface.draw
     for colour in range(1, 5):
         yield f"bitmaps/piece_{colour}", partial(pieces.draw, colour)
     for face in range(1, 7):
