@@ -1,6 +1,9 @@
 #include "store/RecordCheck.h"
 
+#include <algorithm>
+
 #include "core/Board.h"
+#include "core/Displacement.h"
 #include "core/Rules.h"
 
 namespace zorva {
@@ -12,8 +15,13 @@ bool StandsOn(const GameState& state, const MoveRecord& record, Square square) {
     return state.PiecePosition[record.MoverColour][record.Piece] == square;
 }
 
-bool MovesNothing(const MoveRecord& record) {
-    return record.Piece == 0 && record.From == 0 && record.To == 0;
+// A colour passes when none of its pieces can move.
+bool IsPass(const GameState& state, const MoveRecord& record) {
+    if (record.Piece != 0 || record.From != 0 || record.To != 0) return false;
+    const Colour colour = record.MoverColour;
+    const auto& positions = state.PiecePosition[colour];
+    return std::none_of(positions.begin() + 1, positions.end(),
+                        [&](Square square) { return IsMoveLegal(state, colour, record.Count, square); });
 }
 
 // A captured piece goes home at once, by a record in which nothing is left to choice.
@@ -32,23 +40,14 @@ MoveRecord WayHomeOfCaptured(const GameState& state, const MoveRecord& capturing
 
 // -------------------------------------------------------------------------- dragged by hand
 
-bool MayBeDroppedOn(const GameState& state, Colour colour, Square square) {
-    if (square == 0) return true;
-    if (!IsOnTrack(colour, square)) return false;
-    if (square == GoalSquare[colour]) return state.PiecesHome[colour] < PiecesPerColour - 1;
-    const auto& slots = state.SquareOccupants[square];
-    if (slots[2] != 0) return false;
-    return slots[1] == 0 || ColourOf(slots[1]) == colour || IsSafeSquare(square);
-}
-
 bool IsDisplacementByHand(const GameState& state, const MoveRecord& previous, const MoveRecord& record) {
     const bool fieldsFit = record.Die == 0 && record.Count == 0 && record.OnBehalf == 0 &&
                            record.FollowingColour != record.MoverColour &&
                            record.TurnEnd == (record.RepeatState == 2 ? No : Yes) &&
                            (record.RepeatState == 0 || record.RepeatState == previous.RepeatState);
-    return fieldsFit && record.Piece != 0 && record.From != record.To &&
-           StandsOn(state, record, record.From) && record.From != GoalSquare[record.MoverColour] &&
-           MayBeDroppedOn(state, record.MoverColour, record.To);
+    return fieldsFit && record.Piece != 0 && StandsOn(state, record, record.From) &&
+           record.From != GoalSquare[record.MoverColour] &&
+           MayBeDropped(state, CodeOf(record.MoverColour, record.Piece), record.To);
 }
 
 // ------------------------------------------------------------------------------- bonus moves
@@ -64,7 +63,7 @@ bool IsBonus(const GameState& state, const MoveRecord& previous, const MoveRecor
     const bool fieldsFit = record.Die == 0 && record.Count == BonusDueAfter(previous) &&
                            record.MoverColour == ColourOnTurn(previous) &&
                            record.RepeatState == previous.RepeatState && record.TurnEnd == No;
-    return fieldsFit && (MovesNothing(record) || IsWalk(state, record));
+    return fieldsFit && (IsPass(state, record) || IsWalk(state, record));
 }
 
 // ------------------------------------------------------------------------------ thrown moves
@@ -84,11 +83,22 @@ bool IsRepeatOfDie(const MoveRecord& previous, const MoveRecord& record) {
     return previous.RepeatState == before && ColourOnTurn(previous) == record.MoverColour;
 }
 
-// The third six sends a piece back, or finds none to send, or finds it in its box.
+// The piece of the colour's latest move that was no bonus; 0 when there is none.
+Short PieceMovedLast(const GameState& state, Colour colour) {
+    for (Short move = state.MoveRecordCount; move >= 1; --move) {
+        const MoveRecord& record = state.MoveRecords[move];
+        const bool isBonus = record.Count == ArrivalBonus || record.Count == CaptureBonus;
+        if (record.MoverColour == colour && !isBonus) return record.Piece;
+    }
+    return 0;
+}
+
+// The third six sends the piece moved last back to its box, where it may be already.
 bool IsThirdSix(const GameState& state, const MoveRecord& record) {
-    if (MovesNothing(record)) return true;
-    return record.Piece != 0 && record.To == 0 && StandsOn(state, record, record.From) &&
-           record.From != GoalSquare[record.MoverColour];
+    const Colour colour = record.MoverColour;
+    return record.Piece == PieceMovedLast(state, colour) &&
+           record.From == state.PiecePosition[colour][record.Piece] && record.To == 0 &&
+           record.From != GoalSquare[colour];
 }
 
 // Out of the box onto the exit square, or counting on from there while all four are inside.
@@ -116,7 +126,7 @@ bool IsThrown(const GameState& state, const MoveRecord& previous, const MoveReco
         record.Die != 0 && turnEndFits && IsCountOfDie(state, record) && IsRepeatOfDie(previous, record);
     if (!fieldsFit) return false;
     if (record.Die == six && record.RepeatState == 0) return IsThirdSix(state, record);
-    return MovesNothing(record) || IsWalk(state, record) || IsExit(state, record);
+    return IsPass(state, record) || IsWalk(state, record) || IsExit(state, record);
 }
 
 }  // namespace
@@ -132,7 +142,8 @@ Colour ColourOnTurn(const MoveRecord& record) {
     return record.FollowingColour != 0 ? record.FollowingColour : record.MoverColour;
 }
 
-bool CanFollow(const GameState& state, const MoveRecord& previous, const MoveRecord& record) {
+bool CanFollow(const GameState& state, const MoveRecord& record) {
+    const MoveRecord& previous = state.MoveRecords[state.MoveRecordCount];
     if (state.CaptureReport != 0) return record == WayHomeOfCaptured(state, previous);
     const bool bonusDue = BonusDueAfter(previous) != 0;
     if (record.Manual) return !bonusDue && IsDisplacementByHand(state, previous, record);

@@ -11,10 +11,10 @@ Short BonusDueAfter(const MoveRecord& record);
 /// The colour whose turn the record belongs to: the one captured or dragged for, or the mover itself.
 Colour ColourOnTurn(const MoveRecord& record);
 
-/// Whether `record` can be what the game wrote next: `state` is the position to which all records
-/// before it led, with the capture that the last of them reported; `previous` is that last one, an
-/// empty record before the first. A record that passes can be executed without harm. Nothing is
-/// asked of the order of the colours nor of the rule options: both may be changed during a game.
-bool CanFollow(const GameState& state, const MoveRecord& previous, const MoveRecord& record);
+/// Whether `record` can be what the game wrote next: `state` is the position to which its records up
+/// to MoveRecordCount led, with the capture that the last of them reported. A record that passes can
+/// be executed without harm. Nothing is asked of the order of the colours nor of the rule options:
+/// both may be changed during a game.
+bool CanFollow(const GameState& state, const MoveRecord& record);
 
 }  // namespace zorva

@@ -51,8 +51,7 @@ bool Replay(GameState& replayed, Short moves) {
     ReplayOutside outside;
     const Settings settings;
     for (Short move = 1; move <= moves; ++move) {
-        const auto& records = replayed.MoveRecords;
-        if (!CanFollow(replayed, records[move - 1], records[move])) return false;
+        if (!CanFollow(replayed, replayed.MoveRecords[move])) return false;
         replayed.MoveRecordCount = move;
         ExecuteMove({replayed, settings, outside}, ExecutionMode::Forward);
     }
