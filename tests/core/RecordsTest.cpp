@@ -1,0 +1,113 @@
+#include "core/Records.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/NotingOutside.h"
+#include "tests/support/Positions.h"
+
+namespace zorva::test {
+namespace {
+
+MoveRecord Record(Colour colour, Short count, Short piece, Square from, Square to, Short manual = No) {
+    MoveRecord record;
+    record.MoverColour = colour;
+    record.Count = count;
+    record.Piece = piece;
+    record.From = from;
+    record.To = to;
+    record.Manual = manual;
+    return record;
+}
+
+TEST(LogLine, TellsTheMoveInAFewLetters) {
+    struct Row {
+        Short number;
+        MoveRecord record;
+        const char* line;
+    };
+    for (const Row& row :
+         {Row{7, Record(1, 5, 1, 0, 5), "  7 Ama. cuenta 5"},
+          Row{12, Record(3, 4, 0, 0, 0), " 12 Rojo pasa"},
+          Row{100, Record(2, 20, 4, 22, 42), "100 Azul cuenta 20"},
+          Row{1000, Record(4, 6, 2, 60, 0), "1000 Ver. a espera"},
+          Row{8, Record(2, 0, 3, 22, 29, Yes), "  8 Despl. manual"},
+          Row{9, Record(0, 3, 1, 5, 8), "  9  cuenta 3"}, Row{1, Record(5, 3, 0, 0, 0), "  1  pasa"}}) {
+        EXPECT_EQ(LogLineText(row.number, row.record), row.line);
+    }
+}
+
+TEST(Records, GrowAndKeepWhatTheyHold) {
+    GameState state;
+    for (Short number = 1; number <= 500; ++number) {
+        NewMoveRecord(state);
+        ASSERT_EQ(state.MoveRecordCount, number);
+        ASSERT_EQ(state.MoveRecords.at(static_cast<std::size_t>(number)), MoveRecord{});
+        state.MoveRecords[number].Count = number;
+    }
+    for (Short number = 1; number <= 500; ++number) ASSERT_EQ(state.MoveRecords[number].Count, number);
+}
+
+struct Fields {
+    Short die, count, sixes, secondPending, captureReport, captured, manualColour;
+};
+
+struct KindRow {
+    const char* name;
+    Fields fields;
+    const char* record;
+};
+
+// Red is on turn and moves its piece 2 from 40 to 44.
+constexpr KindRow kindRows[] = {
+    {"an ordinary move", {4, 4, 0, 0, 0, 0, 0}, "3,0,4,4,2,40,44,0,0,0,-1"},
+    {"a first six", {6, 12, 1, 0, 0, 0, 0}, "3,0,6,12,2,40,44,1,0,0,-1"},
+    {"a second six goes on with the turn", {6, 6, 2, 0, 0, 0, 0}, "3,0,6,6,2,40,44,2,0,0,0"},
+    {"a third six is kept as none", {6, 6, 3, 0, 0, 0, 0}, "3,0,6,6,2,40,44,0,0,0,-1"},
+    {"a capture's bonus goes on with the turn", {0, 20, 1, 0, 0, 0, 0}, "3,0,0,20,2,40,44,1,0,0,0"},
+    {"so does an arrival's", {0, 10, 0, 0, 0, 0, 0}, "3,0,0,10,2,40,44,0,0,0,0"},
+    {"the first of two pieces out", {5, 5, 0, 1, 0, 0, 0}, "3,0,5,5,2,40,44,0,0,0,-1"},
+    {"the second, though a capture took the die", {0, 0, 0, 2, 0, 0, 0}, "3,0,5,5,2,40,44,0,0,0,0"},
+    {"a captured piece's way home", {0, 0, 1, 0, 1, 4, 0}, "4,3,0,0,2,40,44,1,0,1,0"},
+    {"even while a second piece is due", {0, 0, 0, 1, 2, 4, 0}, "4,3,0,0,2,40,44,0,0,1,0"},
+    {"a displacement of the colour on turn", {0, 0, 0, 0, 0, 0, 3}, "3,0,0,0,2,40,44,0,-1,0,-1"},
+    {"of another colour's piece", {0, 0, 1, 0, 0, 0, 1}, "3,1,0,0,2,40,44,1,-1,0,-1"},
+    {"a displacement is never a second piece", {0, 0, 0, 2, 0, 0, 3}, "3,0,0,0,2,40,44,0,-1,0,-1"},
+};
+
+TEST(Records, KeepWhatKindOfMoveItWas) {
+    for (const KindRow& row : kindRows) {
+        GameState state;
+        state.CurrentColour = 3;
+        state.MovePiece = 2;
+        state.MoveFrom = 40;
+        state.MoveTo = 44;
+        state.DieValue = row.fields.die;
+        state.MoveCount = row.fields.count;
+        state.SixesInRow = row.fields.sixes;
+        state.SecondMovePending = row.fields.secondPending;
+        state.CaptureReport = row.fields.captureReport;
+        state.CapturedColour = row.fields.captured;
+        state.ManualShiftMade = row.fields.manualColour ? Yes : No;
+        state.ManualShiftColour = row.fields.manualColour;
+        NotingOutside outside(state);
+        NewMoveRecord(state);
+        LogMove({state, Settings{}, outside});
+        EXPECT_EQ(RecordText(state.MoveRecords[1]), row.record) << row.name;
+        EXPECT_EQ(outside.All(), Notes{"log " + LogLineText(1, state.MoveRecords[1])}) << row.name;
+    }
+}
+
+TEST(Log, IsBuiltAgainFromTheRecords) {
+    GameState state;
+    for (const Colour colour : {Colour{2}, Colour{3}, Colour{4}}) {
+        NewMoveRecord(state);
+        state.MoveRecords[state.MoveRecordCount] = Record(colour, 3, 0, 0, 0);
+    }
+    NotingOutside outside(state);
+    RebuildLog({state, Settings{}, outside});
+    // The third record is the unfinished move.
+    EXPECT_EQ(outside.All(), (Notes{"log Inicio de partida", "log   1 Azul pasa", "log   2 Rojo pasa"}));
+}
+
+}  // namespace
+}  // namespace zorva::test

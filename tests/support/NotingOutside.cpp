@@ -1,0 +1,58 @@
+#include "tests/support/NotingOutside.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/Records.h"
+
+namespace zorva::test {
+
+Notes NotingOutside::Only(std::initializer_list<std::string> words) const {
+    Notes wanted;
+    for (const std::string& note : notes_) {
+        const std::string word = note.substr(0, note.find(' '));
+        if (std::find(words.begin(), words.end(), word) != words.end()) wanted.push_back(note);
+    }
+    return wanted;
+}
+
+void NotingOutside::WaitForInput() {
+    if (inputs.empty()) {
+        ADD_FAILURE() << "the game waits for a person without end";
+        state_.WaitingForThrow = state_.WaitingForMove = state_.GameInProgress = No;
+        return;
+    }
+    inputs.front()(state_);
+    inputs.pop_front();
+}
+
+void NotingOutside::PositionReached() {
+    if (state_.ThrowNext && throws_.empty()) state_.GameInProgress = No;
+}
+
+void NotingOutside::AddLogLine(Short moveNumber, const MoveRecord& record) {
+    notes_.push_back("log " + LogLineText(moveNumber, record));
+}
+
+MessageAnswer NotingOutside::ShowMessage(std::string_view title, std::string_view text, Short lineCount,
+                                         MessageButtons buttons) {
+    notes_.push_back("message " + std::string(title) + "|" + std::string(text) + "|" +
+                     std::to_string(lineCount) + (buttons == MessageButtons::YesNo ? " yes/no" : ""));
+    return answer;
+}
+
+Short NotingOutside::NextThrow() {
+    Insist(!throws_.empty(), "a test's script has too few throws");
+    const Short face = throws_.front();
+    throws_.pop_front();
+    return face;
+}
+
+void NotingOutside::Note(const char* what, std::initializer_list<int> numbers) {
+    std::string note = what;
+    for (const int number : numbers) note += " " + std::to_string(number);
+    notes_.push_back(note);
+}
+
+}  // namespace zorva::test

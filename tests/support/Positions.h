@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/GameState.h"
+
+namespace zorva::test {
+
+/// A position from one line of text: a colour and the squares of its four pieces, such as
+/// "1:5 0 0 0  2:12 9 0 0". Colours not named are in their boxes. Pieces come to their squares in the
+/// order of the text, which decides the slots.
+GameState Position(std::string_view text);
+
+/// The three slots of a square, such as "21 11 0".
+std::string SlotsText(const GameState& state, Square square);
+
+/// The squares of a colour's four pieces, such as "5 0 0 0".
+std::string SquaresText(const GameState& state, Colour colour);
+
+/// A record's eleven fields with commas between them.
+std::string RecordText(const MoveRecord& record);
+
+}  // namespace zorva::test
