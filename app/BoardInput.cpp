@@ -3,50 +3,258 @@
 #include <QKeyEvent>
 #include <QTimer>
 
-#include "app/KeyStrokes.h"
+#include "app/BoardHits.h"
 #include "app/MenuButtons.h"
 #include "app/Mesa.h"
+#include "app/Pacer.h"
+#include "core/Displacement.h"
+#include "core/Rules.h"
 #include "core/Turns.h"
 
 namespace zorva {
+namespace {
 
-BoardInput::BoardInput(GameState& state, const Settings& settings, Mesa& mesa)
-    : state_(state), settings_(settings), mesa_(mesa) {}
+constexpr double glideBackMilliseconds = 180;
+constexpr int glowMilliseconds = 900;
+
+QPointF AsPointF(Point p) {
+    return {static_cast<double>(p.x), static_cast<double>(p.y)};
+}
+
+}  // namespace
+
+BoardInput::BoardInput(GameState& state, const Settings& settings, const RecorderState& recorder,
+                       Mesa& mesa)
+    : state_(state), settings_(settings), recorder_(recorder), mesa_(mesa) {}
+
+// ----------------------------------------------------------------------- what lies under a point
+
+bool BoardInput::IsPersonsPick() const {
+    return state_.WaitingForMove && !recorder_.RecorderOn &&
+           settings_.PlayerType[state_.CurrentColour] == 2;
+}
+
+bool BoardInput::IsMovable(Short piece) const {
+    return state_.MovablePieces[piece] != No;
+}
+
+Short BoardInput::MovablePieceAt(Point at) const {
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        const PieceCode code = CodeOf(state_.CurrentColour, piece);
+        if (IsMovable(piece) && IsOnPiece(mesa_.Shared().layout, state_, code, at)) return piece;
+    }
+    return 0;
+}
+
+PieceCode BoardInput::DraggablePieceAt(Point at) const {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+            const PieceCode code = CodeOf(colour, piece);
+            if (MayBeDragged(state_, settings_, code) &&
+                IsOnPiece(mesa_.Shared().layout, state_, code, at)) {
+                return code;
+            }
+        }
+    }
+    return 0;
+}
+
+// -1 where the dragged piece has nothing to look for.
+Square BoardInput::DropSquareAt(Point at) const {
+    const BoardSpot spot = SpotAt(mesa_.Shared().layout, at);
+    if (spot.square != 0) return spot.square;
+    return spot.house == ColourOf(dragged_) ? Square{0} : Square{-1};
+}
+
+bool BoardInput::MayDropAt(Point at) const {
+    const Square to = DropSquareAt(at);
+    return to >= 0 && MayBeDropped(state_, dragged_, to);
+}
+
+// ------------------------------------------------------------------------------------- the mouse
+
+void BoardInput::Press(Point at, Qt::MouseButton button) {
+    PressedButton = button;
+    if (button == Qt::LeftButton && state_.WaitingForThrow && state_.ManualMode) StartDrag(at);
+}
+
+void BoardInput::Move(Point at) {
+    if (dragged_ != 0) {
+        mesa_.Scene().Drag(dragged_, AsPointF(at));
+    } else {
+        Preview(IsPersonsPick() ? MovablePieceAt(at) : Short{0});
+    }
+}
+
+void BoardInput::Release(Point at) {
+    if (dragged_ != 0) {
+        EndDrag(at);
+    } else if (PressedButton != Qt::NoButton && !recorder_.RecorderOn) {
+        Click(at);
+    }
+    PressedButton = Qt::NoButton;
+}
+
+void BoardInput::Click(Point at) {
+    const bool left = PressedButton == Qt::LeftButton;
+    if (IsPersonsPick() && left) {
+        if (const Short piece = MovablePieceAt(at); piece != 0) Pick(piece);
+    } else if (state_.WaitingForThrow && !left) {
+        ToggleManualMode();
+    } else if (state_.WaitingForThrow && !state_.ManualMode && !state_.ManualShiftMade) {
+        Throw();
+    }
+}
+
+void BoardInput::Pick(Short piece) {
+    state_.MovePiece = piece;
+    state_.MoveFrom = state_.PiecePosition[state_.CurrentColour][piece];
+    state_.MoveTo = DestinationOf(state_.CurrentColour, state_.MoveCount, state_.MoveFrom);
+    mesa_.Scene().ShowMove({CodeOf(state_.CurrentColour, piece), state_.MoveFrom, state_.MoveTo});
+    state_.WaitingForMove = No;
+}
 
 void BoardInput::Throw() {
-    state_.WaitingForThrow = No;
     mesa_.setCursor(Qt::ArrowCursor);
+    state_.WaitingForThrow = No;
 }
+
+// Under the pointer a piece shows where it would go.
+void BoardInput::Preview(Short piece) {
+    if (piece == previewed_) return;
+    previewed_ = piece;
+    BoardView::ShownMove move;
+    if (piece != 0) {
+        move.piece = CodeOf(state_.CurrentColour, piece);
+        move.from = state_.PiecePosition[state_.CurrentColour][piece];
+        move.to = DestinationOf(state_.CurrentColour, state_.MoveCount, move.from);
+    }
+    mesa_.Scene().ShowPreview(move);
+}
+
+// ----------------------------------------------------------------------------------- manual mode
+
+void BoardInput::ToggleManualMode() {
+    if (state_.ManualMode) {
+        LeaveManual();
+    } else {
+        EnterManualMode(state_);
+        mesa_.Scene().ShowManualMode(true);
+        mesa_.RefreshPointer();
+    }
+}
+
+void BoardInput::LeaveManual() {
+    LeaveManualMode(state_);
+    mesa_.Scene().ShowManualMode(false);
+    mesa_.RefreshPointer();
+}
+
+void BoardInput::StartDrag(Point at) {
+    dragged_ = DraggablePieceAt(at);
+    if (dragged_ == 0) return;
+    mesa_.Shared().PlaySound(15);
+    mesa_.Scene().Drag(dragged_, AsPointF(at));
+}
+
+void BoardInput::EndDrag(Point at) {
+    const PieceCode piece = dragged_;
+    const Square to = DropSquareAt(at);
+    const bool accepted = MayDropAt(at) && state_.WaitingForThrow;
+    dragged_ = 0;
+    if (!accepted) {
+        const bool isWhereItStood = to == state_.PositionOf(piece);
+        mesa_.Shared().PlaySound(isWhereItStood ? 15 : 10);
+        mesa_.Scene().StartGlideBack(piece);
+        Pacer::Wait(glideBackMilliseconds,
+                    [this](double progress) { mesa_.Scene().ShowStep(progress); });
+        mesa_.Scene().PutDown(piece);
+        mesa_.RefreshPointer();
+        return;
+    }
+    mesa_.Shared().PlaySound(15);
+    mesa_.Scene().ShowManualMode(false);
+    DisplaceByHand(state_, piece, to);
+}
+
+// ---------------------------------------------------------------------------------- the keyboard
 
 void BoardInput::GlowNewGameButton() {
     MenuButton& button = mesa_.Buttons().Button(MenuButtons::NewGame);
     button.ShowGlow(true);
-    QTimer::singleShot(900, &button, [&button] { button.ShowGlow(false); });
+    QTimer::singleShot(glowMilliseconds, &button, [&button] { button.ShowGlow(false); });
 }
 
-void BoardInput::Click(Point, Qt::MouseButton button) {
-    if (button == Qt::LeftButton && state_.WaitingForThrow) Throw();
-}
-
-void BoardInput::Key(const QKeyEvent& key) {
-    if (!IsPlainKey(key)) return;
-    if (key.key() == Qt::Key_Escape || key.text().toLower() == "q") {
-        mesa_.showMinimized();
-        return;
+void BoardInput::AcceptMove() {
+    if (marked_ != 0 && IsMovable(marked_)) {
+        Pick(marked_);
+    } else {
+        TakeAdvisedMove(state_);
     }
-    if (key.text() == "i") return;
-    if (!state_.GameInProgress) {
+}
+
+void BoardInput::PlainKey(const QKeyEvent& key) {
+    const QString text = key.text();
+    if (key.key() == Qt::Key_Escape || text == "q" || text == "Q") {
+        mesa_.showMinimized();
+    } else if (text == "i" || recorder_.RecorderOn) {
+        return;
+    } else if (!state_.GameInProgress) {
         GlowNewGameButton();
+    } else if (state_.WaitingForThrow && state_.ManualMode) {
+        if (dragged_ == 0) LeaveManual();
     } else if (state_.WaitingForThrow) {
         Throw();
+    } else if (state_.WaitingForMove && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)) {
+        AcceptMove();
     } else if (state_.WaitingForMove) {
         TakeAdvisedMove(state_);
     }
 }
 
-QCursor BoardInput::PointerAt(Point) const {
-    if (state_.WaitingForThrow) return mesa_.Shared().pointers.Die(state_.CurrentColour);
+void BoardInput::MarkNext(int direction) {
+    if (!IsPersonsPick() || state_.LegalMoveCount == 0) return;
+    int piece = marked_ == 0 && direction < 0 ? PiecesPerColour + 1 : marked_;
+    do {
+        piece += direction;
+        if (piece > PiecesPerColour) piece = 1;
+        if (piece < 1) piece = PiecesPerColour;
+    } while (!IsMovable(ToShort(piece)));
+    marked_ = ToShort(piece);
+    mesa_.Scene().ShowMarked(CodeOf(state_.CurrentColour, marked_));
+    Preview(marked_);
+}
+
+void BoardInput::ShowWhatCanBePicked() {
+    marked_ = 0;
+    mesa_.Scene().ShowMarked(0);
+    Preview(0);
+    std::array<bool, BoardView::CodeCount> movable{};
+    for (Short piece = 1; piece <= PiecesPerColour && IsPersonsPick(); ++piece) {
+        movable[CodeOf(state_.CurrentColour, piece)] = IsMovable(piece);
+    }
+    mesa_.Scene().ShowMovable(movable);
+}
+
+// ----------------------------------------------------------------------------------- the pointer
+
+QCursor BoardInput::ManualPointerAt(Point at) const {
+    Pointers& pointers = mesa_.Shared().pointers;
+    if (dragged_ != 0) return pointers.Named(MayDropAt(at) ? "ManoVerde" : "ManoRoja");
+    return pointers.Named(DraggablePieceAt(at) != 0 ? "ManoAbie" : "ManoBlan");
+}
+
+QCursor BoardInput::OrdinaryPointerAt(Point at) const {
+    Pointers& pointers = mesa_.Shared().pointers;
+    if (state_.WaitingForThrow) return pointers.Die(state_.CurrentColour);
+    if (IsPersonsPick() && MovablePieceAt(at) != 0) return pointers.ClosedHand(state_.CurrentColour);
     return Qt::ArrowCursor;
+}
+
+QCursor BoardInput::PointerAt(Point at) const {
+    if (recorder_.RecorderOn) return Qt::ArrowCursor;
+    if (state_.WaitingForThrow && state_.ManualMode) return ManualPointerAt(at);
+    return OrdinaryPointerAt(at);
 }
 
 }  // namespace zorva

@@ -1,6 +1,6 @@
 #include "app/BoardPainter.h"
 
-#include <QPainterPath>
+#include <vector>
 
 #include "app/Artwork.h"
 #include "app/Palette.h"
@@ -19,6 +19,24 @@ constexpr double pieceDrawingBody = 28;
 
 QSize SideBySide(double side) {
     return QSize(qRound(side), qRound(side));
+}
+
+// The squares a shown move passes and, last, the one it ends on.
+std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& move) {
+    std::vector<QPointF> way;
+    if (move.piece == 0) return way;
+    const auto add = [&](zorva::Square square) {
+        const Point at = layout.SquarePosition(square);
+        way.emplace_back(at.x, at.y);
+    };
+    const Colour colour = ColourOf(move.piece);
+    zorva::Square square = move.from == 0 ? ExitSquare[colour] : AdvanceSquare(move.from, 1, colour);
+    for (int steps = 0; square != move.to && steps <= StepsToGoal; ++steps) {
+        add(square);
+        square = AdvanceSquare(square, 1, colour);
+    }
+    add(move.to);
+    return way;
 }
 
 QColor WithAlpha(QColor colour, double alpha) {
@@ -70,7 +88,8 @@ void BoardPainter::PaintTable(QPainter& painter) {
     surface.moveCenter(screen.center());
     artwork_.Paint(painter, "surface", surface);
     const double unit = layout_.Cell / boardCell * layout_.Unit;
-    const QPointF corner = Device(QPointF(layout_.Margin, layout_.Margin)) - QPointF(boardFrame, boardFrame) * unit;
+    const QPointF corner =
+        Device(QPointF(layout_.Margin, layout_.Margin)) - QPointF(boardFrame, boardFrame) * unit;
     artwork_.Paint(painter, "board", {corner, QSizeF(boardDrawingSide, boardDrawingSide) * unit});
 }
 
@@ -104,13 +123,17 @@ void BoardPainter::Paint(const BoardView& view, const GameState& state, const Se
         PaintDie(painter, view, colour);
     }
     PaintBonus(painter, view);
-    PaintShownMove(painter, view);
+    PaintShownMove(painter, view.preview.piece != 0 ? view.preview : view.shown);
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             const PieceCode code = CodeOf(colour, piece);
-            if (code != view.inAir && PieceArea(view.at[code]).intersects(part)) PaintPiece(painter, view, code);
+            if (code != view.inAir && PieceArea(view.at[code]).intersects(part)) {
+                PaintPickable(painter, view, code);
+                PaintPiece(painter, view, code);
+            }
         }
     }
+    if (view.manualMode) PaintBanner(painter);
     if (view.inAir != 0) PaintPiece(painter, view, view.inAir);
     Q_UNUSED(state);
 }
@@ -130,7 +153,8 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
     const QRectF plate = DeviceF(layout_.NamePlate(colour));
     painter.setFont(TextFont(15 * layout_.Cell / boardCell * unit, lit ? QFont::Bold : QFont::DemiBold));
     painter.setPen(lit ? palette::Ink : WithAlpha(palette::Ink, 0.85));
-    painter.drawText(plate, Qt::AlignCenter, QString::fromStdString(Trimmed(settings.PlayerName[colour])));
+    painter.drawText(plate, Qt::AlignCenter,
+                     QString::fromStdString(Trimmed(settings.PlayerName[colour])));
 }
 
 void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour colour) {
@@ -160,31 +184,66 @@ void BoardPainter::PaintBonus(QPainter& painter, const BoardView& view) {
     painter.drawText(token, Qt::AlignCenter, QStringLiteral("+%1").arg(view.bonusDue));
 }
 
-void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view) {
-    if (view.shown.piece == 0) return;
+// A light ring between dark edges is seen on every colour of the board.
+void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, double width,
+                             const QColor& colour) {
     const double unit = layout_.Unit;
-    const Colour colour = ColourOf(view.shown.piece);
-    const QColor mark = palette::Light;
-    const auto dot = [&](zorva::Square square, double radius, double width) {
-        painter.setPen(QPen(palette::DarkWood, (width + 2) * unit));
-        painter.setBrush(Qt::NoBrush);
-        const Point at = layout_.SquarePosition(square);
-        painter.drawEllipse(Device(QPointF(at.x, at.y)), radius * unit, radius * unit);
-        painter.setPen(QPen(mark, width * unit));
-        painter.drawEllipse(Device(QPointF(at.x, at.y)), radius * unit, radius * unit);
-    };
-    zorva::Square square = view.shown.from == 0 ? ExitSquare[colour] : view.shown.from;
-    for (int steps = 0; square != view.shown.to && steps < StepsToGoal; ++steps) {
-        if (steps > 0 || view.shown.from == 0) dot(square, 2.2, 2.2);
-        square = AdvanceSquare(square, 1, colour);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette::DarkWood, (width + 1.6) * unit));
+    painter.drawEllipse(Device(centre), radius * unit, radius * unit);
+    painter.setPen(QPen(colour, width * unit));
+    painter.drawEllipse(Device(centre), radius * unit, radius * unit);
+}
+
+void BoardPainter::PaintShownMove(QPainter& painter, const BoardView::ShownMove& move) {
+    if (move.piece == 0) return;
+    const std::vector<QPointF> way = WayOf(layout_, move);
+    for (std::size_t step = 0; step + 1 < way.size(); ++step) {
+        PaintRing(painter, way[step], 2, 2.4, palette::Light);
     }
-    dot(view.shown.to, layout_.PieceSize / 2.0 + 1.5, 2.5);
+    PaintRing(painter, way.back(), layout_.PieceSize / 2.0 + 1, 2.6, palette::Light);
+}
+
+QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {
+    QRect area;
+    for (const QPointF& point : WayOf(layout_, move)) area |= PieceArea(point);
+    return area;
+}
+
+void BoardPainter::PaintPickable(QPainter& painter, const BoardView& view, PieceCode code) {
+    if (!view.movable[code] || code == view.inAir) return;
+    const bool marked = view.marked == code;
+    const double radius = layout_.PieceSize / 2.0 + (marked ? 2.5 : 1.5);
+    PaintRing(painter, view.at[code], radius, marked ? 4 : 2.6,
+              marked ? QColor(Qt::white) : palette::Light);
+}
+
+Box BoardPainter::Banner() const {
+    const Short width = ToShort(9 * layout_.Cell);
+    const Short left = ToShort(layout_.Margin + 6 * layout_.Cell);
+    return {left, ToShort(std::max<int>(layout_.Margin - 14, 1)), width, 24};
+}
+
+QRect BoardPainter::BannerArea() const {
+    return DeviceArea(Banner(), 3);
+}
+
+void BoardPainter::PaintBanner(QPainter& painter) {
+    const QRectF banner = DeviceF(Banner());
+    const double unit = layout_.Unit;
+    painter.setPen(QPen(palette::DarkWood, 1.5 * unit));
+    painter.setBrush(palette::Light);
+    painter.drawRoundedRect(banner, 8 * unit, 8 * unit);
+    painter.setFont(TextFont(13 * unit, QFont::Bold));
+    painter.setPen(palette::Ink);
+    painter.drawText(banner, Qt::AlignCenter, QStringLiteral("Modo manual"));
 }
 
 void BoardPainter::PaintPiece(QPainter& painter, const BoardView& view, PieceCode code) {
     if (!view.present[code]) return;
     const double side = layout_.PieceSize * pieceDrawingSide / pieceDrawingBody * layout_.Unit;
-    const QPixmap picture = artwork_.Picture(QStringLiteral("piece_%1").arg(ColourOf(code)), SideBySide(side));
+    const QPixmap picture =
+        artwork_.Picture(QStringLiteral("piece_%1").arg(ColourOf(code)), SideBySide(side));
     QPointF centre = Device(view.at[code]);
     if (code == view.inAir) centre.ry() -= view.lift * layout_.Unit;
     const QPointF corner = centre - QPointF(picture.width(), picture.height()) / 2;

@@ -22,7 +22,8 @@ public:
     void SetScreen(const Layout& layout, QSize devicePixels);
 
     /// Paints the board with its pieces anew within that part (device pixels).
-    void Paint(const BoardView& view, const GameState& state, const Settings& settings, const QRect& part);
+    void Paint(const BoardView& view, const GameState& state, const Settings& settings,
+               const QRect& part);
 
     /// The board as it is to be seen.
     const QPixmap& Picture() const { return Pic_TableroLleno; }
@@ -32,6 +33,10 @@ public:
     QRect PieceArea(QPointF centre, double lift = 0) const;
     /// The device pixels a rectangle of the layout covers.
     QRect DeviceArea(const Box& box, double around = 0) const;
+    /// The device pixels that the marks of a shown move cover.
+    QRect MoveArea(const BoardView::ShownMove& move) const;
+    /// The device pixels of the banner that says what the board is in.
+    QRect BannerArea() const;
 
 private:
     void PaintTable(QPainter& painter);
@@ -39,8 +44,12 @@ private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour);
     void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
     void PaintBonus(QPainter& painter, const BoardView& view);
-    void PaintShownMove(QPainter& painter, const BoardView& view);
+    void PaintShownMove(QPainter& painter, const BoardView::ShownMove& move);
+    void PaintPickable(QPainter& painter, const BoardView& view, PieceCode code);
+    void PaintBanner(QPainter& painter);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
+    void PaintRing(QPainter& painter, QPointF centre, double radius, double width, const QColor& colour);
+    Box Banner() const;
     QPointF Device(QPointF layoutPoint) const;
     QRectF DeviceF(const Box& box) const;
 

@@ -1,6 +1,7 @@
 #include "app/BoardScene.h"
 
 #include <cmath>
+#include <utility>
 
 #include "app/PiecePlaces.h"
 #include "core/Board.h"
@@ -23,7 +24,8 @@ double TiltOfRoll(int roll) {
 
 }  // namespace
 
-BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork& artwork, Changed changed)
+BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork& artwork,
+                       Changed changed)
     : state_(state), settings_(settings), painter_(artwork), changed_(std::move(changed)) {}
 
 void BoardScene::SetScreen(const Layout& layout, QSize devicePixels) {
@@ -85,8 +87,8 @@ void BoardScene::GlideOthersToTheirPlaces() {
 }
 
 void BoardScene::StartStep(PieceCode piece, Square from, Square to) {
-    const QPointF start = from == 0 ? AsPointF(layout_.BoxPosition(ColourOf(piece), PieceOf(piece)))
-                                    : view_.at[piece];
+    const QPointF start =
+        from == 0 ? AsPointF(layout_.BoxPosition(ColourOf(piece), PieceOf(piece))) : view_.at[piece];
     const QPointF end = to == 0 ? AsPointF(layout_.BoxPosition(ColourOf(piece), PieceOf(piece)))
                                 : AsPointF(layout_.SquarePosition(to));
     glides_.push_back({piece, start, end});
@@ -102,6 +104,15 @@ void BoardScene::ShowStep(double progress) {
         Repaint(area);
     }
     if (progress >= 1) glides_.clear();
+}
+
+void BoardScene::Drag(PieceCode piece, QPointF at) {
+    if (view_.inAir != piece) Lift(piece);
+    MoveTo(piece, at);
+}
+
+void BoardScene::StartGlideBack(PieceCode piece) {
+    glides_.push_back({piece, view_.at[piece], PlaceOf(piece)});
 }
 
 void BoardScene::PutDown(PieceCode piece) {
@@ -139,10 +150,44 @@ void BoardScene::ShowTurn(Colour colour, Short bonusDue) {
     RepaintHouse(colour);
 }
 
+void BoardScene::RepaintMove(const BoardView::ShownMove& move) {
+    if (move.piece != 0) Repaint(painter_.MoveArea(move));
+}
+
+void BoardScene::RepaintPiece(PieceCode piece) {
+    if (piece != 0) Repaint(AreaOf(piece));
+}
+
 void BoardScene::ShowMove(const BoardView::ShownMove& move) {
-    view_.shown = move;
-    const Box board{layout_.Margin, layout_.Margin, ToShort(21 * layout_.Cell), ToShort(21 * layout_.Cell)};
-    Repaint(painter_.DeviceArea(board));
+    const BoardView::ShownMove before = std::exchange(view_.shown, move);
+    RepaintMove(before);
+    RepaintMove(move);
+}
+
+void BoardScene::ShowPreview(const BoardView::ShownMove& move) {
+    const BoardView::ShownMove before = std::exchange(view_.preview, move);
+    RepaintMove(before);
+    RepaintMove(view_.shown);
+    RepaintMove(move);
+}
+
+void BoardScene::ShowMovable(const std::array<bool, BoardView::CodeCount>& movable) {
+    const auto before = std::exchange(view_.movable, movable);
+    for (PieceCode piece = 1; piece < BoardView::CodeCount; ++piece) {
+        if (before[piece] != movable[piece]) RepaintPiece(piece);
+    }
+}
+
+void BoardScene::ShowMarked(PieceCode piece) {
+    const PieceCode before = std::exchange(view_.marked, piece);
+    if (before == piece) return;
+    RepaintPiece(before);
+    RepaintPiece(piece);
+}
+
+void BoardScene::ShowManualMode(bool on) {
+    view_.manualMode = on;
+    Repaint(painter_.BannerArea());
 }
 
 void BoardScene::ShowWinner(Colour colour) {

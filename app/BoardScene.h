@@ -30,11 +30,19 @@ public:
     /// Whether pieces are on their way: the next wait is to show it.
     bool HasMotion() const { return !glides_.empty(); }
     void PutDown(PieceCode piece);
+    /// The piece hangs on the pointer.
+    void Drag(PieceCode piece, QPointF at);
+    /// A dragged piece goes back to where it stands, by ShowStep.
+    void StartGlideBack(PieceCode piece);
 
     // Dice, turn and marks.
     void ShowDie(Colour colour, Short face, bool ready);
     void ShowTurn(Colour colour, Short bonusDue);
     void ShowMove(const BoardView::ShownMove& move);
+    void ShowPreview(const BoardView::ShownMove& move);
+    void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
+    void ShowMarked(PieceCode piece);
+    void ShowManualMode(bool on);
     void ShowWinner(Colour colour);
 
     /// Puts everything where the tables say and paints the whole board.
@@ -53,6 +61,8 @@ private:
     void GlideOthersToTheirPlaces();
     void Repaint(const QRect& device);
     void RepaintHouse(Colour colour);
+    void RepaintMove(const BoardView::ShownMove& move);
+    void RepaintPiece(PieceCode piece);
 
     const GameState& state_;
     const Settings& settings_;

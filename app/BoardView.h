@@ -31,6 +31,10 @@ struct BoardView {
     Colour onTurn = 0;  ///< whose house is lit
     Colour winner = 0;  ///< whose display blinks
     ShownMove shown;
+    ShownMove preview;                      ///< where the piece under the pointer would go
+    std::array<bool, CodeCount> movable{};  ///< pieces that a person may pick now
+    PieceCode marked = 0;                   ///< the one marked by the keyboard
+    bool manualMode = false;
 };
 
 }  // namespace zorva

@@ -12,14 +12,20 @@ void GameRunner::Abandon() {
     table_.state.GameInProgress = No;
 }
 
+void GameRunner::TellGameOver() {
+    if (wish_ != Wish::Leave && GameOver) GameOver();
+}
+
 void GameRunner::Run(const std::function<void()>& play) {
     running_ = true;
     play();
+    TellGameOver();
     while (wish_ == Wish::NewGame) {
         wish_ = Wish::None;
-        if (StartGame(table_) == StartOutcome::Cancelled && wish_ == Wish::None && SettingsWanted) {
+        const StartOutcome outcome = StartGame(table_);
+        TellGameOver();
+        if (outcome == StartOutcome::Cancelled && wish_ == Wish::None && SettingsWanted)
             SettingsWanted();
-        }
     }
     running_ = false;
     if (wish_ == Wish::Leave && Ended) Ended();

@@ -16,6 +16,8 @@ public:
 
     /// What happens when the players cancel the first question to change settings.
     std::function<void()> SettingsWanted;
+    /// What happens when a game has ended or was given up, but not when it is left to go on later.
+    std::function<void()> GameOver;
     /// What happens when no game is being played any more and the program is to end.
     std::function<void()> Ended;
 
@@ -33,6 +35,7 @@ private:
 
     void Run(const std::function<void()>& play);
     void Abandon();
+    void TellGameOver();
 
     Table table_;
     bool running_ = false;

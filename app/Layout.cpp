@@ -76,7 +76,8 @@ void PlaceButtons(Layout& layout) {
 }
 
 void PlaceStrip(Layout& layout) {
-    layout.Recorder = {CentredBesideBoard(layout, recorderWidth), recorderTop, recorderWidth, recorderHeight};
+    layout.Recorder = {CentredBesideBoard(layout, recorderWidth), recorderTop, recorderWidth,
+                       recorderHeight};
     layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
     layout.LogPaper = layout.Log;
     layout.LogPaper.height = ToShort(std::min<int>(layout.Log.height, layout.ScreenHeight - logTop - 4));
@@ -88,22 +89,23 @@ void PlaceStrip(Layout& layout) {
 struct Run {
     Square first;
     Square last;
-    bool vertical;   // the run goes up or down: the lane fixes x
-    double lane;     // in blocks
-    double offset;   // the moving coordinate is floor((offset + direction * square) * Cell)
+    bool vertical;  // the run goes up or down: the lane fixes x
+    double lane;    // in blocks
+    double offset;  // the moving coordinate is floor((offset + direction * square) * Cell)
     int direction;
 };
 
 constexpr Run runs[] = {
-    {1, 8, true, 5.5, 21.5, -1},      {9, 17, false, 5.5, 4.5, 1},      {18, 25, false, 3.5, 38.5, -1},
-    {26, 34, true, 5.5, 33.5, -1},    {35, 42, true, 3.5, -34.5, 1},    {43, 51, false, 3.5, 50.5, -1},
-    {52, 59, false, 5.5, -51.5, 1},   {60, 68, true, 3.5, -46.5, 1},    {69, 75, true, 4.5, 88.5, -1},
-    {77, 83, false, 4.5, 96.5, -1},   {85, 91, true, 4.5, -83.5, 1},    {93, 99, false, 4.5, -91.5, 1},
+    {1, 8, true, 5.5, 21.5, -1},    {9, 17, false, 5.5, 4.5, 1},   {18, 25, false, 3.5, 38.5, -1},
+    {26, 34, true, 5.5, 33.5, -1},  {35, 42, true, 3.5, -34.5, 1}, {43, 51, false, 3.5, 50.5, -1},
+    {52, 59, false, 5.5, -51.5, 1}, {60, 68, true, 3.5, -46.5, 1}, {69, 75, true, 4.5, 88.5, -1},
+    {77, 83, false, 4.5, 96.5, -1}, {85, 91, true, 4.5, -83.5, 1}, {93, 99, false, 4.5, -91.5, 1},
 };
 
 const Run& RunOf(Square square) {
-    const auto* run = std::find_if(std::begin(runs), std::end(runs),
-                                   [square](const Run& r) { return square >= r.first && square <= r.last; });
+    const auto* run = std::find_if(std::begin(runs), std::end(runs), [square](const Run& r) {
+        return square >= r.first && square <= r.last;
+    });
     Insist(run != std::end(runs), "a square without a place on the board");
     return *run;
 }
@@ -113,11 +115,16 @@ Point AroundArmEnd(const Layout& layout, Square square, Point at) {
     const Short cell = layout.Cell;
     const Short block = layout.Block;
     switch (square) {
-        case 17: return {ToShort(at.x - cell), ToShort(at.y - block)};
-        case 34: return {ToShort(at.x - block), ToShort(at.y + cell)};
-        case 51: return {ToShort(at.x + cell), ToShort(at.y + block)};
-        case 68: return {ToShort(at.x + block), ToShort(at.y - cell)};
-        default: return at;
+        case 17:
+            return {ToShort(at.x - cell), ToShort(at.y - block)};
+        case 34:
+            return {ToShort(at.x - block), ToShort(at.y + cell)};
+        case 51:
+            return {ToShort(at.x + cell), ToShort(at.y + block)};
+        case 68:
+            return {ToShort(at.x + block), ToShort(at.y - cell)};
+        default:
+            return at;
     }
 }
 
@@ -153,8 +160,9 @@ Point BesideFirst(const Layout& layout, Square square, Short slot, Point first) 
 Box InHouse(const Layout& layout, Colour colour, int centreX, int centreY, int width, int height) {
     const double scale = layout.Cell / 33.0;
     const Point corner = layout.CornerBox[colour];
-    return {Round(corner.x + (centreX - width / 2.0) * scale), Round(corner.y + (centreY - height / 2.0) * scale),
-            Round(width * scale), Round(height * scale)};
+    return {Round(corner.x + (centreX - width / 2.0) * scale),
+            Round(corner.y + (centreY - height / 2.0) * scale), Round(width * scale),
+            Round(height * scale)};
 }
 
 }  // namespace

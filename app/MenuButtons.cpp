@@ -16,9 +16,9 @@ MenuButton::MenuButton(QWidget* parent, const Services& services, int index)
 }
 
 QString MenuButton::HoverText(int index) {
-    static const char* const texts[] = {" Ayuda de la aplicación ",      " Comenzar nueva partida ",
-                                        " Personalizar la aplicación ",  " Histórico de partidas ",
-                                        " Tutor de juego ",              " Salir de la aplicación "};
+    static const char* const texts[] = {
+        " Ayuda de la aplicación ", " Comenzar nueva partida ", " Personalizar la aplicación ",
+        " Histórico de partidas ",  " Tutor de juego ",         " Salir de la aplicación "};
     return QString::fromUtf8(texts[index]);
 }
 

@@ -53,7 +53,8 @@ void Mesa::PlaceControls() {
     const QRect area = ToolkitRect(layout.Buttons);
     panel->setGeometry(area);
     for (int index = 0; index < MenuButtons::Count; ++index) {
-        buttons_->Button(index).setGeometry(ToolkitRect(layout.Button[index]).translated(-area.topLeft()));
+        buttons_->Button(index).setGeometry(
+            ToolkitRect(layout.Button[index]).translated(-area.topLeft()));
         buttons_->Button(index).setCursor(pointers_.Hand());
     }
     strip_->setGeometry(ToolkitRect(layout.Recorder));
@@ -96,10 +97,16 @@ void Mesa::paintEvent(QPaintEvent* event) {
 // --------------------------------------------------------------------------------------- input
 
 void Mesa::mousePressEvent(QMouseEvent* event) {
-    if (BoardClicked) BoardClicked(LayoutPoint(event->position()), event->button());
+    if (BoardPressed) BoardPressed(LayoutPoint(event->position()), event->button());
 }
 
-void Mesa::mouseMoveEvent(QMouseEvent*) {
+void Mesa::mouseMoveEvent(QMouseEvent* event) {
+    if (BoardMoved) BoardMoved(LayoutPoint(event->position()));
+    RefreshPointer();
+}
+
+void Mesa::mouseReleaseEvent(QMouseEvent* event) {
+    if (BoardReleased) BoardReleased(LayoutPoint(event->position()));
     RefreshPointer();
 }
 
@@ -113,6 +120,7 @@ void Mesa::closeEvent(QCloseEvent* event) {
 }
 
 void Mesa::SetScreenPointer(ScreenPointer pointer) {
+    if (WaitChanged) WaitChanged();
     if (pointer == ScreenPointer::Hourglass) {
         setCursor(Qt::WaitCursor);
     } else {

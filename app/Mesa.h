@@ -35,14 +35,19 @@ public:
         Ask;
     /// A menu button was pressed (MenuButtons::Index).
     std::function<void(int button)> ButtonPressed;
-    /// The board was clicked, at a point of the layout.
-    std::function<void(Point at, Qt::MouseButton button)> BoardClicked;
+    // The mouse on the board, at a point of the layout.
+    std::function<void(Point at, Qt::MouseButton button)> BoardPressed;
+    std::function<void(Point at)> BoardMoved;
+    std::function<void(Point at)> BoardReleased;
     /// A key was pressed; modifiers alone and automatic repeats are none.
     std::function<void(const QKeyEvent& key)> KeyPressed;
     /// The window manager wants the window closed.
     std::function<void()> CloseWanted;
     /// The pointer the board shows at a point of the layout, by its state.
     std::function<QCursor(Point at)> PointerAt;
+
+    /// The screen pointer was set by the game: a wait begins or ends.
+    std::function<void()> WaitChanged;
 
     /// The pointer of the game: an hourglass while it prepares, else that of the board.
     void SetScreenPointer(ScreenPointer pointer);
@@ -57,6 +62,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the board

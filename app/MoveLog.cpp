@@ -82,7 +82,8 @@ void MoveLog::paintEvent(QPaintEvent*) {
     for (int line = top_; line < last; ++line) {
         const QRectF row(left, left + (line - top_) * pitch, width() - 2 * left, pitch);
         if (line == selected_) painter.fillRect(row.adjusted(-2 * unit, 0, 2 * unit, 0), palette::Brass);
-        painter.setFont(line == 0 ? TextFont(typeSize * unit, QFont::Bold) : ColumnFont(typeSize * unit));
+        painter.setFont(line == 0 ? TextFont(typeSize * unit, QFont::Bold)
+                                  : ColumnFont(typeSize * unit));
         painter.setPen(palette::Ink);
         painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, lines_[line]);
     }

@@ -2,14 +2,20 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 
+#include "app/DataFolder.h"
+#include "app/KeyStrokes.h"
 #include "app/MenuButtons.h"
+#include "core/Records.h"
+#include "core/Turns.h"
 #include "dialogs/mensajes.h"
+#include "store/SavedGame.h"
 
 namespace zorva {
 namespace {
 
-std::vector<std::uint8_t> RecordingOf(Short id) {
+std::vector<std::uint8_t> BytesOfRecording(Short id) {
     QFile file(QStringLiteral(":/sounds/%1.wav").arg(id, 2, 10, QLatin1Char('0')));
     if (!file.open(QFile::ReadOnly)) return {};
     const QByteArray bytes = file.readAll();
@@ -18,36 +24,117 @@ std::vector<std::uint8_t> RecordingOf(Short id) {
 
 }  // namespace
 
-Program::Program()
-    : sounds_(RecordingOf),
+Program::Program(const std::filesystem::path& programFolder)
+    : programFolder_(programFolder),
+      sounds_(BytesOfRecording),
       mesa_(state_, settings_),
       outside_(mesa_, state_, settings_),
       runner_(state_, settings_, outside_),
-      input_(state_, settings_, mesa_) {
-    Connect();
+      keeper_(state_, settings_),
+      input_(state_, settings_, recorder_, mesa_),
+      recorderControl_({state_, settings_, outside_}, recorder_, mesa_) {
+    ConnectServices();
+    ConnectWindow();
+    ConnectGame();
 }
 
-void Program::Connect() {
+// ---------------------------------------------------------------------------------- connections
+
+void Program::ConnectServices() {
     Services& shared = mesa_.Shared();
     shared.PlaySound = [this](Short id) {
         if (settings_.SoundOn == 1) sounds_.Play(id);
     };
     shared.Pause = [this](Short n) { outside_.Pause(n); };
-    mesa_.Ask = [this](const QString& title, const QString& text, Short lineCount, MessageButtons buttons) {
+    mesa_.Ask = [this](const QString& title, const QString& text, Short lineCount,
+                       MessageButtons buttons) {
         return ShowMessage(&mesa_, mesa_.Shared(), title, text, lineCount, buttons);
     };
-    mesa_.ButtonPressed = [this](int button) { ButtonPressed(button); };
-    mesa_.BoardClicked = [this](Point at, Qt::MouseButton button) { input_.Click(at, button); };
-    mesa_.KeyPressed = [this](const QKeyEvent& key) { input_.Key(key); };
-    mesa_.CloseWanted = [this] { AskToLeave(); };
-    mesa_.PointerAt = [this](Point at) { return input_.PointerAt(at); };
-    runner_.Ended = [] { QApplication::quit(); };
-    mesa_.Buttons().Explain(settings_.ButtonInfo == 1);
+    keeper_.Failed = [this](const std::string& title, const std::string& text) {
+        Tell(QString::fromStdString(title), QString::fromStdString(text));
+    };
 }
 
-void Program::Start() {
-    mesa_.showFullScreen();
+void Program::ConnectWindow() {
+    mesa_.ButtonPressed = [this](int button) { ButtonPressed(button); };
+    mesa_.BoardPressed = [this](Point at, Qt::MouseButton button) { input_.Press(at, button); };
+    mesa_.BoardMoved = [this](Point at) { input_.Move(at); };
+    mesa_.BoardReleased = [this](Point at) { input_.Release(at); };
+    mesa_.KeyPressed = [this](const QKeyEvent& key) { KeyPressed(key); };
+    mesa_.CloseWanted = [this] { Leave(); };
+    mesa_.PointerAt = [this](Point at) { return input_.PointerAt(at); };
+    mesa_.WaitChanged = [this] { input_.ShowWhatCanBePicked(); };
+    mesa_.Strip().Pressed = [this](RecorderKey key) { recorderControl_.Press(key); };
+    mesa_.Strip().IsLive = [this](RecorderKey key) { return recorderControl_.IsLive(key); };
+    mesa_.Buttons().Explain(settings_.ButtonInfo == 1);
+    mesa_.Strip().Explain(settings_.ButtonInfo == 1);
 }
+
+void Program::ConnectGame() {
+    outside_.PositionKept = [this] { keeper_.PositionReached(); };
+    outside_.ResultKept = [this](const GameResult& result) { keeper_.AppendResult(result); };
+    runner_.GameOver = [this] { keeper_.GameOver(); };
+    runner_.SettingsWanted = [this] { Personalize(); };
+    runner_.Ended = [] { QApplication::quit(); };
+}
+
+// ----------------------------------------------------------------------------------------- start
+
+void Program::Start() {
+    LoadGame();
+    if (state_.GameInProgress) ContinueGame();
+}
+
+void Program::LoadGame() {
+    const LoadedSettings loaded = keeper_.Load(ChooseDataFolder(programFolder_));
+    settings_ = loaded.content.settings;
+    state_ = loaded.content.state;
+    ApplySettings(state_, settings_);
+    mesa_.Buttons().Explain(settings_.ButtonInfo == 1);
+    mesa_.Strip().Explain(settings_.ButtonInfo == 1);
+    RebuildLog({state_, settings_, outside_});
+    mesa_.Scene().Refresh();
+    if (!loaded.text.empty()) {
+        Tell(QString::fromStdString(loaded.title), QString::fromStdString(loaded.text));
+    }
+    if (loaded.writeError != FileError::None) {
+        Tell(SaveErrorTitle, QString::fromStdString(SaveErrorText(loaded.writeError, SettingsFileName)));
+    }
+}
+
+void Program::ContinueGame() {
+    Tell("Continuar la partida anterior",
+         "Continua el desarrollo de la partida que no finalizó en la sesión anterior.");
+    SeatPiecesOfContinuedGame();
+    PrepareToContinue(state_);
+    runner_.Continue();
+}
+
+void Program::SeatPiecesOfContinuedGame() {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (!IsTakingPart(settings_, colour)) continue;
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+            const PieceCode code = CodeOf(colour, piece);
+            outside_.PutDownPiece(code, state_.PositionOf(code));
+            outside_.PlaySound(7);
+            outside_.Pause(15);
+        }
+    }
+}
+
+void Program::ComeToFront() {
+    mesa_.showFullScreen();
+    mesa_.raise();
+    mesa_.activateWindow();
+}
+
+// -------------------------------------------------------------------------------------- messages
+
+void Program::Tell(const QString& title, const QString& text) {
+    mesa_.Ask(title, text, MessageLinesFor(text), MessageButtons::Acknowledge);
+}
+
+// -------------------------------------------------------------------------------------- the menu
 
 void Program::ButtonPressed(int button) {
     MenuButton& key = mesa_.Buttons().Button(button);
@@ -56,33 +143,115 @@ void Program::ButtonPressed(int button) {
     outside_.Pause(10);
     key.ShowPressed(false);
     switch (button) {
-        case MenuButtons::NewGame: AskForNewGame(); break;
-        case MenuButtons::Leave: AskToLeave(); break;
-        default: break;
+        case MenuButtons::NewGame:
+            NewGame();
+            break;
+        case MenuButtons::Personalize:
+            Personalize();
+            break;
+        case MenuButtons::History:
+            ShowHistory();
+            break;
+        case MenuButtons::Advice:
+            ShowAdvice();
+            break;
+        case MenuButtons::Leave:
+            Leave();
+            break;
+        default:
+            break;
     }
 }
 
-void Program::AskForNewGame() {
-    if (state_.GameInProgress) {
-        const MessageAnswer answer =
-            mesa_.Ask("Abandonar la partida en curso",
-                      "¿Desea abandonar la partida que está jugando para comenzar una nueva partida?", 2,
-                      MessageButtons::YesNo);
-        if (answer == MessageAnswer::Refused) return;
-    }
+bool Program::ConfirmNewGame() {
+    if (!state_.GameInProgress) return true;
+    return mesa_.Ask("Abandonar la partida en curso",
+                     "¿Desea abandonar la partida que está jugando para comenzar una nueva partida?", 2,
+                     MessageButtons::YesNo) == MessageAnswer::Accepted;
+}
+
+void Program::NewGame() {
+    if (!ConfirmNewGame()) return;
+    recorderControl_.TakeTapeOut();
+    outside_.Pause(10);
     runner_.StartNewGame();
 }
 
-void Program::AskToLeave() {
-    if (state_.GameInProgress) {
-        const bool kept = state_.MoveRecordCount >= 2;
-        const QString title = kept ? "Posponer la partida en curso" : "Salir del programa";
-        const QString text = kept ? "¿Desea abandonar el programa para continuar en otro momento la partida que "
-                                    "está jugando?"
-                                  : "¿Desea abandonar la partida que está jugando?";
-        if (mesa_.Ask(title, text, kept ? 2 : 1, MessageButtons::YesNo) == MessageAnswer::Refused) return;
+bool Program::ConfirmExit() {
+    if (!state_.GameInProgress) return true;
+    const bool canGoOn = state_.MoveRecordCount >= 2;
+    const QString title = canGoOn ? "Posponer la partida en curso" : "Salir del programa";
+    const QString text =
+        canGoOn ? "¿Desea abandonar el programa para continuar en otro momento la partida que "
+                  "está jugando?"
+                : "¿Desea abandonar la partida que está jugando?";
+    return mesa_.Ask(title, text, canGoOn ? 2 : 1, MessageButtons::YesNo) == MessageAnswer::Accepted;
+}
+
+void Program::Leave() {
+    if (recorder_.RecorderOn) {
+        Tell("Salir del programa",
+             "Antes de abandonar el programa debe apagar la Grabadora de jugadas.");
+        return;
     }
+    if (!ConfirmExit()) return;
+    keeper_.Save();
     runner_.Leave();
+}
+
+void Program::ShowAdvice() {
+    if (!state_.WaitingForMove || recorder_.RecorderOn) return;
+    outside_.Pause(10);
+    mesa_.Shared().PlaySound(6);
+    ShowChosenMove({state_, settings_, outside_});
+}
+
+void Program::Personalize() {}
+
+void Program::ShowHistory() {}
+
+// ---------------------------------------------------------------------------------- the keyboard
+
+bool Program::RecorderKeyPressed(const QKeyEvent& key) {
+    if (!(key.modifiers() & Qt::ControlModifier)) return false;
+    switch (key.key()) {
+        case Qt::Key_Home:
+            recorderControl_.Press(RecorderKey::OnOff);
+            return true;
+        case Qt::Key_Left:
+            recorderControl_.Press(RecorderKey::BackOne);
+            return true;
+        case Qt::Key_Right:
+            recorderControl_.Press(RecorderKey::ForwardOne);
+            return true;
+        case Qt::Key_Up:
+            recorderControl_.Press(RecorderKey::AutoBack);
+            return true;
+        case Qt::Key_Down:
+            recorderControl_.Press(RecorderKey::AutoForward);
+            return true;
+        case Qt::Key_End:
+            recorderControl_.Press(RecorderKey::Restore);
+            return true;
+        default:
+            return false;
+    }
+}
+
+void Program::KeyPressed(const QKeyEvent& key) {
+    if (RecorderKeyPressed(key)) return;
+    const bool unmodified =
+        !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    const int code = key.key();
+    if (unmodified && code >= Qt::Key_F1 && code <= Qt::Key_F6) {
+        ButtonPressed(code - Qt::Key_F1);
+    } else if (unmodified && (code == Qt::Key_Tab || code == Qt::Key_Right || code == Qt::Key_Down)) {
+        input_.MarkNext(1);
+    } else if (unmodified && (code == Qt::Key_Backtab || code == Qt::Key_Left || code == Qt::Key_Up)) {
+        input_.MarkNext(-1);
+    } else if (IsPlainKey(key)) {
+        input_.PlainKey(key);
+    }
 }
 
 }  // namespace zorva

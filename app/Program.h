@@ -1,35 +1,69 @@
 #pragma once
 
+#include <filesystem>
+
 #include "app/BoardInput.h"
+#include "app/GameKeeper.h"
 #include "app/GameRunner.h"
 #include "app/Mesa.h"
+#include "app/RecorderControl.h"
 #include "app/SoundPlayer.h"
 #include "app/WindowOutside.h"
-#include "core/GameState.h"
 
 namespace zorva {
 
 /// The running program: one game, its settings, the board window and what connects them.
 class Program {
 public:
-    Program();
+    /// `programFolder` is where the program lies; its files lie there too when that can be written.
+    explicit Program(const std::filesystem::path& programFolder);
 
-    /// Shows the board over the whole screen and waits for the players.
+    /// Opens the board over the whole screen, reads the files and goes on with the game that was left.
+    /// Returns when there is no game in progress (any more).
     void Start();
 
-private:
-    void Connect();
-    void ButtonPressed(int button);
-    void AskForNewGame();
-    void AskToLeave();
+    /// Shows the board window in front of everything.
+    void ComeToFront();
 
+    /// Saves everything now: the program is about to be ended from outside.
+    void SaveNow() { keeper_.Save(); }
+
+    const GameState& State() const { return state_; }
+    Mesa& Window() { return mesa_; }
+
+private:
+    void ConnectServices();
+    void ConnectWindow();
+    void ConnectGame();
+
+    void LoadGame();
+    void ContinueGame();
+    void SeatPiecesOfContinuedGame();
+
+    void ButtonPressed(int button);
+    void KeyPressed(const QKeyEvent& key);
+    bool RecorderKeyPressed(const QKeyEvent& key);
+    void NewGame();
+    bool ConfirmNewGame();
+    void Leave();
+    bool ConfirmExit();
+    void ShowAdvice();
+    void Personalize();
+    void ShowHistory();
+
+    void Tell(const QString& title, const QString& text);
+
+    std::filesystem::path programFolder_;
     Settings settings_;
     GameState state_;
+    RecorderState recorder_;
     SoundPlayer sounds_;
     Mesa mesa_;
     WindowOutside outside_;
     GameRunner runner_;
+    GameKeeper keeper_;
     BoardInput input_;
+    RecorderControl recorderControl_;
 };
 
 }  // namespace zorva

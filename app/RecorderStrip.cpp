@@ -1,24 +1,114 @@
 #include "app/RecorderStrip.h"
 
+#include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
+#include <optional>
 
 #include "app/Artwork.h"
+#include "app/Pointers.h"
 
 namespace zorva {
+namespace {
 
-RecorderStrip::RecorderStrip(QWidget* parent, const Services& services) : QWidget(parent), services_(services) {
+constexpr int stripWidth = 50;
+constexpr int stripHeight = 75;
+constexpr int pressedOffset = 51;  // from a key at rest to the same key pressed, in the sheet
+
+struct KeyPlace {
+    const char* hoverText;
+    Short x, y;
+    Short clickWidth;  // the on/off key's click area is narrower than its picture
+    Short pictureWidth;
+};
+constexpr Short keyHeight = 13;
+
+constexpr KeyPlace places[RecorderKeyCount] = {
+    {" Encender/Apagar mando ", 6, 6, 38, 42}, {" Retroceder 1 jugada ", 4, 25, 21, 21},
+    {" Avanzar 1 jugada ", 25, 25, 21, 21},    {" Retroceso automático ", 4, 41, 21, 21},
+    {" Avance automático ", 25, 41, 21, 21},   {" Restaurar partida ", 14, 57, 21, 21},
+};
+
+const KeyPlace& PlaceOf(RecorderKey key) {
+    return places[static_cast<int>(key)];
+}
+
+// Both ends of a key's area belong to it; where two touch, the first has it.
+std::optional<RecorderKey> KeyAt(Point p) {
+    for (int index = 0; index < RecorderKeyCount; ++index) {
+        const KeyPlace& place = places[index];
+        const bool inX = p.x >= place.x && p.x <= place.x + place.clickWidth;
+        const bool inY = p.y >= place.y && p.y <= place.y + keyHeight;
+        if (inX && inY) return static_cast<RecorderKey>(index);
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+RecorderStrip::RecorderStrip(QWidget* parent, const Services& services)
+    : QWidget(parent), services_(services) {
     setObjectName("Pic_Grabadora");
     setAccessibleName("Grabadora de jugadas");
     setFocusPolicy(Qt::NoFocus);
+    setMouseTracking(true);
+}
+
+QString RecorderStrip::HoverText(RecorderKey key) {
+    return QString::fromUtf8(PlaceOf(key).hoverText);
+}
+
+Box RecorderStrip::KeyBox(RecorderKey key) {
+    const KeyPlace& place = PlaceOf(key);
+    return {place.x, place.y, place.clickWidth, keyHeight};
+}
+
+void RecorderStrip::ShowPressed(RecorderKey key, bool pressed) {
+    pressed_[static_cast<int>(key)] = pressed;
+    repaint();
+}
+
+void RecorderStrip::Explain(bool explains) {
+    explains_ = explains;
+    if (!explains) setToolTip(QString());
 }
 
 void RecorderStrip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const double ratio = services_.devicePixelRatio;
-    QPixmap picture =
-        services_.artwork.PictureOf("recorder", QRectF(0, 0, 50, 75), (QSizeF(size()) * ratio).toSize());
-    picture.setDevicePixelRatio(ratio);
-    painter.drawPixmap(QPointF(), picture);
+    const QSize device = (QSizeF(size()) * ratio).toSize();
+    const double unit = device.width() / static_cast<double>(stripWidth);
+    painter.scale(1 / ratio, 1 / ratio);
+    const auto sheet = [&](int left) {
+        return services_.artwork.PictureOf("recorder", QRectF(left, 0, stripWidth, stripHeight), device);
+    };
+    painter.drawPixmap(0, 0, sheet(0));
+    for (int index = 0; index < RecorderKeyCount; ++index) {
+        if (!pressed_[index]) continue;
+        const KeyPlace& place = places[index];
+        const QRect key =
+            QRectF(place.x * unit, place.y * unit, place.pictureWidth * unit, keyHeight * unit)
+                .toAlignedRect();
+        painter.drawPixmap(key.topLeft(), sheet(pressedOffset), key);
+    }
+}
+
+Point RecorderStrip::StripPoint(QPointF position) const {
+    const double unit = services_.ToToolkit(1);
+    return {ToShort(std::lround(std::floor(position.x() / unit))),
+            ToShort(std::lround(std::floor(position.y() / unit)))};
+}
+
+void RecorderStrip::mousePressEvent(QMouseEvent* event) {
+    const auto key = KeyAt(StripPoint(event->position()));
+    if (event->button() == Qt::LeftButton && key && Pressed) Pressed(*key);
+}
+
+void RecorderStrip::mouseMoveEvent(QMouseEvent* event) {
+    const auto key = KeyAt(StripPoint(event->position()));
+    const bool live = key && IsLive && IsLive(*key);
+    setCursor(live ? services_.pointers.Hand() : QCursor(Qt::ArrowCursor));
+    if (explains_) setToolTip(key ? HoverText(*key) : QString());
 }
 
 }  // namespace zorva

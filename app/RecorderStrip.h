@@ -1,10 +1,16 @@
 #pragma once
 
 #include <QWidget>
+#include <array>
+#include <functional>
 
 #include "app/Services.h"
 
 namespace zorva {
+
+/// The six keys of the recorder, in the order in which a click is tested against them.
+enum class RecorderKey { OnOff, BackOne, ForwardOne, AutoBack, AutoForward, Restore };
+inline constexpr int RecorderKeyCount = 6;
 
 /// Pic_Grabadora: the strip of the move recorder with its six keys. The drawing is a sheet whose left
 /// half shows the keys at rest and whose right half, 51 pixels further, shows them pressed.
@@ -12,11 +18,32 @@ class RecorderStrip : public QWidget {
 public:
     RecorderStrip(QWidget* parent, const Services& services);
 
+    /// A key was pressed with the mouse, live or not.
+    std::function<void(RecorderKey key)> Pressed;
+    /// Whether a key does something now: over such a key the pointer is a hand.
+    std::function<bool(RecorderKey key)> IsLive;
+
+    /// Draws a key pressed or at rest, at once.
+    void ShowPressed(RecorderKey key, bool pressed);
+    /// Shows the keys' explanations when the pointer rests on them, or does not.
+    void Explain(bool explains);
+
+    /// The text that explains a key.
+    static QString HoverText(RecorderKey key);
+    /// Where a key is, in pixels of the strip.
+    static Box KeyBox(RecorderKey key);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
+    Point StripPoint(QPointF position) const;
+
     const Services& services_;
+    std::array<bool, RecorderKeyCount> pressed_{};
+    bool explains_ = true;
 };
 
 }  // namespace zorva

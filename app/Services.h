@@ -14,8 +14,8 @@ class Pointers;
 struct Services {
     Artwork& artwork;
     Pointers& pointers;
-    Layout layout;                 ///< of the screen the board is on
-    double devicePixelRatio = 1;   ///< device pixels per pixel of the toolkit
+    Layout layout;                            ///< of the screen the board is on
+    double devicePixelRatio = 1;              ///< device pixels per pixel of the toolkit
     std::function<void(Short id)> PlaySound;  ///< plays sound 1..19 if sound is on
     std::function<void(Short n)> Pause;       ///< hundredths of a second at speed 0
 

@@ -1,14 +1,41 @@
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
+#include <cstdlib>
 
+#include "app/DataFolder.h"
+#include "app/EndSignals.h"
 #include "app/Program.h"
+#include "app/SingleInstance.h"
+
+namespace {
+
+// The driver may be in the middle of a walk, many frames deep: everything worth keeping is in the
+// file, and nothing there is worth waiting for.
+void SaveAndEnd(zorva::Program& program) {
+    program.SaveNow();
+    std::_Exit(0);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("zorva32");
     QApplication::setApplicationDisplayName("Zorva");
+    QApplication::setDesktopFileName("zorva32");
     QApplication::setWindowIcon(QIcon(":/icon/zorva.svg"));
-    zorva::Program program;
-    program.Start();
+
+    const std::filesystem::path folder = QApplication::applicationDirPath().toStdString();
+    zorva::SingleInstance instance(folder);
+    if (instance.IsSecond()) return 0;
+
+    zorva::Program program(folder);
+    instance.OnSecondStart([&program] { program.ComeToFront(); });
+    zorva::OnEndSignal([&program] { SaveAndEnd(program); });
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
+                     [&program] { program.SaveNow(); });
+    program.Window().showFullScreen();
+    QTimer::singleShot(0, &program.Window(), [&program] { program.Start(); });
     return QApplication::exec();
 }
