@@ -3,6 +3,7 @@
 
     tools/make_art.py            draws all of them
     tools/make_art.py board die  draws those whose name begins with one of the words
+    tools/make_art.py --check    says whether the files are what it would draw
 """
 
 import pathlib
@@ -29,8 +30,6 @@ def drawings():
             yield f"bitmaps/button_{index}{ending}", partial(keys.draw_button, index, pressed)
         for name in ("yes", "no", "accept"):
             yield f"bitmaps/{name}{ending}", partial(keys.draw_answer, name, pressed)
-
-
     yield from pointer_drawings()
     yield "icon/zorva", icon.draw
 
@@ -45,21 +44,36 @@ def pointer_drawings():
     yield "cursors/ManoIndice", partial(pointers.draw_index, "ManoIndice")
 
 
-def write_hot_spots():
+def hot_spots():
+    """One line per pointer: its name and the point it points at, in units of its drawing."""
     names = sorted(name.split("/")[1] for name, _ in pointer_drawings())
-    lines = [f"{name} {pointers.hot_spot(name)[0]} {pointers.hot_spot(name)[1]}\n" for name in names]
-    (ASSETS / "cursors/hotspots.txt").write_text("".join(lines), encoding="utf-8")
+    return "".join("{} {} {}\n".format(name, *pointers.hot_spot(name)) for name in names)
+
+
+def files(words):
+    """The wanted files by their path, with what belongs in them."""
+    for name, draw in drawings():
+        if not words or any(name.split("/")[1].startswith(w) for w in words):
+            yield ASSETS / f"{name}.svg", draw().text()
+    yield ASSETS / "cursors/hotspots.txt", hot_spots()
+
+
+def check(words):
+    """Whether the files are what this script writes; names those that are not."""
+    stale = [file for file, text in files(words) if not file.exists() or file.read_text(encoding="utf-8") != text]
+    for file in stale:
+        print(f"{file.relative_to(ASSETS)} is not what tools/make_art.py draws", file=sys.stderr)
+    return not stale
 
 
 def main(words):
-    for name, draw in drawings():
-        if words and not any(name.split("/")[1].startswith(w) for w in words):
-            continue
-        file = ASSETS / f"{name}.svg"
+    if words[:1] == ["--check"]:
+        return 0 if check(words[1:]) else 1
+    for file, text in files(words):
         file.parent.mkdir(exist_ok=True)
-        file.write_text(draw().text(), encoding="utf-8")
-    write_hot_spots()
+        file.write_text(text, encoding="utf-8")
+    return 0
 
 
 if __name__ == "__main__":
-    main(sys.argv[1:])
+    sys.exit(main(sys.argv[1:]))

@@ -25,7 +25,8 @@ def draw(face):
 def draw_body(die, x, y, side):
     """The ivory body, lit from the top left, with rolled edges."""
     end_x, end_y = x + side, y + side
-    die.rect(x, y, side, side, 11, fill=die.linear(x, y, end_x, end_y, (0, "#e8d7b2"), (0.5, IVORY_DARK), (1, "#7c6238")))
+    die.rect(x, y, side, side, 11,
+             fill=die.linear(x, y, end_x, end_y, (0, "#e8d7b2"), (0.5, IVORY_DARK), (1, "#7c6238")))
     die.rect(x + 0.9, y + 0.9, side - 2, side - 2, 10.2,
              fill=die.linear(x, y, end_x, end_y, (0, "#ffffff"), (0.45, IVORY), (1, "#bfa676")))
     die.rect(x + 3.6, y + 3.4, side - 7.6, side - 7.6, 9.5,

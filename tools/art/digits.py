@@ -5,7 +5,7 @@ from .svg import num
 HEIGHT = 11.0
 GAP = 2.1
 
-# Each stroke is a list of (command, coordinates); upper-case SVG commands M, L, C only.
+# Absolute path commands M, L and C only, every word set apart by a blank.
 FIGURES = {
     "0": (6.4, "M 3.2 0 C 5.3 0 6.4 2.1 6.4 5.5 C 6.4 8.9 5.3 11 3.2 11 C 1.1 11 0 8.9 0 5.5 C 0 2.1 1.1 0 3.2 0"),
     "1": (3.4, "M 0 2.5 L 3.2 0 L 3.2 11"),

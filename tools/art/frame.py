@@ -8,7 +8,7 @@ WIDTH = 15.0
 
 def draw_frame(board, side):
     out, o = side + WIDTH, -WIDTH
-    board.rect(-15.6, -15.6, side + 31.2, side + 31.2, 3.5, fill="#1c0d06")
+    board.rect(-15.6, -15.6, side + 31.2, side + 31.2, fill="#1c0d06")
     mouldings = (
         # corners, outer edge point, inner edge point, light on this side
         ([(o, o), (out, o), (side, 0), (0, 0)], (0, o), (0, 0), 0.22),
@@ -19,7 +19,7 @@ def draw_frame(board, side):
     for corners, outer, inner, light in mouldings:
         board.path(points(corners), fill=_moulding(board, outer, inner, light))
     for corner in ((o, o, 0, 0), (out, o, side, 0), (o, out, 0, side), (out, out, side, side)):
-        board.line(*corner, stroke="#180a04", stroke_width=0.6, stroke_opacity=0.6)
+        board.line(*corner, stroke="#2a1208", stroke_width=0.6)
     _inlay(board, side)
 
 
@@ -32,7 +32,8 @@ def _moulding(board, outer, inner, light):
 
 def _inlay(board, side):
     # Solid squares upon one another; only a narrow edge of each stays in sight.
-    metal = board.linear(0, 0, 0, side, (0, BRASS_LIGHT), (0.3, BRASS), (0.5, BRASS_LIGHT), (0.75, BRASS), (1, BRASS_DARK))
+    metal = board.linear(0, 0, 0, side, (0, BRASS_LIGHT), (0.3, BRASS), (0.5, BRASS_LIGHT), (0.75, BRASS),
+                         (1, BRASS_DARK))
     for grow, fill in ((4.6, "#241008"), (4, metal), (2.4, "#241008")):
         board.rect(-grow, -grow, side + 2 * grow, side + 2 * grow, fill=fill)
 

@@ -1,7 +1,7 @@
 """A player's house: resting places for the waiting pieces, the die's tray and the name plate."""
 
 from .marks import draw_mark
-from .palette import BRASS_LIGHT, INK, TONES
+from .palette import INK, TONES
 from .svg import mix
 
 SIDE = 231.0
@@ -28,15 +28,15 @@ def _ground(board, tones, x, y):
     board.rect(x + 5.5, y + 5.5, SIDE - 12, SIDE - 12, 7, stroke=mix(tones.house, tones.deep, 0.55), stroke_width=1)
 
 
-def _sunk(board, x, y, width, height, rx, depth):
+def _sunk(board, tones, x, y, width, height, rx):
     # A recess: dark under its upper left edge, a line of light on the lower right one.
-    board.rect(x - 0.2, y - 0.2, width + 1.4, height + 1.4, rx + 0.6, fill="#ffffff", fill_opacity=0.45)
-    board.rect(x - 0.8, y - 0.8, width + 1.4, height + 1.4, rx + 0.6, fill="#000000", fill_opacity=depth)
+    board.rect(x - 0.2, y - 0.2, width + 1.4, height + 1.4, rx + 0.6, fill=mix(tones.house, "#ffffff", 0.4))
+    board.rect(x - 0.8, y - 0.8, width + 1.4, height + 1.4, rx + 0.6, fill=mix(tones.house, tones.deep, 0.55))
 
 
 def _resting_places(board, tones, cx, cy):
     left, top, width, height = cx - 20, cy - 68, 40, 136
-    _sunk(board, left, top, width, height, 20, 0.35)
+    _sunk(board, tones, left, top, width, height, 20)
     floor = board.linear(left, top, left + width, top + height, (0, mix(tones.deep, tones.house, 0.45)),
                          (1, mix(tones.deep, tones.house, 0.75)))
     board.rect(left, top, width, height, 20, fill=floor)
@@ -44,7 +44,7 @@ def _resting_places(board, tones, cx, cy):
         y = cy + 32 * (i - 1.5)
         hollow = board.linear(cx - 10, y - 10, cx + 10, y + 10, (0, mix(tones.deep, "#000000", 0.25)),
                               (1, mix(tones.deep, tones.house, 0.55)))
-        board.circle(cx + 0.5, y + 0.6, 14.2, fill="#ffffff", fill_opacity=0.3)
+        board.circle(cx + 0.5, y + 0.6, 14.2, fill=mix(tones.house, tones.light, 0.4))
         board.circle(cx, y, 14.2, fill=hollow)
         board.circle(cx + 0.8, y + 0.9, 12.3, fill=mix(tones.deep, tones.house, 0.4))
 
@@ -53,14 +53,15 @@ def _disc(board, tones, cx, cy):
     # The round paper field of a traditional house, printed with two rings in the colour.
     board.circle(cx + 0.7, cy + 0.8, 64.6, fill=mix(tones.house, tones.light, 0.7))
     board.circle(cx - 0.5, cy - 0.6, 64.6, fill=mix(tones.house, tones.deep, 0.7))
-    paper = board.linear(cx - 45, cy - 45, cx + 45, cy + 45, (0, mix(tones.tint, "#ffffff", 0.4)), (1, mix(tones.tint, tones.house, 0.12)))
+    paper = board.linear(cx - 45, cy - 45, cx + 45, cy + 45, (0, mix(tones.tint, "#ffffff", 0.4)),
+                         (1, mix(tones.tint, tones.house, 0.12)))
     board.circle(cx, cy, 64, fill=paper)
     board.circle(cx, cy, 60.6, stroke=tones.house, stroke_width=1.6)
     board.circle(cx, cy, 57.8, stroke=tones.house, stroke_width=0.7)
 
 
 def _plate(board, tones, x, y):
-    _sunk(board, x, y, 156, 26, 6, 0.4)
+    _sunk(board, tones, x, y, 156, 26, 6)
     floor = board.linear(x, y, x, y + 26, (0, "#efe4cb"), (0.25, "#faf4e4"), (1, "#fffbf0"))
     board.rect(x, y, 156, 26, 6, fill=floor)
 
@@ -68,10 +69,11 @@ def _plate(board, tones, x, y):
 def _tray(board, tones, x, y):
     side = 72
     rim = board.linear(x - 5, y - 5, x + side + 5, y + side + 5, (0, "#8a5432"), (0.5, "#6b3c22"), (1, "#43210f"))
-    board.soft_rect(x - 4, y - 3.6, side + 9, side + 9, 11, 1.6, 0.35, layers=3)
+    board.soft_rect(x - 4, y - 3.6, side + 9, side + 9, 11, 1.2, 0.3, layers=2)
     board.rect(x - 5, y - 5, side + 10, side + 10, 11, fill=rim)
-    board.rect(x - 4.5, y - 4.5, side + 9, side + 9, 10.5, stroke=BRASS_LIGHT, stroke_opacity=0.35, stroke_width=0.8)
-    felt = board.radial(x + side / 2, y + side / 2, 52, (0, mix(tones.deep, tones.house, 0.6)), (1, mix(tones.deep, tones.house, 0.2)))
+    board.rect(x - 4.5, y - 4.5, side + 9, side + 9, 10.5, stroke="#a87a4a", stroke_width=0.8)
+    felt = board.radial(x + side / 2, y + side / 2, 52, (0, mix(tones.deep, tones.house, 0.6)),
+                        (1, mix(tones.deep, tones.house, 0.2)))
     board.rect(x, y, side, side, 7, fill="#140a05")
     board.rect(x + 0.6, y + 0.6, side - 0.8, side - 0.8, 6.5, fill=felt)
     fall = ((0, "#000000", 0.5), (1, "#000000", 0))

@@ -33,8 +33,8 @@ def _triangles(icon, cx, cy, half):
         corners = [at(0, 0), at(half - r * 0.3, half - r * 0.3), at(half, half - r), at(half, -half + r),
                    at(half - r * 0.3, -half + r * 0.3)]
         tones = TONES[colour]
-        shade = icon.linear(cx - half, cy - half, cx + half, cy + half, (0, mix(tones.base, tones.light, 0.5)), (0.5, tones.base),
-                            (1, mix(tones.base, tones.deep, 0.3)))
+        shade = icon.linear(cx - half, cy - half, cx + half, cy + half, (0, mix(tones.base, tones.light, 0.5)),
+                            (0.5, tones.base), (1, mix(tones.base, tones.deep, 0.3)))
         icon.path(points(corners), fill=shade)
     for sx, sy in ((1, 1), (1, -1)):
         end = half - 3

@@ -14,8 +14,10 @@ def draw_key(drawing, x, y, width, height, rx, pressed):
         drawing.soft_rect(x + 1.4, y + 2, width, height, rx, 2.2, 0.6, layers=8)
     drawing.rect(x - 0.8, y - 0.8, width + 1.6, height + 1.6, rx + 0.8, fill="#150904")
     if pressed:
-        edge = drawing.linear(x, y, x, end_y, (0, "#1c0c05"), (0.5, MAHOGANY_DARK), (1, mix(MAHOGANY, "#000000", 0.2)))
-        face = drawing.linear(x, y, slant, end_y, (0, mix(MAHOGANY_DARK, "#000000", 0.25)), (1, mix(MAHOGANY, "#000000", 0.12)))
+        edge = drawing.linear(x, y, x, end_y, (0, "#1c0c05"), (0.5, MAHOGANY_DARK),
+                              (1, mix(MAHOGANY, "#000000", 0.2)))
+        face = drawing.linear(x, y, slant, end_y, (0, mix(MAHOGANY_DARK, "#000000", 0.25)),
+                              (1, mix(MAHOGANY, "#000000", 0.12)))
     else:
         edge = drawing.linear(x, y, x, end_y, (0, "#d08a58"), (0.3, MAHOGANY_LIGHT), (1, MAHOGANY_DARK))
         face = drawing.linear(x, y, slant, end_y, (0, mix(MAHOGANY_LIGHT, MAHOGANY, 0.25)), (0.55, MAHOGANY),
@@ -30,7 +32,8 @@ def draw_key(drawing, x, y, width, height, rx, pressed):
 
 def draw_inlay(drawing, x, y, width, height, rx, pressed, weight=1.2):
     """A line of brass along a key's border."""
-    metal = drawing.linear(x, y, x + width, y + height, (0, BRASS_LIGHT), (0.35, BRASS), (0.6, BRASS_LIGHT), (1, BRASS_DARK))
+    metal = drawing.linear(x, y, x + width, y + height, (0, BRASS_LIGHT), (0.35, BRASS), (0.6, BRASS_LIGHT),
+                           (1, BRASS_DARK))
     drawing.rect(x + 0.6, y + 0.7, width, height, rx, stroke=SHADE, stroke_width=weight, stroke_opacity=0.6)
     drawing.rect(x, y, width, height, rx, stroke=metal, stroke_width=weight, stroke_opacity=0.6 if pressed else 0.95)
 
@@ -41,7 +44,8 @@ class Emblem:
     def __init__(self, drawing, pressed):
         self.drawing = drawing
         shift = 1.2 if pressed else 0
-        self.passes = ((shift + 0.9, shift + 1.1, SHADE), (shift, shift, mix(IVORY, MAHOGANY, 0.3) if pressed else "#fdf4df"))
+        ivory = mix(IVORY, MAHOGANY, 0.3) if pressed else "#fdf4df"
+        self.passes = ((shift + 0.9, shift + 1.1, SHADE), (shift, shift, ivory))
 
     def paint(self, shape):
         for dx, dy, colour in self.passes:
@@ -55,7 +59,8 @@ def _stroke(drawing, colour, data, weight=4.6):
 
 
 def _help(d, colour, wood):
-    _stroke(d, colour, "M23 25C23 19.6 27 16.2 32.2 16.2C37.6 16.2 41.4 19.6 41.4 24.4C41.4 31 32.4 31.2 32.2 38.6", 5.2)
+    _stroke(d, colour, "M23 25C23 19.6 27 16.2 32.2 16.2C37.6 16.2 41.4 19.6 41.4 24.4"
+                       "C41.4 31 32.4 31.2 32.2 38.6", 5.2)
     d.circle(32.2, 47.2, 3.3, fill=colour)
 
 
@@ -81,24 +86,26 @@ def _settings(d, colour, wood):
 
 
 def _history(d, colour, wood):
-    _stroke(d, colour, "M23.5 20.5C17.5 20 16 23 17.6 26.8C18.8 29.6 21.6 31.6 25 32M40.5 20.5C46.5 20 48 23 46.4 26.8C45.2 29.6 42.4 31.6 39 32", 2.8)
-    d.path("M22.6 16.5L41.4 16.5C41.8 25 40.4 32 34.6 35.6L34.6 40.4L29.4 40.4L29.4 35.6C23.6 32 22.2 25 22.6 16.5Z", fill=colour)
+    _stroke(d, colour, "M23.5 20.5C17.5 20 16 23 17.6 26.8C18.8 29.6 21.6 31.6 25 32"
+                       "M40.5 20.5C46.5 20 48 23 46.4 26.8C45.2 29.6 42.4 31.6 39 32", 2.8)
+    d.path("M22.6 16.5L41.4 16.5C41.8 25 40.4 32 34.6 35.6L34.6 40.4L29.4 40.4L29.4 35.6C23.6 32 22.2 25 22.6 16.5Z",
+           fill=colour)
     d.path("M27 40L37 40L39 43.6L25 43.6Z", fill=colour)
     d.rect(22.4, 43.2, 19.2, 4.8, 1.2, fill=colour)
 
 
 def _tutor(d, colour, wood):
-    d.path("M32 14.5C39 14.5 44 19.6 44 26C44 30.4 41.6 33 39.4 35.6C38 37.2 37.2 38.6 37 40.6L27 40.6C26.8 38.6 26 37.2 24.6 35.6"
-           "C22.4 33 20 30.4 20 26C20 19.6 25 14.5 32 14.5Z", fill=colour)
-    d.path("M29.4 40.6L29.4 33L26.4 28.2L29.6 30.2L32 27.6L34.4 30.2L37.6 28.2L34.6 33L34.6 40.6", stroke=wood, stroke_width=1.7,
-           stroke_linejoin="round", stroke_linecap="round")
+    d.path("M32 14.5C39 14.5 44 19.6 44 26C44 30.4 41.6 33 39.4 35.6C38 37.2 37.2 38.6 37 40.6"
+           "L27 40.6C26.8 38.6 26 37.2 24.6 35.6C22.4 33 20 30.4 20 26C20 19.6 25 14.5 32 14.5Z", fill=colour)
+    _stroke(d, wood, "M29.4 40.6L29.4 33L26.4 28.2L29.6 30.2L32 27.6L34.4 30.2L37.6 28.2L34.6 33L34.6 40.6", 1.7)
     d.rect(27.2, 42.2, 9.6, 2.8, 1.2, fill=colour)
     d.rect(28.4, 46.2, 7.2, 2.8, 1.4, fill=colour)
 
 
 def _exit(d, colour, wood):
-    d.path("M18.6 15.5L38.4 15.5L38.4 21.6L35 21.6L35 18.9L27.2 18.9L27.2 45.1L35 45.1L35 41.4L38.4 41.4L38.4 48.5L27.2 48.5"
-           "L27.2 51L17.4 47.4L17.4 16.7C17.4 16 17.9 15.5 18.6 15.5Z", fill=colour)
+    d.path("M18.6 15.5L38.4 15.5L38.4 21.6L35 21.6L35 18.9L27.2 18.9L27.2 45.1"
+           "L35 45.1L35 41.4L38.4 41.4L38.4 48.5L27.2 48.5L27.2 51L17.4 47.4L17.4 16.7"
+           "C17.4 16 17.9 15.5 18.6 15.5Z", fill=colour)
     d.circle(24.2, 33, 1.7, fill=wood)
     d.path("M32 29.6L40.6 29.6L40.6 24.4L49.4 31.6L40.6 38.8L40.6 33.6L32 33.6Z", fill=colour)
 

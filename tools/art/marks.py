@@ -26,18 +26,20 @@ def diamond(cx, cy, size):
     tips = []
     for i in range(8):
         angle = math.radians(45 * i - 90)
-        r = size * (0.56 if i % 2 == 0 else 0.27)
+        r = size * (0.57 if i % 2 == 0 else 0.31)
         tips.append((cx + r * math.cos(angle), cy + r * math.sin(angle)))
     return points(tips)
 
 
 def clover(cx, cy, size):
-    """Green: a cross of four rounded leaves."""
-    r, d = 0.2 * size, 0.29 * size
-    leaves = "".join(_circle(cx + dx * d, cy + dy * d, r) for dx, dy in ((0, -1), (1, 0), (0, 1), (-1, 0)))
-    bar = 0.13 * size
-    return (leaves + points([(cx - d, cy - bar), (cx + d, cy - bar), (cx + d, cy + bar), (cx - d, cy + bar)])
-            + points([(cx - bar, cy - d), (cx + bar, cy - d), (cx + bar, cy + d), (cx - bar, cy + d)]))
+    """Green: four leaves on the diagonals, where the diamond has its hollows."""
+    r, d, bar = 0.225 * size, 0.265 * size, 0.11 * size
+    data = "".join(_circle(cx + dx * d, cy + dy * d, r) for dx, dy in ((1, -1), (1, 1), (-1, 1), (-1, -1)))
+    for way in (1, -1):
+        ends = ((d - bar, d + bar), (d + bar, d - bar), (bar - d, -bar - d), (-bar - d, bar - d))
+        # All parts turn the same way: where they lie on one another they would else cut holes.
+        data += points([(cx + x * way, cy + y) for x, y in ends][::-way])
+    return data
 
 
 def _circle(cx, cy, r):

@@ -15,12 +15,14 @@ LACQUER = {
 
 def draw(colour):
     gleam, lit, body, shade, dark, inlay = LACQUER[colour]
-    piece = Drawing((0, 0, 40, 40), f"A piece, {('', 'yellow', 'blue', 'red', 'green')[colour]}. Drawn by tools/make_art.py.")
+    name = ("", "yellow", "blue", "red", "green")[colour]
+    piece = Drawing((0, 0, 40, 40), f"A piece, {name}. Drawn by tools/make_art.py.")
     piece.soft_disc(22, 22.8, 13.2, 3.6, 0.55)
     # The foot, of which the front shows, then the rounded shoulder and the hollowed top.
     piece.circle(20, 20, 14, fill=dark)
     piece.circle(20, 20, 13.3, fill=piece.linear(8, 12, 32, 32, (0, body), (0.5, shade), (1, dark)))
-    piece.ellipse(20, 19, 12.9, 12.5, fill=piece.linear(11, 9, 29, 30, (0, gleam), (0.3, lit), (0.65, body), (1, shade)))
+    piece.ellipse(20, 19, 12.9, 12.5,
+                  fill=piece.linear(11, 9, 29, 30, (0, gleam), (0.3, lit), (0.65, body), (1, shade)))
     piece.ellipse(20, 18.9, 10.6, 10.3, fill=piece.linear(12, 10, 28, 28, (0, shade), (0.55, body), (1, gleam)))
     piece.ellipse(20, 19, 9.9, 9.6, fill=piece.radial(17, 15.5, 14, (0, mix(lit, gleam, 0.35)), (0.5, lit), (1, body)))
     size = {1: 14.4, 2: 14.2, 3: 16, 4: 15.6}[colour]

@@ -12,11 +12,12 @@ WHITE = ("#ffffff", "#f1ece2", "#b9b1a3")
 OPEN_FINGERS = [(11.4, 17, 9.2, 8, 3.7), (15.1, 16, 14.5, 5, 3.8), (18.9, 16, 20, 5.8, 3.8), (22.2, 18, 25, 10, 3.4),
                 (11.2, 23.2, 5, 17.6, 3.8)]
 OPEN_PALM = "M10.4 15.5L23.4 16.5C24.2 21 22.8 24 21 26.5L12.6 26.5C10.6 23.5 9.2 20 10.4 15.5Z"
-CLOSED_FINGERS = [(9.6, 12.6, 9.6, 19, 4.2), (13.8, 11, 13.8, 19, 4.4), (18.1, 11.2, 18.1, 19, 4.4), (22.2, 12.9, 22.2, 19, 4)]
+CLOSED_FINGERS = [(9.6, 12.6, 9.6, 19, 4.2), (13.8, 11, 13.8, 19, 4.4), (18.1, 11.2, 18.1, 19, 4.4),
+                  (22.2, 12.9, 22.2, 19, 4)]
 CLOSED_PALM = "M8 16L24 16C24.3 20 23.6 22.6 21.8 25L11.4 25C9 22.6 7.6 20 8 16Z"
 CLOSED_THUMB = (9.4, 19.2, 16.4, 20.4, 4.2)
-POINT_FINGERS = [(12.3, 5, 12.3, 20, 4.3), (16.5, 14.6, 16.5, 20, 4.1), (20.5, 15.4, 20.5, 20, 4), (24.2, 16.8, 24.2, 20, 3.6),
-                 (11.6, 23.2, 7.2, 18.2, 4)]
+POINT_FINGERS = [(12.3, 5, 12.3, 20, 4.3), (16.5, 14.6, 16.5, 20, 4.1), (20.5, 15.4, 20.5, 20, 4),
+                 (24.2, 16.8, 24.2, 20, 3.6), (11.6, 23.2, 7.2, 18.2, 4)]
 POINT_PALM = "M10.6 17L25.8 18.4C26.2 22 25 24.4 23.4 26.8L13.4 26.8C11.6 24.4 10.4 21.5 10.6 17Z"
 
 # The open hands: skin from the lit to the shaded side, then the cuff.
@@ -47,7 +48,8 @@ def _hand(hand, fingers, palm, skin, cuff, cuff_box):
     hand.path(palm, fill=fill)
     for x1, y1, x2, y2, thick in fingers:
         hand.line(x1, y1, x2, y2, stroke=fill, stroke_width=thick, stroke_linecap="round")
-    hand.rect(x, y, width, height, 1.4, fill=hand.linear(x, y, x + width, y, (0, cuff[0]), (0.5, cuff[1]), (1, cuff[2])))
+    cloth = hand.linear(x, y, x + width, y, (0, cuff[0]), (0.5, cuff[1]), (1, cuff[2]))
+    hand.rect(x, y, width, height, 1.4, fill=cloth)
 
 
 def _creases(hand, fingers, top, bottom, skin):
@@ -67,7 +69,8 @@ def _drawing(name):
 def draw_open(name, skin, cuff):
     hand = _drawing(name)
     _hand(hand, OPEN_FINGERS, OPEN_PALM, skin, cuff, (11.4, 26, 10.6, 3.6))
-    hand.path("M12.6 22.6C14.2 20.6 15.4 20.2 17.6 20.4", stroke=mix(skin[2], DARK, 0.2), stroke_width=0.8, stroke_linecap="round")
+    hand.path("M12.6 22.6C14.2 20.6 15.4 20.2 17.6 20.4", stroke=mix(skin[2], DARK, 0.2), stroke_width=0.8,
+              stroke_linecap="round")
     return hand
 
 

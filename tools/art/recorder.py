@@ -46,7 +46,8 @@ def _key(strip, x, y, width, pressed):
 
 
 def _triangle(cx, cy, size, way):
-    return points([(cx + way * size * 0.5, cy), (cx - way * size * 0.5, cy - size * 0.62), (cx - way * size * 0.5, cy + size * 0.62)])
+    tip, back, rise = cx + way * size * 0.5, cx - way * size * 0.5, size * 0.62
+    return points([(tip, cy), (back, cy - rise), (back, cy + rise)])
 
 
 def _symbol(strip, key, cx, cy, pressed):
@@ -72,12 +73,15 @@ def _symbol(strip, key, cx, cy, pressed):
 def _power(strip, cx, cy, ink, lit):
     x = cx - 8
     strip.path(f"M{x - 1.9} {cy - 2}C{x - 3.6} {cy - 0.9} {x - 3.7} {cy + 1.6} {x - 2.1} {cy + 2.7}"
-               f"C{x - 0.9} {cy + 3.5} {x + 0.9} {cy + 3.5} {x + 2.1} {cy + 2.7}C{x + 3.7} {cy + 1.6} {x + 3.6} {cy - 0.9} {x + 1.9} {cy - 2}",
+               f"C{x - 0.9} {cy + 3.5} {x + 0.9} {cy + 3.5} {x + 2.1} {cy + 2.7}"
+               f"C{x + 3.7} {cy + 1.6} {x + 3.6} {cy - 0.9} {x + 1.9} {cy - 2}",
                stroke=ink, stroke_width=1.3, stroke_linecap="round")
     strip.line(x, cy - 3.4, x, cy + 0.3, stroke=ink, stroke_width=1.3, stroke_linecap="round")
     x = cx + 9
     if lit:
         strip.circle(x, cy, 5.6, fill=strip.radial(x, cy, 5.6, (0, "#ff5a1e", 0.8), (1, "#ff5a1e", 0)))
     strip.circle(x, cy, 3, fill="#1a0c06")
-    glass = ((0, "#fff2c0"), (0.4, "#ff7a2a"), (1, "#d42208")) if lit else ((0, "#a8604c"), (0.5, "#5a1a10"), (1, "#2e0a06"))
+    glass = ((0, "#a8604c"), (0.5, "#5a1a10"), (1, "#2e0a06"))
+    if lit:
+        glass = ((0, "#fff2c0"), (0.4, "#ff7a2a"), (1, "#d42208"))
     strip.circle(x, cy, 2.4, fill=strip.radial(x - 0.7, cy - 0.8, 3, *glass))
