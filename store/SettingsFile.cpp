@@ -86,4 +86,9 @@ std::string SettingsText(const Settings& settings, const GameState& state) {
     return text;
 }
 
+bool CanStandInName(char32_t character) {
+    const bool isControl = character < ' ' || (character >= 0x7F && character < 0xA0);
+    return !isControl && character != '"' && IsInWindows1252(character);
+}
+
 }  // namespace zorva

@@ -28,6 +28,10 @@ struct SettingsContent {
 /// turn is chosen already.
 std::string SettingsText(const Settings& settings, const GameState& state);
 
+/// Whether a name may hold the character, and the file give it back: everything that the encoding of
+/// the file has, but for double quotes and control characters.
+bool CanStandInName(char32_t character);
+
 /// What reading comes to: the whole content, or why the bytes were refused.
 using SettingsReading = std::variant<SettingsContent, FileError>;
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Board.h"
+#include "store/Encoding.h"
 
 namespace zorva::test {
 namespace {
@@ -114,6 +115,29 @@ TEST(SettingsFile, ANameNeverBreaksTheFile) {
     const std::string text = SettingsText(settings, GameState{});
     EXPECT_EQ(Loaded(text).settings.PlayerName,
               (PerColour<std::string>{"", "a'b", "?ód?", "''", "Verde"}));
+}
+
+TEST(SettingsFile, WhatCanStandInANameComesBack) {
+    for (const char32_t character : std::u32string(U"\"\n\x7F\x81Ł🎲")) {
+        EXPECT_FALSE(CanStandInName(character)) << static_cast<unsigned>(character);
+    }
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte) {
+        const std::string utf8 = FromWindows1252(std::string(1, static_cast<char>(byte)));
+        std::size_t at = 0;
+        if (CanStandInName(NextCharacter(utf8, at))) all += utf8;
+    }
+    EXPECT_EQ(ToWindows1252(all).size(), 94u + 27u + 96u);
+    Settings settings;
+    for (std::size_t at = 0; at < all.size();) {
+        settings.PlayerName[1] = "x";
+        for (int room = 8; room > 0 && at < all.size(); --room) {
+            const std::size_t begin = at;
+            NextCharacter(all, at);
+            settings.PlayerName[1] += all.substr(begin, at - begin);
+        }
+        EXPECT_EQ(Loaded(SettingsText(settings, {})).settings, settings);
+    }
 }
 
 TEST(SettingsFile, IsGoodWithSmallLiberties) {
