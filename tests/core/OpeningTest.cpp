@@ -1,0 +1,115 @@
+#include "core/Opening.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/Board.h"
+#include "tests/support/NotingOutside.h"
+#include "tests/support/Positions.h"
+
+namespace zorva::test {
+namespace {
+
+constexpr const char* question =
+    "message Comienza la Partida|Se va a tirar el dado para elegir el jugador que comienza la partida. "
+    "Pulse "
+    "Aceptar para comenzar el sorteo o  Cancelar\nsi desea cambiar algún parámetro  antes  de  comenzar "
+    " la "
+    "partida.|4 yes/no";
+constexpr const char* tie = "message Sorteo del jugador que comienza|Hay empate y se va a desempatar|1";
+
+struct Row {
+    const char* name;
+    PerColour<Short> active;
+    std::vector<Short> throws;
+    Colour winner;
+    std::vector<Colour> throwers;  ///< who threw, one after another
+    std::ptrdiff_t ties;
+};
+
+TEST(Draw, IsWonByTheHighestThrowAfterAllTies) {
+    const Row rows[] = {
+        {"the highest begins", {0, 1, 1, 1, 1}, {2, 5, 3, 4}, 2, {1, 2, 3, 4}, 0},
+        {"who takes no part does not throw", {0, 1, 2, 1, 2}, {2, 3}, 3, {1, 3}, 0},
+        {"one alone begins", {0, 2, 2, 2, 1}, {1}, 4, {4}, 0},
+        {"the tied alone throw again", {0, 1, 1, 1, 1}, {6, 3, 6, 5, 1, 2}, 3, {1, 2, 3, 4, 1, 3}, 1},
+        {"three tied, then two of them",
+         {0, 1, 1, 1, 1},
+         {6, 3, 6, 6, 2, 5, 5, 4, 1},
+         3,
+         {1, 2, 3, 4, 1, 3, 4, 3, 4},
+         2},
+        {"a lower throw in the second round wins over nobody's first",
+         {0, 1, 1, 2, 2},
+         {6, 6, 1, 2},
+         2,
+         {1, 2, 1, 2},
+         1},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        Settings settings;
+        settings.PlayerActive = row.active;
+        GameState state;
+        NotingOutside outside(state, row.throws);
+        DrawFirstPlayer({state, settings, outside});
+        EXPECT_EQ(state.CurrentColour, row.winner);
+        std::vector<Colour> throwers;
+        const Notes notes = outside.Only({"die", "message", "pause"});
+        for (std::size_t at = 0; at < notes.size(); ++at) {
+            // The last face of a throw lies still, and after a second it is the next one's turn.
+            if (notes[at] == "pause 100")
+                throwers.push_back(static_cast<Colour>(notes[at - 2][4] - '0'));
+        }
+        EXPECT_EQ(throwers, row.throwers);
+        EXPECT_EQ(std::count(notes.begin(), notes.end(), tie), row.ties);
+    }
+}
+
+TEST(NewGame, SeatsThePiecesAsksAndAnnouncesWhoBegins) {
+    Settings settings;
+    settings.PlayerActive = {0, 2, 1, 2, 2};
+    settings.PlayerName[2] = "  Ana ";
+    GameState state = Position("2:84 84 84 0  3:40 0 0 0");
+    state.GameInProgress = Yes;
+    state.SixesInRow = 2;
+    state.MoveRecordCount = 7;
+    NotingOutside outside(state, {4});
+    // The throw of the draw is the only one: the game stops where its first throw would be awaited.
+    EXPECT_EQ(StartGame({state, settings, outside}), StartOutcome::Played);
+    Notes wanted{"log Inicio de la partida", "die 1 0", "die 2 0", "die 3 0", "die 4 0", "empty"};
+    for (const char* piece : {"put 21 0", "put 22 0", "put 23 0", "put 24 0"}) {
+        wanted.insert(wanted.end(), {piece, "sound 7", "pause 15"});
+    }
+    wanted.insert(wanted.end(), {"pause 30", question, "pause 90"});
+    const Notes& seen = outside.All();
+    ASSERT_GT(seen.size(), wanted.size());
+    EXPECT_EQ(Notes(seen.begin(), seen.begin() + static_cast<long>(wanted.size())), wanted);
+    EXPECT_EQ(outside.Only({"message"}),
+              (Notes{question, "message Sorteo del jugador que comienza|Sale Ana.|1"}));
+    EXPECT_EQ(state.CurrentColour, 2);
+    EXPECT_EQ(state.MoveRecordCount, 1);
+    EXPECT_EQ(state.SixesInRow, 0);
+}
+
+TEST(NewGame, LeavesThePiecesInTheirBoxesWhenItIsCancelled) {
+    const Settings settings;
+    GameState state = Position("1:76 76 76 76  2:84 30 0 0");
+    state.GameInProgress = Yes;
+    NotingOutside outside(state, {});
+    outside.answer = MessageAnswer::Refused;
+    EXPECT_EQ(StartGame({state, settings, outside}), StartOutcome::Cancelled);
+    EXPECT_EQ(state.GameInProgress, No);
+    EXPECT_EQ(outside.Only({"message"}), Notes{question});
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        EXPECT_EQ(SquaresText(state, colour), "0 0 0 0");
+        EXPECT_EQ(state.PiecesInBox[colour], 4);
+        EXPECT_EQ(state.PiecesHome[colour], 0);
+    }
+    EXPECT_EQ(SlotsText(state, 30), "0 0 0");
+    EXPECT_EQ(SlotsText(state, GoalSquare[1]), "0 0 13");  // the third slot is left alone
+}
+
+}  // namespace
+}  // namespace zorva::test

@@ -1,0 +1,300 @@
+#include "core/Turns.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "core/Dice.h"
+#include "core/Opening.h"
+#include "tests/support/NotingOutside.h"
+#include "tests/support/Positions.h"
+
+namespace zorva::test {
+namespace {
+
+/// Computer colours of level 0, which move the piece furthest on; those in the box need a five.
+Settings PlainSettings() {
+    Settings settings;
+    settings.PlayerLevel.fill(0);
+    settings.PauseBetweenMoves = 2;
+    settings.RuleLeaveAllInBox = 2;
+    return settings;
+}
+
+std::vector<Short> Throws(const char* text) {
+    std::vector<Short> throws;
+    std::istringstream words(text);
+    for (Short face = 0; words >> face;) throws.push_back(face);
+    return throws;
+}
+
+/// The log lines without their numbers, such as "Ama. cuenta 5, Azul pasa".
+std::string LogOf(const NotingOutside& outside) {
+    std::string log;
+    for (const std::string& note : outside.Only({"log"}))
+        log += (log.empty() ? "" : ", ") + note.substr(8);
+    return log;
+}
+
+std::string Messages(const NotingOutside& outside) {
+    std::string text;
+    for (const std::string& note : outside.Only({"message"})) text += note.substr(8);
+    return text;
+}
+
+constexpr const char* pieceIsHome =
+    "Ha sacado 3 seises|Este jugador ha sacado un 6 por tercera vez. Como la ficha que ha movido en la  "
+    "jugada  anterior ha llegado a casa no vuelve al cuadro de espera.|3";
+constexpr const char* pieceReturns =
+    "Ha sacado 3 seises|Este jugador ha sacado un 6 por tercera vez y la ficha que ha movido en la "
+    "jugada "
+    "anterior vuelve al cuadro de espera.|2";
+constexpr const char* nothingReturns =
+    "Ha sacado 3 seises|Este jugador ha sacado un 6 por tercera vez. Como en el turno anterior no pudo "
+    "mover, no vuelve ninguna ficha al cuadro de espera.|3";
+
+// ------------------------------------------------------------------------- computers at play
+
+struct Row {
+    const char* name;
+    const char* position;
+    const char* throws;
+    const char* log;
+    const char* squares;  ///< of yellow, who begins, at the end
+    const char* message = "";
+    Short sixRule = 2, leaveRule = 2, orderRule = 2;
+};
+
+// Yellow and red play, yellow first.
+const Row rows[] = {
+    {"a turn each", "1:30 0 0 0  3:40 0 0 0", "1 2 3", "Ama. cuenta 1, Rojo cuenta 2, Ama. cuenta 3",
+     "34 0 0 0"},
+    {"who cannot move passes", "1:0 0 0 0  3:40 0 0 0", "4 2", "Ama. pasa, Rojo cuenta 2", "0 0 0 0"},
+    // Sixes.
+    {"a six with none in the box counts twelve", "1:10 11 13 30", "6", "Ama. cuenta 12", "10 11 13 42"},
+    {"or seven", "1:10 11 13 30", "6", "Ama. cuenta 7", "10 11 13 37", "", 1},
+    {"and six with one in the box", "1:10 11 30 0", "6", "Ama. cuenta 6", "10 11 36 0"},
+    {"a six throws again", "1:10 0 0 0", "6 2 1", "Ama. cuenta 6, Ama. cuenta 2, Rojo pasa", "18 0 0 0"},
+    {"even if it could not be moved", "", "6 2 1", "Ama. pasa, Ama. pasa, Rojo pasa", "0 0 0 0"},
+    {"sixes are counted anew in each turn", "1:10 0 0 0", "6 6 1 6 3 6 6",
+     "Ama. cuenta 6, Ama. cuenta 6, Ama. cuenta 1, Rojo pasa, Rojo pasa, Ama. cuenta 6, Ama. cuenta 6",
+     "35 0 0 0"},
+    {"a third six sends the piece moved last home", "1:10 20 0 0", "6 6 6 1",
+     "Ama. cuenta 6, Ama. cuenta 6, Ama. a espera, Rojo pasa", "10 0 0 0", pieceReturns},
+    {"not one that has come home; the throw leaves no record", "1:10 11 13 52", "6 6 6 1",
+     "Ama. cuenta 12, Ama. cuenta 12, Ama. cuenta 10, Rojo pasa", "10 11 23 76", pieceIsHome},
+    {"a bonus is not what was moved last", "1:10 52 0 0  3:64 0 0 0", "6 6 6 1",
+     "Ama. cuenta 6, Ama. cuenta 6, Rojo a espera, Ama. cuenta 20, Ama. a espera, Rojo pasa", "30 0 0 0",
+     pieceReturns},
+    {"without a move nothing returns", "", "6 6 6 1", "Ama. pasa, Ama. pasa, Ama. pasa, Rojo pasa",
+     "0 0 0 0", nothingReturns},
+    // Captures and their bonus.
+    {"a capture earns twenty, then the turn passes", "1:30 0 0 0  3:33 0 0 0", "3 1",
+     "Ama. cuenta 3, Rojo a espera, Ama. cuenta 20, Rojo pasa", "53 0 0 0"},
+    {"with a six another throw follows", "1:27 0 0 0  3:33 0 0 0", "6 2 1",
+     "Ama. cuenta 6, Rojo a espera, Ama. cuenta 20, Ama. cuenta 2, Rojo pasa", "55 0 0 0"},
+    {"a bonus that captures earns another", "1:30 0 0 0  3:33 53 0 0", "3 1",
+     "Ama. cuenta 3, Rojo a espera, Ama. cuenta 20, Rojo a espera, Ama. cuenta 20, Rojo pasa",
+     "73 0 0 0"},
+    {"a bonus that cannot be moved is passed", "1:60 0 0 0  3:64 0 0 0", "4 1",
+     "Ama. cuenta 4, Rojo a espera, Ama. pasa, Rojo pasa", "64 0 0 0"},
+    {"after a six its throw follows all the same", "1:58 0 0 0  3:64 0 0 0", "6 1 1",
+     "Ama. cuenta 6, Rojo a espera, Ama. pasa, Ama. cuenta 1, Rojo pasa", "65 0 0 0"},
+    // Arrivals.
+    {"an arrival earns ten for another piece", "1:73 30 0 0", "3 1",
+     "Ama. cuenta 3, Ama. cuenta 10, Rojo pasa", "76 40 0 0"},
+    {"passed when none can walk it", "1:73 70 0 0", "3 1", "Ama. cuenta 3, Ama. pasa, Rojo pasa",
+     "76 70 0 0"},
+    {"a bonus of ten may come home itself", "1:73 66 30 0", "3 1",
+     "Ama. cuenta 3, Ama. cuenta 10, Ama. cuenta 10, Rojo pasa", "76 76 40 0"},
+    {"the fourth ends the game", "1:73 76 76 76", "3 1", "Ama. cuenta 3", "76 76 76 76",
+     "Final de la Partida|Puntos : 9.99\nHa ganado la partida Amarillo|2"
+     "Histórico de partidas jugadas|¿Se actualiza el Histórico de partidas?|1 yes/no"},
+    // Two pieces with one five.
+    {"two come out with one five", "", "5 1", "Ama. cuenta 5, Ama. cuenta 5, Rojo cuenta 1", "5 5 0 0",
+     "", 2, 1},
+    {"both may capture on the exit, without a bonus", "3:5 5 0 0", "5 1",
+     "Ama. cuenta 5, Rojo a espera, Ama. cuenta 5, Rojo a espera, Rojo cuenta 1", "5 5 0 0", "", 2, 1},
+    {"an exit capture earns no bonus", "1:30 0 0 0  3:5 5 0 0", "5 1",
+     "Ama. cuenta 5, Rojo a espera, Rojo cuenta 1", "30 0 0 5"},
+    // Order.
+    {"the other way round the same two play", "1:10 0 0 0", "1 1", "Ama. cuenta 1, Rojo pasa",
+     "11 0 0 0", "", 2, 2, 1},
+};
+
+TEST(Turns, GoAsTheRulesSay) {
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        Settings settings = PlainSettings();
+        settings.PlayerActive = {0, 1, 2, 1, 2};
+        settings.RuleSixAllOut = row.sixRule;
+        settings.RuleLeaveAllInBox = row.leaveRule;
+        settings.PlayOrder = row.orderRule;
+        GameState state = Position(row.position);
+        ApplySettings(state, settings);
+        NotingOutside outside(state, Throws(row.throws));
+        outside.answer = MessageAnswer::Refused;
+        PlayFrom({state, settings, outside}, 1);
+        EXPECT_EQ(LogOf(outside), row.log);
+        EXPECT_EQ(SquaresText(state, 1), row.squares);
+        EXPECT_EQ(Messages(outside), row.message);
+        EXPECT_EQ(state.GameInProgress, No);
+    }
+}
+
+TEST(Turns, PassRoundTheTableInTheDirectionOfPlay) {
+    struct OrderRow {
+        Short order;
+        PerColour<Short> active;
+        Colour first;
+        const char* log;
+    };
+    for (const OrderRow& row :
+         {OrderRow{2, {0, 1, 1, 1, 1}, 3, "Rojo pasa, Ver. pasa, Ama. pasa, Azul pasa"},
+          OrderRow{1, {0, 1, 1, 1, 1}, 3, "Rojo pasa, Azul pasa, Ama. pasa, Ver. pasa"},
+          OrderRow{2, {0, 2, 1, 2, 1}, 4, "Ver. pasa, Azul pasa, Ver. pasa, Azul pasa"},
+          OrderRow{1, {0, 2, 2, 1, 2}, 3, "Rojo pasa, Rojo pasa, Rojo pasa, Rojo pasa"},
+          OrderRow{2, {0, 2, 2, 2, 2}, 1, "Ama. pasa, Azul pasa, Rojo pasa, Ver. pasa"}}) {
+        Settings settings = PlainSettings();
+        settings.PlayOrder = row.order;
+        settings.PlayerActive = row.active;
+        GameState state;
+        ApplySettings(state, settings);
+        NotingOutside outside(state, {1, 1, 1, 1});
+        PlayFrom({state, settings, outside}, row.first);
+        EXPECT_EQ(LogOf(outside), row.log);
+    }
+}
+
+TEST(Turns, ShowAndSoundAThrow) {
+    GameState state = Position("4:60 0 0 0");
+    NotingOutside outside(state, {3});
+    PlayFrom({state, PlainSettings(), outside}, 4);
+    const Notes wanted{
+        "die 1 0",  "die 2 0",  "die 3 0",  "die 4 0", "pause 15",  // the game begins
+        "die 4 5",  "sound 5",                                      // the throw is offered
+        "sound 17", "die 4 5",  "pause 9",  "die 4 4", "pause 8",  "sound 17",
+        "die 4 5",  "pause 7",  // and rolls
+        "die 4 4",  "pause 6",  "sound 18", "die 4 5", "pause 5",  "die 4 4",
+        "pause 4",  "sound 19", "die 4 5",  "pause 3", "die 4 4",  "pause 2",
+        "die 4 5",  "pause 1",  "die 4 3",  "pause 0", "pause 15", "show 41 60 63",  // the move
+    };
+    const Notes seen = outside.Only({"die", "pause", "sound", "show"});
+    ASSERT_GE(seen.size(), wanted.size());
+    EXPECT_EQ(Notes(seen.begin(), seen.begin() + static_cast<long>(wanted.size())), wanted);
+}
+
+// ------------------------------------------------------------------------ persons at play
+
+/// What a click for the throw does.
+void AskForThrow(GameState& state) {
+    EXPECT_EQ(state.WaitingForThrow, Yes);
+    state.WaitingForThrow = No;
+}
+
+/// What a click on a piece does.
+std::function<void(GameState&)> Pick(Short piece, Square to) {
+    return [=](GameState& state) {
+        EXPECT_EQ(state.WaitingForMove, Yes);
+        EXPECT_EQ(state.MovablePieces[piece], Yes);
+        state.MovePiece = piece;
+        state.MoveFrom = state.PiecePosition[state.CurrentColour][piece];
+        state.MoveTo = to;
+        state.WaitingForMove = No;
+    };
+}
+
+class PersonAtPlay : public testing::Test {
+protected:
+    PersonAtPlay() {
+        settings_.PlayerType[1] = 2;
+        settings_.PlayerActive = {0, 1, 2, 1, 2};
+    }
+
+    /// Plays from the position; `inputs` are what the person does in the waits.
+    void Play(const char* position, const char* throws,
+              std::deque<std::function<void(GameState&)>> inputs) {
+        state_ = Position(position);
+        ApplySettings(state_, settings_);
+        outside_ = std::make_unique<NotingOutside>(state_, Throws(throws));
+        outside_->inputs = std::move(inputs);
+        PlayFrom({state_, settings_, *outside_}, 1);
+        EXPECT_TRUE(outside_->inputs.empty()) << "nobody waited for the person";
+    }
+
+    Settings settings_ = PlainSettings();
+    GameState state_;
+    std::unique_ptr<NotingOutside> outside_;
+};
+
+TEST_F(PersonAtPlay, PicksAnyPieceThatMayMove) {
+    Play("1:10 20 30 0", "3", {Pick(1, 13)});
+    EXPECT_EQ(SquaresText(state_, 1), "13 20 30 0");
+    EXPECT_EQ(outside_->Only({"show"}), Notes{"show 13 30 33"});  // the advice
+    settings_.Tutor = 2;
+    Play("1:10 20 30 0", "3", {Pick(2, 23)});
+    EXPECT_EQ(outside_->Only({"show"}), Notes{});
+}
+
+TEST_F(PersonAtPlay, IsNotAskedWhereThereIsNoChoice) {
+    Play("1:10 0 0 0", "3", {});
+    EXPECT_EQ(LogOf(*outside_), "Ama. cuenta 3");
+    EXPECT_EQ(outside_->Only({"show"}), Notes{"show 11 10 13"});
+    Play("", "3", {});
+    EXPECT_EQ(LogOf(*outside_), "Ama. pasa");
+}
+
+TEST_F(PersonAtPlay, AsksForEachThrowButNotForABonus) {
+    settings_.PauseBetweenMoves = 1;
+    Play("1:30 0 0 0  3:33 0 0 0", "3 1", {AskForThrow, AskForThrow});
+    EXPECT_EQ(LogOf(*outside_), "Ama. cuenta 3, Rojo a espera, Ama. cuenta 20, Rojo pasa");
+}
+
+TEST_F(PersonAtPlay, MayShiftAPieceByHandBeforeTheThrow) {
+    settings_.PauseBetweenMoves = 1;
+    const auto shift = [](GameState& state) {
+        state.ManualShiftColour = state.CurrentColour;
+        state.CurrentColour = 3;
+        state.MovePiece = 2;
+        state.MoveFrom = 0;
+        state.MoveTo = 50;
+        state.ManualShiftMade = Yes;
+        state.WaitingForThrow = No;
+    };
+    Play("1:10 0 0 0", "6 3 1", {shift, AskForThrow, shift, AskForThrow, AskForThrow});
+    EXPECT_EQ(LogOf(*outside_),
+              "Despl. manual, Ama. cuenta 6, Despl. manual, Ama. cuenta 3, Rojo cuenta 1");
+    EXPECT_EQ(SquaresText(state_, 3), "0 51 0 0");
+}
+
+TEST_F(PersonAtPlay, MayBringThePieceHomeThatAThirdSixWouldPunish) {
+    settings_.PauseBetweenMoves = 1;
+    const auto shift = [](GameState& state) {
+        state.ManualShiftColour = state.CurrentColour;
+        state.MovePiece = 1;
+        state.MoveFrom = 22;
+        state.MoveTo = 0;
+        state.ManualShiftMade = Yes;
+        state.WaitingForThrow = No;
+    };
+    Play("1:10 0 0 0", "6 6 6", {AskForThrow, AskForThrow, shift, AskForThrow});
+    EXPECT_EQ(Messages(*outside_), nothingReturns);
+    EXPECT_EQ(SquaresText(state_, 1), "0 0 0 0");
+    EXPECT_EQ(state_.PiecesInBox[1], 4);
+}
+
+TEST_F(PersonAtPlay, MayAbandonTheGameInEitherWait) {
+    const auto abandon = [](GameState& state) {
+        state.WaitingForThrow = state.WaitingForMove = state.GameInProgress = No;
+    };
+    Play("1:10 20 30 0", "3", {abandon});
+    EXPECT_EQ(SquaresText(state_, 1), "10 20 30 0");
+    EXPECT_EQ(LogOf(*outside_), "");
+    settings_.PauseBetweenMoves = 1;
+    Play("1:10 20 30 0", "3", {abandon});
+    EXPECT_EQ(state_.DieValue, 0);
+    EXPECT_EQ(outside_->All().back(), "refresh");
+}
+
+}  // namespace
+}  // namespace zorva::test
