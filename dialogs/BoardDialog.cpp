@@ -9,6 +9,7 @@
 
 #include "app/KeyStrokes.h"
 #include "dialogs/Ornament.h"
+#include "dialogs/Placing.h"
 
 namespace zorva {
 namespace {
@@ -36,10 +37,7 @@ BoardDialog::BoardDialog(QWidget* parent, const Services& services, const char* 
 }
 
 void BoardDialog::Place(QWidget* control, const Box& box) const {
-    const int left = qRound(services_.ToToolkit(box.x));
-    const int top = qRound(services_.ToToolkit(box.y));
-    control->setGeometry(left, top, qRound(services_.ToToolkit(box.x + box.width)) - left,
-                         qRound(services_.ToToolkit(box.y + box.height)) - top);
+    PlaceControl(control, box, services_);
 }
 
 void BoardDialog::DrawGround(QPainter& painter) {

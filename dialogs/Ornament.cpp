@@ -2,9 +2,6 @@
 
 #include <QLinearGradient>
 #include <QPainter>
-
-#include "app/Palette.h"
-
 namespace zorva::ornament {
 namespace {
 
@@ -43,8 +40,8 @@ void DrawSunkenFrame(QPainter& painter, const QRectF& area) {
     painter.fillRect(QRectF(area.right(), area.top() - 1, 1, area.height() + 2), frameLight);
 }
 
-void DrawSunkenPaper(QPainter& painter, const QRectF& area) {
-    painter.fillRect(area, palette::Paper);
+void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper) {
+    painter.fillRect(area, paper);
     DrawSunkenFrame(painter, area);
     // The edge above and on the left throws a shadow on the sheet.
     QLinearGradient fromTop(area.topLeft(), area.topLeft() + QPointF(0, 4));

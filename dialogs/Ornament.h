@@ -2,6 +2,8 @@
 
 #include <QRectF>
 
+#include "app/Palette.h"
+
 class QPainter;
 
 namespace zorva::ornament {
@@ -13,7 +15,7 @@ namespace zorva::ornament {
 void DrawPanel(QPainter& painter, const QRectF& area);
 
 /// A sheet of paper sunk into the panel; the lines of its frame lie just outside the area.
-void DrawSunkenPaper(QPainter& painter, const QRectF& area);
+void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper = palette::Paper);
 
 /// The lines that make an area look set into the panel, just outside its edges.
 void DrawSunkenFrame(QPainter& painter, const QRectF& area);

@@ -5,13 +5,19 @@
 
 #include "app/Artwork.h"
 #include "app/KeyStrokes.h"
-#include "app/Palette.h"
 #include "app/Pointers.h"
 
 #include "dialogs/Lettering.h"
 #include "dialogs/Ornament.h"
 
 namespace zorva {
+namespace {
+
+const QColor ivory(0xff, 0xfd, 0xf5);
+// Every button's drawing has its emblem at the left; the caption takes the rest.
+constexpr double emblemWidth = 27;
+
+}  // namespace
 
 PictureButton::PictureButton(QWidget* parent, const Services& services, const char* objectName,
                              const QString& drawing, const QString& caption)
@@ -33,8 +39,9 @@ void PictureButton::paintEvent(QPaintEvent*) {
     const double scale = services_.ToToolkit(1);
     painter.scale(scale, scale);
     const QRectF area(0, 0, width() / scale, height() / scale);
-    painter.setPen(palette::Ink);
-    DrawLine(painter, area.adjusted(8, 0, -8, 0).translated(0, isDown() ? 1 : 0), text(),
+    painter.setPen(isDown() ? ivory.darker(125) : ivory);
+    const double shift = isDown() ? 1.2 : 0;
+    DrawLine(painter, area.adjusted(emblemWidth, 0, -10, -3).translated(shift, shift), text(),
              {14, QFont::DemiBold}, Qt::AlignHCenter);
     if (hasFocus()) ornament::DrawFocus(painter, area.adjusted(2, 2, -2, -2), 6);
 }

@@ -1,0 +1,161 @@
+#include "dialogs/OptionPage.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "app/Artwork.h"
+#include "app/KeyStrokes.h"
+#include "app/Palette.h"
+#include "app/Pointers.h"
+#include "dialogs/Lettering.h"
+#include "dialogs/Ornament.h"
+#include "dialogs/Placing.h"
+
+namespace zorva {
+namespace {
+
+QString NameOf(const OptionPlace& place) {
+    const QString question = QuestionText(place.option);
+    if (place.player == 0) return question;
+    return QString::fromStdString(DefaultName(place.player)) + ": " + question;
+}
+
+QString ObjectNameOf(const OptionPlace& place) {
+    const QString name = QStringLiteral("Pic_Opcion_%1").arg(static_cast<Short>(place.option));
+    return place.player == 0 ? name : name + QStringLiteral("_%1").arg(place.player);
+}
+
+}  // namespace
+
+OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlace& place, double size)
+    : QAbstractButton(page), services_(services), option_(place.option), size_(size) {
+    setObjectName(ObjectNameOf(place));
+    setAccessibleName(NameOf(place));
+    setCheckable(true);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void OptionStop::ShowAnswer(Short value) {
+    setChecked(value == 1);
+    setAccessibleDescription(AnswerText(option_, value));
+}
+
+void OptionStop::paintEvent(QPaintEvent*) {
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double scale = services_.ToToolkit(1);
+    painter.scale(scale, scale);
+    const double answer = WidthOf(AnswerText(option_, isChecked() ? 1 : 2), {size_, QFont::Bold});
+    ornament::DrawFocus(painter, QRectF(2, 17, std::min(answer + 46, width() / scale - 4), 24), 10);
+}
+
+void OptionStop::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (IsKeyStroke(*event)) click();
+            break;
+        default:
+            QAbstractButton::keyPressEvent(event);
+    }
+}
+
+OptionPage::OptionPage(QWidget* window, const Services& services, const char* name,
+                       const Settings& settings, const std::vector<OptionPlace>& places,
+                       double letterSize)
+    : QWidget(window),
+      services_(services),
+      settings_(settings),
+      places_(places),
+      letterSize_(letterSize) {
+    setObjectName(name);
+    setGeometry(window->rect());
+    setMouseTracking(true);
+    for (const OptionPlace& place : places_) {
+        auto* stop = new OptionStop(this, services, place, letterSize);
+        OptionPage::Place(stop, place.Whole());
+        connect(stop, &QAbstractButton::clicked, this, [this, place] {
+            if (Chosen) Chosen(place.option, place.player);
+        });
+        stops_.push_back(stop);
+    }
+}
+
+void OptionPage::ShowSettings() {
+    for (std::size_t i = 0; i < places_.size(); ++i) {
+        stops_[i]->ShowAnswer(AnswerOf(places_[i]));
+        stops_[i]->setVisible(IsShown(places_[i]));
+    }
+    update();
+}
+
+const OptionPlace* OptionPage::OptionAt(Point point) const {
+    for (const OptionPlace& place : places_) {
+        if (place.Selector().Contains(point) && IsShown(place)) return &place;
+    }
+    return nullptr;
+}
+
+void OptionPage::DrawOption(QPainter& painter, const OptionPlace& place) const {
+    const Short value = AnswerOf(place);
+    painter.setPen(palette::Ink);
+    DrawLine(painter, ToRect(place.Question()), QuestionText(place.option), {letterSize_});
+    DrawLine(painter, ToRect(place.Answer()), AnswerText(place.option, value),
+             {letterSize_, QFont::Bold});
+    services_.artwork.Paint(painter, QStringLiteral("personal_selector_%1").arg(value),
+                            ToRect(place.Selector()));
+}
+
+void OptionPage::DrawOptions(QPainter& painter) {
+    for (const OptionPlace& place : places_) {
+        if (IsShown(place)) DrawOption(painter, place);
+    }
+}
+
+QWidget* OptionPage::StopOf(Option option, Colour player) const {
+    for (std::size_t i = 0; i < places_.size(); ++i) {
+        if (places_[i].option == option && places_[i].player == player) return stops_[i];
+    }
+    StopOnFault("an option that is not on this page");
+}
+
+void OptionPage::Place(QWidget* control, const Box& box) const {
+    PlaceControl(control, box, services_);
+}
+
+void OptionPage::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    DrawPage(painter);
+    DrawOptions(painter);
+}
+
+void OptionPage::mousePressEvent(QMouseEvent* event) {
+    const OptionPlace* place = OptionAt(LayoutPoint(event->position()));
+    if (event->button() != Qt::LeftButton || !place) return;
+    OptionStop* stop = stops_[place - places_.data()];
+    stop->setFocus(Qt::MouseFocusReason);
+    stop->click();
+}
+
+void OptionPage::mouseMoveEvent(QMouseEvent* event) {
+    setCursor(OptionAt(LayoutPoint(event->position())) ? services_.pointers.Hand() : Qt::ArrowCursor);
+}
+
+Point OptionPage::LayoutPoint(QPointF position) const {
+    const QPointF inLayout = position / services_.ToToolkit(1);
+    return {ToShort(std::lround(std::floor(inLayout.x()))),
+            ToShort(std::lround(std::floor(inLayout.y())))};
+}
+
+Short OptionPage::AnswerOf(const OptionPlace& place) const {
+    // The table of fields is one for reading and writing; nothing is written here.
+    return OptionField(const_cast<Settings&>(settings_), place.option, place.player);
+}
+
+}  // namespace zorva

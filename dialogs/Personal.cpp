@@ -1,0 +1,134 @@
+#include "dialogs/Personal.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "dialogs/PictureButton.h"
+#include "dialogs/RulesPage.h"
+#include "dialogs/SettingsPage.h"
+#include "dialogs/mensajes.h"
+
+namespace zorva {
+namespace {
+
+constexpr QSize windowSize(624, 424);
+constexpr Box rulesButton{17, 380, 156, 30};
+constexpr Box leaveButton{511, 380, 96, 30};
+constexpr Short soundOfLeaving = 4;
+
+}  // namespace
+
+Personal::Personal(QWidget* parent, const Services& services, Settings& settings, bool gameInProgress,
+                   PersonalHooks hooks)
+    : BoardDialog(parent, services, "Personal", "Personalizar la aplicación", windowSize),
+      settings_(settings),
+      gameInProgress_(gameInProgress),
+      hooks_(std::move(hooks)),
+      settingsPage_(new SettingsPage(this, services, settings)),
+      rulesPage_(new RulesPage(this, services, settings)) {
+    ConnectPages();
+    AddButtons();
+    ShowRules(false);
+}
+
+// The buttons stand on their pages, so that they come and go with them and follow them in the order
+// of the keyboard.
+void Personal::AddButtons() {
+    auto* rules = new PictureButton(settingsPage_, TheServices(), "Bot_Normas", "personal_rules",
+                                    "Normas de juego");
+    Place(rules, rulesButton);
+    connect(rules, &QAbstractButton::clicked, this, [this] { ShowRules(true); });
+    auto* leave = new PictureButton(settingsPage_, TheServices(), "Pic_Salir", "accept", "Aceptar");
+    Place(leave, leaveButton);
+    connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
+    auto* back =
+        new PictureButton(rulesPage_, TheServices(), "Pic_SalirNormas", "personal_back", "Volver");
+    Place(back, leaveButton);
+    connect(back, &QAbstractButton::clicked, this, [this] { ShowRules(false); });
+}
+
+void Personal::ConnectPages() {
+    const auto chosen = [this](Option option, Colour player) { OptionChosen(option, player); };
+    settingsPage_->Chosen = chosen;
+    rulesPage_->Chosen = chosen;
+    settingsPage_->Renamed = [this](Colour player, const QString& name) {
+        settings_.PlayerName[player] = name.toStdString();
+        if (hooks_.Applied) hooks_.Applied();
+    };
+    settingsPage_->LevelSet = [this](Colour player, Short level) {
+        settings_.PlayerLevel[player] = level;
+        if (hooks_.Applied) hooks_.Applied();
+    };
+    settingsPage_->SpeedSet = [this](Short speed) {
+        settings_.Speed = speed;
+        if (hooks_.Applied) hooks_.Applied();
+    };
+}
+
+void Personal::ShowRules(bool rules) {
+    settingsPage_->setVisible(!rules);
+    rulesPage_->setVisible(rules);
+    QWidget* first = rules ? rulesPage_->StopOf(Option::RuleLeaveAllInBox)
+                           : settingsPage_->StopOf(Option::PlayerState, 1);
+    first->setFocus();
+}
+
+void Personal::OptionChosen(Option option, Colour player) {
+    const QString refusal = RefusalOf(option);
+    if (!refusal.isEmpty()) {
+        ShowMessage(this, TheServices(), "Selección improcedente", refusal, 3,
+                    MessageButtons::Acknowledge);
+        return;
+    }
+    Short& field = OptionField(settings_, option, player);
+    field = field == 1 ? 2 : 1;
+    Changed();
+}
+
+QString Personal::RefusalOf(Option option) const {
+    if (!gameInProgress_) return {};
+    if (option == Option::PlayOrder) {
+        return "No se puede cambiar el Sentido del juego una vez que ha comenzado la partida. Cuando "
+               "finalice esta partida, podrá realizar dicho cambio.";
+    }
+    if (option == Option::PlayerState) {
+        return "No se puede activar  o  desactivar a un jugador durante el desarrollo  de  una  "
+               "partida.  Cuando  finalice  esta  partida, podrá realizar dicho cambio.";
+    }
+    return {};
+}
+
+void Personal::Changed() {
+    settingsPage_->ShowSettings();
+    rulesPage_->ShowSettings();
+    if (hooks_.Applied) hooks_.Applied();
+}
+
+void Personal::KeyPressed(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && rulesPage_->isVisible()) {
+        ShowRules(false);
+    } else {
+        BoardDialog::KeyPressed(event);
+    }
+}
+
+void Personal::Leave() {
+    TheServices().PlaySound(soundOfLeaving);
+    const auto& active = settings_.PlayerActive;
+    if (std::all_of(active.begin() + 1, active.end(), [](Short state) { return state == 2; })) {
+        ShowMessage(this, TheServices(), "Datos incorrectos",
+                    "No puede jugar si deja desactivados los 4 jugadores. Active al menos 1 jugador.", 2,
+                    MessageButtons::Acknowledge);
+        return;
+    }
+    if (hooks_.Save) hooks_.Save();
+    accept();
+}
+
+void ShowPersonal(QWidget* parent, const Services& services, Settings& settings, bool gameInProgress,
+                  PersonalHooks hooks) {
+    Personal window(parent, services, settings, gameInProgress, std::move(hooks));
+    RunModal(window);
+}
+
+}  // namespace zorva

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QRectF>
+#include <QWidget>
+
+#include "app/Services.h"
+
+namespace zorva {
+
+/// A box of the layout for a painter that counts in its pixels.
+inline QRectF ToRect(const Box& box) {
+    return {qreal(box.x), qreal(box.y), qreal(box.width), qreal(box.height)};
+}
+
+/// Puts a control at that box of its parent. Edges are rounded one by one, so that boxes that touch
+/// in the layout touch on every screen.
+inline void PlaceControl(QWidget* control, const Box& box, const Services& services) {
+    const int left = qRound(services.ToToolkit(box.x));
+    const int top = qRound(services.ToToolkit(box.y));
+    control->setGeometry(left, top, qRound(services.ToToolkit(box.x + box.width)) - left,
+                         qRound(services.ToToolkit(box.y + box.height)) - top);
+}
+
+}  // namespace zorva

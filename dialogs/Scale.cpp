@@ -1,0 +1,83 @@
+#include "dialogs/Scale.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <cmath>
+
+#include "app/Artwork.h"
+#include "app/Pointers.h"
+#include "dialogs/Ornament.h"
+
+namespace zorva {
+
+Scale::Scale(QWidget* parent, const Services& services, const QString& objectName, const QString& name)
+    : QAbstractSlider(parent), services_(services) {
+    setObjectName(objectName);
+    setAccessibleName(name);
+    setOrientation(Qt::Horizontal);
+    setRange(0, 100);
+    setSingleStep(1);
+    setPageStep(10);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+}
+
+void Scale::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    services_.artwork.Paint(painter, "personal_scale", QRectF(0, 0, Width, Height));
+    services_.artwork.Paint(painter, "personal_marker", MarkerBox());
+    if (hasFocus()) ornament::DrawFocus(painter, QRectF(1.5, 1.5, Width - 3, Height - 3), 5);
+}
+
+void Scale::mousePressEvent(QMouseEvent* event) {
+    dragging_ = event->button() == Qt::LeftButton && MarkerBox().contains(LayoutPoint(*event));
+}
+
+void Scale::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF point = LayoutPoint(*event);
+    if (dragging_) DragTo(std::floor(point.x() - EndMargin));
+    setCursor(dragging_ || MarkerBox().contains(point) ? services_.pointers.Hand() : Qt::ArrowCursor);
+}
+
+void Scale::mouseReleaseEvent(QMouseEvent*) {
+    dragging_ = false;
+}
+
+// A wheel turned on its way over the window must not change a player's level.
+void Scale::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+void Scale::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Up:
+            focusNextPrevChild(false);
+            break;
+        case Qt::Key_Down:
+            focusNextPrevChild(true);
+            break;
+        default:
+            QAbstractSlider::keyPressEvent(event);
+    }
+}
+
+QRectF Scale::MarkerBox() const {
+    return {value() + EndMargin - MarkerWidth / 2.0, 0, MarkerWidth, Height};
+}
+
+QPointF Scale::LayoutPoint(const QMouseEvent& event) const {
+    return event.position() / services_.ToToolkit(1);
+}
+
+void Scale::DragTo(double offset) {
+    if (offset < minimum() || offset > maximum()) {
+        dragging_ = false;
+        return;
+    }
+    setValue(static_cast<int>(offset));
+}
+
+}  // namespace zorva
