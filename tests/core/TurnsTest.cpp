@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
-#include "core/Dice.h"
 #include "core/Opening.h"
 #include "tests/support/NotingOutside.h"
 #include "tests/support/Positions.h"
@@ -28,11 +28,14 @@ std::vector<Short> Throws(const char* text) {
     return throws;
 }
 
-/// The log lines without their numbers, such as "Ama. cuenta 5, Azul pasa".
+/// The log lines, such as "Ama. cuenta 5, Azul pasa"; their numbers must follow one another.
 std::string LogOf(const NotingOutside& outside) {
     std::string log;
-    for (const std::string& note : outside.Only({"log"}))
+    int number = 0;
+    for (const std::string& note : outside.Only({"log"})) {
+        EXPECT_EQ(std::stoi(note.substr(4)), ++number) << note;
         log += (log.empty() ? "" : ", ") + note.substr(8);
+    }
     return log;
 }
 
@@ -182,6 +185,25 @@ TEST(Turns, ShowAndSoundAThrow) {
     const Notes seen = outside.Only({"die", "pause", "sound", "show"});
     ASSERT_GE(seen.size(), wanted.size());
     EXPECT_EQ(Notes(seen.begin(), seen.begin() + static_cast<long>(wanted.size())), wanted);
+}
+
+TEST(Turns, LeaveASixOnTheTableForTheThrowThatFollows) {
+    struct DiceRow {
+        const char* position;
+        std::vector<Short> throws;
+        std::ptrdiff_t cleared;  ///< times the dice were cleared after the start
+        const char* offered;     ///< the die that waits at the end
+    };
+    for (const DiceRow& row :
+         {DiceRow{"", {6}, 0, "die 1 6"}, DiceRow{"", {1}, 1, "die 2 5"},
+          DiceRow{"1:10 0 0 0", {6}, 0, "die 1 6"}, DiceRow{"1:10 0 0 0", {1}, 1, "die 2 5"}}) {
+        GameState state = Position(row.position);
+        NotingOutside outside(state, row.throws);
+        PlayFrom({state, PlainSettings(), outside}, 1);
+        const Notes dice = outside.Only({"die"});
+        EXPECT_EQ(std::count(dice.begin(), dice.end(), "die 3 0") - 1, row.cleared);
+        EXPECT_EQ(dice.back(), row.offered);
+    }
 }
 
 // ------------------------------------------------------------------------ persons at play
