@@ -13,6 +13,7 @@ namespace {
 // The drawings' own measures: the board's frame around the squares, and a piece within its picture.
 constexpr double boardDrawingSide = 725;
 constexpr double boardFrame = 16;
+constexpr double shadowAround = 32;
 constexpr double boardCell = 33;
 constexpr double pieceDrawingSide = 40;
 constexpr double pieceDrawingBody = 28;
@@ -90,6 +91,9 @@ void BoardPainter::PaintTable(QPainter& painter) {
     const double unit = layout_.Cell / boardCell * layout_.Unit;
     const QPointF corner =
         Device(QPointF(layout_.Margin, layout_.Margin)) - QPointF(boardFrame, boardFrame) * unit;
+    artwork_.Paint(painter, "board_shadow",
+                   {corner - QPointF(shadowAround, shadowAround) * unit,
+                    QSizeF(boardDrawingSide + 2 * shadowAround, boardDrawingSide + 2 * shadowAround) * unit});
     artwork_.Paint(painter, "board", {corner, QSizeF(boardDrawingSide, boardDrawingSide) * unit});
 }
 
@@ -199,9 +203,9 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView::ShownMove&
     if (move.piece == 0) return;
     const std::vector<QPointF> way = WayOf(layout_, move);
     for (std::size_t step = 0; step + 1 < way.size(); ++step) {
-        PaintRing(painter, way[step], 2, 2.4, palette::Light);
+        PaintRing(painter, way[step], 1.8, 3.6, palette::Mark);
     }
-    PaintRing(painter, way.back(), layout_.PieceSize / 2.0 + 1, 2.6, palette::Light);
+    PaintRing(painter, way.back(), layout_.PieceSize / 2.0 + 1, 3, palette::Mark);
 }
 
 QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {

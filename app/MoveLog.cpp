@@ -62,6 +62,10 @@ void MoveLog::CutFrom(int line) {
     ScrollTo(std::max(0, Count() - 1));
 }
 
+void MoveLog::resizeEvent(QResizeEvent*) {
+    ScrollTo(selected_ >= 0 ? selected_ : std::max(0, Count() - 1));
+}
+
 void MoveLog::wheelEvent(QWheelEvent* event) {
     const int lines = event->angleDelta().y() > 0 ? -3 : 3;
     top_ = std::clamp(top_ + lines, 0, std::max(0, Count() - VisibleLines()));
