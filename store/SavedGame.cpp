@@ -66,12 +66,12 @@ bool RecordsLeadThere(const GameState& state) {
            replayed.PiecesInBox == state.PiecesInBox && replayed.PiecesHome == state.PiecesHome;
 }
 
-// The sixes of a turn are those of its last record, and end with the turn.
+// A turn goes on after a six, whose number is that of the last record, and for a bonus.
 bool TurnFits(const GameState& state, const MoveRecord& last) {
     if (state.CurrentColour == 0) return false;
-    const bool sameTurn = state.CurrentColour == ColourOnTurn(last);
-    if (BonusDueAfter(last) != 0) return sameTurn && state.SixesInRow == last.RepeatState;
-    return state.SixesInRow == 0 || (sameTurn && state.SixesInRow == last.RepeatState);
+    if (state.SixesInRow == 0 && BonusDueAfter(last) == 0) return true;
+    return state.RepeatTurn && state.CurrentColour == ColourOnTurn(last) &&
+           state.SixesInRow == last.RepeatState;
 }
 
 }  // namespace
@@ -101,8 +101,6 @@ void PrepareToContinue(GameState& state) {
     --state.MoveRecordCount;
     const Short bonus = BonusDueAfter(state.MoveRecords[state.MoveRecordCount]);
     state.ThrowNext = bonus == 0 ? Yes : No;
-    if (bonus == 0) return;
-    state.RepeatTurn = Yes;
     state.MoveCount = bonus;
 }
 

@@ -95,6 +95,10 @@ const Row rows[] = {
      "204 40  0  00001",
      false},
     {"twenty without a capture", {"100 01  0 440101"}, "100201 44 640000", false},
+    {"nor put off by a displacement",
+     {"100 01  0 440101", "300 01  0 450101", "101 11 44 450001", "310 01 45  00010"},
+     "200 01  0 220101",
+     false},
     {"a capture on the exit square earns nothing",
      {"200 01  0  50101", "300 01  0  50101", "105 51  0  50001", "310 01  5  00010"},
      "404 40  0  00001",
@@ -136,6 +140,7 @@ const Row rows[] = {
      false},
 
     {"the colour on turn is kept when another is dragged", {}, "120 01  0 440101", true},
+    {"which is never its own", {}, "110 01  0 440101", false},
     {"nobody is dragged onto a rival", {"300 01  0 450101"}, "100 01  0 450101", false},
     {"but beside one where it is safe", {"300 01  0 460101"}, "100 01  0 460101", true},
     {"nobody is dragged off its way", {}, "200 01  0 200101", false},

@@ -6,6 +6,7 @@
 
 #include "core/Consistency.h"
 #include "core/Execution.h"
+#include "core/Records.h"
 #include "store/SettingsFile.h"
 #include "tests/store/PlayedGame.h"
 #include "tests/support/Files.h"
@@ -105,6 +106,48 @@ TEST(SavedGame, GoesOnAsIfItHadNeverBeenLeft) {
         ASSERT_TRUE(IsSameGame(left.state, game.state)) << "game " << seed << " left at\n" << text;
     }
     EXPECT_GT(bonusDue, 150u);
+}
+
+// The game to which the records lead, with that colour on turn.
+std::string TextAfter(const std::vector<MoveRecord>& records, Colour onTurn) {
+    const Settings settings;
+    GameState state;
+    NoThrows silent;
+    state.GameInProgress = Yes;
+    state.CurrentColour = onTurn;
+    for (const MoveRecord& record : records) {
+        NewMoveRecord(state);
+        state.MoveRecords[state.MoveRecordCount] = record;
+        ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
+    }
+    NewMoveRecord(state);
+    return SettingsText(settings, state);
+}
+
+bool IsRefused(const std::string& text) {
+    return std::holds_alternative<FileError>(ReadSettings(text));
+}
+
+TEST(SavedGame, IsNeverInTheMiddleOfACapture) {
+    std::vector<MoveRecord> records{
+        {1, 0, 0, 0, 1, 0, 44, 0, Yes, 0, Yes},
+        {3, 1, 0, 0, 1, 0, 45, 0, Yes, 0, Yes},
+        {1, 0, 1, 1, 1, 44, 45, 0, No, 0, Yes},
+    };
+    EXPECT_TRUE(IsRefused(TextAfter(records, 1)));
+    records.push_back({3, 1, 0, 0, 1, 45, 0, 0, No, 1, No});
+    EXPECT_FALSE(IsRefused(TextAfter(records, 1)));
+    EXPECT_TRUE(IsRefused(TextAfter(records, 2))) << "the bonus is due to another colour";
+}
+
+TEST(SavedGame, IsNeverOneThatIsWon) {
+    std::vector<MoveRecord> records{{1, 0, 0, 0, 4, 0, 75, 0, Yes, 0, Yes}};
+    for (const Short piece : {Short{1}, Short{2}, Short{3}}) {
+        records.push_back({1, 0, 0, 0, piece, 0, 76, 0, Yes, 0, Yes});
+    }
+    EXPECT_FALSE(IsRefused(TextAfter(records, 1)));
+    records.push_back({1, 0, 1, 1, 4, 75, 76, 0, No, 0, Yes});
+    EXPECT_TRUE(IsRefused(TextAfter(records, 1)));
 }
 
 TEST(SavedGame, EveryFileOfAWholeGameIsReadAndWrittenAgain) {

@@ -200,6 +200,7 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
         {"five colours", Replaced(game, "-1,5,3,", "-1,5,5,"), 9},
         {"no colour on turn in a game", Replaced(game, "-1,5,3,", "-1,5,0,"), 9},
         {"another colour on turn after its six", Replaced(game, "-1,5,3,", "-1,5,1,"), 9},
+        {"a turn that goes on and does not", Replaced(game, "-1,5,3,-1,1", "-1,5,3,0,1"), 9},
         {"more sixes than the last record says", Replaced(game, "-1,5,3,-1,1", "-1,5,3,-1,2"), 9},
         {"one record more than promised", game + "\"301 10  0  00001\"\r\n", 9},
         {"one record less promised", Replaced(game, "-1,5,", "-1,4,"), 9},
