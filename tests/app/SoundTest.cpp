@@ -242,6 +242,7 @@ protected:
 
 TEST_F(Loudspeakers, PlayEachSoundAsItWasRecorded) {
     std::size_t at = 0;
+    const Clock::time_point begin = Clock::now();
     {
         SoundPlayer player(WaveFileOf);
         player.Prepare();
@@ -254,6 +255,8 @@ TEST_F(Loudspeakers, PlayEachSoundAsItWasRecorded) {
         }
     }
     const Samples heard = Heard();
+    const std::chrono::duration<double> elapsed = Clock::now() - begin;
+    EXPECT_LT(static_cast<double>(heard.size()), 1.4 * SampleRate * elapsed.count()) << "too fast";
     EXPECT_TRUE(std::all_of(heard.begin() + static_cast<std::ptrdiff_t>(at), heard.end(),
                             [](std::int16_t sample) { return sample == 0; }));
 }
@@ -287,6 +290,8 @@ TEST_F(Loudspeakers, AreClosedAfterASilenceAndOpenedAgain) {
 }
 
 TEST_F(Loudspeakers, LeaveTheSignalsThatEndTheProgramAlone) {
+    // Whoever started the test may have had them ignored: then nobody would take them over.
+    for (const int number : {SIGINT, SIGTERM}) signal(number, SIG_DFL);
     SoundPlayer player(WaveFileOf);
     player.Play(13);
     ASSERT_NE(WaitFor(RecordingOf(13)), npos);
@@ -323,16 +328,17 @@ TEST_F(Loudspeakers, SurviveIdsAndBytesThatAreNoSound) {
     EXPECT_EQ(std::count(heard.begin(), heard.end(), 0), static_cast<std::ptrdiff_t>(heard.size()));
 }
 
-TEST_F(Loudspeakers, WithstandSoundsInQuickSuccession) {
+TEST_F(Loudspeakers, NeverHoldUpSoundsInQuickSuccession) {
     SoundPlayer player(WaveFileOf, milliseconds(1));
-    Clock::duration longest{};
-    for (int i = 0; i < 600; ++i) {
+    int slow = 0;
+    for (int i = 0; i < 400; ++i) {
         const Clock::time_point before = Clock::now();
-        player.Play(ToShort(1 + i % 19));
-        longest = std::max(longest, Clock::now() - before);
-        std::this_thread::sleep_for(std::chrono::microseconds(i * 37 % 2500));
+        player.Play(13);
+        slow += Clock::now() - before > milliseconds(10) ? 1 : 0;
+        // At times so long that the next sound comes while the device is being closed.
+        std::this_thread::sleep_for(milliseconds(i % 20 == 0 ? 92 + i / 20 : 1));
     }
-    EXPECT_LT(longest, milliseconds(100));
+    EXPECT_LE(slow, 4) << "waits for the device";
 }
 
 TEST(NoLoudspeakers, AreSilenceWithoutDelayOrWords) {
