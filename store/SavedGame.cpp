@@ -83,8 +83,8 @@ void RecogniseLeftovers(GameState& state) {
         const auto& slots = state.SquareOccupants[GoalSquare[colour]];
         const PieceCode last = slots[3];
         const bool ofThisGame = IsPieceOf(colour, last) &&
-                                state.PositionOf(last) == GoalSquare[colour] && slots[1] != 0 &&
-                                slots[2] != 0 && slots[1] != last && slots[2] != last;
+                                state.PositionOf(last) == GoalSquare[colour] && slots[2] != 0 &&
+                                slots[1] != last && slots[2] != last;
         state.GoalLeftover[colour] = ofThisGame ? PieceCode{0} : last;
     }
 }

@@ -211,6 +211,12 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
         {"the second slot filled before the first", Replaced(game, "31 0 0", " 031 0"), 9},
         {"the pieces of a square in the other order", Replaced(game, "1112", "1211"), 9},
         {"records that lead elsewhere", Replaced(game, "1  0 451001", "2  0 451001"), 9},
+        {"a gap on a goal",
+         [] {
+             std::string text = Replaced(firstStart, "4,0,0,0,", "2,2,76,76,");
+             return text.replace(text.find("\" 0 0") + 1 + 2 * (3 * (GoalSquare[1] - 1)), 6, "11 012");
+         }(),
+         9},
         {"a rival's piece left on a goal",
          [&] {
              std::string text = game;
