@@ -41,7 +41,7 @@ void BoardDialog::Place(QWidget* control, const Box& box) const {
 }
 
 void BoardDialog::DrawGround(QPainter& painter) {
-    ornament::DrawPanel(painter, QRectF(QPointF(), layoutSize_));
+    ornament::DrawPanel(painter, QRectF(QPointF(), layoutSize_), services_);
 }
 
 void BoardDialog::KeyPressed(QKeyEvent* event) {

@@ -15,7 +15,6 @@ constexpr double fine = 16;
 QFont FineFont(const Letters& letters) {
     QFont font = TextFont(letters.size * fine, letters.weight);
     font.setItalic(letters.italic);
-    font.setWordSpacing(letters.wordSpacing * fine);
     return font;
 }
 
@@ -64,22 +63,37 @@ double WidthOf(const QString& text, const Letters& letters) {
 
 void DrawLine(QPainter& painter, const QRectF& box, const QString& text, Letters letters,
               Qt::Alignment alignment) {
+    // Letters that are made smaller stay on the line that the usual ones stand on.
+    const QFontMetricsF usual(FineFont(letters));
+    const double base = box.center().y() + (usual.ascent() - usual.descent()) / fine / 2;
     const double natural = WidthOf(text, letters);
     if (natural > box.width()) letters.size *= box.width() / natural;
-    const QFont font = FineFont(letters);
-    const QFontMetricsF metrics(font);
-    const double width = metrics.horizontalAdvance(text) / fine;
-    const double spare = box.width() - width;
+    const double spare = box.width() - std::min(natural, box.width());
     const double indent = alignment & Qt::AlignRight     ? spare
                           : alignment & Qt::AlignHCenter ? spare / 2
                                                          : 0;
-    const double base = box.center().y() + (metrics.ascent() - metrics.descent()) / fine / 2;
     painter.save();
     painter.translate(box.left() + indent, base);
     painter.scale(1 / fine, 1 / fine);
-    painter.setFont(font);
+    painter.setFont(FineFont(letters));
     painter.drawText(QPointF(), text);
     painter.restore();
+}
+
+void DrawSpaced(QPainter& painter, const QRectF& box, const QString& text, const Letters& letters,
+                double blankWidth) {
+    double left = box.left();
+    for (const QString& word : text.split(' ')) {
+        const double width = WidthOf(word, letters);
+        DrawLine(painter, QRectF(left, box.top(), width + 1, box.height()), word, letters);
+        left += width + blankWidth;
+    }
+}
+
+double BlankWidthFor(const QString& text, const Letters& letters, double width) {
+    double words = 0;
+    for (const QString& word : text.split(' ')) words += WidthOf(word, letters);
+    return (width - words) / static_cast<double>(text.count(' '));
 }
 
 }  // namespace zorva

@@ -15,7 +15,6 @@ struct Letters {
     double size = 12;
     QFont::Weight weight = QFont::Normal;
     bool italic = false;
-    double wordSpacing = 0;  ///< added to every blank
 };
 
 /// Text broken into lines. It is set in units much finer than a pixel, so that it breaks at the same
@@ -46,5 +45,13 @@ double WidthOf(const QString& text, const Letters& letters);
 /// wide for the box is made smaller rather than cut.
 void DrawLine(QPainter& painter, const QRectF& box, const QString& text, Letters letters,
               Qt::Alignment alignment = Qt::AlignLeft);
+
+/// Draws one line whose blanks have that width each: for texts that place their words by runs of
+/// blanks. The line's letters stand as DrawLine would set them, from the box's left edge.
+void DrawSpaced(QPainter& painter, const QRectF& box, const QString& text, const Letters& letters,
+                double blankWidth);
+
+/// The width that blanks must have for such a line to be `width` wide.
+double BlankWidthFor(const QString& text, const Letters& letters, double width);
 
 }  // namespace zorva

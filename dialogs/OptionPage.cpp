@@ -3,7 +3,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
 
 #include "app/Artwork.h"
 #include "app/KeyStrokes.h"
@@ -100,6 +99,17 @@ const OptionPlace* OptionPage::OptionAt(Point point) const {
     return nullptr;
 }
 
+void OptionPage::DrawHeading(QPainter& painter, const QString& heading) const {
+    constexpr Letters letters{15, QFont::Bold};
+    constexpr double blank = 6;
+    const double windowWidth = width() / services_.ToToolkit(1);
+    const double headingWidth =
+        WidthOf(QString(heading).remove(' '), letters) + blank * static_cast<double>(heading.count(' '));
+    painter.setPen(palette::Light);
+    DrawSpaced(painter, QRectF((windowWidth - headingWidth) / 2, 16, headingWidth, 26), heading, letters,
+               blank);
+}
+
 void OptionPage::DrawOption(QPainter& painter, const OptionPlace& place) const {
     const Short value = AnswerOf(place);
     painter.setPen(palette::Ink);
@@ -136,7 +146,7 @@ void OptionPage::paintEvent(QPaintEvent*) {
 }
 
 void OptionPage::mousePressEvent(QMouseEvent* event) {
-    const OptionPlace* place = OptionAt(LayoutPoint(event->position()));
+    const OptionPlace* place = OptionAt(ToLayout(event->position(), services_));
     if (event->button() != Qt::LeftButton || !place) return;
     OptionStop* stop = stops_[place - places_.data()];
     stop->setFocus(Qt::MouseFocusReason);
@@ -144,13 +154,8 @@ void OptionPage::mousePressEvent(QMouseEvent* event) {
 }
 
 void OptionPage::mouseMoveEvent(QMouseEvent* event) {
-    setCursor(OptionAt(LayoutPoint(event->position())) ? services_.pointers.Hand() : Qt::ArrowCursor);
-}
-
-Point OptionPage::LayoutPoint(QPointF position) const {
-    const QPointF inLayout = position / services_.ToToolkit(1);
-    return {ToShort(std::lround(std::floor(inLayout.x()))),
-            ToShort(std::lround(std::floor(inLayout.y())))};
+    setCursor(OptionAt(ToLayout(event->position(), services_)) ? services_.pointers.Hand()
+                                                               : Qt::ArrowCursor);
 }
 
 Short OptionPage::AnswerOf(const OptionPlace& place) const {

@@ -58,6 +58,8 @@ protected:
     /// Draws what stands around the options, in pixels of the layout.
     virtual void DrawPage(QPainter& painter) = 0;
 
+    /// Draws the page's name over its sheets, its letters spaced out by blanks.
+    void DrawHeading(QPainter& painter, const QString& heading) const;
     /// Draws an option with its answer.
     void DrawOption(QPainter& painter, const OptionPlace& place) const;
     virtual void DrawOptions(QPainter& painter);
@@ -69,7 +71,6 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
-    Point LayoutPoint(QPointF position) const;
     Short AnswerOf(const OptionPlace& place) const;
 
     const Services& services_;

@@ -2,6 +2,8 @@
 
 #include <QLinearGradient>
 #include <QPainter>
+
+#include "app/Artwork.h"
 namespace zorva::ornament {
 namespace {
 
@@ -19,12 +21,17 @@ void DrawBevel(QPainter& painter, const QRectF& area) {
 
 }  // namespace
 
-void DrawPanel(QPainter& painter, const QRectF& area) {
-    QLinearGradient wood(area.topLeft(), area.bottomRight());
-    wood.setColorAt(0, palette::Wood.lighter(150));
-    wood.setColorAt(0.55, palette::Wood.lighter(115));
-    wood.setColorAt(1, palette::Wood);
-    painter.fillRect(area, wood);
+void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) {
+    // A piece of the table top, so that windows are of the wood they lie on; a little lighter than it.
+    const QSize pixels = (area.size() * services.layout.Unit).toSize();
+    const QPixmap wood =
+        services.artwork.PictureOf("surface", QRectF(QPointF(250, 370), area.size()), pixels);
+    painter.drawPixmap(area, wood, wood.rect());
+    QLinearGradient light(area.topLeft(), area.bottomRight());
+    light.setColorAt(0, QColor(0xff, 0xdc, 0xa8, 46));
+    light.setColorAt(0.5, QColor(0xff, 0xdc, 0xa8, 22));
+    light.setColorAt(1, QColor(0xff, 0xdc, 0xa8, 6));
+    painter.fillRect(area, light);
     DrawBevel(painter, area);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette::DarkWood, 1));
@@ -40,10 +47,7 @@ void DrawSunkenFrame(QPainter& painter, const QRectF& area) {
     painter.fillRect(QRectF(area.right(), area.top() - 1, 1, area.height() + 2), frameLight);
 }
 
-void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper) {
-    painter.fillRect(area, paper);
-    DrawSunkenFrame(painter, area);
-    // The edge above and on the left throws a shadow on the sheet.
+void DrawInnerShadow(QPainter& painter, const QRectF& area) {
     QLinearGradient fromTop(area.topLeft(), area.topLeft() + QPointF(0, 4));
     fromTop.setColorAt(0, QColor(0, 0, 0, 60));
     fromTop.setColorAt(1, QColor(0, 0, 0, 0));
@@ -52,6 +56,12 @@ void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper)
     fromLeft.setColorAt(0, QColor(0, 0, 0, 45));
     fromLeft.setColorAt(1, QColor(0, 0, 0, 0));
     painter.fillRect(QRectF(area.topLeft(), QSizeF(3, area.height())), fromLeft);
+}
+
+void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper) {
+    painter.fillRect(area, paper);
+    DrawSunkenFrame(painter, area);
+    DrawInnerShadow(painter, area);
 }
 
 void DrawFocus(QPainter& painter, const QRectF& area, double radius) {

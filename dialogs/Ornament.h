@@ -3,6 +3,7 @@
 #include <QRectF>
 
 #include "app/Palette.h"
+#include "app/Services.h"
 
 class QPainter;
 
@@ -12,10 +13,13 @@ namespace zorva::ornament {
 // it, light from the top left. All measures are pixels of the layout.
 
 /// The ground of a window, over its whole area.
-void DrawPanel(QPainter& painter, const QRectF& area);
+void DrawPanel(QPainter& painter, const QRectF& area, const Services& services);
 
 /// A sheet of paper sunk into the panel; the lines of its frame lie just outside the area.
 void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper = palette::Paper);
+
+/// The shadow that the edges above and on the left throw on what lies in an area.
+void DrawInnerShadow(QPainter& painter, const QRectF& area);
 
 /// The lines that make an area look set into the panel, just outside its edges.
 void DrawSunkenFrame(QPainter& painter, const QRectF& area);

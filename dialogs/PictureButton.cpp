@@ -15,7 +15,7 @@ namespace {
 
 const QColor ivory(0xff, 0xfd, 0xf5);
 // Every button's drawing has its emblem at the left; the caption takes the rest.
-constexpr double emblemWidth = 27;
+constexpr double emblemWidth = 28;
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 
 #include <QRectF>
 #include <QWidget>
+#include <cmath>
 
 #include "app/Services.h"
 
@@ -19,6 +20,12 @@ inline void PlaceControl(QWidget* control, const Box& box, const Services& servi
     const int top = qRound(services.ToToolkit(box.y));
     control->setGeometry(left, top, qRound(services.ToToolkit(box.x + box.width)) - left,
                          qRound(services.ToToolkit(box.y + box.height)) - top);
+}
+
+/// The pixel of the layout that holds a position of a control, from the control's own corner.
+inline Point ToLayout(QPointF position, const Services& services) {
+    const QPointF point = position / services.ToToolkit(1);
+    return {ToShort(std::lround(std::floor(point.x()))), ToShort(std::lround(std::floor(point.y())))};
 }
 
 }  // namespace zorva

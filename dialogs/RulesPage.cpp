@@ -44,14 +44,12 @@ const OptionPlace* RulesPage::HaPulsadoEnNormas(Point point) const {
 }
 
 void RulesPage::DrawPage(QPainter& painter) {
-    painter.setPen(palette::Brass);
-    DrawLine(painter, QRectF(17, 16, 590, 26), "N O R M A S   D E   J U E G O",
-             {15, QFont::Bold, false, 2}, Qt::AlignHCenter);
+    DrawHeading(painter, "N O R M A S   D E   J U E G O");
     const QRectF area = ToRect(sheet);
     ornament::DrawSunkenPaper(painter, area);
     painter.setPen(QColor(0x96, 0x2a, 0x20));
     DrawLine(painter, QRectF(area.left(), area.top() + 14, area.width(), 22), " S A L I D A S ",
-             {14, QFont::Bold, false, 1}, Qt::AlignHCenter);
+             {14, QFont::Bold}, Qt::AlignHCenter);
 }
 
 void RulesPage::DrawOptions(QPainter& painter) {

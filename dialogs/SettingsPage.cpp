@@ -145,9 +145,7 @@ bool SettingsPage::IsShown(const OptionPlace& place) const {
 }
 
 void SettingsPage::DrawPage(QPainter& painter) {
-    painter.setPen(palette::Brass);
-    DrawLine(painter, QRectF(17, 16, 590, 26), "P E R S O N A L I Z A R", {15, QFont::Bold, false, 2},
-             Qt::AlignHCenter);
+    DrawHeading(painter, "P E R S O N A L I Z A R");
     for (Colour player = 1; player <= ColourCount; ++player) DrawPlayer(painter, player);
     ornament::DrawSunkenPaper(painter, ToRect(commonSheet));
     DrawScaleLabel(painter, speedLabel, " Velocidad de juego ", Shown().Speed);

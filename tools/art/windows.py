@@ -132,14 +132,16 @@ def _ring(folder, y):
 
 
 def draw_corner(older):
-    """The corner by which the sheet is turned: on the right to older games, on the left back again."""
-    corner = Drawing((0, 0, 44, 26), f"Page corner, to {'older' if older else 'newer'} games. Drawn by tools/make_art.py.")
+    """The lifted corner by which the sheet is turned: right to older games, left back to newer ones."""
+    corner = Drawing((0, 0, 52, 30), f"Page corner, to {'older' if older else 'newer'} games. Drawn by tools/make_art.py.")
     if not older:
-        corner.open_group("translate(44 0) scale(-1 1)")
-    corner.path("M44 2L44 26L10 26C22 24 36 14 44 2Z", fill="#2a1a08", fill_opacity=0.28)
-    leaf = corner.linear(18, 6, 34, 22, (0, "#fffdf4"), (0.6, PAPER), (1, "#d6c190"))
-    corner.path("M44 0C36 9 30 9 22 8C24 16 20 22 8 26C24 25 38 14 44 0Z", fill=leaf, stroke="#9c8350", stroke_width=0.6)
-    corner.path("M1 18L13 18M9 13.6L14 18L9 22.4", stroke="#a0332a", stroke_width=2.2, stroke_linecap="round",
+        corner.open_group("translate(52 0) scale(-1 1)")
+    corner.path("M28 30L52 6L52 30Z", fill=corner.linear(38, 16, 52, 30, (0, "#b79f68"), (1, PAPER_DARK)))
+    corner.path("M24 30L52 2L36 6C34.6 14 30 22 24 30Z", fill="#2a1a08", fill_opacity=0.22)
+    leaf = corner.linear(28, 8, 41, 20, (0, "#fffdf4"), (0.55, PAPER_LIGHT), (1, "#cfb781"))
+    corner.path("M27 30C29.4 22 31 14 30.4 8C38 9 45 8.4 52 5Z", fill=leaf, stroke="#9c8350", stroke_width=0.6,
+                stroke_linejoin="round")
+    corner.path("M3 20L19 20M14 14.6L20 20L14 25.4", stroke="#a0332a", stroke_width=2.4, stroke_linecap="round",
                 stroke_linejoin="round")
     if not older:
         corner.close_group()

@@ -1,0 +1,86 @@
+#include "dialogs/Ayuda.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <algorithm>
+
+#include "app/Palette.h"
+#include "dialogs/Lettering.h"
+#include "dialogs/ManualText.h"
+#include "dialogs/ManualView.h"
+#include "dialogs/Ornament.h"
+#include "dialogs/PictureButton.h"
+#include "dialogs/Placing.h"
+#include "dialogs/mensajes.h"
+
+namespace zorva {
+namespace {
+
+constexpr const char* title = "Ayuda de la aplicación";
+constexpr double shareOfScreen = 0.84;  // of either side: some 70 % of the area
+constexpr int widestWindow = 740;       // wider, and the lines would be tiring to read
+constexpr Short edge = 17;
+constexpr Short footHeight = 44;
+constexpr Short soundOfLeaving = 4;
+
+Box WindowBox(const Layout& layout) {
+    return {0, 0, ToShort(std::min(qRound(layout.ScreenWidth * shareOfScreen), widestWindow)),
+            ToShort(qRound(layout.ScreenHeight * shareOfScreen))};
+}
+
+Box PaperBox(const Box& window) {
+    return {edge, edge, ToShort(window.width - 2 * edge),
+            ToShort(window.height - 2 * edge - footHeight + 6)};
+}
+
+Box LeaveButtonBox(const Box& window) {
+    return {ToShort(window.width - edge - 96), ToShort(window.height - footHeight), 96, 30};
+}
+
+}  // namespace
+
+Ayuda::Ayuda(QWidget* parent, const Services& services, const QString& manual)
+    : BoardDialog(parent, services, "Ayuda", title,
+                  {WindowBox(services.layout).width, WindowBox(services.layout).height}),
+      window_(WindowBox(services.layout)),
+      view_(new ManualView(this, services, manual)) {
+    Place(view_, PaperBox(window_));
+    auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Cerrar");
+    Place(leave, LeaveButtonBox(window_));
+    connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
+    connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
+    view_->setFocus();
+}
+
+void Ayuda::DrawGround(QPainter& painter) {
+    BoardDialog::DrawGround(painter);
+    const QRectF paper = ToRect(PaperBox(window_));
+    ornament::DrawSunkenPaper(painter, paper);
+    if (view_->hasFocus()) ornament::DrawFocus(painter, paper.adjusted(-3, -3, 3, 3), 4);
+    const Box button = LeaveButtonBox(window_);
+    painter.setPen(palette::Brass);
+    DrawLine(painter, QRectF(edge, button.y, button.x - 2 * edge, button.height),
+             "Flechas, RePág y AvPág: leer     Tabulador e Intro: enlaces     Esc: cerrar", {12.5});
+}
+
+void Ayuda::Leave() {
+    TheServices().PlaySound(soundOfLeaving);
+    accept();
+}
+
+void ShowHelp(QWidget* parent, const Services& services, const std::filesystem::path& helpFile) {
+    const std::optional<QString> manual = ReadManual(helpFile);
+    if (!manual) {
+        const QString text =
+            QStringLiteral(
+                "No se puede mostrar el manual: el fichero %1 no está junto al programa o "
+                "no se puede leer. Puede seguir jugando sin él.")
+                .arg(QString::fromStdString(helpFile.filename().string()));
+        ShowMessage(parent, services, title, text, MessageLinesFor(text), MessageButtons::Acknowledge);
+        return;
+    }
+    Ayuda window(parent, services, *manual);
+    RunModal(window);
+}
+
+}  // namespace zorva

@@ -1,0 +1,82 @@
+#include "dialogs/Historic.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "app/Artwork.h"
+#include "app/Palette.h"
+#include "dialogs/HistoricSheet.h"
+#include "dialogs/Lettering.h"
+#include "dialogs/PictureButton.h"
+#include "dialogs/Placing.h"
+
+namespace zorva {
+namespace {
+
+constexpr QSize windowSize(580, 416);
+constexpr Box folder{16, 18, 548, 340};
+constexpr Box sheetBox{205, 39, HistoricSheet::Width, HistoricSheet::Height};  // where the folder has it
+constexpr Box labelBox{44, 77, 124, 44};
+constexpr Box countBox{28, 300, 150, 40};
+constexpr Box leaveButton{468, 370, 96, 30};
+constexpr Short soundOfLeaving = 4;
+
+QString CountText(const HistoricPages& pages) {
+    if (pages.Entries() == 0) return {};
+    const long newest = pages.Entries() - pages.Top();
+    const long oldest = pages.Entries() - pages.Bottom();
+    return QStringLiteral("%1 - %2 de %3").arg(newest).arg(oldest).arg(pages.Entries());
+}
+
+}  // namespace
+
+Historic::Historic(QWidget* parent, const Services& services, History history)
+    : BoardDialog(parent, services, "Historic", "Histórico de partidas", windowSize),
+      history_(std::move(history)),
+      sheet_(new HistoricSheet(this, services, history_)) {
+    Place(sheet_, sheetBox);
+    auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
+    Place(leave, leaveButton);
+    connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
+    leave->setFocus();
+}
+
+void Historic::DrawGround(QPainter& painter) {
+    BoardDialog::DrawGround(painter);
+    TheServices().artwork.Paint(painter, "historic_folder", ToRect(folder));
+    painter.setPen(palette::Ink);
+    const QRectF label = ToRect(labelBox);
+    const QSizeF half(label.width(), label.height() / 2);
+    DrawLine(painter, QRectF(label.topLeft(), half), "Histórico", {17, QFont::Bold}, Qt::AlignHCenter);
+    DrawLine(painter, QRectF(label.topLeft() + QPointF(0, half.height()), half), "de partidas",
+             {14, QFont::Normal, true}, Qt::AlignHCenter);
+    painter.setPen(QColor(0x5d, 0x3f, 0x12));
+    DrawLine(painter, ToRect(countBox), CountText(sheet_->Pages()), {13, QFont::Bold}, Qt::AlignHCenter);
+}
+
+void Historic::KeyPressed(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_PageDown:
+            sheet_->TurnOlder();
+            break;
+        case Qt::Key_PageUp:
+            sheet_->TurnNewer();
+            break;
+        default:
+            BoardDialog::KeyPressed(event);
+            return;
+    }
+    update();
+}
+
+void Historic::Leave() {
+    TheServices().PlaySound(soundOfLeaving);
+    accept();
+}
+
+void ShowHistoric(QWidget* parent, const Services& services, History history) {
+    Historic window(parent, services, std::move(history));
+    RunModal(window);
+}
+
+}  // namespace zorva

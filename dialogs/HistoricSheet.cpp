@@ -1,0 +1,183 @@
+#include "dialogs/HistoricSheet.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "app/Artwork.h"
+#include "app/Palette.h"
+#include "app/Pointers.h"
+#include "dialogs/Lettering.h"
+#include "dialogs/Ornament.h"
+#include "dialogs/Placing.h"
+
+namespace zorva {
+namespace {
+
+constexpr Short soundOfPage = 9;
+constexpr Short pauseOfPage = 10;
+
+// The sheet's columns: edges of the rules between them, and where their texts stand.
+constexpr Short columnRules[] = {84, 122, 282};
+constexpr double dateLeft = 22;
+constexpr double timeLeft = 89;
+constexpr double namesMiddle = 200;
+constexpr double namesWidth = 152;
+constexpr double pointsLeft = 293;
+constexpr double headingLeft = 33;
+constexpr double headingOfPointsLeft = 290;
+
+constexpr double firstRecordTop = 21;
+constexpr double lineHeight = 14;
+constexpr double recordHeight = 2 * lineHeight + 4;
+
+constexpr Box newerCorner{0, 272, 52, 30};
+constexpr Box olderCorner{298, 272, 52, 30};
+
+const char* const heading = "Fecha         Hora    Ganador / Perdedores            Puntos";
+constexpr Letters headingLetters{11.5, QFont::Bold};
+constexpr Letters recordLetters{11.2, QFont::Normal, true};
+
+QString Read(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+}  // namespace
+
+PageCorner::PageCorner(QWidget* sheet, const Services& services, const char* objectName,
+                       const QString& name)
+    : QAbstractButton(sheet), services_(services) {
+    setObjectName(objectName);
+    setAccessibleName(name);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void PageCorner::paintEvent(QPaintEvent*) {
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double scale = services_.ToToolkit(1);
+    painter.scale(scale, scale);
+    ornament::DrawFocus(painter, QRectF(2, 2, width() / scale - 4, height() / scale - 4), 5);
+}
+
+HistoricSheet::HistoricSheet(QWidget* window, const Services& services, const History& history)
+    : QWidget(window),
+      services_(services),
+      lisDatos_(history),
+      pages_(static_cast<long>(history.Count())),
+      older_(AddCorner("Pic_Antiguas", "Partidas más antiguas", olderCorner, &HistoricSheet::TurnOlder)),
+      newer_(
+          AddCorner("Pic_Recientes", "Partidas más recientes", newerCorner, &HistoricSheet::TurnNewer)) {
+    setObjectName("Pic_Carpeta");
+    setAccessibleName("Histórico de partidas");
+    setMouseTracking(true);
+    PageChanged();
+}
+
+PageCorner* HistoricSheet::AddCorner(const char* objectName, const QString& name, const Box& box,
+                                     void (HistoricSheet::*turn)()) {
+    auto* corner = new PageCorner(this, services_, objectName, name);
+    PlaceControl(corner, box, services_);
+    connect(corner, &QAbstractButton::clicked, this, turn);
+    return corner;
+}
+
+void HistoricSheet::TurnOlder() {
+    if (pages_.CanTurnOlder()) Turn(&HistoricPages::TurnOlder);
+}
+
+void HistoricSheet::TurnNewer() {
+    if (pages_.CanTurnNewer()) Turn(&HistoricPages::TurnNewer);
+}
+
+void HistoricSheet::Turn(void (HistoricPages::*turn)()) {
+    services_.PlaySound(soundOfPage);
+    services_.Pause(pauseOfPage);
+    (pages_.*turn)();
+    PageChanged();
+}
+
+// What the page says, for a screen reader; a corner that turns nothing is not there.
+void HistoricSheet::PageChanged() {
+    QStringList lines;
+    for (long i = pages_.Top(); i >= pages_.Bottom(); --i) {
+        const HistoryEntry entry = DecodeHistoryRecord(lisDatos_.Record(i));
+        lines << QStringLiteral("%1, %2. Ganador: %3. Perdedores: %4. Puntos: %5")
+                     .arg(Read(entry.date), Read(entry.time), Read(entry.winner), Read(entry.losers),
+                          Read(entry.points));
+    }
+    setAccessibleDescription(lines.join('\n'));
+    older_->setVisible(pages_.CanTurnOlder());
+    newer_->setVisible(pages_.CanTurnNewer());
+    update();
+}
+
+void HistoricSheet::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    DrawRuling(painter);
+    DrawHeading(painter);
+    painter.setPen(palette::Ink);
+    double top = firstRecordTop;
+    for (long i = pages_.Top(); i >= pages_.Bottom(); --i, top += recordHeight) {
+        DrawRecord(painter, i, top);
+    }
+    DrawCorners(painter);
+}
+
+void HistoricSheet::DrawRuling(QPainter& painter) const {
+    for (const Short x : columnRules) painter.fillRect(QRectF(x, 5, 1, Height - 5), QColor(255, 0, 0));
+    for (int slot = 1; slot <= HistoricPages::RecordsPerPage; ++slot) {
+        const double y = firstRecordTop + slot * recordHeight - 3;
+        painter.fillRect(QRectF(15, y, Width - 30, 1), QColor(0, 255, 0));
+    }
+}
+
+// The blanks of the heading place its words over the columns; how wide a blank must be for that
+// depends on the typeface.
+void HistoricSheet::DrawHeading(QPainter& painter) const {
+    const QString text(heading);
+    const QString beforePoints = text.left(text.lastIndexOf(' ') + 1);
+    const double blank = BlankWidthFor(beforePoints, headingLetters, headingOfPointsLeft - headingLeft);
+    painter.setPen(palette::Ink);
+    DrawSpaced(painter, QRectF(headingLeft, 5, Width - headingLeft, 15), text, headingLetters, blank);
+}
+
+void HistoricSheet::DrawRecord(QPainter& painter, long index, double top) const {
+    const HistoryEntry entry = DecodeHistoryRecord(lisDatos_.Record(index));
+    const auto write = [&](double left, double y, double width, const std::string& text,
+                           Qt::Alignment alignment = Qt::AlignLeft) {
+        DrawLine(painter, QRectF(left, y, width, lineHeight), Read(text), recordLetters, alignment);
+    };
+    const double namesLeft = namesMiddle - namesWidth / 2;
+    write(dateLeft, top, columnRules[0] - dateLeft - 1, entry.date);
+    write(timeLeft, top, columnRules[1] - timeLeft - 1, entry.time);
+    write(namesLeft, top, namesWidth, entry.winner, Qt::AlignHCenter);
+    write(pointsLeft, top, Width - 15 - pointsLeft, entry.points);
+    write(namesLeft, top + lineHeight, namesWidth, entry.losers, Qt::AlignHCenter);
+}
+
+void HistoricSheet::DrawCorners(QPainter& painter) const {
+    if (pages_.CanTurnOlder()) services_.artwork.Paint(painter, "historic_older", ToRect(olderCorner));
+    if (pages_.CanTurnNewer()) services_.artwork.Paint(painter, "historic_newer", ToRect(newerCorner));
+}
+
+void HistoricSheet::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    const Point point = ToLayout(event->position(), services_);
+    if (olderCorner.Contains(point)) {
+        TurnOlder();
+    } else if (newerCorner.Contains(point)) {
+        TurnNewer();
+    }
+}
+
+void HistoricSheet::mouseMoveEvent(QMouseEvent* event) {
+    const Point point = ToLayout(event->position(), services_);
+    const bool live = (pages_.CanTurnOlder() && olderCorner.Contains(point)) ||
+                      (pages_.CanTurnNewer() && newerCorner.Contains(point));
+    setCursor(live ? services_.pointers.Hand() : Qt::ArrowCursor);
+}
+
+}  // namespace zorva

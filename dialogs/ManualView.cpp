@@ -1,0 +1,151 @@
+#include "dialogs/ManualView.h"
+
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QTextTable>
+
+#include "app/Palette.h"
+#include "app/Pointers.h"
+#include "app/Typeface.h"
+
+namespace zorva {
+namespace {
+
+constexpr double letterSize = 16;
+constexpr double pageMargin = 22;
+constexpr double listIndent = 26;
+constexpr double cellPadding = 5;
+
+// Lengths are written in pixels of the layout, as "8u".
+constexpr const char* pageStyle = R"(
+    h1 { color: #7a2318; margin-top: 4u; margin-bottom: 10u; }
+    h2 { color: #7a2318; margin-top: 30u; margin-bottom: 8u; }
+    h3 { color: #4f3117; margin-top: 18u; margin-bottom: 5u; }
+    p { margin-top: 7u; margin-bottom: 7u; line-height: 118%; }
+    li { margin-top: 3u; margin-bottom: 3u; line-height: 114%; }
+    th { background-color: #e8d7ad; text-align: left; }
+    a[href] { color: #1d4f8c; }
+    .nota { color: #5c4630; }
+    .amarillo { color: #d9a806; }
+    .azul { color: #1226c8; }
+    .rojo { color: #c01a12; }
+    .verde { color: #0a6b28; }
+)";
+
+constexpr const char* scrollBarStyle = R"(
+    QScrollBar:vertical { background: #e4d3ab; width: 14u; margin: 0; }
+    QScrollBar::handle:vertical { background: #8a5c36; min-height: 34u; border-radius: 5u; margin: 2u; }
+    QScrollBar::handle:vertical:hover { background: #a8754a; }
+    QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
+    QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+)";
+
+QString Scaled(const char* style, const Services& services) {
+    static const QRegularExpression length("(\\d+)u\\b");
+    QString scaled = QString::fromLatin1(style);
+    for (auto found = length.match(scaled); found.hasMatch(); found = length.match(scaled)) {
+        const int pixels = qRound(services.ToToolkit(found.captured(1).toInt()));
+        scaled.replace(found.capturedStart(), found.capturedLength(), QString::number(pixels) + "px");
+    }
+    return scaled;
+}
+
+QPalette PagePalette() {
+    QPalette colours;
+    colours.setColor(QPalette::Base, Qt::transparent);  // the window's paper shows through
+    colours.setColor(QPalette::Text, palette::Ink);
+    colours.setColor(QPalette::Highlight, palette::Brass);
+    colours.setColor(QPalette::HighlightedText, palette::Ink);
+    return colours;
+}
+
+}  // namespace
+
+ManualView::ManualView(QWidget* parent, const Services& services, const QString& html)
+    : QTextBrowser(parent), services_(services) {
+    setObjectName("Txt_Manual");
+    setAccessibleName("Manual del juego");
+    DressUp();
+    setHtml(html);
+    DressTables();
+    setOpenLinks(false);
+    connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { GoTo(url.fragment()); });
+    connect(this, &QTextBrowser::highlighted, this, [this](const QUrl& url) {
+        viewport()->setCursor(url.isEmpty() ? QCursor(Qt::ArrowCursor) : services_.pointers.Hand());
+    });
+}
+
+void ManualView::DressUp() {
+    setFrameShape(QFrame::NoFrame);
+    setPalette(PagePalette());
+    viewport()->setAutoFillBackground(false);
+    viewport()->setCursor(Qt::ArrowCursor);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    verticalScrollBar()->setStyleSheet(Scaled(scrollBarStyle, services_));
+    verticalScrollBar()->setCursor(Qt::ArrowCursor);
+    document()->setDefaultFont(TextFont(services_.ToToolkit(letterSize)));
+    document()->setDefaultStyleSheet(Scaled(pageStyle, services_));
+    document()->setDocumentMargin(services_.ToToolkit(pageMargin));
+    document()->setIndentWidth(services_.ToToolkit(listIndent));
+}
+
+void ManualView::DressTables() {
+    for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (table == nullptr) continue;
+        QTextTableFormat format = table->format();
+        format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
+        format.setCellPadding(services_.ToToolkit(cellPadding));
+        format.setCellSpacing(0);
+        format.setBorderCollapse(true);
+        format.setBorder(services_.ToToolkit(1));
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setBorderBrush(palette::Brass);
+        format.setTopMargin(services_.ToToolkit(8));
+        format.setBottomMargin(services_.ToToolkit(10));
+        table->setFormat(format);
+    }
+}
+
+QVariant ManualView::loadResource(int, const QUrl&) {
+    return {};
+}
+
+void ManualView::GoTo(const QString& anchor) {
+    DropMark();
+    scrollToAnchor(anchor);
+}
+
+// Takes the mark off the link that was followed or left, so that Enter does not follow it unseen.
+void ManualView::DropMark() {
+    const int position = verticalScrollBar()->value();
+    QTextCursor cursor = textCursor();
+    cursor.clearSelection();
+    setTextCursor(cursor);
+    verticalScrollBar()->setValue(position);
+}
+
+// The search for a link begins behind the selection. When that is out of sight, it would jump back to
+// where the reader came from.
+void ManualView::StartInSight(bool forwards) {
+    if (viewport()->rect().intersects(cursorRect())) return;
+    QTextCursor cursor = cursorForPosition({0, forwards ? 0 : viewport()->height() - 1});
+    const int position = verticalScrollBar()->value();
+    cursor.movePosition(forwards ? QTextCursor::PreviousCharacter : QTextCursor::NextCharacter);
+    cursor.movePosition(forwards ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter,
+                        QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    verticalScrollBar()->setValue(position);
+}
+
+bool ManualView::focusNextPrevChild(bool next) {
+    StartInSight(next);
+    if (QTextBrowser::focusNextPrevChild(next)) return true;
+    DropMark();
+    return false;
+}
+
+}  // namespace zorva

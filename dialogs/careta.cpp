@@ -1,0 +1,108 @@
+#include "dialogs/careta.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <utility>
+
+#include "app/Artwork.h"
+#include "dialogs/Ornament.h"
+#include "dialogs/Placing.h"
+
+namespace zorva {
+namespace {
+
+constexpr QSize windowSize(460, 190);
+constexpr Box areaBox{20, 20, TitleArtwork::Width, TitleScroll::First};
+constexpr int tick = 8;  // milliseconds, a little less than a step
+
+}  // namespace
+
+careta::careta(QWidget* parent, const Services& services)
+    : BoardDialog(parent, services, "careta", "Zorva", windowSize),
+      logo_(services),
+      area_(new QWidget(this)) {
+    area_->setObjectName("Pic_Careta");
+    area_->setAccessibleName("Zorva, Parchís");
+    area_->setFocusPolicy(Qt::StrongFocus);
+    area_->installEventFilter(this);
+    Place(area_, areaBox);
+    ground_ = Ground();
+    area_->setFocus();
+    timer_.setTimerType(Qt::PreciseTimer);
+    connect(&timer_, &QTimer::timeout, this, [this] { MakeSteps(); });
+    timer_.start(tick);
+}
+
+void careta::DrawGround(QPainter& painter) {
+    BoardDialog::DrawGround(painter);
+    ornament::DrawSunkenFrame(painter, ToRect(areaBox));
+}
+
+// The table that the title passes over, sunk a little into the window.
+QPixmap careta::Ground() const {
+    const double ratio = TheServices().devicePixelRatio;
+    QPixmap ground = TheServices().artwork.PictureOf("surface", QRectF(300, 380, 840, 300),
+                                                     (QSizeF(area_->size()) * ratio).toSize());
+    QPainter painter(&ground);
+    painter.scale(TheServices().layout.Unit, TheServices().layout.Unit);
+    ornament::DrawInnerShadow(painter, QRectF(0, 0, areaBox.width, areaBox.height));
+    painter.end();
+    ground.setDevicePixelRatio(ratio);
+    return ground;
+}
+
+bool careta::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != area_ || event->type() != QEvent::Paint)
+        return BoardDialog::eventFilter(watched, event);
+    DrawTitle();
+    return true;
+}
+
+void careta::DrawTitle() {
+    QPainter painter(area_);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(QPointF(), ground_);
+    logo_.Draw(painter, scroll_.Position(), TheServices());
+    wasPainted_ = true;
+}
+
+// The clock starts with the first picture, and what is to be done meanwhile begins after it.
+void careta::MakeSteps() {
+    if (!wasPainted_) return;
+    if (!clock_.isValid()) {
+        clock_.start();
+        if (Appeared) Appeared();
+    }
+    for (int due = steps_.Due(static_cast<double>(clock_.elapsed())); due > 0 && !scroll_.IsOver();
+         --due) {
+        scroll_.Step();
+    }
+    area_->update();
+    if (!scroll_.IsOver()) return;
+    timer_.stop();
+    accept();
+}
+
+void careta::KeyPressed(QKeyEvent*) {
+    scroll_.Stop();
+}
+
+void careta::Leave() {
+    scroll_.Stop();
+}
+
+void careta::mousePressEvent(QMouseEvent*) {
+    scroll_.Stop();
+}
+
+void ShowSplash(QWidget* parent, const Services& services, const std::function<void()>& meanwhile) {
+    careta window(parent, services);
+    bool done = false;
+    window.Appeared = [&] {
+        if (!std::exchange(done, true)) meanwhile();
+    };
+    RunModal(window);
+    if (!done) meanwhile();
+}
+
+}  // namespace zorva

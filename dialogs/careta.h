@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <functional>
+
+#include "dialogs/BoardDialog.h"
+#include "dialogs/TitleArtwork.h"
+#include "dialogs/TitleScroll.h"
+
+namespace zorva {
+
+/// The title at the start. It scrolls through its window twice and goes; any key or click ends it.
+/// The program's other work goes on meanwhile, between its steps.
+class careta : public BoardDialog {
+public:
+    careta(QWidget* parent, const Services& services);
+
+    /// Called once, when the window is on the screen.
+    std::function<void()> Appeared;
+
+    const TitleScroll& Scroll() const { return scroll_; }
+
+protected:
+    void DrawGround(QPainter& painter) override;
+    void KeyPressed(QKeyEvent* event) override;
+    void Leave() override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool focusNextPrevChild(bool) override { return false; }
+
+private:
+    void MakeSteps();
+    void DrawTitle();
+    QPixmap Ground() const;
+
+    const TitleArtwork logo_;
+    TitleScroll scroll_;
+    StepClock steps_;
+    QElapsedTimer clock_;
+    QTimer timer_;
+    QWidget* area_;  // Pic_Careta
+    QPixmap ground_;
+    bool wasPainted_ = false;
+};
+
+/// Shows the title and returns when it has gone. `meanwhile` is called once while it scrolls, at the
+/// latest before the return.
+void ShowSplash(QWidget* parent, const Services& services, const std::function<void()>& meanwhile);
+
+}  // namespace zorva
