@@ -1,0 +1,163 @@
+"""A virtual screen with a window manager, a mouse and a keyboard."""
+
+import os
+import re
+import struct
+import subprocess
+import tempfile
+import time
+import zlib
+from dataclasses import dataclass
+
+# What is started ends with this process, however that ends.
+BOUND = ("setpriv", "--pdeathsig", "KILL", "--")
+
+
+@dataclass(frozen=True)
+class Window:
+    id: str
+    title: str
+    x: int
+    y: int
+    width: int
+    height: int
+
+
+class Picture:
+    """What was on the screen at one moment."""
+
+    def __init__(self, data):
+        header = struct.unpack(">25I", data[:100])
+        self.width, self.height, self._row = header[4], header[5], header[12]
+        self._start = header[0] + header[19] * 12
+        self._data = data
+
+    def pixel(self, x, y):
+        """Red, green and blue; black outside the screen."""
+        if not (0 <= x < self.width and 0 <= y < self.height):
+            return (0, 0, 0)
+        at = self._start + y * self._row + x * 4
+        blue, green, red = self._data[at:at + 3]
+        return (red, green, blue)
+
+    def part(self, x, y, width, height):
+        """The bytes of a rectangle, to be compared with another picture's."""
+        x, y = max(x, 0), max(y, 0)
+        rows = range(y, min(y + height, self.height))
+        first = (self._start + row * self._row + x * 4 for row in rows)
+        return b"".join(self._data[at:at + width * 4] for at in first)
+
+    def save(self, path):
+        """Writes a PNG file."""
+        rows = []
+        for y in range(self.height):
+            row = self.part(0, y, self.width, 1)
+            colours = bytearray(self.width * 3)
+            colours[0::3], colours[1::3], colours[2::3] = row[2::4], row[1::4], row[0::4]
+            rows.append(b"\0" + bytes(colours))
+
+        def chunk(kind, body):
+            return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body))
+
+        with open(path, "wb") as file:
+            file.write(b"\x89PNG\r\n\x1a\n")
+            file.write(chunk(b"IHDR", struct.pack(">IIBBBBB", self.width, self.height, 8, 2, 0, 0, 0)))
+            file.write(chunk(b"IDAT", zlib.compress(b"".join(rows), 1)) + chunk(b"IEND", b""))
+
+
+class Display:
+    """One virtual screen. Everything the mouse and the keyboard do has reached it on return."""
+
+    def __init__(self, width, height):
+        self.width, self.height = width, height
+        self._folder = tempfile.TemporaryDirectory(prefix="zorva-screen-")
+        self._processes = []
+        self.name = self._start_screen()
+        self.environment = dict(os.environ, DISPLAY=self.name, HOME=self._folder.name)
+        self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # A window that is older than the manager would never get the keyboard.
+        self._wait_for_manager()
+        # One line at a time, so that each answer arrives when its command is done.
+        self._hand = self._start("stdbuf", "-oL", "xdotool", "-", stdin=subprocess.PIPE,
+                                 stdout=subprocess.PIPE, text=True)
+
+    def _start(self, *command, **options):
+        options.setdefault("env", getattr(self, "environment", os.environ))
+        process = subprocess.Popen([*BOUND, *command], **options)
+        self._processes.append(process)
+        return process
+
+    def _start_screen(self):
+        reading, writing = os.pipe()
+        self._start("Xvfb", "-displayfd", str(writing), "-screen", "0",
+                    "%dx%dx24" % (self.width, self.height), "-nolisten", "tcp", "-noreset",
+                    "-fbdir", self._folder.name, pass_fds=[writing], stderr=subprocess.DEVNULL)
+        os.close(writing)
+        with os.fdopen(reading) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise RuntimeError("the virtual screen does not start")
+        return ":" + number
+
+    def _wait_for_manager(self):
+        end = time.monotonic() + 20
+        while "window id" not in self._run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"):
+            if time.monotonic() > end:
+                raise RuntimeError("the window manager does not start")
+            time.sleep(0.02)
+
+    def close(self):
+        self._hand.stdin.close()
+        self._hand.stdout.close()
+        for process in reversed(self._processes):
+            process.terminate()
+        for process in reversed(self._processes):
+            process.wait(timeout=20)
+        self._folder.cleanup()
+
+    # ------------------------------------------------------------------------ what can be seen
+
+    def picture(self):
+        with open(os.path.join(self._folder.name, "Xvfb_screen0"), "rb") as file:
+            return Picture(file.read())
+
+    def _run(self, *command):
+        done = subprocess.run(command, env=self.environment, timeout=20, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, text=True)
+        return done.stdout if done.returncode == 0 else ""
+
+    def active_window(self):
+        """The window that has the keyboard; None when there is none."""
+        answer = self._run("xdotool", "getactivewindow", "getwindowname", "getwindowgeometry", "--shell")
+        title, _, rest = answer.partition("\n")
+        values = dict(re.findall(r"^(\w+)=(-?\d+)$", rest, re.MULTILINE))
+        if "HEIGHT" not in values:
+            return None
+        sizes = (int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+        # The toolkit adds the program's name to every title but the program's own.
+        return Window(values["WINDOW"], title.removesuffix(" — Zorva"), *sizes)
+
+    # ------------------------------------------------------------------ the mouse and the keyboard
+
+    def act(self, *commands):
+        """Carries out commands of xdotool, one after the other."""
+        self._hand.stdin.write("".join(command + "\n" for command in commands) + "getmouselocation\n")
+        self._hand.stdin.flush()
+        if not self._hand.stdout.readline():
+            raise RuntimeError("the virtual mouse and keyboard are gone")
+
+    def move(self, x, y):
+        self.act("mousemove %d %d" % (x, y))
+
+    def click(self, x, y, button=1):
+        self.act("mousemove %d %d" % (x, y), "click %d" % button)
+
+    def drag(self, start, end, steps=8):
+        self.act("mousemove %d %d" % start, "mousedown 1")
+        for step in range(1, steps + 1):
+            x, y = (round(a + (b - a) * step / steps) for a, b in zip(start, end))
+            self.act("mousemove %d %d" % (x, y))
+        self.act("mouseup 1")
+
+    def key(self, *names):
+        self.act(*("key " + name for name in names))
