@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QTimer>
+#include <utility>
 
 #include "app/BoardHits.h"
 #include "app/MenuButtons.h"
@@ -157,22 +158,27 @@ void BoardInput::StartDrag(Point at) {
     mesa_.Scene().Drag(dragged_, AsPointF(at));
 }
 
+void BoardInput::LetGlideBack(PieceCode piece) {
+    mesa_.Scene().StartGlideBack(piece);
+    Pacer::Wait(glideBackMilliseconds, [this](double progress) { mesa_.Scene().ShowStep(progress); });
+    mesa_.Scene().PutDown(piece);
+    mesa_.RefreshPointer();
+}
+
+void BoardInput::CancelDrag() {
+    if (dragged_ != 0) LetGlideBack(std::exchange(dragged_, PieceCode{0}));
+}
+
 void BoardInput::EndDrag(Point at) {
-    const PieceCode piece = dragged_;
     const Square to = DropSquareAt(at);
     const bool accepted = MayDropAt(at) && state_.WaitingForThrow;
-    dragged_ = 0;
+    const PieceCode piece = std::exchange(dragged_, PieceCode{0});
+    const bool isWhereItStood = to == state_.PositionOf(piece);
+    mesa_.Shared().PlaySound(accepted || isWhereItStood ? 15 : 10);
     if (!accepted) {
-        const bool isWhereItStood = to == state_.PositionOf(piece);
-        mesa_.Shared().PlaySound(isWhereItStood ? 15 : 10);
-        mesa_.Scene().StartGlideBack(piece);
-        Pacer::Wait(glideBackMilliseconds,
-                    [this](double progress) { mesa_.Scene().ShowStep(progress); });
-        mesa_.Scene().PutDown(piece);
-        mesa_.RefreshPointer();
+        LetGlideBack(piece);
         return;
     }
-    mesa_.Shared().PlaySound(15);
     mesa_.Scene().ShowManualMode(false);
     DisplaceByHand(state_, piece, to);
 }
@@ -202,7 +208,7 @@ void BoardInput::PlainKey(const QKeyEvent& key) {
     } else if (!state_.GameInProgress) {
         GlowNewGameButton();
     } else if (state_.WaitingForThrow && state_.ManualMode) {
-        if (dragged_ == 0) LeaveManual();
+        LeaveManual();
     } else if (state_.WaitingForThrow) {
         Throw();
     } else if (state_.WaitingForMove && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)) {

@@ -23,6 +23,10 @@ public:
     void Move(Point at);
     void Release(Point at);
 
+    bool IsDragging() const { return dragged_ != 0; }
+    /// A dragged piece is let go where it came from.
+    void CancelDrag();
+
     /// A key that produces a character, Escape or Enter: hides the window, throws, or accepts a move.
     void PlainKey(const QKeyEvent& key);
     /// Marks the next movable piece of the person on turn, or the one before.
@@ -51,6 +55,7 @@ private:
     void LeaveManual();
     void StartDrag(Point at);
     void EndDrag(Point at);
+    void LetGlideBack(PieceCode piece);
     void Preview(Short piece);
     void AcceptMove();
     void GlowNewGameButton();

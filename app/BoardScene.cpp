@@ -198,6 +198,10 @@ void BoardScene::ShowWinner(Colour colour) {
     RepaintHouse(colour);
 }
 
+void BoardScene::RepaintHouses() {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) RepaintHouse(colour);
+}
+
 void BoardScene::Refresh() {
     glides_.clear();
     view_.inAir = 0;

@@ -45,6 +45,8 @@ public:
     void ShowManualMode(bool on);
     void ShowWinner(Colour colour);
 
+    /// Writes the players' names anew.
+    void RepaintHouses();
     /// Puts everything where the tables say and paints the whole board.
     void Refresh();
 

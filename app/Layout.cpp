@@ -80,7 +80,7 @@ void PlaceStrip(Layout& layout) {
                        recorderHeight};
     layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
     layout.LogPaper = layout.Log;
-    layout.LogPaper.height = ToShort(std::min<int>(layout.Log.height, layout.ScreenHeight - logTop - 4));
+    layout.LogPaper.height = ToShort(std::clamp(layout.ScreenHeight - logTop - 4, 1, int{layout.Log.height}));
 }
 
 // ------------------------------------------------------------------------ where pieces stand

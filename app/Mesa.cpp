@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <cmath>
 
 #include "app/KeyStrokes.h"
@@ -10,6 +11,7 @@
 #include "app/MoveLog.h"
 #include "app/Palette.h"
 #include "app/RecorderStrip.h"
+#include "app/Typeface.h"
 
 namespace zorva {
 
@@ -68,6 +70,7 @@ void Mesa::resizeEvent(QResizeEvent*) {
     artwork_.ForgetPictures();
     pointers_.SetScale(services_.layout.Unit, services_.devicePixelRatio);
     scene_->SetScreen(services_.layout, device);
+    QToolTip::setFont(TextFont(services_.ToToolkit(13)));
     PlaceControls();
     RefreshPointer();
 }

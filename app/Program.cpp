@@ -9,11 +9,17 @@
 #include "app/MenuButtons.h"
 #include "core/Records.h"
 #include "core/Turns.h"
+#include "dialogs/Historic.h"
+#include "dialogs/Personal.h"
 #include "dialogs/mensajes.h"
+#include "store/HistoryFile.h"
 #include "store/SavedGame.h"
 
 namespace zorva {
 namespace {
+
+// What is heard when a menu button is pressed, by its index.
+constexpr Short buttonSounds[MenuButtons::Count] = {2, 1, 3, 9, 6, 1};
 
 std::vector<std::uint8_t> BytesOfRecording(Short id) {
     QFile file(QStringLiteral(":/sounds/%1.wav").arg(id, 2, 10, QLatin1Char('0')));
@@ -66,8 +72,6 @@ void Program::ConnectWindow() {
     mesa_.WaitChanged = [this] { input_.ShowWhatCanBePicked(); };
     mesa_.Strip().Pressed = [this](RecorderKey key) { recorderControl_.Press(key); };
     mesa_.Strip().IsLive = [this](RecorderKey key) { return recorderControl_.IsLive(key); };
-    mesa_.Buttons().Explain(settings_.ButtonInfo == 1);
-    mesa_.Strip().Explain(settings_.ButtonInfo == 1);
 }
 
 void Program::ConnectGame() {
@@ -82,6 +86,7 @@ void Program::ConnectGame() {
 
 void Program::Start() {
     LoadGame();
+    if (settings_.SoundOn == 1) sounds_.Prepare();
     if (state_.GameInProgress) ContinueGame();
 }
 
@@ -89,9 +94,7 @@ void Program::LoadGame() {
     const LoadedSettings loaded = keeper_.Load(ChooseDataFolder(programFolder_));
     settings_ = loaded.content.settings;
     state_ = loaded.content.state;
-    ApplySettings(state_, settings_);
-    mesa_.Buttons().Explain(settings_.ButtonInfo == 1);
-    mesa_.Strip().Explain(settings_.ButtonInfo == 1);
+    ApplyChoices();
     RebuildLog({state_, settings_, outside_});
     mesa_.Scene().Refresh();
     if (!loaded.text.empty()) {
@@ -139,7 +142,7 @@ void Program::Tell(const QString& title, const QString& text) {
 void Program::ButtonPressed(int button) {
     MenuButton& key = mesa_.Buttons().Button(button);
     key.ShowPressed(true);
-    mesa_.Shared().PlaySound(1);
+    mesa_.Shared().PlaySound(buttonSounds[button]);
     outside_.Pause(10);
     key.ShowPressed(false);
     switch (button) {
@@ -189,6 +192,7 @@ bool Program::ConfirmExit() {
 }
 
 void Program::Leave() {
+    input_.CancelDrag();
     if (recorder_.RecorderOn) {
         Tell("Salir del programa",
              "Antes de abandonar el programa debe apagar la Grabadora de jugadas.");
@@ -201,14 +205,28 @@ void Program::Leave() {
 
 void Program::ShowAdvice() {
     if (!state_.WaitingForMove || recorder_.RecorderOn) return;
-    outside_.Pause(10);
-    mesa_.Shared().PlaySound(6);
     ShowChosenMove({state_, settings_, outside_});
 }
 
-void Program::Personalize() {}
+void Program::ApplyChoices() {
+    ApplySettings(state_, settings_);
+    mesa_.Buttons().Explain(settings_.ButtonInfo == 1);
+    mesa_.Strip().Explain(settings_.ButtonInfo == 1);
+    mesa_.Scene().RepaintHouses();
+}
 
-void Program::ShowHistory() {}
+void Program::Personalize() {
+    ShowPersonal(&mesa_, mesa_.Shared(), settings_, state_.GameInProgress != No,
+                 {[this] { ApplyChoices(); }, [this] { keeper_.Save(); }});
+    // A colour that the computer plays from now on does not wait for a person's move.
+    if (state_.WaitingForMove && settings_.PlayerType[state_.CurrentColour] == 1) TakeAdvisedMove(state_);
+    input_.ShowWhatCanBePicked();
+    mesa_.RefreshPointer();
+}
+
+void Program::ShowHistory() {
+    ShowHistoric(&mesa_, mesa_.Shared(), ReadHistory(keeper_.Folder()));
+}
 
 // ---------------------------------------------------------------------------------- the keyboard
 
@@ -239,6 +257,7 @@ bool Program::RecorderKeyPressed(const QKeyEvent& key) {
 }
 
 void Program::KeyPressed(const QKeyEvent& key) {
+    if (input_.IsDragging()) return;
     if (RecorderKeyPressed(key)) return;
     const bool unmodified =
         !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));

@@ -48,6 +48,7 @@ private:
     void Leave();
     bool ConfirmExit();
     void ShowAdvice();
+    void ApplyChoices();
     void Personalize();
     void ShowHistory();
 
