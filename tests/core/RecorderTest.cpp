@@ -1,0 +1,339 @@
+#include "core/Recorder.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "core/Board.h"
+#include "core/Consistency.h"
+#include "core/Displacement.h"
+#include "core/Opening.h"
+#include "core/Records.h"
+#include "core/Rules.h"
+#include "core/Turns.h"
+#include "tests/support/NotingOutside.h"
+#include "tests/support/Positions.h"
+#include "tests/support/RandomGame.h"
+
+namespace zorva::test {
+namespace {
+
+/// A random game of persons and computers whose throws are awaited: at each wait the test may use the
+/// recorder before the person goes on.
+class TapedGame : public DecidedThrows {
+public:
+    TapedGame(std::uint64_t number, Short longest) : chance(2, number), longest_(longest) {
+        kind = RandomGameKind::Of(chance);
+        for (Colour colour = 1; colour <= ColourCount; ++colour) {
+            state.SquareOccupants[GoalSquare[colour]][3] = kind.leftovers[colour];
+        }
+    }
+
+    RandomGameKind kind;
+    Chance chance;
+    GameState state;
+    std::function<void(TapedGame&)> atThrow;
+    std::vector<std::string> log;
+    int selected = -1;
+    int positionsReached = 0;
+    std::map<Short, GameState>
+        beginnings;                     ///< the game as it stood when the throw of a move was awaited
+    std::map<Short, GameState> before;  ///< ... and right before each record
+
+    Table AsTable() { return {state, kind.settings, *this}; }
+
+    void Play() {
+        ResetGame(AsTable());
+        PlayFrom(AsTable(), kind.first);
+    }
+
+    /// Goes on from a wait for a throw.
+    void PlayOn(const GameState& beginning) {
+        state = beginning;
+        --state.MoveRecordCount;
+        state.RepeatTurn = Yes;  // the colour on turn is chosen already
+        RunTurns(AsTable());
+    }
+
+    void PositionReached() override {
+        ++positionsReached;
+        if (state.MoveRecordCount > longest_) state.GameInProgress = No;
+    }
+
+    void WaitForInput() override {
+        if (state.WaitingForMove) return PickPiece();
+        if (!state.ManualShiftMade) beginnings[state.MoveRecordCount] = state;
+        if (atThrow) atThrow(*this);
+        if (kind.shiftsByHand && chance.Below(8) == 0) TryDisplacement();
+        state.WaitingForThrow = No;
+    }
+
+    void BeginLog(std::string_view heading) override { log = {std::string(heading)}; }
+    void AddLogLine(Short move, const MoveRecord& record) override {
+        log.push_back(LogLineText(move, record));
+        before[move] = state;
+    }
+    void CutLogFrom(Short line) override { log.resize(line); }
+    void SelectLogLine(Short line) override { selected = line; }
+
+protected:
+    Short NextThrow() override { return kind.faces[chance.Below(kind.faces.size())]; }
+
+private:
+    void PickPiece() {
+        do {
+            state.MovePiece = static_cast<Short>(1 + chance.Below(PiecesPerColour));
+        } while (!state.MovablePieces[state.MovePiece]);
+        state.MoveFrom = state.PiecePosition[state.CurrentColour][state.MovePiece];
+        state.MoveTo = DestinationOf(state.CurrentColour, state.MoveCount, state.MoveFrom);
+        state.WaitingForMove = No;
+    }
+
+    void TryDisplacement() {
+        const auto colour = static_cast<Colour>(1 + chance.Below(ColourCount));
+        const PieceCode code = CodeOf(colour, static_cast<Short>(1 + chance.Below(PiecesPerColour)));
+        const auto to = static_cast<Square>(chance.Below(LastSquare + 1));
+        if (!MayBeDragged(state, kind.settings, code) || !MayBeDropped(state, code, to)) return;
+        EnterManualMode(state);
+        DisplaceByHand(state, code, to);
+    }
+
+    Short longest_;
+};
+
+bool HasSameTables(const GameState& one, const GameState& other) {
+    return one.PiecePosition == other.PiecePosition && one.SquareOccupants == other.SquareOccupants &&
+           one.PiecesInBox == other.PiecesInBox && one.PiecesHome == other.PiecesHome;
+}
+
+/// The state without what has no meaning while a throw is awaited.
+GameState Bare(GameState state) {
+    state.CapturedColour = 0;
+    state.MoveRecords.resize(state.MoveRecordCount);
+    return state;
+}
+
+/// ... and without the traces of the move made last.
+GameState Forgetful(GameState state) {
+    state = Bare(state);
+    state.MoveCount = state.MovePiece = state.MoveFrom = state.MoveTo = state.SecondMovePending = 0;
+    state.ManualShiftColour = state.BestPiece = state.BestFrom = state.BestTo = state.LegalMoveCount = 0;
+    state.MovablePieces = {};
+    return state;
+}
+
+// ------------------------------------------------------------------------------ stepping
+
+/// Steps through the whole tape and holds each position against the one the game passed through.
+class TapeCheck {
+public:
+    explicit TapeCheck(TapedGame& game) : game_(game), live_(game.state), log_(game.log) {}
+
+    void Run(Chance& chance) {
+        if (!CanSwitchOn(game_.state, recorder_)) return;
+        RecorderSwitchOn(game_.AsTable(), recorder_);
+        EXPECT_EQ(game_.selected, live_.MoveRecordCount - 1);
+        for (int times = 0; times < 2; ++times) {
+            while (CanStepBack(game_.state, recorder_)) StepAndLook(StepBack);
+            EXPECT_EQ(game_.state.MoveRecordCount, 1);
+            while (CanStepForward(game_.state, recorder_)) StepAndLook(StepForward);
+            EXPECT_EQ(Bare(game_.state), Bare(live_));
+            EXPECT_FALSE(CanRestore(game_.state, recorder_));
+        }
+        for (std::uint32_t steps = chance.Below(30); steps > 0 && CanStepBack(game_.state, recorder_);) {
+            StepAndLook(StepBack);
+            --steps;
+        }
+        RecorderSwitchOff(game_.AsTable(), recorder_);
+        EXPECT_EQ(Bare(game_.state), Bare(live_));
+        EXPECT_EQ(game_.log, log_);
+        EXPECT_EQ(game_.selected, -1);
+        EXPECT_EQ(recorder_.RecorderOn, No);
+    }
+
+private:
+    void StepAndLook(void (*step)(Table, RecorderState&)) {
+        step(game_.AsTable(), recorder_);
+        const Short position = game_.state.MoveRecordCount;
+        const bool atEnd = position == live_.MoveRecordCount;
+        const GameState& wanted = atEnd ? live_ : game_.before[position];
+        EXPECT_TRUE(HasSameTables(game_.state, wanted)) << "at position " << position;
+        EXPECT_EQ(game_.state.CurrentColour,
+                  atEnd ? live_.CurrentColour : live_.MoveRecords[position].MoverColour);
+        EXPECT_EQ(game_.selected, position - 1);
+        EXPECT_EQ(game_.state.CaptureReport, 0);
+    }
+
+    TapedGame& game_;
+    const GameState live_;
+    const std::vector<std::string> log_;
+    RecorderState recorder_;
+};
+
+TEST(Recorder, ShowsEveryPositionTwiceAndLeavesTheGameAsItWas) {
+    std::size_t moves = 0;
+    std::set<Short> kinds;  // of records: by hand, on behalf, third six
+    for (std::uint64_t number = 0; number < 150; ++number) {
+        SCOPED_TRACE("game " + std::to_string(number));
+        TapedGame plain(number, 160);
+        plain.Play();
+        TapedGame taped(number, 160);
+        Chance recording(3, number);
+        taped.atThrow = [&](TapedGame& game) {
+            if (recording.Below(20) == 0) TapeCheck(game).Run(recording);
+        };
+        taped.Play();
+        // What the recorder left behind, such as a capture report, would show in the moves after it.
+        EXPECT_EQ(taped.log, plain.log);
+        EXPECT_EQ(Bare(taped.state), Bare(plain.state));
+        moves += taped.log.size();
+        if (testing::Test::HasFailure()) return;
+    }
+    EXPECT_GT(moves, 150u * 80);
+}
+
+// ------------------------------------------------------------------------------ restoring
+
+/// A game restored once, at a chance position, and the same game left at that position before.
+void RestoreAndCompare(std::uint64_t number, std::size_t& insideTurns) {
+    TapedGame game(number, 160);
+    Chance recording(4, number);
+    const auto at = static_cast<Short>(10 + recording.Below(80));
+    TapedGame other(number, 160);
+    GameState beginning;
+    game.atThrow = [&](TapedGame& live) {
+        RecorderState recorder;
+        const bool done = beginning.MoveRecordCount != 0;
+        if (done || live.state.MoveRecordCount < at || !CanSwitchOn(live.state, recorder)) return;
+        RecorderSwitchOn(live.AsTable(), recorder);
+        for (std::uint32_t steps = 1 + recording.Below(8); steps > 0; --steps) {
+            StepBack(live.AsTable(), recorder);
+        }
+        const Short wanted = live.state.MoveRecordCount;
+        const std::vector<MoveRecord> tape = live.state.MoveRecords;
+        const int told = live.positionsReached;
+        RestorePosition(live.AsTable(), recorder);
+        EXPECT_EQ(live.positionsReached, told + 1) << "the game is to be kept as it stands now";
+        const Short restored = live.state.MoveRecordCount;
+        insideTurns += restored < wanted;
+        for (Short move = restored + 1; move <= wanted; ++move) EXPECT_EQ(tape[move].TurnEnd, No);
+        ASSERT_TRUE(live.beginnings.contains(restored)) << "no throw was awaited at " << restored;
+        beginning = live.beginnings[restored];
+        EXPECT_EQ(Forgetful(live.state), Forgetful(beginning)) << "restored at " << restored;
+        EXPECT_EQ(live.log.size(), static_cast<std::size_t>(restored));
+        live.chance = Chance(5, number);
+        other.chance = Chance(5, number);
+        other.log = live.log;
+    };
+    game.Play();
+    if (beginning.MoveRecordCount == 0) return;  // the game was over before
+    other.PlayOn(beginning);
+    EXPECT_EQ(game.log, other.log);
+    EXPECT_EQ(Forgetful(game.state), Forgetful(other.state));
+}
+
+TEST(Recorder, RestoresAGameThatPlaysOnAsIfTheForgottenMovesHadNeverBeenMade) {
+    std::size_t insideTurns = 0;
+    for (std::uint64_t number = 0; number < 2000; ++number) {
+        SCOPED_TRACE("game " + std::to_string(number));
+        RestoreAndCompare(number, insideTurns);
+        if (testing::Test::HasFailure()) return;
+    }
+    EXPECT_GT(insideTurns, 50u);
+}
+
+// ------------------------------------------------------------------ where a restored game goes on
+
+struct RestoreRow {
+    const char* name;
+    const char* position;
+    std::vector<Short> throws;  ///< the last one is awaited when the recorder is used
+    Short position1;            ///< the recorder steps back to this move ...
+    Short restored;             ///< ... and the game goes on at this one
+    Colour colour;
+    Short sixes;
+    bool byHand = false;  ///< first a person drags red's first piece from its box to 45
+};
+
+const RestoreRow restores[] = {
+    {"a turn of its own", "1:10 0 0 0", {3, 1, 1, 1}, 2, 2, 2, 0},
+    {"the first turn", "1:10 0 0 0", {3, 1, 1, 1}, 1, 1, 1, 0},
+    {"a captured piece goes home with the capture", "1:30 0 0 0  3:33 0 0 0", {3, 1, 1}, 2, 1, 1, 0},
+    {"so does the bonus", "1:30 0 0 0  3:33 0 0 0", {3, 1, 1}, 3, 1, 1, 0},
+    {"the turn after the bonus", "1:30 0 0 0  3:33 0 0 0", {3, 1, 1}, 4, 4, 2, 0},
+    {"the bonus of an arrival", "1:73 10 0 0", {3, 1, 1}, 2, 1, 1, 0},
+    {"after a capture on the exit", "1:9 0 0 0  2:5 5 0 0", {5, 1, 1}, 2, 1, 1, 0},
+    {"the second piece of an exit", "", {5, 1, 1}, 2, 1, 1, 0},
+    {"the throw after a six", "1:10 0 0 0", {6, 3, 1}, 2, 2, 1, 1},
+    {"the second six", "1:10 0 0 0", {6, 6, 3, 1}, 2, 1, 1, 0},
+    {"the throw after two sixes", "1:10 0 0 0", {6, 6, 3, 1}, 3, 3, 1, 2},
+    {"the third six", "1:10 0 0 0", {6, 6, 6, 1}, 3, 3, 1, 2},
+    {"the turn after it", "1:10 0 0 0", {6, 6, 6, 1, 1}, 4, 4, 2, 0},
+    {"the turn after a third six without a record", "1:64 0 0 0", {6, 6, 6, 1, 1}, 4, 4, 2, 0},
+    {"a displacement at another colour's turn", "1:10 0 0 0", {3, 1}, 1, 1, 1, 0, true},
+    {"the throw after it", "1:10 0 0 0", {3, 1}, 2, 2, 1, 0, true},
+};
+
+TEST(Recorder, GoesBackToTheBeginningOfATurn) {
+    for (const RestoreRow& row : restores) {
+        SCOPED_TRACE(row.name);
+        Settings settings;
+        settings.PlayerLevel.fill(0);
+        GameState state = Position(row.position);
+        NotingOutside outside(state, row.throws);
+        if (row.byHand) {
+            outside.inputs.push_back([](GameState& waiting) {
+                EnterManualMode(waiting);
+                DisplaceByHand(waiting, 31, 45);
+            });
+        }
+        outside.inputs.insert(outside.inputs.end(), row.throws.size() - 1,
+                              [](GameState& waiting) { waiting.WaitingForThrow = No; });
+        outside.inputs.push_back([&](GameState& waiting) {
+            const Table table{waiting, settings, outside};
+            RecorderState recorder;
+            RecorderSwitchOn(table, recorder);
+            while (waiting.MoveRecordCount > row.position1) StepBack(table, recorder);
+            RestorePosition(table, recorder);
+            EXPECT_EQ(waiting.WaitingForThrow, Yes);
+            waiting.GameInProgress = waiting.WaitingForThrow = No;
+        });
+        PlayFrom({state, settings, outside}, 1);
+        EXPECT_EQ(state.MoveRecordCount, row.restored);
+        EXPECT_EQ(state.CurrentColour, row.colour);
+        EXPECT_EQ(state.SixesInRow, row.sixes);
+        EXPECT_EQ(state.RepeatTurn, row.sixes != 0 ? Yes : No);
+        EXPECT_EQ(state.ThrowNext, Yes);
+        EXPECT_EQ(state.MoveRecords[row.restored], MoveRecord{});
+        EXPECT_EQ(outside.Only({"die"}).back(),
+                  "die " + std::to_string(row.colour) + (row.sixes != 0 ? " 6" : " 5"));
+        EXPECT_EQ(StateProblem(state), "");
+        EXPECT_TRUE(outside.inputs.empty());
+    }
+}
+
+TEST(Recorder, IsLiveOnlyWhereItMakesSense) {
+    const struct {
+        const char* name;
+        Short waiting, manual, moves;
+        bool live;
+    } rows[] = {
+        {"after the first move", Yes, No, 2, true},
+        {"not before it", Yes, No, 1, false},
+        {"not while a piece walks or is awaited", No, No, 9, false},
+        {"not in manual mode", Yes, Yes, 9, false},
+    };
+    for (const auto& row : rows) {
+        GameState state;
+        state.WaitingForThrow = row.waiting;
+        state.ManualMode = row.manual;
+        state.MoveRecordCount = row.moves;
+        EXPECT_EQ(CanSwitchOn(state, {}), row.live) << row.name;
+        EXPECT_FALSE(CanStepBack(state, {}) || CanStepForward(state, {}) || CanRestore(state, {}));
+        EXPECT_FALSE(CanSwitchOn(state, {.RecorderOn = Yes}));
+    }
+}
+
+}  // namespace
+}  // namespace zorva::test
