@@ -91,9 +91,10 @@ void BoardPainter::PaintTable(QPainter& painter) {
     const double unit = layout_.Cell / boardCell * layout_.Unit;
     const QPointF corner =
         Device(QPointF(layout_.Margin, layout_.Margin)) - QPointF(boardFrame, boardFrame) * unit;
-    artwork_.Paint(painter, "board_shadow",
-                   {corner - QPointF(shadowAround, shadowAround) * unit,
-                    QSizeF(boardDrawingSide + 2 * shadowAround, boardDrawingSide + 2 * shadowAround) * unit});
+    artwork_.Paint(
+        painter, "board_shadow",
+        {corner - QPointF(shadowAround, shadowAround) * unit,
+         QSizeF(boardDrawingSide + 2 * shadowAround, boardDrawingSide + 2 * shadowAround) * unit});
     artwork_.Paint(painter, "board", {corner, QSizeF(boardDrawingSide, boardDrawingSide) * unit});
 }
 

@@ -80,7 +80,8 @@ void PlaceStrip(Layout& layout) {
                        recorderHeight};
     layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
     layout.LogPaper = layout.Log;
-    layout.LogPaper.height = ToShort(std::clamp(layout.ScreenHeight - logTop - 4, 1, int{layout.Log.height}));
+    layout.LogPaper.height =
+        ToShort(std::clamp(layout.ScreenHeight - logTop - 4, 1, int{layout.Log.height}));
 }
 
 // ------------------------------------------------------------------------ where pieces stand
@@ -115,16 +116,11 @@ Point AroundArmEnd(const Layout& layout, Square square, Point at) {
     const Short cell = layout.Cell;
     const Short block = layout.Block;
     switch (square) {
-        case 17:
-            return {ToShort(at.x - cell), ToShort(at.y - block)};
-        case 34:
-            return {ToShort(at.x - block), ToShort(at.y + cell)};
-        case 51:
-            return {ToShort(at.x + cell), ToShort(at.y + block)};
-        case 68:
-            return {ToShort(at.x + block), ToShort(at.y - cell)};
-        default:
-            return at;
+        case 17: return {ToShort(at.x - cell), ToShort(at.y - block)};
+        case 34: return {ToShort(at.x - block), ToShort(at.y + cell)};
+        case 51: return {ToShort(at.x + cell), ToShort(at.y + block)};
+        case 68: return {ToShort(at.x + block), ToShort(at.y - cell)};
+        default: return at;
     }
 }
 

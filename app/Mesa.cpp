@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QToolTip>
 #include <cmath>
 
@@ -63,14 +64,25 @@ void Mesa::PlaceControls() {
     log_->setGeometry(ToolkitRect(layout.LogPaper));
 }
 
-void Mesa::resizeEvent(QResizeEvent*) {
-    services_.devicePixelRatio = devicePixelRatioF();
-    const QSize device = (QSizeF(size()) * services_.devicePixelRatio).toSize();
+void Mesa::AdoptScreen(QSize device, double ratio) {
+    services_.devicePixelRatio = ratio;
     services_.layout = LayoutFor(device.width(), device.height());
     artwork_.ForgetPictures();
-    pointers_.SetScale(services_.layout.Unit, services_.devicePixelRatio);
-    scene_->SetScreen(services_.layout, device);
+    pointers_.SetScale(services_.layout.Unit, ratio);
     QToolTip::setFont(TextFont(services_.ToToolkit(13)));
+}
+
+void Mesa::PrepareFor(const QScreen& screen) {
+    setGeometry(screen.geometry());
+    winId();  // a window that opens over this one finds it
+    AdoptScreen((QSizeF(screen.size()) * screen.devicePixelRatio()).toSize(), screen.devicePixelRatio());
+}
+
+void Mesa::resizeEvent(QResizeEvent*) {
+    const double ratio = devicePixelRatioF();
+    const QSize device = (QSizeF(size()) * ratio).toSize();
+    AdoptScreen(device, ratio);
+    scene_->SetScreen(services_.layout, device);
     PlaceControls();
     RefreshPointer();
 }

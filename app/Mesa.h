@@ -10,6 +10,8 @@
 #include "app/Services.h"
 #include "core/Outside.h"
 
+class QScreen;
+
 namespace zorva {
 
 class MenuButtons;
@@ -22,6 +24,9 @@ class Mesa : public QWidget {
 public:
     Mesa(const GameState& state, const Settings& settings);
     ~Mesa() override;
+
+    /// Makes the window ready for that screen before it is shown: other windows may open first.
+    void PrepareFor(const QScreen& screen);
 
     BoardScene& Scene() { return *scene_; }
     MoveLog& Log() { return *log_; }
@@ -68,6 +73,7 @@ protected:
     bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the board
 
 private:
+    void AdoptScreen(QSize device, double ratio);
     void PlaceControls();
     QRect ToolkitRect(const Box& box) const;
 

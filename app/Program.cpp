@@ -3,14 +3,17 @@
 #include <QApplication>
 #include <QFile>
 #include <QKeyEvent>
+#include <QScreen>
 
 #include "app/DataFolder.h"
 #include "app/KeyStrokes.h"
 #include "app/MenuButtons.h"
 #include "core/Records.h"
 #include "core/Turns.h"
+#include "dialogs/Ayuda.h"
 #include "dialogs/Historic.h"
 #include "dialogs/Personal.h"
+#include "dialogs/careta.h"
 #include "dialogs/mensajes.h"
 #include "store/HistoryFile.h"
 #include "store/SavedGame.h"
@@ -84,24 +87,36 @@ void Program::ConnectGame() {
 
 // ----------------------------------------------------------------------------------------- start
 
+// What needs no answer is done behind the title; what has to be told waits for its end.
 void Program::Start() {
-    LoadGame();
-    if (settings_.SoundOn == 1) sounds_.Prepare();
+    mesa_.PrepareFor(*QGuiApplication::primaryScreen());
+    ShowSplash(&mesa_, mesa_.Shared(), [this] { OpenBoard(); });
+    mesa_.activateWindow();
+    TellAboutFiles();
     if (state_.GameInProgress) ContinueGame();
 }
 
+void Program::OpenBoard() {
+    LoadGame();
+    mesa_.showFullScreen();
+    if (settings_.SoundOn == 1) sounds_.Prepare();
+}
+
 void Program::LoadGame() {
-    const LoadedSettings loaded = keeper_.Load(ChooseDataFolder(programFolder_));
-    settings_ = loaded.content.settings;
-    state_ = loaded.content.state;
+    loaded_ = keeper_.Load(ChooseDataFolder(programFolder_));
+    settings_ = loaded_.content.settings;
+    state_ = std::move(loaded_.content.state);
     ApplyChoices();
     RebuildLog({state_, settings_, outside_});
-    mesa_.Scene().Refresh();
-    if (!loaded.text.empty()) {
-        Tell(QString::fromStdString(loaded.title), QString::fromStdString(loaded.text));
+}
+
+void Program::TellAboutFiles() {
+    if (!loaded_.text.empty()) {
+        Tell(QString::fromStdString(loaded_.title), QString::fromStdString(loaded_.text));
     }
-    if (loaded.writeError != FileError::None) {
-        Tell(SaveErrorTitle, QString::fromStdString(SaveErrorText(loaded.writeError, SettingsFileName)));
+    if (loaded_.writeError != FileError::None) {
+        Tell(SaveErrorTitle,
+             QString::fromStdString(SaveErrorText(loaded_.writeError, SettingsFileName)));
     }
 }
 
@@ -146,23 +161,13 @@ void Program::ButtonPressed(int button) {
     outside_.Pause(10);
     key.ShowPressed(false);
     switch (button) {
-        case MenuButtons::NewGame:
-            NewGame();
-            break;
-        case MenuButtons::Personalize:
-            Personalize();
-            break;
-        case MenuButtons::History:
-            ShowHistory();
-            break;
-        case MenuButtons::Advice:
-            ShowAdvice();
-            break;
-        case MenuButtons::Leave:
-            Leave();
-            break;
-        default:
-            break;
+        case MenuButtons::Help: ShowManual(); break;
+        case MenuButtons::NewGame: NewGame(); break;
+        case MenuButtons::Personalize: Personalize(); break;
+        case MenuButtons::History: ShowHistory(); break;
+        case MenuButtons::Advice: ShowAdvice(); break;
+        case MenuButtons::Leave: Leave(); break;
+        default: break;
     }
 }
 
@@ -219,9 +224,14 @@ void Program::Personalize() {
     ShowPersonal(&mesa_, mesa_.Shared(), settings_, state_.GameInProgress != No,
                  {[this] { ApplyChoices(); }, [this] { keeper_.Save(); }});
     // A colour that the computer plays from now on does not wait for a person's move.
-    if (state_.WaitingForMove && settings_.PlayerType[state_.CurrentColour] == 1) TakeAdvisedMove(state_);
+    if (state_.WaitingForMove && settings_.PlayerType[state_.CurrentColour] == 1)
+        TakeAdvisedMove(state_);
     input_.ShowWhatCanBePicked();
     mesa_.RefreshPointer();
+}
+
+void Program::ShowManual() {
+    ShowHelp(&mesa_, mesa_.Shared(), programFolder_ / "ZORVA32.HLP");
 }
 
 void Program::ShowHistory() {
@@ -233,26 +243,13 @@ void Program::ShowHistory() {
 bool Program::RecorderKeyPressed(const QKeyEvent& key) {
     if (!(key.modifiers() & Qt::ControlModifier)) return false;
     switch (key.key()) {
-        case Qt::Key_Home:
-            recorderControl_.Press(RecorderKey::OnOff);
-            return true;
-        case Qt::Key_Left:
-            recorderControl_.Press(RecorderKey::BackOne);
-            return true;
-        case Qt::Key_Right:
-            recorderControl_.Press(RecorderKey::ForwardOne);
-            return true;
-        case Qt::Key_Up:
-            recorderControl_.Press(RecorderKey::AutoBack);
-            return true;
-        case Qt::Key_Down:
-            recorderControl_.Press(RecorderKey::AutoForward);
-            return true;
-        case Qt::Key_End:
-            recorderControl_.Press(RecorderKey::Restore);
-            return true;
-        default:
-            return false;
+        case Qt::Key_Home: recorderControl_.Press(RecorderKey::OnOff); return true;
+        case Qt::Key_Left: recorderControl_.Press(RecorderKey::BackOne); return true;
+        case Qt::Key_Right: recorderControl_.Press(RecorderKey::ForwardOne); return true;
+        case Qt::Key_Up: recorderControl_.Press(RecorderKey::AutoBack); return true;
+        case Qt::Key_Down: recorderControl_.Press(RecorderKey::AutoForward); return true;
+        case Qt::Key_End: recorderControl_.Press(RecorderKey::Restore); return true;
+        default: return false;
     }
 }
 

@@ -18,8 +18,8 @@ public:
     /// `programFolder` is where the program lies; its files lie there too when that can be written.
     explicit Program(const std::filesystem::path& programFolder);
 
-    /// Opens the board over the whole screen, reads the files and goes on with the game that was left.
-    /// Returns when there is no game in progress (any more).
+    /// Shows the title, opens the board behind it, reads the files, and goes on with the game that was
+    /// left. Returns when there is no game in progress (any more).
     void Start();
 
     /// Shows the board window in front of everything.
@@ -36,7 +36,9 @@ private:
     void ConnectWindow();
     void ConnectGame();
 
+    void OpenBoard();
     void LoadGame();
+    void TellAboutFiles();
     void ContinueGame();
     void SeatPiecesOfContinuedGame();
 
@@ -50,11 +52,13 @@ private:
     void ShowAdvice();
     void ApplyChoices();
     void Personalize();
+    void ShowManual();
     void ShowHistory();
 
     void Tell(const QString& title, const QString& text);
 
     std::filesystem::path programFolder_;
+    LoadedSettings loaded_;  // with what there is to tell about the files
     Settings settings_;
     GameState state_;
     RecorderState recorder_;

@@ -26,14 +26,10 @@ bool RecorderControl::IsLive(RecorderKey key) const {
         case RecorderKey::OnOff:
             return recorder_.RecorderOn ? !IsReplaying(recorder_) : CanSwitchOn(table_.state, recorder_);
         case RecorderKey::BackOne:
-        case RecorderKey::ForwardOne:
-            return CanStep(key) && !IsReplaying(recorder_);
-        case RecorderKey::AutoBack:
-            return CanStep(key) && !recorder_.AutoAdvanceActive;
-        case RecorderKey::AutoForward:
-            return CanStep(key) && !recorder_.AutoRewindActive;
-        case RecorderKey::Restore:
-            return CanRestore(table_.state, recorder_) && !IsReplaying(recorder_);
+        case RecorderKey::ForwardOne: return CanStep(key) && !IsReplaying(recorder_);
+        case RecorderKey::AutoBack: return CanStep(key) && !recorder_.AutoAdvanceActive;
+        case RecorderKey::AutoForward: return CanStep(key) && !recorder_.AutoRewindActive;
+        case RecorderKey::Restore: return CanRestore(table_.state, recorder_) && !IsReplaying(recorder_);
     }
     return false;
 }
@@ -45,17 +41,10 @@ void RecorderControl::Press(RecorderKey key) {
     }
     if (!recorder_.RecorderOn) return;
     switch (key) {
-        case RecorderKey::AutoBack:
-            RunAutomatic(key, recorder_.AutoRewindActive);
-            break;
-        case RecorderKey::AutoForward:
-            RunAutomatic(key, recorder_.AutoAdvanceActive);
-            break;
-        case RecorderKey::Restore:
-            Restore();
-            break;
-        default:
-            StepOnce(key);
+        case RecorderKey::AutoBack: RunAutomatic(key, recorder_.AutoRewindActive); break;
+        case RecorderKey::AutoForward: RunAutomatic(key, recorder_.AutoAdvanceActive); break;
+        case RecorderKey::Restore: Restore(); break;
+        default: StepOnce(key);
     }
 }
 

@@ -35,7 +35,6 @@ int main(int argc, char** argv) {
     zorva::OnEndSignal([&program] { SaveAndEnd(program); });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&program] { program.SaveNow(); });
-    program.Window().showFullScreen();
     QTimer::singleShot(0, &program.Window(), [&program] { program.Start(); });
     return QApplication::exec();
 }
