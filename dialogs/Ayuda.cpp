@@ -45,7 +45,7 @@ Ayuda::Ayuda(QWidget* parent, const Services& services, const QString& manual)
       window_(WindowBox(services.layout)),
       view_(new ManualView(this, services, manual)) {
     Place(view_, PaperBox(window_));
-    auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Cerrar");
+    auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
     Place(leave, LeaveButtonBox(window_));
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
     connect(qApp, &QApplication::focusChanged, this, [this] { update(); });

@@ -37,21 +37,15 @@ public:
     /// Whether the text may go on with this.
     bool Accepts(const QXmlStreamReader& reader) {
         switch (reader.tokenType()) {
-            case QXmlStreamReader::StartElement:
-                return Enter(reader);
-            case QXmlStreamReader::EndElement:
-                Leave(reader);
-                return true;
-            case QXmlStreamReader::Characters:
-                return !reader.isCDATA();
+            case QXmlStreamReader::StartElement: return Enter(reader);
+            case QXmlStreamReader::EndElement: Leave(reader); return true;
+            case QXmlStreamReader::Characters: return !reader.isCDATA();
             case QXmlStreamReader::DTD:
                 return reader.text().compare(u"<!DOCTYPE html>", Qt::CaseInsensitive) == 0;
             case QXmlStreamReader::StartDocument:
             case QXmlStreamReader::EndDocument:
-            case QXmlStreamReader::Comment:
-                return true;
-            default:
-                return false;
+            case QXmlStreamReader::Comment: return true;
+            default: return false;
         }
     }
 

@@ -1,7 +1,9 @@
 #include "dialogs/ManualView.h"
 
+#include <QProxyStyle>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QStyleOption>
 #include <QTextDocument>
 #include <QTextTable>
 
@@ -16,6 +18,7 @@ constexpr double letterSize = 16;
 constexpr double pageMargin = 22;
 constexpr double listIndent = 26;
 constexpr double cellPadding = 5;
+constexpr double roomAboveTarget = 12;  // between the page's edge and the place a link leads to
 
 // Lengths are written in pixels of the layout, as "8u".
 constexpr const char* pageStyle = R"(
@@ -35,7 +38,7 @@ constexpr const char* pageStyle = R"(
 
 constexpr const char* scrollBarStyle = R"(
     QScrollBar:vertical { background: #e4d3ab; width: 14u; margin: 0; }
-    QScrollBar::handle:vertical { background: #8a5c36; min-height: 34u; border-radius: 5u; margin: 2u; }
+    QScrollBar::handle:vertical { background: #8a5c36; min-height: 34u; border-radius: 4u; margin: 2u; }
     QScrollBar::handle:vertical:hover { background: #a8754a; }
     QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
     QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
@@ -60,6 +63,23 @@ QPalette PagePalette() {
     return colours;
 }
 
+/// Marks the link that the keyboard is on like everything else the keyboard is on, with light. The
+/// toolkit's own mark is a dotted line, one device pixel wide on every screen.
+class LinkMark : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* answer) const override {
+        auto* mark = qstyleoption_cast<QStyleHintReturnVariant*>(answer);
+        if (hint != SH_TextControl_FocusIndicatorTextCharFormat || mark == nullptr) {
+            return QProxyStyle::styleHint(hint, option, widget, answer);
+        }
+        QTextCharFormat format;
+        format.setBackground(palette::Brass.lighter(115));
+        mark->variant = format;
+        return 1;
+    }
+};
+
 }  // namespace
 
 ManualView::ManualView(QWidget* parent, const Services& services, const QString& html)
@@ -77,6 +97,9 @@ ManualView::ManualView(QWidget* parent, const Services& services, const QString&
 }
 
 void ManualView::DressUp() {
+    auto* linkMark = new LinkMark;
+    linkMark->setParent(this);
+    setStyle(linkMark);
     setFrameShape(QFrame::NoFrame);
     setPalette(PagePalette());
     viewport()->setAutoFillBackground(false);
@@ -117,6 +140,8 @@ QVariant ManualView::loadResource(int, const QUrl&) {
 void ManualView::GoTo(const QString& anchor) {
     DropMark();
     scrollToAnchor(anchor);
+    QScrollBar* bar = verticalScrollBar();
+    bar->setValue(bar->value() - qRound(services_.ToToolkit(roomAboveTarget)));
 }
 
 // Takes the mark off the link that was followed or left, so that Enter does not follow it unseen.
