@@ -31,6 +31,8 @@ void UseScreen(Layout& layout, int width, int height) {
     const double byHeight = layout.DeviceHeight / 768.0;
     const bool wideButLow = layout.DeviceWidth > 800 && layout.DeviceHeight < 768;
     layout.Unit = wideButLow ? byHeight : std::max(1.0, std::min(byHeight, layout.DeviceWidth / 1024.0));
+    // A window may be a mere stripe for a moment: its coordinates must stay 16-bit numbers.
+    layout.Unit = std::max(layout.Unit, layout.DeviceWidth / 8192.0);
     layout.ScreenWidth = Round(layout.DeviceWidth / layout.Unit);
     layout.ScreenHeight = Round(layout.DeviceHeight / layout.Unit);
 }

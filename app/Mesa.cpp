@@ -17,7 +17,8 @@
 namespace zorva {
 
 Mesa::Mesa(const GameState& state, const Settings& settings)
-    : services_{artwork_, pointers_, {}, 1, {}, {}} {
+    : state_(state), settings_(settings), services_{artwork_, pointers_, {}, 1, {}, {}} {
+    setAccessibleName("Tablero de parchís");
     setObjectName("Mesa");
     setWindowTitle("Zorva");
     setAttribute(Qt::WA_OpaquePaintEvent);

@@ -28,6 +28,13 @@ public:
     /// Makes the window ready for that screen before it is shown: other windows may open first.
     void PrepareFor(const QScreen& screen);
 
+    const GameState& State() const { return state_; }
+    const Settings& CurrentSettings() const { return settings_; }
+
+    /// The latest news for those who hear the board.
+    const QString& News() const { return news_; }
+    void SetNews(const QString& news) { news_ = news; }
+
     BoardScene& Scene() { return *scene_; }
     MoveLog& Log() { return *log_; }
     MenuButtons& Buttons() { return *buttons_; }
@@ -77,6 +84,9 @@ private:
     void PlaceControls();
     QRect ToolkitRect(const Box& box) const;
 
+    const GameState& state_;
+    const Settings& settings_;
+    QString news_;
     Artwork artwork_;
     Pointers pointers_{artwork_};
     Services services_;

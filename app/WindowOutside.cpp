@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QRandomGenerator>
 
+#include "app/BoardAccessibility.h"
+#include "app/BoardReading.h"
 #include "app/BoardScene.h"
 #include "app/Mesa.h"
 #include "app/MoveLog.h"
@@ -80,6 +82,10 @@ void WindowOutside::DrawDie(Colour colour, Short face) {
     const bool ready = face != 0 && state_.DieValue == 0;
     if (face != 0) scene_.ShowTurn(state_.CurrentColour, 0);
     scene_.ShowDie(colour, face, ready);
+    if (ready) Announce(mesa_, TurnText(state_, settings_));
+    if (face != 0 && !ready && scene_.View().dieTilt[colour] == 0) {
+        Announce(mesa_, DieText(settings_, colour, face, false));
+    }
 }
 
 void WindowOutside::ShowChosenMove(PieceCode piece, Square from, Square to) {
@@ -108,6 +114,7 @@ void WindowOutside::BeginLog(std::string_view heading) {
 
 void WindowOutside::AddLogLine(Short moveNumber, const MoveRecord& record) {
     mesa_.Log().Add(QString::fromStdString(LogLineText(moveNumber, record)));
+    Announce(mesa_, MoveText(settings_, record));
 }
 
 void WindowOutside::SelectLogLine(Short line) {

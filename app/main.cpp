@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <cstdlib>
 
+#include "app/BoardAccessibility.h"
 #include "app/DataFolder.h"
 #include "app/EndSignals.h"
 #include "app/Program.h"
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
     zorva::SingleInstance instance(folder);
     if (instance.IsSecond()) return 0;
 
+    zorva::InstallBoardAccessibility();
     zorva::Program program(folder);
     instance.OnSecondStart([&program] { program.ComeToFront(); });
     zorva::OnEndSignal([&program] { SaveAndEnd(program); });
