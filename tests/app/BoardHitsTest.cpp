@@ -1,0 +1,176 @@
+#include "app/BoardHits.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "app/PiecePlaces.h"
+#include "core/Board.h"
+#include "tests/support/Positions.h"
+
+namespace zorva::test {
+namespace {
+
+// On this screen a pixel of the layout is a pixel, and the board's corner is at 37,37.
+const Layout layout = LayoutFor(1024, 768);
+
+struct SpotRow {
+    const char* name;
+    Point at;
+    Square square;
+    Colour house;
+};
+
+constexpr SpotRow spots[] = {
+    // Squares, up to their edges.
+    {"the last square before the column", {713, 383}, 17, 0},
+    {"its far corner", {729, 346}, 17, 0},
+    {"the square above", {729, 342}, 18, 0},
+    {"the square below", {729, 424}, 16, 0},
+    {"a square of the upper arm", {305, 54}, 35, 0},
+    {"a home column right before the goal", {384, 468}, 75, 0},
+    // The corner squares are cut from the centre's corner to the house's.
+    {"below the cut", {475, 490}, 8, 0},
+    {"right of it", {490, 475}, 9, 0},
+    {"close below", {480, 484}, 8, 0},
+    {"close to the right", {484, 480}, 9, 0},
+    {"where one corner square ends", {424, 497}, 8, 0},
+    {"where the other one does", {497, 424}, 9, 0},
+    {"upper right, below the cut", {490, 292}, 25, 0},
+    {"upper right, left of it", {475, 275}, 26, 0},
+    {"upper left, right of the cut", {290, 275}, 42, 0},
+    {"upper left, below it", {275, 290}, 43, 0},
+    {"lower left, above the cut", {275, 475}, 59, 0},
+    {"lower left, right of it", {290, 490}, 60, 0},
+    // The centre.
+    {"yellow's triangle", {384, 450}, 76, 0},
+    {"blue's", {450, 384}, 84, 0},
+    {"red's", {384, 317}, 92, 0},
+    {"green's", {317, 384}, 100, 0},
+    {"yellow's at its corner", {310, 462}, 76, 0},
+    {"green's beside it", {305, 455}, 100, 0},
+    {"red's at its corner", {458, 305}, 92, 0},
+    {"blue's beside it", {462, 312}, 84, 0},
+    // The houses.
+    {"red's first corner", {37, 37}, 0, 3},
+    {"red's last one", {267, 267}, 0, 3},
+    {"blue's", {700, 60}, 0, 2},
+    {"green's", {60, 700}, 0, 4},
+    {"yellow's first corner", {499, 499}, 0, 1},
+    {"yellow's last one", {729, 729}, 0, 1},
+    // Elsewhere.
+    {"left of the board", {36, 383}, 0, 0},
+    {"above it", {383, 36}, 0, 0},
+    {"right of it", {731, 383}, 0, 0},
+    {"below it", {383, 731}, 0, 0},
+    {"beside a house", {730, 100}, 0, 0},
+    {"the log", {900, 400}, 0, 0},
+    {"the frame's corner", {20, 20}, 0, 0},
+    {"off the screen", {-500, -500}, 0, 0},
+    {"far off", {32000, 32000}, 0, 0},
+};
+
+TEST(BoardHits, FindWhatLiesUnderAPoint) {
+    for (const SpotRow& row : spots) {
+        const BoardSpot spot = SpotAt(layout, row.at);
+        EXPECT_EQ(spot.square, row.square) << row.name;
+        EXPECT_EQ(spot.house, row.house) << row.name;
+    }
+}
+
+TEST(BoardHits, FindEverySquareAndEveryBoxByTheirPieces) {
+    for (const auto& [width, height] : {std::pair{640, 480}, {800, 600}, {1280, 1024}, {1920, 1080}}) {
+        const Layout screen = LayoutFor(width, height);
+        for (Square square = 1; square <= LastSquare; ++square) {
+            // Three stand only where a piece that comes out captures another.
+            const bool isGoal = square > LastRingSquare && (square - 68) % 8 == 0;
+            const Short most = isGoal ? Short{4} : square % 17 == 5 ? Short{3} : Short{2};
+            for (Short slot = 1; slot <= most; ++slot) {
+                EXPECT_EQ(SpotAt(screen, screen.SlotPosition(square, slot)).square, square)
+                    << "slot " << slot;
+            }
+        }
+        for (Colour colour = 1; colour <= ColourCount; ++colour) {
+            for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+                EXPECT_EQ(SpotAt(screen, screen.BoxPosition(colour, piece)).house, colour);
+            }
+        }
+    }
+}
+
+// ------------------------------------------------------------------------------------- pieces
+
+struct PieceRow {
+    const char* name;
+    const char* position;
+    PieceCode piece;
+    Square square;
+    Short slot;
+};
+
+constexpr PieceRow pieces[] = {
+    {"alone", "1:10 0 0 0", 11, 10, 1},
+    {"the first of two", "1:10 10 0 0", 11, 10, 1},
+    {"the second of two", "1:10 10 0 0", 12, 10, 2},
+    {"the one that came later", "2:12 0 0 0  1:12 0 0 0", 11, 12, 2},
+    {"in a home column", "3:86 86 0 0", 32, 86, 2},
+    {"at the end of an arm", "1:68 68 0 0", 12, 68, 2},
+    {"the third while a capture is shown", "2:5 5 0 0  1:5 0 0 0", 11, 5, 3},
+    {"the first at home", "4:0 0 100 0", 43, 100, 1},
+    {"the third at home", "4:100 100 0 100", 44, 100, 3},
+    {"the fourth, which stands in no slot", "4:100 100 100 100", 44, 100, 4},
+};
+
+TEST(PiecePlaces, FollowTheSlots) {
+    for (const PieceRow& row : pieces) {
+        const GameState state = Position(row.position);
+        EXPECT_EQ(PlaceOfPiece(layout, state, row.piece), layout.SlotPosition(row.square, row.slot))
+            << row.name;
+    }
+    EXPECT_EQ(PlaceOfPiece(layout, Position(""), 23), layout.BoxPosition(2, 3));
+}
+
+TEST(PiecePlaces, AreHitUpToTheirEdges) {
+    const struct {
+        int dx, dy;
+        bool hit;
+    } rows[] = {{0, 0, true}, {14, -14, true}, {-14, 14, true}, {15, 0, false}, {0, -15, false}};
+    for (const PieceRow& piece : pieces) {
+        const GameState state = Position(piece.position);
+        const Point centre = layout.SlotPosition(piece.square, piece.slot);
+        for (const auto& row : rows) {
+            const Point at{ToShort(centre.x + row.dx), ToShort(centre.y + row.dy)};
+            EXPECT_EQ(IsOnPiece(layout, state, piece.piece, at), row.hit) << piece.name;
+        }
+    }
+}
+
+// Whatever an earlier game left in slot 3 of a goal, and in whatever order the pieces come home, each
+// has a place of its own there.
+TEST(PiecePlaces, OnAGoalAreNeverShared) {
+    for (const PieceCode leftover : {0, 11, 12, 13, 14, 41, 7, 99}) {
+        std::array<Short, 4> order{1, 2, 3, 4};
+        do {
+            GameState state = Position("");
+            state.SquareOccupants[76][3] = leftover;
+            for (std::size_t count = 1; count <= 4; ++count) {
+                const PieceCode code = CodeOf(1, order[count - 1]);
+                state.PiecePosition[1][order[count - 1]] = 76;
+                auto& slots = state.SquareOccupants[76];
+                const auto free = std::find(slots.begin() + 1, slots.end(), 0);
+                if (free != slots.end()) *free = code;
+                std::set<std::pair<int, int>> taken;
+                for (std::size_t piece = 0; piece < count; ++piece) {
+                    const Point at = PlaceOfPiece(layout, state, CodeOf(1, order[piece]));
+                    EXPECT_EQ(SpotAt(layout, at).square, 76);
+                    taken.insert({at.x, at.y});
+                }
+                EXPECT_EQ(taken.size(), count) << "leftover " << leftover << ", last " << code;
+            }
+        } while (std::next_permutation(order.begin(), order.end()));
+    }
+}
+
+}  // namespace
+}  // namespace zorva::test
