@@ -26,6 +26,18 @@ QString ObjectNameOf(const OptionPlace& place) {
     return place.player == 0 ? name : name + QStringLiteral("_%1").arg(place.player);
 }
 
+// What is switched on or off lights up; of two equal answers the knob only shows which.
+QString SelectorDrawing(Option option, Short value) {
+    switch (option) {
+        case Option::PauseBetweenMoves:
+        case Option::Tutor:
+        case Option::Sound:
+        case Option::ButtonInfo:
+        case Option::PlayerState: return value == 1 ? "personal_switch_on" : "personal_switch_off";
+        default: return QStringLiteral("personal_selector_%1").arg(value);
+    }
+}
+
 }  // namespace
 
 OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlace& place, double size)
@@ -34,10 +46,19 @@ OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlac
     setAccessibleName(NameOf(place));
     setCheckable(true);
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    connect(this, &QAbstractButton::toggled, this, &OptionStop::Toggled);
+}
+
+// A screen reader toggles where a hand would click. Whether that is allowed is not decided here.
+void OptionStop::Toggled(bool checked) {
+    if (checked == shown_) return;
+    setChecked(shown_);
+    click();
 }
 
 void OptionStop::ShowAnswer(Short value) {
-    setChecked(value == 1);
+    shown_ = value == 1;
+    setChecked(shown_);
     setAccessibleDescription(AnswerText(option_, value));
 }
 
@@ -116,8 +137,7 @@ void OptionPage::DrawOption(QPainter& painter, const OptionPlace& place) const {
     DrawLine(painter, ToRect(place.Question()), QuestionText(place.option), {letterSize_});
     DrawLine(painter, ToRect(place.Answer()), AnswerText(place.option, value),
              {letterSize_, QFont::Bold});
-    services_.artwork.Paint(painter, QStringLiteral("personal_selector_%1").arg(value),
-                            ToRect(place.Selector()));
+    services_.artwork.Paint(painter, SelectorDrawing(place.option, value), ToRect(place.Selector()));
 }
 
 void OptionPage::DrawOptions(QPainter& painter) {

@@ -25,9 +25,12 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void Toggled(bool checked);
+
     const Services& services_;
     const Option option_;
     const double size_;
+    bool shown_ = false;  // checked, by the answer it was told to show
 };
 
 /// A page with options. It draws them, finds out which one was clicked, and hands on that it was.

@@ -10,8 +10,10 @@ MANILA_LIGHT, MANILA, MANILA_DARK = "#ecd29a", "#dcb970", "#a97f3c"
 
 def drawings():
     """Every picture of the windows by its name, as something that draws it when called."""
-    yield "personal_selector_1", lambda: draw_selector(False)
-    yield "personal_selector_2", lambda: draw_selector(True)
+    yield "personal_selector_1", lambda: draw_selector("first answer", False)
+    yield "personal_selector_2", lambda: draw_selector("second answer", True)
+    yield "personal_switch_on", lambda: draw_selector("on", True, lit=True)
+    yield "personal_switch_off", lambda: draw_selector("off", False)
     yield "personal_scale", draw_scale
     yield "personal_marker", draw_marker
     for pressed, ending in ((False, ""), (True, "_pressed")):
@@ -22,14 +24,15 @@ def drawings():
     yield "historic_older", lambda: draw_corner(True)
 
 
-def draw_selector(second):
-    """A switch with two places; the knob lies left for the first answer, right for the second."""
-    answer = "second" if second else "first"
-    switch = Drawing((0, 0, 30, 21), f"Selector, {answer} answer. Drawn by tools/make_art.py.")
+def draw_selector(meaning, right, lit=False):
+    """A switch with two places. Of two answers the first lies left and the second right; what is on or
+    off is on at the right, in a lit groove."""
+    switch = Drawing((0, 0, 30, 21), f"Selector, {meaning}. Drawn by tools/make_art.py.")
+    groove = ((0, "#2c5c1c"), (1, "#7fc24a")) if lit else ((0, "#150a05"), (1, "#4a2d1a"))
     switch.rect(0.5, 0.5, 29, 20, 10, fill="#ffffff", fill_opacity=0.5)
     switch.rect(0, 0, 29, 20, 10, fill=switch.linear(0, 0, 29, 20, (0, BRASS_DARK), (0.5, BRASS), (1, BRASS_LIGHT)))
-    switch.rect(1.6, 1.6, 25.8, 16.8, 8.4, fill=switch.linear(0, 1, 0, 19, (0, "#150a05"), (1, "#4a2d1a")))
-    x = 19.2 if second else 9.8
+    switch.rect(1.6, 1.6, 25.8, 16.8, 8.4, fill=switch.linear(0, 1, 0, 19, *groove))
+    x = 19.2 if right else 9.8
     switch.circle(x + 0.8, 11.2, 7.4, fill="#000000", fill_opacity=0.45)
     switch.circle(x, 10, 7.4, fill=switch.linear(x - 5, 4, x + 5, 16, (0, "#ffffff"), (0.5, IVORY), (1, IVORY_DARK)))
     switch.circle(x, 10, 4.6, fill=switch.linear(x - 4, 6, x + 4, 14, (0, IVORY_DARK), (1, IVORY_LIGHT)))
