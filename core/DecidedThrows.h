@@ -10,6 +10,7 @@ namespace zorva {
 class DecidedThrows : public SilentOutside {
 public:
     Short RollFace() final {
+        if (!IsWatched()) return NextThrow();
         if (shown_ == 0) thrown_ = NextThrow();
         if (++shown_ == RollsOfAThrow) {
             shown_ = 0;

@@ -20,6 +20,10 @@ void PlayRollSound(Outside& outside, Short roll) {
 
 void ThrowDie(Table table) {
     GameState& state = table.state;
+    if (!table.outside.IsWatched()) {
+        state.DieValue = table.outside.RollFace();
+        return;
+    }
     state.DieValue = 0;
     for (Short roll = 1; roll <= RollsOfAThrow; ++roll) {
         state.DieValue = RollOtherFace(table.outside, state.DieValue);

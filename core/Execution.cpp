@@ -110,7 +110,8 @@ void PlayForward(Table table, const MoveRecord& record) {
         ReturnToBox(table, colour, code, record.From);
         return;
     }
-    if (!record.Manual) Walk(table, colour, code, record.From, record.To);
+    const bool isWalked = !record.Manual && table.outside.IsWatched();
+    if (isWalked) Walk(table, colour, code, record.From, record.To);
     PutDown(table, colour, code, record.To);
     if (!record.Manual) CheckCapture(state, colour, record.To);
 }

@@ -29,6 +29,10 @@ public:
     /// A face 1..6, each as likely as the others: the only chance in the game.
     virtual Short RollFace() = 0;
 
+    /// Whether anybody sees or hears the game. When nobody does, what is only there to be seen is left
+    /// out: the faces that roll by before a throw, and the squares that a walk passes.
+    virtual bool IsWatched() const { return true; }
+
     // Time.
     /// Runs the handlers that are due and returns at once.
     virtual void YieldToEvents() = 0;

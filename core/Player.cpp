@@ -21,14 +21,19 @@ Short ProgressOf(const GameState& state, PieceCode code) {
 
 // ------------------------------------------------------------------------ attack and risk
 
+// The way of a die walked once instead of once for each face: as IsMoveLegal has it, a barrier ends
+// all longer walks and nobody ends on a full square. There are no rivals in the home column.
 int AttackFrom(const GameState& state, Colour colour, Square square) {
+    const auto& walk = WalkFrom(square, colour);
     int attack = 0;
-    for (Short face = 1; face <= 6; ++face) {
-        if (!IsMoveLegal(state, colour, face, square)) continue;
-        const Square reached = AdvanceSquare(square, face, colour);
-        if (IsSafeSquare(reached)) continue;
-        const PieceCode occupant = state.SquareOccupants[reached][1];
-        if (IsRival(occupant, colour)) attack += ProgressOf(state, occupant);
+    for (std::size_t face = 1; face <= 6; ++face) {
+        const Square reached = walk[face];
+        if (reached > LastRingSquare) break;
+        const auto& occupants = state.SquareOccupants[reached];
+        if (occupants[1] == 0) continue;
+        if (IsBarrier(state, reached)) break;
+        if (occupants[2] != 0 || IsSafeSquare(reached)) continue;
+        if (IsRival(occupants[1], colour)) attack += ProgressOf(state, occupants[1]);
     }
     return attack;
 }
@@ -57,16 +62,16 @@ bool IsExposed(const GameState& state, Colour colour, PieceCode code, Square squ
 
 int ThreatsTo(const GameState& state, Colour colour, PieceCode code, Square square) {
     if (!IsExposed(state, colour, code, square)) return 0;
-    int threats = 0;
-    for (Short distance = 1; distance <= 12; ++distance) {
-        if (distance > 6 && distance != state.SixValue) continue;
-        const Square from = static_cast<Square>(square > distance ? square - distance
-                                                                  : square - distance + LastRingSquare);
-        for (const Short slot : {Short{1}, Short{2}}) {
-            const PieceCode rival = state.SquareOccupants[from][slot];
-            if (Threatens(state, rival, colour, from, distance, square)) ++threats;
-        }
-    }
+    const auto threatsFrom = [&](Short distance) {
+        const Square from =
+            static_cast<Square>(square - distance + (square > distance ? 0 : LastRingSquare));
+        const auto& occupants = state.SquareOccupants[from];
+        if (occupants[1] == 0) return 0;
+        return Threatens(state, occupants[1], colour, from, distance, square) +
+               Threatens(state, occupants[2], colour, from, distance, square);
+    };
+    int threats = threatsFrom(state.SixValue);
+    for (Short distance = 1; distance <= 6; ++distance) threats += threatsFrom(distance);
     return threats;
 }
 
@@ -189,26 +194,38 @@ bool ChooseCompulsoryExit(GameState& state, const Settings& settings) {
     return true;
 }
 
-void ChooseBestScore(GameState& state, const Settings& settings) {
-    const Colour colour = state.CurrentColour;
-    double best = worstScore;
-    state.BestPiece = 0;
-    state.BestFrom = 0;
-    state.BestTo = 0;
+void FindMovablePieces(GameState& state) {
     state.LegalMoveCount = 0;
     state.MovablePieces = {};
     for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-        const Square square = state.PiecePosition[colour][piece];
-        if (!IsMoveLegal(state, colour, state.MoveCount, square)) continue;
+        const Square square = state.PiecePosition[state.CurrentColour][piece];
+        if (!IsMoveLegal(state, state.CurrentColour, state.MoveCount, square)) continue;
         ++state.LegalMoveCount;
         state.MovablePieces[piece] = Yes;
+    }
+}
+
+Short BestOfMovablePieces(const GameState& state, const Settings& settings) {
+    Short bestPiece = 0;
+    double best = worstScore;
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        if (!state.MovablePieces[piece]) continue;
+        if (state.LegalMoveCount == 1) return piece;  // whatever its score
         const double score = ScoreOfMove(state, settings, piece);
         if (score <= best) continue;
         best = score;
-        state.BestPiece = piece;
-        state.BestFrom = square;
-        state.BestTo = DestinationOf(colour, state.MoveCount, square);
+        bestPiece = piece;
     }
+    return bestPiece;
+}
+
+void ChooseBestScore(GameState& state, const Settings& settings) {
+    const Colour colour = state.CurrentColour;
+    FindMovablePieces(state);
+    state.BestPiece = BestOfMovablePieces(state, settings);
+    state.BestFrom = state.BestPiece == 0 ? Square{0} : state.PiecePosition[colour][state.BestPiece];
+    state.BestTo =
+        state.BestPiece == 0 ? Square{0} : DestinationOf(colour, state.MoveCount, state.BestFrom);
 }
 
 }  // namespace

@@ -17,21 +17,18 @@ bool IsFull(const GameState& state, Square square) {
 }
 
 bool IsWayOpen(const GameState& state, Colour colour, Short steps, Square square) {
+    const auto& walk = WalkFrom(square, colour);
     for (Short step = 1; step < steps; ++step) {
-        if (IsBarrier(state, AdvanceSquare(square, step, colour))) return false;
+        if (IsBarrier(state, walk[step])) return false;
     }
     return true;
 }
 
 }  // namespace
 
-bool IsBarrier(const GameState& state, Square square) {
-    const auto& occupants = state.SquareOccupants[square];
-    return occupants[1] != 0 && ColourOf(occupants[1]) == ColourOf(occupants[2]);
-}
-
 bool IsMoveLegal(const GameState& state, Colour colour, Short steps, Square square) {
     if (square == 0) return MayLeaveBox(state, colour, steps);
+    if (steps > LongestWalk) return false;  // nothing counts that far
     const Square target = AdvanceSquare(square, steps, colour);
     const Square goal = GoalSquare[colour];
     if (target > goal) return false;

@@ -16,7 +16,10 @@ inline constexpr Short ArrivalBonus = 10;
 bool IsMoveLegal(const GameState& state, Colour colour, Short steps, Square square);
 
 /// Whether slots 1 and 2 of the square hold two pieces of one colour; nobody passes those.
-bool IsBarrier(const GameState& state, Square square);
+inline bool IsBarrier(const GameState& state, Square square) {
+    const auto& occupants = state.SquareOccupants[square];
+    return occupants[2] != 0 && ColourOf(occupants[1]) == ColourOf(occupants[2]);
+}
 
 /// Where a move of `steps` squares from `square` ends: out of the box it is the exit square.
 Square DestinationOf(Colour colour, Short steps, Square square);

@@ -52,12 +52,12 @@ constexpr PieceCode CodeOf(Colour colour, Short piece) {
 
 /// Colour of the piece with that code; 0 for an empty slot.
 constexpr Colour ColourOf(PieceCode code) {
-    return static_cast<Colour>(code / 10);
+    return static_cast<Colour>(static_cast<std::uint16_t>(code) / 10U);
 }
 
 /// Number 1..4 of the piece with that code.
 constexpr Short PieceOf(PieceCode code) {
-    return static_cast<Short>(code % 10);
+    return static_cast<Short>(static_cast<std::uint16_t>(code) % 10U);
 }
 
 }  // namespace zorva

@@ -26,6 +26,8 @@ public:
     MatchWorld(const MatchPlan& plan, std::uint64_t number, MatchTotals& totals)
         : chance_(plan.seed, number), totals_(totals) {}
 
+    bool IsWatched() const override { return false; }
+
     Colour DrawFirst(const Settings& settings) {
         std::vector<Colour> colours;
         for (Colour colour = 1; colour <= ColourCount; ++colour) {

@@ -20,16 +20,12 @@ std::string ReadBytes(const std::string& fileName) {
 
 const char* Reason(FileError error) {
     switch (error) {
-        case FileError::Overflow:
-            return "a number is too large";
+        case FileError::Overflow: return "a number is too large";
         case FileError::OutOfRange:
             return "a number cannot be meant, or the numbers contradict each other";
-        case FileError::TypeMismatch:
-            return "something else stands where a number or a text should";
-        case FileError::PastTheEnd:
-            return "it ends too early";
-        default:
-            return "it cannot be read";
+        case FileError::TypeMismatch: return "something else stands where a number or a text should";
+        case FileError::PastTheEnd: return "it ends too early";
+        default: return "it cannot be read";
     }
 }
 

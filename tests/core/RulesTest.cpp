@@ -40,6 +40,7 @@ constexpr Row rows[] = {
     {"the goal however many are there", "1:75 76 76 76", 1, 1, 75, true},
     {"a home column has room for two", "1:70 72 72 0", 1, 2, 70, false},
     {"a bonus of twenty is walked like any count", "4:39 0 0 0", 4, 20, 39, true},
+    {"nothing counts more than twenty", "4:39 0 0 0", 4, 21, 39, false},
     // What stands on the way.
     {"a rival barrier stops the walk", "1:6 0 0 0  2:9 9 0 0", 1, 4, 6, false},
     {"the own barrier stops it too", "1:6 9 9 0", 1, 4, 6, false},

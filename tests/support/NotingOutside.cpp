@@ -52,7 +52,7 @@ Short NotingOutside::NextThrow() {
 
 void NotingOutside::Note(const char* what, std::initializer_list<int> numbers) {
     std::string note = what;
-    for (const int number : numbers) note += " " + std::to_string(number);
+    for (const int number : numbers) note.append(1, ' ').append(std::to_string(number));
     notes_.push_back(note);
 }
 
