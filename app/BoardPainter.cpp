@@ -73,6 +73,8 @@ QRect BoardPainter::PieceArea(QPointF centre, double lift) const {
 void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
     layout_ = layout;
     Pic_TableroVacio = QPixmap(devicePixels);
+    // Where two planks of the table meet between pixels, a little of what lies below shows through.
+    Pic_TableroVacio.fill(palette::DarkWood);
     QPainter painter(&Pic_TableroVacio);
     painter.setRenderHint(QPainter::Antialiasing);
     PaintTable(painter);
@@ -157,7 +159,8 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
     }
     const QRectF plate = DeviceF(layout_.NamePlate(colour));
     painter.setFont(TextFont(15 * layout_.Cell / boardCell * unit, lit ? QFont::Bold : QFont::DemiBold));
-    painter.setPen(lit ? palette::Ink : WithAlpha(palette::Ink, 0.85));
+    const double strength = lit ? 1 : IsTakingPart(settings, colour) ? 0.85 : 0.35;
+    painter.setPen(WithAlpha(palette::Ink, strength));
     painter.drawText(plate, Qt::AlignCenter,
                      QString::fromStdString(Trimmed(settings.PlayerName[colour])));
 }
