@@ -203,8 +203,8 @@ private:
     std::vector<QAccessible::Id> parts_;
 };
 
-QAccessibleInterface* MakeBoardAccessible(const QString&, QObject* object) {
-    auto* mesa = dynamic_cast<Mesa*>(object);
+QAccessibleInterface* MakeBoardAccessible(const QString& className, QObject* object) {
+    auto* mesa = className == Mesa::staticMetaObject.className() ? qobject_cast<Mesa*>(object) : nullptr;
     return mesa != nullptr ? new BoardAccessible(*mesa) : nullptr;
 }
 

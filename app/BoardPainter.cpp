@@ -25,7 +25,7 @@ QSize SideBySide(double side) {
 // The squares a shown move passes and, last, the one it ends on.
 std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& move) {
     std::vector<QPointF> way;
-    if (move.piece == 0) return way;
+    if (move.piece == 0 || move.to == 0) return way;
     const auto add = [&](zorva::Square square) {
         const Point at = layout.SquarePosition(square);
         way.emplace_back(at.x, at.y);
@@ -204,8 +204,8 @@ void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, d
 }
 
 void BoardPainter::PaintShownMove(QPainter& painter, const BoardView::ShownMove& move) {
-    if (move.piece == 0) return;
     const std::vector<QPointF> way = WayOf(layout_, move);
+    if (way.empty()) return;
     for (std::size_t step = 0; step + 1 < way.size(); ++step) {
         PaintRing(painter, way[step], 1.8, 3.6, palette::Mark);
     }

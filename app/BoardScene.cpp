@@ -191,11 +191,9 @@ void BoardScene::ShowManualMode(bool on) {
 }
 
 void BoardScene::ShowWinner(Colour colour) {
-    const Colour before = view_.winner;
-    view_.onTurn = 0;
-    view_.winner = colour;
-    RepaintHouse(before);
-    RepaintHouse(colour);
+    const Colour lit = std::exchange(view_.onTurn, Colour{0});
+    const Colour before = std::exchange(view_.winner, colour);
+    for (const Colour house : {lit, before, colour}) RepaintHouse(house);
 }
 
 void BoardScene::RepaintHouses() {

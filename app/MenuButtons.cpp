@@ -56,6 +56,7 @@ void MenuButton::mousePressEvent(QMouseEvent* event) {
 MenuButtons::MenuButtons(QWidget* window, const Services& services, std::function<void(int)> chosen) {
     auto* panel = new QWidget(window);
     panel->setObjectName("Pic_Botones");
+    panel->setAccessibleName("Menú");
     panel->lower();
     for (int index = 0; index < Count; ++index) {
         buttons_[index] = new MenuButton(panel, services, index);

@@ -21,6 +21,8 @@ class RecorderStrip;
 /// The board window. It shows the board, the menu, the recorder and the log over the whole screen
 /// and hands on what the mouse and the keyboard do; it knows no rules.
 class Mesa : public QWidget {
+    Q_OBJECT  // screen readers' interface is found by the class's name
+
 public:
     Mesa(const GameState& state, const Settings& settings);
     ~Mesa() override;

@@ -20,6 +20,7 @@ MoveLog::MoveLog(QWidget* parent, const Services& services) : QWidget(parent), s
     setObjectName("Lis_Grabadora");
     setAccessibleName("Registro de jugadas");
     setFocusPolicy(Qt::NoFocus);
+    setCursor(Qt::ArrowCursor);
 }
 
 double MoveLog::LineHeight() const {
@@ -60,6 +61,11 @@ void MoveLog::CutFrom(int line) {
     lines_.erase(lines_.begin() + std::clamp(line, 0, Count()), lines_.end());
     if (selected_ >= Count()) selected_ = -1;
     ScrollTo(std::max(0, Count() - 1));
+}
+
+// A click here is none on the board below.
+void MoveLog::mousePressEvent(QMouseEvent* event) {
+    event->accept();
 }
 
 void MoveLog::resizeEvent(QResizeEvent*) {

@@ -1,5 +1,6 @@
 #include "app/WindowOutside.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QRandomGenerator>
 
@@ -36,8 +37,12 @@ Short WindowOutside::RollFace() {
     return static_cast<Short>(QRandomGenerator::system()->bounded(1, 7));
 }
 
+// Between two moves nothing is awaited yet that a click could answer. When the players throw
+// themselves, what they did meanwhile stays queued until the throw is awaited, and then throws.
 void WindowOutside::YieldToEvents() {
-    QCoreApplication::processEvents();
+    const bool throwComes = state_.GameInProgress && !state_.WaitingForThrow && settings_.PauseBetweenMoves == 1;
+    QCoreApplication::processEvents(throwComes ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
+    if (throwComes) QAbstractEventDispatcher::instance()->wakeUp();
 }
 
 void WindowOutside::WaitForInput() {

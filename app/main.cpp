@@ -6,6 +6,7 @@
 #include "app/BoardAccessibility.h"
 #include "app/DataFolder.h"
 #include "app/EndSignals.h"
+#include "app/KeyRepeats.h"
 #include "app/Program.h"
 #include "app/SingleInstance.h"
 
@@ -31,6 +32,8 @@ int main(int argc, char** argv) {
     zorva::SingleInstance instance(folder);
     if (instance.IsSecond()) return 0;
 
+    zorva::KeyRepeats repeats;
+    application.installEventFilter(&repeats);
     zorva::InstallBoardAccessibility();
     zorva::Program program(folder);
     instance.OnSecondStart([&program] { program.ComeToFront(); });
