@@ -127,11 +127,11 @@ void HistoricSheet::paintEvent(QPaintEvent*) {
 }
 
 void HistoricSheet::DrawRuling(QPainter& painter) const {
-    for (const Short x : columnRules) painter.fillRect(QRectF(x, 5, 1, Height - 5), QColor(255, 0, 0));
     for (int slot = 1; slot <= HistoricPages::RecordsPerPage; ++slot) {
         const double y = firstRecordTop + slot * recordHeight - 3;
         painter.fillRect(QRectF(15, y, Width - 30, 1), QColor(0, 255, 0));
     }
+    for (const Short x : columnRules) painter.fillRect(QRectF(x, 5, 1, Height - 5), QColor(255, 0, 0));
 }
 
 // The blanks of the heading place its words over the columns; how wide a blank must be for that

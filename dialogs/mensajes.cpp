@@ -1,5 +1,6 @@
 #include "dialogs/mensajes.h"
 
+#include <QApplication>
 #include <QEvent>
 
 #include "dialogs/Ornament.h"
@@ -111,7 +112,9 @@ void mensajes::Refuse() {
 MessageAnswer ShowMessage(QWidget* parent, const Services& services, const QString& title,
                           const QString& text, Short lineCount, MessageButtons buttons) {
     DiscardQueuedInput();
-    mensajes window(parent, services, title, text, lineCount, buttons);
+    // Over a window that is open already: below it nobody could answer.
+    QWidget* topmost = QApplication::activeModalWidget();
+    mensajes window(topmost ? topmost : parent, services, title, text, lineCount, buttons);
     RunModal(window);
     return window.Answer();
 }

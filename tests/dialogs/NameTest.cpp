@@ -1,0 +1,109 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QTest>
+
+#include "dialogs/NameBox.h"
+#include "tests/dialogs/WindowFixture.h"
+
+namespace zorva {
+namespace {
+
+struct NameRow {
+    const char* name;
+    const char* typed;
+    const char* kept;
+};
+
+const NameRow rows[] = {
+    {"blanks in front go", "  juan CARLOS", "juan carl"},
+    {"only the first letter may be a capital", "PEPE", "Pepe"},
+    {"nine characters", "Maximiliano", "Maximilia"},
+    {"exactly nine", "Alejandro", "Alejandro"},
+    {"blanks inside and at the end stay", "Ana Luz ", "Ana luz "},
+    {"accents become small, too", "ÁÉÍÓÚÑÜÇ", "Áéíóúñüç"},
+    {"a letter and its accent are one character", "Jose\xCC\x81", "José"},
+    {"the file has no quote", "\"Ana\"", "Ana"},
+    {"nor letters of other alphabets", "AnaЖ日\xF0\x9F\x8E\xB2z", "Anaz"},
+    {"nor control characters",
+     "A\tn\x01"
+     "a",
+     "Ana"},
+    {"the euro sign and long dashes it has", "€–Š", "€–š"},
+    {"a comma is none of the format's marks inside quotes", "A,b", "A,b"},
+    {"nothing but blanks", "    ", ""},
+    {"nothing", "", ""},
+};
+
+TEST(NameTest, KeepsItsForm) {
+    for (const NameRow& row : rows) EXPECT_EQ(NameFromTyped(row.typed), QString(row.kept)) << row.name;
+}
+
+TEST(NameTest, WhatWasKeptStaysAsItIs) {
+    for (const NameRow& row : rows) EXPECT_EQ(NameFromTyped(row.kept), QString(row.kept)) << row.name;
+}
+
+class NameBoxTest : public WindowFixture {
+protected:
+    NameBoxTest() : box(nullptr, *services, "Txt_Nombre_1", "Nombre") {
+        box.resize(74, 20);
+        box.Renamed = [this](const QString& name) { reported = name; };
+        Show(box);
+    }
+
+    NameBox box;
+    QString reported;
+};
+
+TEST_F(NameBoxTest, TypingReportsEveryName) {
+    QTest::keyClicks(&box, "  juan CARLOS");
+    EXPECT_EQ(box.text(), "juan carl");
+    EXPECT_EQ(reported, "juan carl");
+    box.selectAll();
+    QTest::keyClicks(&box, "PEPE");
+    EXPECT_EQ(reported, "Pepe");
+}
+
+TEST_F(NameBoxTest, TheCaretStaysWhereOneTypes) {
+    box.setText("Alejandro");
+    box.setCursorPosition(3);
+    QTest::keyClicks(&box, "X");
+    EXPECT_EQ(box.text(), "Alexjandr");
+    EXPECT_EQ(box.cursorPosition(), 4);
+    QTest::keyClicks(&box, "\"");
+    EXPECT_EQ(box.text(), "Alexjandr");
+    EXPECT_EQ(box.cursorPosition(), 4) << "a refused character moves nothing";
+}
+
+TEST_F(NameBoxTest, PastedTextIsBroughtIntoForm) {
+    QApplication::clipboard()->setText("   \"GERTRUDIS\" la tercera\nde su nombre");
+    box.paste();
+    EXPECT_EQ(box.text(), "Gertrudis");
+    EXPECT_EQ(reported, "Gertrudis");
+}
+
+TEST_F(NameBoxTest, TheInputMethodIsLeftAloneUntilItCommits) {
+    box.setText("Jos");
+    QInputMethodEvent composing("´", {});
+    QApplication::sendEvent(&box, &composing);
+    EXPECT_EQ(box.text(), "Jos");
+    QInputMethodEvent committed;
+    committed.setCommitString("É");
+    QApplication::sendEvent(&box, &committed);
+    EXPECT_EQ(box.text(), "José");
+    EXPECT_EQ(reported, "José");
+}
+
+TEST_F(NameBoxTest, TheWidestNameIsSeenWhole) {
+    for (const QSize size : ScreenSizes) {
+        UseScreen(size);
+        NameBox wide(nullptr, *services, "Txt_Nombre_1", "Nombre");
+        wide.resize(InToolkit({74, 20}).x(), InToolkit({74, 20}).y());
+        wide.ShowName("Wwwwwwwww");
+        EXPECT_LE(QFontMetricsF(wide.font()).horizontalAdvance(wide.text()), wide.width() - 4)
+            << size.width();
+    }
+}
+
+}  // namespace
+}  // namespace zorva

@@ -1,0 +1,63 @@
+#include "tests/dialogs/WindowFixture.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QTest>
+
+namespace zorva {
+
+void WindowFixture::UseScreen(QSize size) {
+    const Layout layout = LayoutFor(size.width(), size.height());
+    pointers.SetScale(layout.Unit, 1);
+    services.reset(new Services{artwork, pointers, layout, 1, [this](Short id) { sounds.push_back(id); },
+                                [this](Short n) { pauses.push_back(n); }});
+    board.resize(size);
+}
+
+QWidget* WindowFixture::Control(QWidget& window, const QString& name) {
+    auto* control = window.findChild<QWidget*>(name);
+    if (!control) throw std::runtime_error("no control named " + name.toStdString());
+    return control;
+}
+
+QPoint WindowFixture::InToolkit(QPointF point) const {
+    return {qFloor(services->ToToolkit(point.x())), qFloor(services->ToToolkit(point.y()))};
+}
+
+void WindowFixture::ClickAt(QWidget* control, QPointF point) const {
+    QTest::mouseClick(control, Qt::LeftButton, {}, InToolkit(point));
+}
+
+void WindowFixture::Show(QWidget& window) {
+    window.show();
+    if (!QTest::qWaitForWindowActive(&window)) throw std::runtime_error("the window does not open");
+}
+
+Person::Person(std::function<void(QWidget& window)> action)
+    : action_(std::move(action)), below_(QApplication::activeModalWidget()) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Act(); });
+    timer_.start(1);
+}
+
+void Person::Act() {
+    const QPointer<QWidget> window = QApplication::activeModalWidget();
+    if (busy_ || !window || window == below_ || !window->isActiveWindow()) return;
+    busy_ = true;
+    ++windows_;
+    action_(*window);
+    leftOpen_ = window && window->isVisible();
+    if (leftOpen_) window->close();
+    busy_ = false;
+}
+
+bool HasInk(const QImage& picture, const QRect& part) {
+    const QRect area = part.intersected(picture.rect());
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (qGray(picture.pixel(x, y)) < 110) return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace zorva
