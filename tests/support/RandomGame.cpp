@@ -29,6 +29,8 @@ public:
                 const BeforeRecord& beforeRecord)
         : state_(state), kind_(kind), chance_(chance), beforeRecord_(beforeRecord) {}
 
+    bool IsWatched() const override { return kind_.watched; }
+
     void AddLogLine(Short moveNumber, const MoveRecord& record) override {
         logged_ = moveNumber;
         beforeRecord_(state_, record);
@@ -104,6 +106,7 @@ RandomGameKind RandomGameKind::Of(Chance& chance) {
     }
     kind.faces = RandomFaces(chance);
     kind.shiftsByHand = chance.Below(4) == 0;
+    kind.watched = chance.Below(2) == 0;
     return kind;
 }
 

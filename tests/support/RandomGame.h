@@ -15,6 +15,7 @@ struct RandomGameKind {
     PerColour<PieceCode> leftovers{};  ///< what stands in slot 3 of the goals before the game
     std::array<Short, 10> faces{};     ///< throws are picked from these
     bool shiftsByHand = false;         ///< pieces are dragged by hand now and then
+    bool watched = true;               ///< the game is played as if somebody saw it
     Colour first = 1;
 
     /// Any rules, levels, directions and players; dice fair or rich in some faces.
