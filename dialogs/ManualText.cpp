@@ -10,7 +10,8 @@
 namespace zorva {
 namespace {
 
-constexpr qint64 longestManual = 256 * 1024;
+// Twice the manual. Whatever so short a text holds, the toolkit sets it within a few seconds.
+constexpr qint64 longestManual = 64 * 1024;
 constexpr int deepestNesting = 12;  // each level costs the toolkit time and stack
 constexpr int mostCells = 6;        // of a row
 
