@@ -117,8 +117,7 @@ void BoardPainter::PaintPanel(QPainter& painter) {
 
 // -------------------------------------------------------------------------------- what changes
 
-void BoardPainter::Paint(const BoardView& view, const GameState& state, const Settings& settings,
-                         const QRect& part) {
+void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
     painter.drawPixmap(part.topLeft(), Pic_TableroVacio, part);
@@ -142,7 +141,6 @@ void BoardPainter::Paint(const BoardView& view, const GameState& state, const Se
     }
     if (view.manualMode) PaintBanner(painter);
     if (view.inAir != 0) PaintPiece(painter, view, view.inAir);
-    Q_UNUSED(state);
 }
 
 void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings,

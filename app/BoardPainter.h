@@ -22,8 +22,7 @@ public:
     void SetScreen(const Layout& layout, QSize devicePixels);
 
     /// Paints the board with its pieces anew within that part (device pixels).
-    void Paint(const BoardView& view, const GameState& state, const Settings& settings,
-               const QRect& part);
+    void Paint(const BoardView& view, const Settings& settings, const QRect& part);
 
     /// The board as it is to be seen.
     const QPixmap& Picture() const { return Pic_TableroLleno; }

@@ -37,7 +37,7 @@ void BoardScene::SetScreen(const Layout& layout, QSize devicePixels) {
 void BoardScene::Repaint(const QRect& device) {
     const QRect part = device.intersected(painter_.Picture().rect());
     if (part.isEmpty()) return;
-    painter_.Paint(view_, state_, settings_, part);
+    painter_.Paint(view_, settings_, part);
     changed_(part);
 }
 
