@@ -1,0 +1,402 @@
+#include "app/BoardScene.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <algorithm>
+#include <cmath>
+
+#include "app/Artwork.h"
+#include "app/PiecePlaces.h"
+#include "core/Board.h"
+#include "core/DecidedThrows.h"
+#include "core/Opening.h"
+#include "tests/support/Positions.h"
+#include "tests/support/RandomGame.h"
+
+namespace zorva::test {
+namespace {
+
+constexpr QSize screens[] = {{640, 480},   {800, 600},   {1024, 768},
+                             {1280, 1024}, {1920, 1080}, {1080, 1920}};
+
+std::string NameOf(QSize size) {
+    return std::to_string(size.width()) + "x" + std::to_string(size.height());
+}
+
+std::vector<PieceCode> AllPieces() {
+    std::vector<PieceCode> all;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece) all.push_back(CodeOf(colour, piece));
+    }
+    return all;
+}
+
+/// The board of a state on a screen. `window` is what a window shows that copies what has changed.
+struct Board {
+    Board(GameState game, QSize screen)
+        : state(std::move(game)),
+          layout(LayoutFor(screen.width(), screen.height())),
+          window(screen, QImage::Format_RGB32),
+          scene(state, settings, artwork, [this](const QRect& part) { ShowAnew(part); }),
+          fresh(artwork) {
+        window.fill(Qt::magenta);
+        scene.SetScreen(layout, screen);
+        fresh.SetScreen(layout, screen);
+    }
+
+    void ShowAnew(const QRect& part) {
+        QPainter painter(&window);
+        painter.drawPixmap(part.topLeft(), scene.Picture(), part);
+    }
+
+    void PutDownAll() {
+        for (const PieceCode code : AllPieces()) scene.PutDown(code);
+    }
+
+    /// What is to be seen, painted as a whole.
+    QImage Painted() {
+        fresh.Paint(scene.View(), settings, window.rect());
+        return fresh.Picture().toImage().convertToFormat(QImage::Format_RGB32);
+    }
+
+    QPoint Device(Point at) const {
+        return {static_cast<int>(layout.DeviceLeft + at.x * layout.Unit),
+                static_cast<int>(layout.DeviceTop + at.y * layout.Unit)};
+    }
+
+    GameState state;
+    Settings settings;
+    Layout layout;
+    Artwork artwork;
+    QImage window;
+    BoardScene scene;
+    BoardPainter fresh;
+};
+
+/// The smallest rectangle around all pixels that differ; a step or two in shade is rounding.
+QRect Difference(const QImage& one, const QImage& other) {
+    constexpr int rounding = 6;
+    QRect found;
+    for (int y = 0; y < one.height(); ++y) {
+        const auto* a = reinterpret_cast<const QRgb*>(one.constScanLine(y));
+        const auto* b = reinterpret_cast<const QRgb*>(other.constScanLine(y));
+        if (std::equal(a, a + one.width(), b)) continue;
+        for (int x = 0; x < one.width(); ++x) {
+            const int most =
+                std::max({std::abs(qRed(a[x]) - qRed(b[x])), std::abs(qGreen(a[x]) - qGreen(b[x])),
+                          std::abs(qBlue(a[x]) - qBlue(b[x]))});
+            if (most > rounding) found |= QRect(x, y, 1, 1);
+        }
+    }
+    return found;
+}
+
+std::string Text(const QRect& r) {
+    return r.isEmpty() ? ""
+                       : NameOf(r.size()) + " at " + std::to_string(r.x()) + "," + std::to_string(r.y());
+}
+
+// ------------------------------------------------------------------------------- the empty board
+
+TEST(BoardPicture, HasTheColourOfEachSquareAtItsCentre) {
+    constexpr QRgb colours[] = {0, 0xffffff00, 0xff0000ff, 0xffff0000, 0xff008000};
+    for (const QSize screen : screens) {
+        SCOPED_TRACE(NameOf(screen));
+        const Board board({}, screen);
+        for (Square square = 1; square <= LastSquare; ++square) {
+            Colour colour =
+                square > LastRingSquare ? static_cast<Colour>((square - 69) / 8 + 1) : Colour{0};
+            if (square <= LastRingSquare && square % 17 == 5)
+                colour = static_cast<Colour>(square / 17 + 1);
+            const QRgb pixel = board.window.pixel(board.Device(board.layout.SquarePosition(square)));
+            if (colour != 0) {
+                EXPECT_EQ(pixel, colours[colour]) << "square " << square;
+            } else {
+                EXPECT_GT(std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)}), 170)
+                    << "square " << square;
+                EXPECT_LT(qRed(pixel) - qBlue(pixel), 60) << "square " << square;
+            }
+        }
+    }
+}
+
+// ------------------------------------------------------------------------------------ the pieces
+
+/// The colour most of the lively pixels of a disc have, and how much of it differs from `empty`.
+Colour ColourOfDisc(const QImage& picture, const QImage& empty, QPointF centre, double radius,
+                    double& changed) {
+    PerColour<int> votes{};
+    int all = 0;
+    int different = 0;
+    for (int y = static_cast<int>(centre.y() - radius); y <= centre.y() + radius; ++y) {
+        for (int x = static_cast<int>(centre.x() - radius); x <= centre.x() + radius; ++x) {
+            if (std::hypot(x - centre.x(), y - centre.y()) > radius) continue;
+            const QColor pixel = picture.pixelColor(x, y);
+            ++all;
+            different += pixel != empty.pixelColor(x, y);
+            if (pixel.hsvSaturation() < 110 || pixel.value() < 50) continue;
+            const int hue = pixel.hsvHue();
+            if (hue >= 35 && hue <= 70) ++votes[1];
+            if (hue >= 210 && hue <= 265) ++votes[2];
+            if (hue <= 20 || hue >= 340) ++votes[3];
+            if (hue >= 90 && hue <= 170) ++votes[4];
+        }
+    }
+    changed = static_cast<double>(different) / all;
+    return static_cast<Colour>(std::max_element(votes.begin() + 1, votes.end()) - votes.begin());
+}
+
+TEST(BoardPicture, ShowsEachPieceAtItsPlace) {
+    constexpr const char* positions[] = {
+        "",
+        "1:5 5 10 69  2:22 22 60 77  3:39 39 29 85  4:56 56 12 93",
+        "1:68 68 75 76  2:17 17 83 84  3:34 34 91 92  4:51 51 99 100",
+        "1:76 76 76 76  2:84 84 84 84  3:92 92 92 92  4:100 100 100 100",
+        "1:12 29 0 0  2:12 63 0 0  3:29 46 0 0  4:46 63 0 0",
+        "1:8 26 42 60  2:9 25 43 59  3:8 26 42 60  4:9 25 43 59",
+        "2:5 5 0 0  1:5 0 0 0  3:86 86 0 0",
+    };
+    for (const QSize screen : screens) {
+        SCOPED_TRACE(NameOf(screen));
+        Board board({}, screen);
+        const QImage empty = board.window;
+        const double radius = board.layout.PieceSize * 0.42 * board.layout.Unit;
+        for (const char* position : positions) {
+            SCOPED_TRACE(position);
+            board.state = Position(position);
+            board.scene.TakeAllPieces();
+            board.PutDownAll();
+            for (const PieceCode code : AllPieces()) {
+                const QPoint at = board.Device(PlaceOfPiece(board.layout, board.state, code));
+                double changed = 0;
+                EXPECT_EQ(ColourOfDisc(board.window, empty, at, radius, changed), ColourOf(code))
+                    << code;
+                EXPECT_GT(changed, 0.8) << code;
+            }
+        }
+    }
+}
+
+TEST(BoardPicture, KeepsNothingOfAPieceThatMovedAway) {
+    for (const QSize screen : screens) {
+        Board board(Position("1:10 0 0 0"), screen);
+        const QImage empty = board.window;
+        board.scene.PutDown(11);
+        const QRect piece = Difference(board.window, empty);
+        EXPECT_LT(piece.width(), 2.2 * board.layout.PieceSize * board.layout.Unit) << Text(piece);
+        board.scene.ShowMove({11, 10, 15});
+        board.scene.Lift(11);
+        for (Square square = 10; square < 15; ++square) {
+            board.scene.StartStep(11, square, static_cast<Square>(square + 1));
+            for (const double progress : {0.2, 0.5, 0.9, 1.0}) board.scene.ShowStep(progress);
+        }
+        board.state = Position("1:15 0 0 0");
+        board.scene.PutDown(11);
+        const QRect moved = Difference(board.window, empty);
+        EXPECT_TRUE((moved & piece).isEmpty()) << NameOf(screen);
+        EXPECT_NEAR(moved.width(), piece.width(), 2) << "marks remain on " << NameOf(screen);
+        board.scene.TakeAllPieces();
+        EXPECT_EQ(Text(Difference(board.window, empty)), "") << NameOf(screen);
+    }
+}
+
+// --------------------------------------------------------------- what changes is painted, and only that
+
+/// Plays a game on a board and holds what the window shows against a whole painting, again and again.
+class PaintedGame : public DecidedThrows {
+public:
+    PaintedGame(std::uint64_t number, QSize screen, Short longest)
+        : chance_(6, number), kind_(RandomGameKind::Of(chance_)), board_({}, screen), longest_(longest) {
+        kind_.settings.PlayerType.fill(1);
+        kind_.settings.PauseBetweenMoves = 2;
+    }
+
+    void Play() {
+        const Table table{board_.state, kind_.settings, *this};
+        StartGame(table);
+        Look("the last move");
+        board_.scene.ShowWinner(2);
+        Look("the winner's display");
+        board_.scene.ShowWinner(0);
+        Look("the end");
+    }
+    int Looks() const { return looks_; }
+
+    void LiftPiece(PieceCode piece, Square) override { board_.scene.Lift(piece); }
+    void StepPiece(PieceCode piece, Square from, Square to) override {
+        board_.scene.StartStep(piece, from, to);
+    }
+    void StepDelay(Short) override { Glide(); }
+    void Pause(Short) override { Glide(); }
+    void PutDownPiece(PieceCode piece, Square) override {
+        board_.scene.PutDown(piece);
+        if (chance_.Below(4) == 0) Look("putting down");
+    }
+    void DrawDie(Colour colour, Short face) override {
+        if (face != 0) board_.scene.ShowTurn(board_.state.CurrentColour, 0);
+        board_.scene.ShowDie(colour, face, face != 0 && board_.state.DieValue == 0);
+        if (chance_.Below(30) == 0) Look("a die");
+    }
+    void ShowChosenMove(PieceCode piece, Square from, Square to) override {
+        board_.scene.ShowMove({piece, from, to});
+        if (chance_.Below(4) == 0) Look("the chosen move");
+    }
+    void EmptyBoard() override {
+        board_.scene.TakeAllPieces();
+        Look("emptying the board");
+    }
+    void RefreshBoard() override { board_.scene.Refresh(); }
+    MessageAnswer ShowMessage(std::string_view, std::string_view, Short, MessageButtons) override {
+        return MessageAnswer::Accepted;
+    }
+
+    void PositionReached() override {
+        const GameState& state = board_.state;
+        if (state.MoveRecordCount > longest_) board_.state.GameInProgress = No;
+        board_.scene.ShowTurn(state.CurrentColour, state.ThrowNext ? Short{0} : state.MoveCount);
+        Look("the turn");
+        const QImage before = board_.window;
+        board_.scene.Refresh();
+        EXPECT_EQ(Text(Difference(board_.window, before)), "") << "a piece is not at its place";
+        Decorate();
+    }
+
+protected:
+    Short NextThrow() override { return kind_.faces[chance_.Below(kind_.faces.size())]; }
+
+private:
+    void Look(const char* after) {
+        if (testing::Test::HasFailure()) {
+            board_.state.GameInProgress = No;
+            return;
+        }
+        ++looks_;
+        const QRect wrong = Difference(board_.window, board_.Painted());
+        ASSERT_EQ(Text(wrong), "") << "after " << after << ", move " << board_.state.MoveRecordCount;
+    }
+
+    void Glide() {
+        if (!board_.scene.HasMotion()) return;
+        for (const double progress : {0.35, 0.8}) {
+            board_.scene.ShowStep(progress);
+            if (chance_.Below(6) == 0) Look("a frame of a walk");
+        }
+        board_.scene.ShowStep(1);
+    }
+
+    PieceCode AnyPiece() {
+        return CodeOf(static_cast<Colour>(1 + chance_.Below(4)),
+                      static_cast<Short>(1 + chance_.Below(4)));
+    }
+
+    BoardView::ShownMove AnyMove() {
+        const PieceCode piece = AnyPiece();
+        const Colour colour = ColourOf(piece);
+        const Square from = board_.state.PositionOf(piece);
+        if (from == GoalSquare[colour]) return {};
+        Square to = from == 0 ? ExitSquare[colour] : AdvanceSquare(from, 1, colour);
+        for (std::uint32_t steps = chance_.Below(12); steps > 0 && to < GoalSquare[colour]; --steps) {
+            to = AdvanceSquare(to, 1, colour);
+        }
+        return {piece, from, to};
+    }
+
+    void Decorate() {
+        std::array<bool, BoardView::CodeCount> movable{};
+        const PieceCode picks[] = {AnyPiece(), AnyPiece(), AnyPiece()};
+        for (const PieceCode piece : picks) movable[piece] = true;
+        BoardScene& scene = board_.scene;
+        const std::function<void()> steps[] = {
+            [&] { scene.ShowMovable(movable); },
+            [&] { scene.ShowMarked(picks[chance_.Below(3)]); },
+            [&] { scene.ShowMove(AnyMove()); },
+            [&] { scene.ShowPreview(AnyMove()); },
+            [&] { scene.ShowManualMode(true); },
+            [&] { scene.ShowTurn(1, 20); },
+            [&] { DragAndLetGo(); },
+            [&] { scene.ShowMovable({}); },
+            [&] { scene.ShowMarked(0); },
+            [&] { scene.ShowMove({}); },
+            [&] { scene.ShowPreview({}); },
+            [&] { scene.ShowManualMode(false); },
+            [&] { scene.ShowTurn(2, 10); },
+            [&] { scene.ShowDie(3, 6, false); },
+            [&] { scene.ShowTurn(board_.state.CurrentColour, 0); },
+        };
+        if (chance_.Below(2) == 0) scene.ShowMovable(movable);
+        for (int count = 0; count < 5; ++count) {
+            const std::size_t step = chance_.Below(std::size(steps));
+            steps[step]();
+            Look(("step " + std::to_string(step)).c_str());
+        }
+        scene.ShowDie(3, 0, false);
+        for (const std::size_t undone : {7u, 8u, 9u, 10u, 11u, 14u}) steps[undone]();
+        Look("taking the marks away");
+    }
+
+    void DragAndLetGo() {
+        const PieceCode piece = AnyPiece();
+        for (int count = 0; count < 3; ++count) {
+            board_.scene.Drag(piece, QPointF(chance_.Below(700), chance_.Below(700)));
+            Look("dragging");
+        }
+        board_.scene.StartGlideBack(piece);
+        board_.scene.ShowStep(0.5);
+        Look("gliding back");
+        board_.scene.PutDown(piece);
+    }
+
+    Chance chance_;
+    RandomGameKind kind_;
+    Board board_;
+    Short longest_;
+    int looks_ = 0;
+};
+
+TEST(BoardPicture, IsRepaintedWhereverSomethingChanges) {
+    int looks = 0;
+    const struct {
+        QSize screen;
+        int games;
+        Short moves;
+    } rows[] = {{{640, 480}, 2, 40}, {{800, 600}, 1, 20}, {{1280, 1024}, 1, 10}};
+    for (const auto& row : rows) {
+        for (int number = 0; number < row.games; ++number) {
+            SCOPED_TRACE(NameOf(row.screen) + " game " + std::to_string(number));
+            PaintedGame game(number, row.screen, row.moves);
+            game.Play();
+            looks += game.Looks();
+            if (testing::Test::HasFailure()) return;
+        }
+    }
+    EXPECT_GT(looks, 800);
+}
+
+// ------------------------------------------------------------------------------------- the names
+
+TEST(BoardPicture, HasRoomForTheLongestNames) {
+    for (const QSize screen : {QSize(640, 480), QSize(800, 600), QSize(1024, 768), QSize(1920, 1080)}) {
+        Board board({}, screen);
+        board.settings.PlayerName.fill("");
+        board.scene.ShowTurn(3, 0);  // the name of who plays is set in bold
+        const QImage without = board.Painted();
+        for (const char* name : {"Wwwwwwwww", "WWWWWWWWW", "gjpqyÅÑÜÇ", "@@@@@@@@@", "ŒŒŒŒŒŒŒŒŒ",
+                                 "—————————", "™™™™™™™™™"}) {
+            for (const Colour colour : {Colour{3}, Colour{1}}) {
+                board.settings.PlayerName[colour] = name;
+                const QRect ink = Difference(board.Painted(), without);
+                board.settings.PlayerName[colour] = "";
+                const QRect plate = board.fresh.DeviceArea(board.layout.NamePlate(colour));
+                // Writing that touches an edge has been cut there.
+                EXPECT_TRUE(plate.adjusted(1, 1, -1, -1).contains(ink))
+                    << name << " of colour " << colour << " on " << NameOf(screen) << ": " << Text(ink)
+                    << " on a plate of " << Text(plate);
+                EXPECT_GT(ink.width(), plate.width() / 3) << name;
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace zorva::test
