@@ -23,8 +23,7 @@ class RecorderStrip;
 class Mesa : public QWidget {
     Q_OBJECT  // screen readers' interface is found by the class's name
 
-public:
-    Mesa(const GameState& state, const Settings& settings);
+        public : Mesa(const GameState& state, const Settings& settings);
     ~Mesa() override;
 
     /// Makes the window ready for that screen before it is shown: other windows may open first.

@@ -40,8 +40,10 @@ Short WindowOutside::RollFace() {
 // Between two moves nothing is awaited yet that a click could answer. When the players throw
 // themselves, what they did meanwhile stays queued until the throw is awaited, and then throws.
 void WindowOutside::YieldToEvents() {
-    const bool throwComes = state_.GameInProgress && !state_.WaitingForThrow && settings_.PauseBetweenMoves == 1;
-    QCoreApplication::processEvents(throwComes ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
+    const bool throwComes =
+        state_.GameInProgress && !state_.WaitingForThrow && settings_.PauseBetweenMoves == 1;
+    QCoreApplication::processEvents(throwComes ? QEventLoop::ExcludeUserInputEvents
+                                               : QEventLoop::AllEvents);
     if (throwComes) QAbstractEventDispatcher::instance()->wakeUp();
 }
 

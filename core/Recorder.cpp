@@ -92,7 +92,8 @@ bool IsReplaying(const RecorderState& recorder) {
 }
 
 bool CanSwitchOn(const GameState& state, const RecorderState& recorder) {
-    return !recorder.RecorderOn && state.WaitingForThrow && !state.ManualMode && state.MoveRecordCount >= 2;
+    return !recorder.RecorderOn && state.WaitingForThrow && !state.ManualMode &&
+           state.MoveRecordCount >= 2;
 }
 
 bool CanStepBack(const GameState& state, const RecorderState& recorder) {

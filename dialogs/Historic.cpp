@@ -56,15 +56,9 @@ void Historic::DrawGround(QPainter& painter) {
 
 void Historic::KeyPressed(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_PageDown:
-            sheet_->TurnOlder();
-            break;
-        case Qt::Key_PageUp:
-            sheet_->TurnNewer();
-            break;
-        default:
-            BoardDialog::KeyPressed(event);
-            return;
+        case Qt::Key_PageDown: sheet_->TurnOlder(); break;
+        case Qt::Key_PageUp: sheet_->TurnNewer(); break;
+        default: BoardDialog::KeyPressed(event); return;
     }
     update();
 }

@@ -92,16 +92,11 @@ void NameBox::paintEvent(QPaintEvent* event) {
 
 void NameBox::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_Up:
-            focusNextPrevChild(false);
-            break;
+        case Qt::Key_Up: focusNextPrevChild(false); break;
         case Qt::Key_Down:
         case Qt::Key_Return:
-        case Qt::Key_Enter:
-            focusNextPrevChild(true);
-            break;
-        default:
-            QLineEdit::keyPressEvent(event);
+        case Qt::Key_Enter: focusNextPrevChild(true); break;
+        default: QLineEdit::keyPressEvent(event);
     }
 }
 

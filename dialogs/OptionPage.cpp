@@ -79,8 +79,7 @@ void OptionStop::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Enter:
             if (IsKeyStroke(*event)) click();
             break;
-        default:
-            QAbstractButton::keyPressEvent(event);
+        default: QAbstractButton::keyPressEvent(event);
     }
 }
 

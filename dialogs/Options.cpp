@@ -49,28 +49,17 @@ QString AnswerText(Option option, Short value) {
 
 Short& OptionField(Settings& settings, Option option, Colour player) {
     switch (option) {
-        case Option::PauseBetweenMoves:
-            return settings.PauseBetweenMoves;
-        case Option::Tutor:
-            return settings.Tutor;
-        case Option::PlayOrder:
-            return settings.PlayOrder;
-        case Option::Sound:
-            return settings.SoundOn;
-        case Option::RuleSixAllOut:
-            return settings.RuleSixAllOut;
-        case Option::PlayerType:
-            return settings.PlayerType[player];
-        case Option::PlayerState:
-            return settings.PlayerActive[player];
-        case Option::ButtonInfo:
-            return settings.ButtonInfo;
-        case Option::RuleLeaveAllInBox:
-            return settings.RuleLeaveAllInBox;
-        case Option::RuleFiveAllInBox:
-            return settings.RuleFiveAllInBox;
-        case Option::RuleFiveSomeInBox:
-            return settings.RuleFiveSomeInBox;
+        case Option::PauseBetweenMoves: return settings.PauseBetweenMoves;
+        case Option::Tutor: return settings.Tutor;
+        case Option::PlayOrder: return settings.PlayOrder;
+        case Option::Sound: return settings.SoundOn;
+        case Option::RuleSixAllOut: return settings.RuleSixAllOut;
+        case Option::PlayerType: return settings.PlayerType[player];
+        case Option::PlayerState: return settings.PlayerActive[player];
+        case Option::ButtonInfo: return settings.ButtonInfo;
+        case Option::RuleLeaveAllInBox: return settings.RuleLeaveAllInBox;
+        case Option::RuleFiveAllInBox: return settings.RuleFiveAllInBox;
+        case Option::RuleFiveSomeInBox: return settings.RuleFiveSomeInBox;
     }
     StopOnFault("an option that the settings do not have");
 }

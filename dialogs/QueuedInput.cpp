@@ -22,10 +22,8 @@ bool IsInput(QEvent::Type type) {
         case QEvent::TabletRelease:
         case QEvent::TouchBegin:
         case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-            return true;
-        default:
-            return false;
+        case QEvent::TouchEnd: return true;
+        default: return false;
     }
 }
 

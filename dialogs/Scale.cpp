@@ -53,14 +53,9 @@ void Scale::wheelEvent(QWheelEvent* event) {
 
 void Scale::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_Up:
-            focusNextPrevChild(false);
-            break;
-        case Qt::Key_Down:
-            focusNextPrevChild(true);
-            break;
-        default:
-            QAbstractSlider::keyPressEvent(event);
+        case Qt::Key_Up: focusNextPrevChild(false); break;
+        case Qt::Key_Down: focusNextPrevChild(true); break;
+        default: QAbstractSlider::keyPressEvent(event);
     }
 }
 

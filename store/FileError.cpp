@@ -16,20 +16,13 @@ std::string NumberOf(FileError error) {
 
 const char* ReasonText(FileError error) {
     switch (error) {
-        case FileError::DiskFull:
-            return "el disco está lleno";
-        case FileError::PermissionDenied:
-            return "no hay permiso para escribir en la carpeta";
-        case FileError::PathAccess:
-            return "en su lugar hay algo que no es un fichero";
-        case FileError::PathNotFound:
-            return "ya no existe la carpeta";
-        case FileError::DriveNotReady:
-            return "la unidad no está preparada";
-        case FileError::OutOfMemory:
-            return "no hay memoria suficiente";
-        default:
-            return "el disco da un error";
+        case FileError::DiskFull: return "el disco está lleno";
+        case FileError::PermissionDenied: return "no hay permiso para escribir en la carpeta";
+        case FileError::PathAccess: return "en su lugar hay algo que no es un fichero";
+        case FileError::PathNotFound: return "ya no existe la carpeta";
+        case FileError::DriveNotReady: return "la unidad no está preparada";
+        case FileError::OutOfMemory: return "no hay memoria suficiente";
+        default: return "el disco da un error";
     }
 }
 
@@ -60,14 +53,11 @@ FileError FileErrorOf(const std::error_code& error) {
 
 std::string LoadErrorText(FileError error, const std::string& drive) {
     switch (error) {
-        case FileError::DriveNotReady:
-            return "CID ERROR 68: Unidad " + drive + ": no preparada";
+        case FileError::DriveNotReady: return "CID ERROR 68: Unidad " + drive + ": no preparada";
         case FileError::PathNotFound:
             return "CID ERROR 76: No existe el fichero de inicialización ZORVA32.INI";
-        case FileError::OutOfMemory:
-            return "CID ERROR 7 : Insuficiente memoria";
-        default:
-            return "CID ERROR " + NumberOf(error);
+        case FileError::OutOfMemory: return "CID ERROR 7 : Insuficiente memoria";
+        default: return "CID ERROR " + NumberOf(error);
     }
 }
 

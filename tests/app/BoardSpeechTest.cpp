@@ -28,19 +28,23 @@ TEST(BoardSpeech, SaysWhereEverythingIs) {
     const Words rows[] = {
         {"a piece on the ring", PieceText(state, settings, 11), "Ficha 1 de Amarillo, casilla 5"},
         {"a piece at home", PieceText(state, settings, 12), "Ficha 2 de Amarillo, en casa"},
-        {"a piece in its column", PieceText(state, settings, 13), "Ficha 3 de Amarillo, pasillo, casilla 2"},
-        {"a player's own name", PieceText(state, settings, 22), "Ficha 2 de Ana (Azul), en el cuadro de espera"},
+        {"a piece in its column", PieceText(state, settings, 13),
+         "Ficha 3 de Amarillo, pasillo, casilla 2"},
+        {"a player's own name", PieceText(state, settings, 22),
+         "Ficha 2 de Ana (Azul), en el cuadro de espera"},
         {"a safe square shared", SquareText(state, settings, 5),
          "Casilla 5, seguro: ficha 1 de Amarillo, ficha 1 de Ana (Azul)"},
         {"an empty square", SquareText(state, settings, 20), "Casilla 20: libre"},
-        {"the last column square", SquareText(state, settings, 99), "Pasillo del verde, casilla 7: libre"},
+        {"the last column square", SquareText(state, settings, 99),
+         "Pasillo del verde, casilla 7: libre"},
         {"a goal", SquareText(state, settings, 76), "Casa del amarillo: ficha 2 de Amarillo"},
         {"an empty tray", DieText(settings, 2, 0, false), "Dado de Ana (Azul): vacío"},
         {"a throw", DieText(settings, 1, 4, false), "Dado de Amarillo: 4"},
         {"a walk", MoveText(settings, walk), "Amarillo cuenta 12 con la ficha 2: pasillo, casilla 7"},
         {"a captured piece", MoveText(settings, home), "La ficha 1 de Ana (Azul) vuelve a espera"},
         {"a pass", MoveText(settings, pass), "Rojo pasa"},
-        {"a displacement", MoveText(settings, byHand), "La ficha 3 de Verde se coloca a mano: casilla 56"},
+        {"a displacement", MoveText(settings, byHand),
+         "La ficha 3 de Verde se coloca a mano: casilla 56"},
     };
     for (const Words& row : rows) EXPECT_EQ(row.said, QString(row.expected)) << row.what;
 }

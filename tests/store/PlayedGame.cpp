@@ -28,15 +28,11 @@ public:
             return;
         }
         switch (game_.chance.Below(40)) {
-            case 0:
-                return ChangeRules();
-            case 1:
-                return PlayAgainFromEarlier();
+            case 0: return ChangeRules();
+            case 1: return PlayAgainFromEarlier();
             case 2:
-            case 3:
-                return TryDisplacement();
-            default:
-                game_.state.WaitingForThrow = No;
+            case 3: return TryDisplacement();
+            default: game_.state.WaitingForThrow = No;
         }
     }
 

@@ -186,33 +186,15 @@ std::string Damaged(std::string text, Chance& chance) {
     const std::size_t some = 1 + chance.Below(12);
     const std::size_t begin = LineBegin(text, at), end = LineEnd(text, at);
     switch (chance.Below(9)) {
-        case 0:
-            text[at] = static_cast<char>(chance.Below(256));
-            break;
-        case 1:
-            text[at] = static_cast<char>('0' + chance.Below(10));
-            break;
-        case 2:
-            text[at] = static_cast<char>(text[at] ^ (1 << chance.Below(8)));
-            break;
-        case 3:
-            text.resize(at);
-            break;
-        case 4:
-            text.erase(at, some);
-            break;
-        case 5:
-            text.insert(at, text.substr(at, some));
-            break;
-        case 6:
-            text.erase(begin, end - begin);
-            break;
-        case 7:
-            text.insert(begin, text.substr(begin, end - begin));
-            break;
-        default:
-            text.insert(at, std::to_string(chance.Next()));
-            break;
+        case 0: text[at] = static_cast<char>(chance.Below(256)); break;
+        case 1: text[at] = static_cast<char>('0' + chance.Below(10)); break;
+        case 2: text[at] = static_cast<char>(text[at] ^ (1 << chance.Below(8))); break;
+        case 3: text.resize(at); break;
+        case 4: text.erase(at, some); break;
+        case 5: text.insert(at, text.substr(at, some)); break;
+        case 6: text.erase(begin, end - begin); break;
+        case 7: text.insert(begin, text.substr(begin, end - begin)); break;
+        default: text.insert(at, std::to_string(chance.Next())); break;
     }
     return text;
 }
