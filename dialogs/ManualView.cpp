@@ -144,7 +144,7 @@ void ManualView::GoTo(const QString& anchor) {
     bar->setValue(bar->value() - qRound(services_.ToToolkit(roomAboveTarget)));
 }
 
-// Takes the mark off the link that was followed or left, so that Enter does not follow it unseen.
+// Takes the mark off the link that was followed, so that Enter does not follow it unseen.
 void ManualView::DropMark() {
     const int position = verticalScrollBar()->value();
     QTextCursor cursor = textCursor();
@@ -168,9 +168,7 @@ void ManualView::StartInSight(bool forwards) {
 
 bool ManualView::focusNextPrevChild(bool next) {
     StartInSight(next);
-    if (QTextBrowser::focusNextPrevChild(next)) return true;
-    DropMark();
-    return false;
+    return QTextBrowser::focusNextPrevChild(next);
 }
 
 }  // namespace zorva
