@@ -137,6 +137,10 @@ class Display:
         # The toolkit adds the program's name to every title but the program's own.
         return Window(values["WINDOW"], title.removesuffix(" — Zorva"), *sizes)
 
+    def is_dialog(self, window):
+        """Whether it belongs to another window."""
+        return "window id" in self._run("xprop", "-id", window.id, "WM_TRANSIENT_FOR")
+
     # ------------------------------------------------------------------ the mouse and the keyboard
 
     def act(self, *commands):

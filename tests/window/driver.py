@@ -165,18 +165,21 @@ class WindowTest(unittest.TestCase):
     def start_again(self, continues=False):
         """Starts the program with the file that is there."""
         self.program.start()
-        self.wait_until(self.display.active_window, "a window after the start")
-        self.skip_splash()
+        self.skip_title()
         if continues:
             self.answer(CONTINUE_TITLE)
         self.wait_for_board()
 
-    def skip_splash(self):
-        """Breaks the title off with a key, if there is one."""
-        window = self.display.active_window()
-        if window.title == "Zorva" and window.width < self.display.width:
-            self.display.key("space")
-            self.wait_until(lambda: self.display.active_window().id != window.id, "the title's end")
+    def skip_title(self):
+        """Breaks the title of the start off with a key."""
+        def title_window():
+            window = self.display.active_window()
+            return window if window and self.display.is_dialog(window) else None
+
+        window = self.wait_until(title_window, "the title")
+        self.assertEqual(window.title, "Zorva")
+        self.display.key("space")
+        self.wait_until_gone(window)
 
     def wait_for_end(self):
         """The exit status with which the program ends by itself."""
@@ -204,6 +207,13 @@ class WindowTest(unittest.TestCase):
 
         return self.wait_until(found, "the message %r" % title)
 
+    def wait_until_gone(self, window):
+        def gone():
+            now = self.display.active_window()
+            return not self.program.is_running() or (now is not None and now.id != window.id)
+
+        self.wait_until(gone, "the end of the window %r" % window.title)
+
     def answer(self, title, button="accept", key=None):
         """Waits for a message, clicks its button or presses a key, and sees it go."""
         window = self.wait_for_message(title)
@@ -213,12 +223,7 @@ class WindowTest(unittest.TestCase):
             x = window.x + window.width / 2 + MESSAGE_BUTTONS[button] * self.layout.unit
             y = window.y + window.height - ABOVE_EDGE * self.layout.unit
             self.display.click(round(x), round(y))
-
-        def gone():
-            now = self.display.active_window()
-            return not self.program.is_running() or (now is not None and now.id != window.id)
-
-        self.wait_until(gone, "the end of the message %r" % title)
+        self.wait_until_gone(window)
 
     # ------------------------------------------------------------------------ mouse on the board
 

@@ -1,0 +1,64 @@
+"""Reads the board off a picture: which colour's piece stands where."""
+
+from math import cos, pi, sin
+
+from layout import COLOURS, GOAL_SQUARE, PIECES
+
+SQUARES = range(1, 101)
+
+
+def _hue(red, green, blue):
+    """The colour 1..4 that a pixel has, 0 for paper, wood and shadow."""
+    if red > 110 and green > 80 and blue < 0.62 * min(red, green):
+        return 1 if abs(red - green) < 0.45 * red else 0
+    if blue > 90 and blue > 1.3 * max(red, green):
+        return 2
+    if red > 90 and red > 1.7 * max(green, blue):
+        return 3
+    if green > 55 and green > 1.3 * max(red, blue):
+        return 4
+    return 0
+
+
+def piece_at(picture, layout, point):
+    """The colour of the piece whose middle is drawn at a point; 0 when none is. A piece is a disc of
+    its colour, yellow's with a dark mark in the middle, the others' with one of ivory."""
+    x, y = layout.device(point)
+    size = layout.piece_size * layout.unit
+    middle = picture.pixel(x, round(y - size / 28))
+    mark = 1 if max(middle) < 115 else 2 if min(middle) > 190 else 0
+    if mark == 0:
+        return 0
+    body = [_hue(*picture.pixel(round(x + cos(a * pi / 6) * size * 0.34), round(y + sin(a * pi / 6) * size * 0.34)))
+            for a in range(12)]
+    for colour in COLOURS:
+        if body.count(colour) >= 7:
+            return colour if mark == (1 if colour == 1 else 2) else 0
+    return 0
+
+
+def expected_places(layout, positions):
+    """For those positions of the pieces: groups of places and the colours they must show, in any
+    order; a place without a piece shows 0."""
+    groups = []
+    standing = {square: [] for square in SQUARES}
+    for colour in COLOURS:
+        for piece in PIECES:
+            square = positions[colour][piece - 1]
+            groups.append(([layout.box(colour, piece)], [0 if square else colour]))
+            if square:
+                standing[square].append(colour)
+    for square, colours in standing.items():
+        slots = range(1, max(1, len(colours)) + 1)
+        groups.append(([layout.slot(square, slot) for slot in slots], sorted(colours) or [0]))
+    return groups
+
+
+def difference(picture, layout, positions):
+    """What the picture shows otherwise than those positions; empty when it agrees with them."""
+    wrong = []
+    for places, colours in expected_places(layout, positions):
+        seen = sorted(piece_at(picture, layout, place) for place in places)
+        if seen != colours:
+            wrong.append("at %s: %s instead of %s" % (places, seen, colours))
+    return "; ".join(wrong)
