@@ -129,7 +129,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
         PaintDie(painter, view, colour);
     }
     PaintBonus(painter, view);
-    PaintShownMove(painter, view.preview.piece != 0 ? view.preview : view.shown);
+    PaintShownMove(painter, view, view.preview.piece != 0 ? view.preview : view.shown);
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             const PieceCode code = CodeOf(colour, piece);
@@ -201,13 +201,16 @@ void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, d
     painter.drawEllipse(Device(centre), radius * unit, radius * unit);
 }
 
-void BoardPainter::PaintShownMove(QPainter& painter, const BoardView::ShownMove& move) {
+void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
+                                  const BoardView::ShownMove& move) {
     const std::vector<QPointF> way = WayOf(layout_, move);
     if (way.empty()) return;
     for (std::size_t step = 0; step + 1 < way.size(); ++step) {
         PaintRing(painter, way[step], 1.8, 3.6, palette::Mark);
     }
     PaintRing(painter, way.back(), layout_.PieceSize / 2.0 + 1, 3, palette::Mark);
+    if (move.piece == view.inAir) return;
+    PaintRing(painter, view.at[move.piece], layout_.PieceSize / 2.0 + 3.2, 2.2, Qt::white);
 }
 
 QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {

@@ -43,7 +43,7 @@ private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour);
     void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
     void PaintBonus(QPainter& painter, const BoardView& view);
-    void PaintShownMove(QPainter& painter, const BoardView::ShownMove& move);
+    void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move);
     void PaintPickable(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintBanner(QPainter& painter);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);

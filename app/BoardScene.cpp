@@ -151,7 +151,7 @@ void BoardScene::ShowTurn(Colour colour, Short bonusDue) {
 }
 
 void BoardScene::RepaintMove(const BoardView::ShownMove& move) {
-    if (move.piece != 0) Repaint(painter_.MoveArea(move));
+    if (move.piece != 0) Repaint(painter_.MoveArea(move) | AreaOf(move.piece));
 }
 
 void BoardScene::RepaintPiece(PieceCode piece) {

@@ -12,18 +12,30 @@
 namespace zorva {
 
 #ifdef __linux__
-void OnEndSignal(std::function<void()> called) {
+namespace {
+
+sigset_t EndSignals() {
     sigset_t wanted;
     sigemptyset(&wanted);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) sigaddset(&wanted, signal);
+    return wanted;
+}
+
+}  // namespace
+
+void HoldBackEndSignals() {
+    const sigset_t wanted = EndSignals();
     pthread_sigmask(SIG_BLOCK, &wanted, nullptr);
+}
+
+void OnEndSignal(std::function<void()> called) {
+    const sigset_t wanted = EndSignals();
     const int descriptor = signalfd(-1, &wanted, SFD_CLOEXEC | SFD_NONBLOCK);
     if (descriptor < 0) {
         pthread_sigmask(SIG_UNBLOCK, &wanted, nullptr);
         return;
     }
-    auto* notifier =
-        new QSocketNotifier(descriptor, QSocketNotifier::Read, QCoreApplication::instance());
+    auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(notifier, &QSocketNotifier::activated, notifier,
                      [descriptor, called = std::move(called)] {
                          signalfd_siginfo signal{};
@@ -31,6 +43,7 @@ void OnEndSignal(std::function<void()> called) {
                      });
 }
 #else
+void HoldBackEndSignals() {}
 void OnEndSignal(std::function<void()>) {}
 #endif
 

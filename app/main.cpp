@@ -22,6 +22,7 @@ void SaveAndEnd(zorva::Program& program) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    zorva::HoldBackEndSignals();
     QApplication application(argc, argv);
     QApplication::setApplicationName("zorva32");
     QApplication::setApplicationDisplayName("Zorva");
