@@ -35,6 +35,7 @@ Historic::Historic(QWidget* parent, const Services& services, History history)
       history_(std::move(history)),
       sheet_(new HistoricSheet(this, services, history_)) {
     Place(sheet_, sheetBox);
+    sheet_->Turned = [this] { update(); };
     auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
     Place(leave, leaveButton);
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
@@ -58,9 +59,8 @@ void Historic::KeyPressed(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_PageDown: sheet_->TurnOlder(); break;
         case Qt::Key_PageUp: sheet_->TurnNewer(); break;
-        default: BoardDialog::KeyPressed(event); return;
+        default: BoardDialog::KeyPressed(event);
     }
-    update();
 }
 
 void Historic::Leave() {

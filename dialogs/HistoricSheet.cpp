@@ -71,6 +71,7 @@ HistoricSheet::HistoricSheet(QWidget* window, const Services& services, const Hi
     setObjectName("Pic_Carpeta");
     setAccessibleName("Histórico de partidas");
     setMouseTracking(true);
+    setFocusPolicy(Qt::TabFocus);  // for who has it read out
     PageChanged();
 }
 
@@ -95,6 +96,7 @@ void HistoricSheet::Turn(void (HistoricPages::*turn)()) {
     services_.Pause(pauseOfPage);
     (pages_.*turn)();
     PageChanged();
+    if (Turned) Turned();
 }
 
 // What the page says, for a screen reader; a corner that turns nothing is not there.
@@ -124,6 +126,7 @@ void HistoricSheet::paintEvent(QPaintEvent*) {
         DrawRecord(painter, i, top);
     }
     DrawCorners(painter);
+    if (hasFocus()) ornament::DrawFocus(painter, QRectF(2, 2, Width - 4, Height - 4), 3);
 }
 
 void HistoricSheet::DrawRuling(QPainter& painter) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <functional>
 
 #include "app/Services.h"
 #include "dialogs/HistoricPages.h"
@@ -31,6 +32,9 @@ public:
     HistoricSheet(QWidget* window, const Services& services, const History& history);
 
     const HistoricPages& Pages() const { return pages_; }
+
+    /// The sheet has been turned.
+    std::function<void()> Turned;
 
     /// Turns the sheet if there is a page on that side; else nothing happens.
     void TurnOlder();

@@ -41,12 +41,9 @@ double SetText::WidestLine() const {
     return widest / fine;
 }
 
-double SetText::Ascent() const {
-    return LineCount() == 0 ? 0 : layout_.lineAt(0).ascent() / fine;
-}
-
-double SetText::Descent() const {
-    return LineCount() == 0 ? 0 : layout_.lineAt(0).descent() / fine;
+double SetText::MiddleOfInk() const {
+    const QFontMetricsF metrics(layout_.font());
+    return (metrics.ascent() + metrics.tightBoundingRect("dg").center().y()) / fine;
 }
 
 void SetText::Draw(QPainter& painter, QPointF top, double pitch) const {

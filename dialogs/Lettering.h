@@ -27,9 +27,8 @@ public:
     int LineCount() const { return layout_.lineCount(); }
     /// The width of the widest line, without blanks at its end.
     double WidestLine() const;
-    /// From the top of a line's letters to their base line, and from there to their lowest point.
-    double Ascent() const;
-    double Descent() const;
+    /// From the top of a line to the middle between its tall letters' tops and the tails below.
+    double MiddleOfInk() const;
 
     /// Draws the lines in the painter's pen, their tops `pitch` apart, the first at `top`.
     void Draw(QPainter& painter, QPointF top, double pitch) const;

@@ -40,9 +40,8 @@ MessageLabel::MessageLabel(QWidget* parent, const Services& services, const char
 }
 
 QPointF MessageLabel::TextOrigin() const {
-    const double lineHeight = lines_.Ascent() + lines_.Descent();
-    const double spare = height() / services_.ToToolkit(1) - MessageLinePitch * (lines_.LineCount() - 1);
-    return {sideMargin, (spare - lineHeight) / 2};
+    const double room = height() / services_.ToToolkit(1) - MessageLinePitch * (lines_.LineCount() - 1);
+    return {sideMargin, room / 2 - lines_.MiddleOfInk()};
 }
 
 void MessageLabel::paintEvent(QPaintEvent*) {

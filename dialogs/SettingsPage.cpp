@@ -22,13 +22,13 @@ constexpr Short blockHeight = 208;
 constexpr Short headerHeight = 28;
 constexpr Box nameLabel{8, 86, 51, 20};
 constexpr Box nameBox{61, 86, 74, 20};
-constexpr Box levelLabel{8, 111, Scale::Width, 17};
+constexpr Box levelLabel{8, 111, 127, 17};
 constexpr Box levelScale{8, 129, Scale::Width, Scale::Height};
 constexpr Point playerState{8, 44};
 constexpr Point playerType{8, 164};
 
 constexpr Box commonSheet{17, 266, 590, 104};
-constexpr Box speedLabel{418, 322, 134, 17};
+constexpr Box speedLabel{418, 322, 150, 17};
 constexpr Box speedScale{418, 341, Scale::Width, Scale::Height};
 
 Point BlockCorner(Colour player) {
