@@ -222,9 +222,8 @@ QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {
 void BoardPainter::PaintPickable(QPainter& painter, const BoardView& view, PieceCode code) {
     if (!view.movable[code] || code == view.inAir) return;
     const bool marked = view.marked == code;
-    const double radius = layout_.PieceSize / 2.0 + (marked ? 2.5 : 1.5);
-    PaintRing(painter, view.at[code], radius, marked ? 4 : 2.6,
-              marked ? QColor(Qt::white) : palette::Light);
+    const double radius = layout_.PieceSize / 2.0 + (marked ? 2.4 : 1.6);
+    PaintRing(painter, view.at[code], radius, marked ? 4.4 : 3.2, palette::Mark);
 }
 
 Box BoardPainter::Banner() const {
