@@ -1,0 +1,159 @@
+#include "app/GameRunner.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/Chance.h"
+#include "core/DecidedThrows.h"
+#include "core/Turns.h"
+
+namespace zorva::test {
+namespace {
+
+/// A world whose players do what the test says at each wait, and answer each question.
+class RunnerTest : public testing::Test, public DecidedThrows {
+protected:
+    RunnerTest() {
+        settings.PlayerType.fill(2);
+        runner.GameOver = [this] { told.emplace_back("over"); };
+        runner.SettingsWanted = [this] { told.emplace_back("settings"); };
+        runner.Ended = [this] {
+            EXPECT_FALSE(runner.IsRunning());
+            told.emplace_back("ended");
+        };
+        onWait = [this] { state.WaitingForThrow = state.WaitingForMove = No; };
+    }
+
+    void WaitForInput() override {
+        ++waits;
+        onWait();
+    }
+    MessageAnswer ShowMessage(std::string_view title, std::string_view, Short, MessageButtons) override {
+        if (title == "Comienza la Partida") {
+            told.emplace_back("begins");
+            return begins;
+        }
+        return MessageAnswer::Refused;
+    }
+    Short NextThrow() override { return chance.Face(); }
+
+    /// What a person does who accepts whatever is advised.
+    void GoOn() {
+        if (state.WaitingForMove) TakeAdvisedMove(state);
+        state.WaitingForThrow = No;
+    }
+
+    Settings settings;
+    GameState state;
+    Chance chance{7};
+    GameRunner runner{state, settings, *this};
+    std::function<void()> onWait;
+    MessageAnswer begins = MessageAnswer::Accepted;
+    std::vector<std::string> told;
+    int waits = 0;
+};
+
+using Told = std::vector<std::string>;
+
+TEST_F(RunnerTest, AThousandNewGamesNeedNoMoreStackThanOne) {
+    std::uintptr_t lowest = UINTPTR_MAX;
+    std::uintptr_t highest = 0;
+    onWait = [&] {
+        const volatile char here = 0;
+        const auto address = reinterpret_cast<std::uintptr_t>(&here);
+        lowest = std::min(lowest, address);
+        highest = std::max(highest, address);
+        if (waits < 1000) {
+            runner.StartNewGame();
+        } else {
+            runner.Leave();
+        }
+    };
+    runner.StartNewGame();
+    EXPECT_EQ(waits, 1000);
+    EXPECT_EQ(highest, lowest);
+    EXPECT_EQ(std::count(told.begin(), told.end(), "begins"), 1000);
+    EXPECT_EQ(told.back(), "ended");
+    EXPECT_EQ(std::count(told.begin(), told.end(), "ended"), 1);
+    EXPECT_FALSE(runner.IsRunning());
+}
+
+TEST_F(RunnerTest, AGivenUpGameIsOverBeforeTheNextBegins) {
+    for (const bool inMove : {false, true}) {
+        told.clear();
+        waits = 0;
+        onWait = [&, done = false]() mutable {
+            if (!done && (!inMove || state.WaitingForMove)) {
+                done = true;
+                runner.StartNewGame();
+                EXPECT_EQ(state.GameInProgress, No);
+                EXPECT_TRUE(runner.IsRunning()) << "the old driver has still to return";
+            } else if (done) {
+                runner.Leave();
+            } else {
+                GoOn();
+            }
+        };
+        runner.StartNewGame();
+        const Told afterFirst(std::find(told.begin(), told.end(), "begins"), told.end());
+        EXPECT_EQ(afterFirst, (Told{"begins", "over", "begins", "ended"}));
+    }
+}
+
+TEST_F(RunnerTest, AFinishedGameIsOver) {
+    settings.PlayerType.fill(1);
+    settings.PauseBetweenMoves = 2;
+    runner.StartNewGame();
+    ASSERT_GE(told.size(), 2u);
+    EXPECT_EQ(Told(told.end() - 2, told.end()), (Told{"begins", "over"}));
+    EXPECT_EQ(state.GameInProgress, No);
+    EXPECT_FALSE(runner.IsRunning());
+    EXPECT_EQ(waits, 0);
+}
+
+TEST_F(RunnerTest, ALeftGameIsNotOver) {
+    onWait = [this] { runner.Leave(); };
+    runner.StartNewGame();
+    EXPECT_EQ(Told(told.end() - 2, told.end()), (Told{"begins", "ended"}));
+    told.clear();
+    runner.Leave();
+    EXPECT_EQ(told, Told{"ended"}) << "without a game there is nothing to wait for";
+}
+
+TEST_F(RunnerTest, AContinuedGameGoesOnToItsEnd) {
+    onWait = [this] {
+        if (waits == 5) state.GameInProgress = state.WaitingForThrow = state.WaitingForMove = No;
+        GoOn();
+    };
+    state.GameInProgress = Yes;
+    state.CurrentColour = 2;
+    runner.Continue();
+    EXPECT_EQ(told, Told{"over"});
+    EXPECT_EQ(waits, 5);
+}
+
+TEST_F(RunnerTest, ACancelledFirstQuestionAsksForTheSettings) {
+    begins = MessageAnswer::Refused;
+    runner.StartNewGame();
+    EXPECT_EQ(told.back(), "settings");
+    EXPECT_EQ(std::count(told.begin(), told.end(), "settings"), 1);
+    EXPECT_EQ(state.GameInProgress, No);
+    EXPECT_EQ(waits, 0);
+    EXPECT_FALSE(runner.IsRunning());
+    // A new game that is asked for meanwhile is played, not forgotten.
+    onWait = [this] { runner.Leave(); };
+    runner.SettingsWanted = [this] {
+        begins = MessageAnswer::Accepted;
+        runner.StartNewGame();
+    };
+    runner.StartNewGame();
+    EXPECT_EQ(waits, 1);
+    EXPECT_EQ(told.back(), "ended");
+}
+
+}  // namespace
+}  // namespace zorva::test
