@@ -234,6 +234,10 @@ class WindowTest(unittest.TestCase):
             return self.layout.box(colour, piece)
         return self.layout.slot(square, game.slot_of(colour, piece))
 
+    def rest_pointer(self):
+        """Puts the pointer, which pictures show, where it covers and touches nothing."""
+        self.point_at(self.layout.house(3))
+
     def point_at(self, point):
         self.display.move(*self.layout.device(point))
 
@@ -252,6 +256,7 @@ class WindowTest(unittest.TestCase):
 
     def click_recorder(self, key):
         self.click(self.layout.recorder_key(key))
+        self.rest_pointer()
 
     def drag(self, start, end):
         self.display.drag(self.layout.device(start), self.layout.device(end))

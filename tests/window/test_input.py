@@ -15,10 +15,6 @@ TWO_TO_CHOOSE = {YELLOW: [76, 76, 20, 40], BLUE: [0, 0, 0, 0], RED: [0, 0, 0, 0]
 
 
 class BoardTest(WindowTest):
-    def rest_pointer(self):
-        """Puts the pointer where it touches nothing, so that pictures can be compared."""
-        self.point_at(self.layout.house(RED))
-
     def settled_picture(self):
         """The screen once nothing on it changes any more."""
         self.rest_pointer()
