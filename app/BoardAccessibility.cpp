@@ -7,6 +7,7 @@
 
 #include "app/BoardReading.h"
 #include "app/Mesa.h"
+#include "app/Pacer.h"
 #include "app/PiecePlaces.h"
 #include "core/Board.h"
 
@@ -63,7 +64,7 @@ public:
     QStringList actionNames() const override { return {pressAction()}; }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
     void doAction(const QString& action) override {
-        if (action == pressAction()) Press();
+        if (action == pressAction()) Pacer::AfterWait(&mesa_, [this] { Press(); });
     }
 
 protected:

@@ -35,7 +35,8 @@ void OnEndSignal(std::function<void()> called) {
         pthread_sigmask(SIG_UNBLOCK, &wanted, nullptr);
         return;
     }
-    auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, QCoreApplication::instance());
+    auto* notifier =
+        new QSocketNotifier(descriptor, QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(notifier, &QSocketNotifier::activated, notifier,
                      [descriptor, called = std::move(called)] {
                          signalfd_siginfo signal{};

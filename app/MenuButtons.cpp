@@ -4,15 +4,21 @@
 #include <QPainter>
 
 #include "app/Artwork.h"
+#include "app/Pacer.h"
 #include "app/Palette.h"
 
 namespace zorva {
 
 MenuButton::MenuButton(QWidget* parent, const Services& services, int index)
-    : QWidget(parent), services_(services), index_(index) {
+    : QAbstractButton(parent), services_(services), index_(index) {
     setObjectName(QStringLiteral("Pic_Boton_%1").arg(index));
     setAccessibleName(HoverText(index).trimmed());
     setFocusPolicy(Qt::NoFocus);
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        Pacer::AfterWait(this, [this] {
+            if (Pressed) Pressed();
+        });
+    });
 }
 
 QString MenuButton::HoverText(int index) {
@@ -50,6 +56,7 @@ void MenuButton::paintEvent(QPaintEvent*) {
 }
 
 void MenuButton::mousePressEvent(QMouseEvent* event) {
+    // Not handed on: the mouse acts when it presses, not when it lets go.
     if (event->button() == Qt::LeftButton && Pressed) Pressed();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QAbstractButton>
 #include <array>
 #include <functional>
 
@@ -8,8 +8,8 @@
 
 namespace zorva {
 
-/// Pic_Boton: one key of the menu. It acts when it is pressed.
-class MenuButton : public QWidget {
+/// Pic_Boton: one key of the menu. It acts when it is pressed, by the mouse or by a screen reader.
+class MenuButton : public QAbstractButton {
 public:
     MenuButton(QWidget* parent, const Services& services, int index);
 

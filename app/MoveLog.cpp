@@ -47,6 +47,7 @@ void MoveLog::Begin(const QString& heading) {
 
 void MoveLog::Add(const QString& line) {
     lines_.append(line);
+    setAccessibleDescription(line);
     selected_ = -1;
     ScrollTo(Count() - 1);
 }

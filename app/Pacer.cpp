@@ -11,6 +11,10 @@ namespace zorva {
 namespace {
 
 constexpr int frameMilliseconds = 16;
+constexpr int retryMilliseconds = 20;
+
+// How many waits are on, one inside another. There is one event loop, and this belongs to it.
+int waitsOn = 0;
 
 // A loop of processEvents() without user input would strand the clicks made meanwhile until the next
 // event from the window system; a nested loop delivers them as soon as it ends.
@@ -31,11 +35,21 @@ void RunLoop(double milliseconds, const Pacer::Frame& frame) {
         });
         frames.start(frameMilliseconds);
     }
+    ++waitsOn;
     loop.exec(QEventLoop::ExcludeUserInputEvents);
+    --waitsOn;
     if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
 }
 
 }  // namespace
+
+void Pacer::AfterWait(QObject* context, const std::function<void()>& called) {
+    if (waitsOn == 0) {
+        called();
+        return;
+    }
+    QTimer::singleShot(retryMilliseconds, context, [context, called] { AfterWait(context, called); });
+}
 
 void Pacer::Wait(double milliseconds, const Frame& frame) {
     if (milliseconds >= 0.5) RunLoop(milliseconds, frame);

@@ -2,6 +2,8 @@
 
 #include <functional>
 
+class QObject;
+
 namespace zorva {
 
 /// Waits by the monotonic clock. While it waits the windows are painted and the processor rests;
@@ -14,6 +16,10 @@ public:
     /// Waits that many milliseconds; returns at once when there are none. The last frame has
     /// progress 1, also when there was nothing to wait for.
     static void Wait(double milliseconds, const Frame& frame = {});
+
+    /// Calls that as soon as no wait is on: at once, or after it. For what does not come through the
+    /// queue of the mouse and the keyboard, such as the wish of a screen reader.
+    static void AfterWait(QObject* context, const std::function<void()>& called);
 };
 
 }  // namespace zorva

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/Artwork.h"
+#include "app/Pacer.h"
 #include "app/Pointers.h"
 
 namespace zorva {
@@ -52,6 +53,28 @@ RecorderStrip::RecorderStrip(QWidget* parent, const Services& services)
     setAccessibleName("Grabadora de jugadas");
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);
+    for (int index = 0; index < RecorderKeyCount; ++index) {
+        const auto key = static_cast<RecorderKey>(index);
+        auto* stop = new Stop(this);
+        stop->setAccessibleName(HoverText(key).trimmed());
+        stop->setFocusPolicy(Qt::NoFocus);
+        stop->setAttribute(Qt::WA_TransparentForMouseEvents);
+        connect(stop, &QAbstractButton::clicked, this, [this, key] {
+            Pacer::AfterWait(this, [this, key] {
+                if (Pressed) Pressed(key);
+            });
+        });
+        stops_[index] = stop;
+    }
+}
+
+void RecorderStrip::resizeEvent(QResizeEvent*) {
+    const double unit = services_.ToToolkit(1);
+    for (int index = 0; index < RecorderKeyCount; ++index) {
+        const Box box = KeyBox(static_cast<RecorderKey>(index));
+        stops_[index]->setGeometry(
+            QRectF(box.x * unit, box.y * unit, box.width * unit, box.height * unit).toAlignedRect());
+    }
 }
 
 QString RecorderStrip::HoverText(RecorderKey key) {

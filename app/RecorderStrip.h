@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -37,11 +38,22 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    // A key as screen readers find it; it draws nothing and lets the mouse through.
+    class Stop : public QAbstractButton {
+    public:
+        using QAbstractButton::QAbstractButton;
+
+    protected:
+        void paintEvent(QPaintEvent*) override {}
+    };
+
     Point StripPoint(QPointF position) const;
 
     const Services& services_;
+    std::array<Stop*, RecorderKeyCount> stops_{};  // owned by the strip
     std::array<bool, RecorderKeyCount> pressed_{};
     bool explains_ = true;
 };
