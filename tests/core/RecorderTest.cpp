@@ -10,7 +10,6 @@
 #include "core/Displacement.h"
 #include "core/Opening.h"
 #include "core/Records.h"
-#include "core/Rules.h"
 #include "core/Turns.h"
 #include "tests/support/NotingOutside.h"
 #include "tests/support/Positions.h"
@@ -62,10 +61,10 @@ public:
     }
 
     void WaitForInput() override {
-        if (state.WaitingForMove) return PickPiece();
+        if (state.WaitingForMove) return PickByChance(state, chance);
         if (!state.ManualShiftMade) beginnings[state.MoveRecordCount] = state;
         if (atThrow) atThrow(*this);
-        if (kind.shiftsByHand && chance.Below(8) == 0) TryDisplacement();
+        if (kind.shiftsByHand && chance.Below(8) == 0) TryShiftByHand(state, kind.settings, chance);
         state.WaitingForThrow = No;
     }
 
@@ -81,24 +80,6 @@ protected:
     Short NextThrow() override { return kind.faces[chance.Below(kind.faces.size())]; }
 
 private:
-    void PickPiece() {
-        do {
-            state.MovePiece = static_cast<Short>(1 + chance.Below(PiecesPerColour));
-        } while (!state.MovablePieces[state.MovePiece]);
-        state.MoveFrom = state.PiecePosition[state.CurrentColour][state.MovePiece];
-        state.MoveTo = DestinationOf(state.CurrentColour, state.MoveCount, state.MoveFrom);
-        state.WaitingForMove = No;
-    }
-
-    void TryDisplacement() {
-        const auto colour = static_cast<Colour>(1 + chance.Below(ColourCount));
-        const PieceCode code = CodeOf(colour, static_cast<Short>(1 + chance.Below(PiecesPerColour)));
-        const auto to = static_cast<Square>(chance.Below(LastSquare + 1));
-        if (!MayBeDragged(state, kind.settings, code) || !MayBeDropped(state, code, to)) return;
-        EnterManualMode(state);
-        DisplaceByHand(state, code, to);
-    }
-
     Short longest_;
 };
 

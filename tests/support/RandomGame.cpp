@@ -42,9 +42,10 @@ public:
 
     void WaitForInput() override {
         if (state_.WaitingForMove) {
-            PickPiece();
+            PickByChance(state_, chance_);
         } else {
-            if (kind_.shiftsByHand && chance_.Below(8) == 0) TryShiftByHand();
+            if (kind_.shiftsByHand && chance_.Below(8) == 0)
+                TryShiftByHand(state_, kind_.settings, chance_);
             state_.WaitingForThrow = No;
         }
     }
@@ -55,28 +56,6 @@ protected:
     Short NextThrow() override { return kind_.faces[chance_.Below(kind_.faces.size())]; }
 
 private:
-    void PickPiece() {
-        Short piece = 0;
-        do {
-            piece = static_cast<Short>(1 + chance_.Below(PiecesPerColour));
-        } while (!state_.MovablePieces[piece]);
-        state_.MovePiece = piece;
-        state_.MoveFrom = state_.PiecePosition[state_.CurrentColour][piece];
-        state_.MoveTo = DestinationOf(state_.CurrentColour, state_.MoveCount, state_.MoveFrom);
-        state_.WaitingForMove = No;
-    }
-
-    void TryShiftByHand() {
-        const Colour colour = static_cast<Colour>(1 + chance_.Below(ColourCount));
-        const PieceCode code = CodeOf(colour, static_cast<Short>(1 + chance_.Below(PiecesPerColour)));
-        const Short steps = static_cast<Short>(chance_.Below(StepsToGoal + 2));
-        const Square to =
-            steps > StepsToGoal ? Square{0} : AdvanceSquare(ExitSquare[colour], steps, colour);
-        if (!MayBeDragged(state_, kind_.settings, code) || !MayBeDropped(state_, code, to)) return;
-        EnterManualMode(state_);
-        DisplaceByHand(state_, code, to);
-    }
-
     GameState& state_;
     const RandomGameKind& kind_;
     Chance& chance_;
@@ -108,6 +87,27 @@ RandomGameKind RandomGameKind::Of(Chance& chance) {
     kind.shiftsByHand = chance.Below(4) == 0;
     kind.watched = chance.Below(2) == 0;
     return kind;
+}
+
+void PickByChance(GameState& state, Chance& chance) {
+    Short piece = 0;
+    do {
+        piece = static_cast<Short>(1 + chance.Below(PiecesPerColour));
+    } while (!state.MovablePieces[piece]);
+    state.MovePiece = piece;
+    state.MoveFrom = state.PiecePosition[state.CurrentColour][piece];
+    state.MoveTo = DestinationOf(state.CurrentColour, state.MoveCount, state.MoveFrom);
+    state.WaitingForMove = No;
+}
+
+void TryShiftByHand(GameState& state, const Settings& settings, Chance& chance) {
+    const Colour colour = static_cast<Colour>(1 + chance.Below(ColourCount));
+    const PieceCode code = CodeOf(colour, static_cast<Short>(1 + chance.Below(PiecesPerColour)));
+    const Short steps = static_cast<Short>(chance.Below(StepsToGoal + 2));
+    const Square to = steps > StepsToGoal ? Square{0} : AdvanceSquare(ExitSquare[colour], steps, colour);
+    if (!MayBeDragged(state, settings, code) || !MayBeDropped(state, code, to)) return;
+    EnterManualMode(state);
+    DisplaceByHand(state, code, to);
 }
 
 Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chance,

@@ -22,6 +22,12 @@ struct RandomGameKind {
     static RandomGameKind Of(Chance& chance);
 };
 
+/// Picks any piece that may move, as a person does whose move is awaited.
+void PickByChance(GameState& state, Chance& chance);
+
+/// Drags any piece to any square of its way or its box, if it may stand there.
+void TryShiftByHand(GameState& state, const Settings& settings, Chance& chance);
+
 /// Called before each record is carried out: the state still stands as the record before left it.
 using BeforeRecord = std::function<void(const GameState& state, const MoveRecord& record)>;
 
