@@ -178,8 +178,7 @@ void OptionPage::mouseMoveEvent(QMouseEvent* event) {
 }
 
 Short OptionPage::AnswerOf(const OptionPlace& place) const {
-    // The table of fields is one for reading and writing; nothing is written here.
-    return OptionField(const_cast<Settings&>(settings_), place.option, place.player);
+    return OptionField(settings_, place.option, place.player);
 }
 
 }  // namespace zorva

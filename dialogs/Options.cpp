@@ -36,18 +36,9 @@ constexpr const char* answers[optionCount + 1][2] = {
     {"Es obligatorio sacar una ficha", "Puede sacar ficha o jugar cualquier otra"},
 };
 
-}  // namespace
-
-QString QuestionText(Option option) {
-    return QString::fromUtf8(questions[static_cast<Short>(option)]);
-}
-
-QString AnswerText(Option option, Short value) {
-    Insist(value == 1 || value == 2, "an option has two answers");
-    return QString::fromUtf8(answers[static_cast<Short>(option)][value - 1]);
-}
-
-Short& OptionField(Settings& settings, Option option, Colour player) {
+// Of settings that may be changed a field that may be changed.
+template <typename AnySettings>
+auto& FieldOf(AnySettings& settings, Option option, Colour player) {
     switch (option) {
         case Option::PauseBetweenMoves: return settings.PauseBetweenMoves;
         case Option::Tutor: return settings.Tutor;
@@ -62,6 +53,25 @@ Short& OptionField(Settings& settings, Option option, Colour player) {
         case Option::RuleFiveSomeInBox: return settings.RuleFiveSomeInBox;
     }
     StopOnFault("an option that the settings do not have");
+}
+
+}  // namespace
+
+QString QuestionText(Option option) {
+    return QString::fromUtf8(questions[static_cast<Short>(option)]);
+}
+
+QString AnswerText(Option option, Short value) {
+    Insist(value == 1 || value == 2, "an option has two answers");
+    return QString::fromUtf8(answers[static_cast<Short>(option)][value - 1]);
+}
+
+Short& OptionField(Settings& settings, Option option, Colour player) {
+    return FieldOf(settings, option, player);
+}
+
+Short OptionField(const Settings& settings, Option option, Colour player) {
+    return FieldOf(settings, option, player);
 }
 
 }  // namespace zorva

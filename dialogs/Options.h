@@ -30,6 +30,7 @@ QString AnswerText(Option option, Short value);
 
 /// Where the settings keep an option. `player` matters only to the options that each player has.
 Short& OptionField(Settings& settings, Option option, Colour player);
+Short OptionField(const Settings& settings, Option option, Colour player);
 
 /// One option on its page. Everything is drawn and clicked by this place alone.
 struct OptionPlace {

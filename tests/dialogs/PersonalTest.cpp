@@ -88,8 +88,7 @@ TEST_F(PersonalTest, EveryOptionIsFlippedByMouseAndByKey) {
             const Settings before = settings;
             applied = 0;
             Press(row.option, row.player, {18, 21});
-            EXPECT_NE(Value(row.option, row.player),
-                      OptionField(const_cast<Settings&>(before), row.option, row.player));
+            EXPECT_NE(Value(row.option, row.player), OptionField(before, row.option, row.player));
             QTest::keyClick(Find(row.option, row.player), Qt::Key_Space);
             EXPECT_EQ(settings, before) << "the second time leads back";
             QTest::keyClick(Find(row.option, row.player), Qt::Key_Return);
