@@ -74,6 +74,11 @@ class Program:
     def is_running(self):
         return self.process is not None and self.process.poll() is None
 
+    def condition(self):
+        if self.is_running():
+            return "is running"
+        return "ended with status %s" % (self.process and self.process.returncode)
+
     def game(self):
         """The game as the file has it: at the beginning of a turn."""
         return self._file()[1]
@@ -142,9 +147,8 @@ class WindowTest(unittest.TestCase):
                 return answer
             if time.monotonic() > end:
                 window = self.display.active_window()
-                state = "running" if self.program.is_running() else "ended"
-                self.fail("%s: not within %g s; the program is %s, the window on top is %s"
-                          % (what, timeout, state, window and repr(window.title)))
+                self.fail("%s: not within %g s; the program %s, the window on top is %s"
+                          % (what, timeout, self.program.condition(), window and repr(window.title)))
             time.sleep(POLL)
 
     def holds_for(self, seconds, condition, what):
@@ -286,6 +290,17 @@ class WindowTest(unittest.TestCase):
                 return True
             time.sleep(0.005)
         return False
+
+    def play_moves(self, moves):
+        """At least that many more moves by keys, which throw and take the advised move; up to a position
+        before a throw."""
+        wanted, last_change = self.game().moves + moves, time.monotonic()
+        while self.game().moves < wanted or self.game().bonus_due():
+            if self.advances(lambda: self.display.key("space")):
+                last_change = time.monotonic()
+            elif self.title():
+                self.answer(self.title())
+            self.assertLess(time.monotonic() - last_change, PATIENCE, "the game stands still")
 
     def play_until(self, title, act, answer):
         """Plays on until that message is open: does `act`, which says whether the game went on, and
