@@ -64,7 +64,7 @@ public:
     QStringList actionNames() const override { return {pressAction()}; }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
     void doAction(const QString& action) override {
-        if (action == pressAction()) Pacer::AfterWait(&mesa_, [this] { Press(); });
+        if (action == pressAction()) mesa_.Waits().AfterWait(&mesa_, [this] { Press(); });
     }
 
 protected:

@@ -160,7 +160,8 @@ void BoardInput::StartDrag(Point at) {
 
 void BoardInput::LetGlideBack(PieceCode piece) {
     mesa_.Scene().StartGlideBack(piece);
-    Pacer::Wait(glideBackMilliseconds, [this](double progress) { mesa_.Scene().ShowStep(progress); });
+    mesa_.Waits().Wait(glideBackMilliseconds,
+                       [this](double progress) { mesa_.Scene().ShowStep(progress); });
     mesa_.Scene().PutDown(piece);
     mesa_.RefreshPointer();
 }

@@ -15,7 +15,7 @@ MenuButton::MenuButton(QWidget* parent, const Services& services, int index)
     setAccessibleName(HoverText(index).trimmed());
     setFocusPolicy(Qt::NoFocus);
     connect(this, &QAbstractButton::clicked, this, [this] {
-        Pacer::AfterWait(this, [this] {
+        services_.pacer->AfterWait(this, [this] {
             if (Pressed) Pressed();
         });
     });

@@ -17,7 +17,7 @@
 namespace zorva {
 
 Mesa::Mesa(const GameState& state, const Settings& settings)
-    : state_(state), settings_(settings), services_{artwork_, pointers_, {}, 1, {}, {}} {
+    : state_(state), settings_(settings), services_{artwork_, pointers_, {}, 1, {}, {}, &pacer_} {
     setAccessibleName("Tablero de parchís");
     setObjectName("Mesa");
     setWindowTitle("Zorva");

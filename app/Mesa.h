@@ -6,6 +6,7 @@
 
 #include "app/Artwork.h"
 #include "app/BoardScene.h"
+#include "app/Pacer.h"
 #include "app/Pointers.h"
 #include "app/Services.h"
 #include "core/Outside.h"
@@ -41,6 +42,7 @@ class Mesa : public QWidget {
     MenuButtons& Buttons() { return *buttons_; }
     RecorderStrip& Strip() { return *strip_; }
     Services& Shared() { return services_; }
+    Pacer& Waits() { return pacer_; }
 
     /// How a message is shown; set by whoever builds the window.
     std::function<MessageAnswer(const QString& title, const QString& text, Short lineCount,
@@ -90,6 +92,7 @@ private:
     QString news_;
     Artwork artwork_;
     Pointers pointers_{artwork_};
+    Pacer pacer_;
     Services services_;
     std::unique_ptr<BoardScene> scene_;
     std::unique_ptr<MenuButtons> buttons_;

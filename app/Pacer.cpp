@@ -13,9 +13,6 @@ namespace {
 constexpr int frameMilliseconds = 16;
 constexpr int retryMilliseconds = 20;
 
-// How many waits are on, one inside another. There is one event loop, and this belongs to it.
-int waitsOn = 0;
-
 // A loop of processEvents() without user input would strand the clicks made meanwhile until the next
 // event from the window system; a nested loop delivers them as soon as it ends.
 void RunLoop(double milliseconds, const Pacer::Frame& frame) {
@@ -35,24 +32,27 @@ void RunLoop(double milliseconds, const Pacer::Frame& frame) {
         });
         frames.start(frameMilliseconds);
     }
-    ++waitsOn;
     loop.exec(QEventLoop::ExcludeUserInputEvents);
-    --waitsOn;
     if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
 }
 
 }  // namespace
 
 void Pacer::AfterWait(QObject* context, const std::function<void()>& called) {
-    if (waitsOn == 0) {
+    if (waitsOn_ == 0) {
         called();
         return;
     }
-    QTimer::singleShot(retryMilliseconds, context, [context, called] { AfterWait(context, called); });
+    QTimer::singleShot(retryMilliseconds, context,
+                       [this, context, called] { AfterWait(context, called); });
 }
 
 void Pacer::Wait(double milliseconds, const Frame& frame) {
-    if (milliseconds >= 0.5) RunLoop(milliseconds, frame);
+    if (milliseconds >= 0.5) {
+        ++waitsOn_;
+        RunLoop(milliseconds, frame);
+        --waitsOn_;
+    }
     if (frame) frame(1);
 }
 

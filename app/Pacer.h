@@ -15,11 +15,14 @@ public:
 
     /// Waits that many milliseconds; returns at once when there are none. The last frame has
     /// progress 1, also when there was nothing to wait for.
-    static void Wait(double milliseconds, const Frame& frame = {});
+    void Wait(double milliseconds, const Frame& frame = {});
 
     /// Calls that as soon as no wait is on: at once, or after it. For what does not come through the
     /// queue of the mouse and the keyboard, such as the wish of a screen reader.
-    static void AfterWait(QObject* context, const std::function<void()>& called);
+    void AfterWait(QObject* context, const std::function<void()>& called);
+
+private:
+    int waitsOn_ = 0;  // one inside another
 };
 
 }  // namespace zorva

@@ -60,7 +60,7 @@ RecorderStrip::RecorderStrip(QWidget* parent, const Services& services)
         stop->setFocusPolicy(Qt::NoFocus);
         stop->setAttribute(Qt::WA_TransparentForMouseEvents);
         connect(stop, &QAbstractButton::clicked, this, [this, key] {
-            Pacer::AfterWait(this, [this, key] {
+            services_.pacer->AfterWait(this, [this, key] {
                 if (Pressed) Pressed(key);
             });
         });

@@ -7,6 +7,7 @@
 namespace zorva {
 
 class Artwork;
+class Pacer;
 class Pointers;
 
 /// What every window of the program draws and sounds with. Owned by the board window's maker; a
@@ -18,6 +19,7 @@ struct Services {
     double devicePixelRatio = 1;              ///< device pixels per pixel of the toolkit
     std::function<void(Short id)> PlaySound;  ///< plays sound 1..19 if sound is on
     std::function<void(Short n)> Pause;       ///< hundredths of a second at speed 0
+    Pacer* pacer = nullptr;                   ///< of all waits; null where nothing is waited for
 
     /// Pixels of the toolkit for that many pixels of the layout.
     double ToToolkit(double pixels) const { return pixels * layout.Unit / devicePixelRatio; }

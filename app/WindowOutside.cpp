@@ -54,9 +54,9 @@ void WindowOutside::WaitForInput() {
 // Pieces that are on their way glide while the game waits.
 void WindowOutside::Wait(double milliseconds) {
     if (scene_.HasMotion()) {
-        Pacer::Wait(milliseconds, [this](double progress) { scene_.ShowStep(progress); });
+        mesa_.Waits().Wait(milliseconds, [this](double progress) { scene_.ShowStep(progress); });
     } else {
-        Pacer::Wait(milliseconds);
+        mesa_.Waits().Wait(milliseconds);
     }
 }
 

@@ -36,7 +36,7 @@ TEST(Pauses, ShrinkWithTheSpeed) {
 double Waited(double milliseconds, const Pacer::Frame& frame = {}) {
     QElapsedTimer clock;
     clock.start();
-    Pacer::Wait(milliseconds, frame);
+    Pacer{}.Wait(milliseconds, frame);
     return static_cast<double>(clock.nsecsElapsed()) / 1e6;
 }
 
@@ -108,11 +108,24 @@ TEST(Pacer, KeepsWindowsPaintedAndTimersRunning) {
 TEST(Pacer, WaitsWithinAWait) {
     bool inner = false;
     QTimer::singleShot(10, [&] {
-        Pacer::Wait(150);
+        Pacer{}.Wait(150);
         inner = true;
     });
     EXPECT_GE(Waited(40), 38);
     EXPECT_TRUE(inner);
+}
+
+TEST(Pacer, PutsWishesOffUntilTheWaitIsOver) {
+    Pacer pacer;
+    QObject context;
+    std::vector<int> order;
+    pacer.AfterWait(&context, [&order] { order.push_back(1); });
+    QTimer::singleShot(10, &context,
+                       [&] { pacer.AfterWait(&context, [&order] { order.push_back(3); }); });
+    pacer.Wait(80);
+    order.push_back(2);
+    Pacer{}.Wait(120);  // another's wait holds nothing back
+    EXPECT_EQ(order, (std::vector<int>{1, 2, 3}));
 }
 
 }  // namespace
