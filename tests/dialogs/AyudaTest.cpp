@@ -52,7 +52,7 @@ const Text texts[] = {
      true},
     {"nothing", "", false},
     {"plain text", "Manual", false},
-    {"wild bytes", QByteArray("\x00\xff\xfe<html>\x80\x81\x00", 14), false},
+    {"wild bytes", QByteArray("\x00\xff\xfe<html>\x80\x81\x00", 12), false},
     {"another encoding", Page("<p>\xc9l</p>"), false},
     {"cut off in the middle", "<html><body><p>Hola", false},
     {"a link out of the manual", Page("<p><a href=\"http://example.org/\">x</a></p>"), false},
