@@ -13,7 +13,7 @@ bool IsModifierOrLock(int key) {
 
 // Brightness, volume, media, launchers, power: keys of the machine, not of a program.
 bool IsMachineKey(int key) {
-    return key == 0 || key == Qt::Key_unknown || (key >= Qt::Key_Back && key < Qt::Key_Select) ||
+    return key == 0 || key == Qt::Key_unknown || (key >= Qt::Key_Back && key < Qt::Key_AltGr) ||
            key == Qt::Key_Print || key == Qt::Key_SysReq || key == Qt::Key_Sleep;
 }
 
