@@ -46,7 +46,7 @@ fs::path WindowsFolder() {
 #ifdef _WIN32
     return EnvironmentPath("SystemRoot");
 #else
-    // The base directory specification: a relative path in the variable is to be ignored.
+    // By the desktops' agreement a relative path in the variable counts for nothing.
     const fs::path data = EnvironmentPath("XDG_DATA_HOME");
     return data.is_absolute() ? data : EnvironmentPath("HOME") / ".local" / "share";
 #endif
