@@ -35,6 +35,7 @@ const KeyRow keys[] = {
     {"a function key", Qt::Key_F1, "", true, false},
     {"F4 with Alt", Qt::Key_F4, "", true, false, Qt::AltModifier},
     {"a letter with Ctrl", Qt::Key_A, "\x01", true, false, Qt::ControlModifier},
+    {"an accent that waits for its letter", Qt::Key_Dead_Acute, "", true, false},
     {"Shift alone", Qt::Key_Shift, "", false, false},
     {"Ctrl alone", Qt::Key_Control, "", false, false},
     {"Alt alone", Qt::Key_Alt, "", false, false},
