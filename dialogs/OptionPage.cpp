@@ -141,7 +141,7 @@ void OptionPage::DrawOption(QPainter& painter, const OptionPlace& place) const {
 
 void OptionPage::DrawOptions(QPainter& painter) {
     for (const OptionPlace& place : places_) {
-        if (IsShown(place)) DrawOption(painter, place);
+        if (IsShown(place) && IsToBeDrawn(painter, place.Whole())) DrawOption(painter, place);
     }
 }
 
@@ -152,12 +152,18 @@ QWidget* OptionPage::StopOf(Option option, Colour player) const {
     StopOnFault("an option that is not on this page");
 }
 
+void OptionPage::Redraw(const Box& box) {
+    const double scale = services_.ToToolkit(1);
+    update(QRectF(box.x * scale, box.y * scale, box.width * scale, box.height * scale).toAlignedRect());
+}
+
 void OptionPage::Place(QWidget* control, const Box& box) const {
     PlaceControl(control, box, services_);
 }
 
-void OptionPage::paintEvent(QPaintEvent*) {
+void OptionPage::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    painter.setClipRect(event->rect());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
     DrawPage(painter);

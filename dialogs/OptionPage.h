@@ -66,6 +66,8 @@ protected:
     /// Draws an option with its answer.
     void DrawOption(QPainter& painter, const OptionPlace& place) const;
     virtual void DrawOptions(QPainter& painter);
+    /// Draws a part of the page again.
+    void Redraw(const Box& box);
     /// Puts a control there.
     void Place(QWidget* control, const Box& box) const;
 

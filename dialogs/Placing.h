@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPainter>
 #include <QRectF>
 #include <QWidget>
 #include <cmath>
@@ -20,6 +21,12 @@ inline void PlaceControl(QWidget* control, const Box& box, const Services& servi
     const int top = qRound(services.ToToolkit(box.y));
     control->setGeometry(left, top, qRound(services.ToToolkit(box.x + box.width)) - left,
                          qRound(services.ToToolkit(box.y + box.height)) - top);
+}
+
+/// Whether any of that box is to be drawn by a painter with a clip. Drawings that move many times a
+/// second, such as a scale's marker, must not cost the drawing of all others.
+inline bool IsToBeDrawn(const QPainter& painter, const Box& box) {
+    return painter.clipBoundingRect().intersects(ToRect(box));
 }
 
 /// The pixel of the layout that holds a position of a control, from the control's own corner.

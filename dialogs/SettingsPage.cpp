@@ -113,7 +113,7 @@ void SettingsPage::AddPlayer(Colour player) {
     Place(level, InBlock(player, levelScale));
     connect(level, &QAbstractSlider::valueChanged, this, [this, player](int value) {
         if (LevelSet) LevelSet(player, ToShort(value));
-        update();
+        Redraw(InBlock(player, levelLabel));
     });
     names_[player] = name;
     levels_[player] = level;
@@ -124,7 +124,7 @@ void SettingsPage::AddSpeed() {
     Place(speed_, speedScale);
     connect(speed_, &QAbstractSlider::valueChanged, this, [this](int value) {
         if (SpeedSet) SpeedSet(ToShort(value));
-        update();
+        Redraw(speedLabel);
     });
 }
 
@@ -146,7 +146,11 @@ bool SettingsPage::IsShown(const OptionPlace& place) const {
 
 void SettingsPage::DrawPage(QPainter& painter) {
     DrawHeading(painter, "P E R S O N A L I Z A R");
-    for (Colour player = 1; player <= ColourCount; ++player) DrawPlayer(painter, player);
+    for (Colour player = 1; player <= ColourCount; ++player) {
+        const Point corner = BlockCorner(player);
+        if (IsToBeDrawn(painter, {corner.x, corner.y, blockWidth, blockHeight}))
+            DrawPlayer(painter, player);
+    }
     ornament::DrawSunkenPaper(painter, ToRect(commonSheet));
     DrawScaleLabel(painter, speedLabel, " Velocidad de juego ", Shown().Speed);
 }
