@@ -144,8 +144,9 @@ class Display:
     # ------------------------------------------------------------------ the mouse and the keyboard
 
     def act(self, *commands):
-        """Carries out commands of xdotool, one after the other."""
-        self._hand.stdin.write("".join(command + "\n" for command in commands) + "getmouselocation\n")
+        """Carries out commands of xdotool, one after the other. What it is asked at the end, to know that it
+        is done, must not look at a window: one that closes at that moment would end it."""
+        self._hand.stdin.write("".join(command + "\n" for command in commands) + "getdisplaygeometry\n")
         self._hand.stdin.flush()
         if not self._hand.stdout.readline():
             raise RuntimeError("the virtual mouse and keyboard are gone")
