@@ -25,7 +25,7 @@ QSize SideBySide(double side) {
 // The squares a shown move passes and, last, the one it ends on.
 std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& move) {
     std::vector<QPointF> way;
-    if (move.piece == 0 || move.to == 0) return way;
+    if (move.piece == 0 || move.to == 0 || move.to == move.from) return way;
     const auto add = [&](zorva::Square square) {
         const Point at = layout.SquarePosition(square);
         way.emplace_back(at.x, at.y);
