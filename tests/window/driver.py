@@ -46,6 +46,8 @@ class Program:
         root = Path(self._folder.name)
         self.folder = root / "game"
         self.folder.mkdir()
+        self.data = self.folder  # where the program keeps its files
+        self.fallback = root / "home/.local/share/zorva32"
         self._binary = shutil.copy2(binary, self.folder)
         for manual in Path(binary).parent.glob("ZORVA32.HLP"):
             shutil.copy2(manual, self.folder)
@@ -59,11 +61,11 @@ class Program:
 
     @property
     def ini(self):
-        return self.folder / "ZORVA32.INI"
+        return self.data / "ZORVA32.INI"
 
     @property
     def history(self):
-        return self.folder / "ZORVA32.HIS"
+        return self.data / "ZORVA32.HIS"
 
     def spawn(self):
         return subprocess.Popen([*BOUND, self._binary], env=self._environment, cwd=self.folder)

@@ -1,89 +1,106 @@
-"""The windows over the board: what is chosen there holds, and is found again after a restart."""
+"""The windows behind the menu, and what a start may find."""
 
 import unittest
 
-from driver import START_TITLE, WindowTest
-from inifile import OFF, ON, PERSON, Settings
+import board
+import inifile
+from driver import CONTINUE_TITLE, LOAD_TITLE, START_TITLE, WindowTest
+from inifile import COMPUTER, NAMES, ON, PERSON, Settings, game_at
 
-SETTINGS_TITLE = "Personalizar la aplicación"
-HISTORY_TITLE = "Histórico de partidas"
-REFUSAL_TITLE = "Selección improcedente"
-NOBODY_TITLE = "Datos incorrectos"
-
-# Middles of the selectors, in pixels of the settings window at a scale of one.
-STATES = [(43 + 149 * player, 112) for player in range(4)]
-TYPES = [(43 + 149 * player, 232) for player in range(4)]
-PAUSE, TUTOR, ORDER, SOUND, INFO = (48, 305), (242, 305), (436, 305), (48, 351), (242, 351)
+POSITIONS = {1: [76, 76, 20, 40], 2: [84, 0, 84, 25], 3: [92, 92, 0, 60], 4: [100, 0, 100, 57]}
+WINDOWS = {"help": ("F1", "Ayuda de la aplicación"), "settings": ("F3", "Personalizar la aplicación"),
+           "history": ("F4", "Histórico de partidas")}
+PERSON_IS_YELLOW = (PERSON, COMPUTER, COMPUTER, COMPUTER)
 
 
-class Windows(WindowTest):
-    def open(self, key, title):
-        self.display.key(key)
-        return self.wait_for_message(title)
+class MenuWindows(WindowTest):
+    def setUp(self):
+        super().setUp()
+        self.before = game_at(POSITIONS, turn=1)
 
-    def flip(self, window, *selectors):
-        for x, y in selectors:
-            self.display.click(window.x + x, window.y + y)
+    def test_each_opens_waits_and_goes(self):
+        self.start(Settings(types=PERSON_IS_YELLOW, pause=ON), self.before)
+        for button, (key, title) in WINDOWS.items():
+            ways = ((lambda: self.click_button(button), "Escape"), (lambda: self.display.key(key), "alt+F4"))
+            for open_it, leave in ways:
+                open_it()
+                window = self.wait_for_message(title)
+                self.click_board()
+                self.holds_for(0.3, lambda: self.title() == title, "the game got a click")
+                self.display.key(leave)
+                self.wait_until_gone(window)
+                self.wait_for_board()
+                self.assertEqual(self.game().moves, self.before.moves, "the game went on behind " + title)
+        self.play_moves(1)
 
-    def leave(self, window):
+    def test_a_colour_turned_over_to_the_computer_moves(self):
+        self.start(Settings(types=PERSON_IS_YELLOW, pause=ON), self.before)
+        self.click_board()
+        self.holds_for(0.5, lambda: self.game().moves == self.before.moves, "nobody waited for the person")
+        self.display.key("F3")
+        window = self.wait_for_message(WINDOWS["settings"][1])
+        # From yellow's state over its name and its level to its kind of player.
+        self.display.key("Tab", "Tab", "Tab", "space")
+        self.assertEqual(self.game().moves, self.before.moves, "moved before the window was left")
         self.display.key("Escape")
         self.wait_until_gone(window)
-        self.wait_for_board()
+        game = self.wait_for_moves(self.before.moves + 1)
+        self.assertEqual(game.records[self.before.moves].mover, 1)
+        self.assertEqual(self.program.settings().types, (COMPUTER,) * 4)
 
-    def assert_kept(self, expected):
-        self.wait_until(lambda: self.program.settings() == expected, "the settings %r in the file" % expected)
-
-    def test_options_flipped_by_mouse_are_found_again(self):
-        self.start(Settings(pause=ON, tutor=ON))
-        self.flip(self.open("F3", SETTINGS_TITLE), *TYPES, STATES[3], PAUSE, TUTOR, ORDER, SOUND, INFO)
-        self.display.key("Escape")
-        flipped = Settings(types=(PERSON,) * 4, active=(ON, ON, ON, OFF), pause=OFF, tutor=OFF, order=1,
-                           sound=OFF, button_info=OFF)
-        self.wait_for_board()
-        self.assert_kept(flipped)
-        self.program.kill()
-        self.start_again()
-        window = self.open("F3", SETTINGS_TITLE)
-        self.flip(window, STATES[3], *TYPES, PAUSE, TUTOR, ORDER, SOUND, INFO)
-        self.leave(window)
-        self.assert_kept(Settings(pause=ON, tutor=ON))
-
-    def test_options_flipped_by_keys(self):
+    def test_a_refused_start_opens_the_settings(self):
         self.start(Settings())
-        window = self.open("F3", SETTINGS_TITLE)
-        self.display.key("space")  # the first player's state, then the second's
-        self.display.key("Tab")
-        self.display.key("Return")
-        self.leave(window)
-        self.assert_kept(Settings(active=(OFF, OFF, ON, ON)))
-
-    def test_somebody_has_to_play(self):
-        self.start(Settings())
-        window = self.open("F3", SETTINGS_TITLE)
-        self.flip(window, *STATES)
-        self.display.key("Escape")
-        self.answer(NOBODY_TITLE)
-        self.flip(window, STATES[1])
-        self.leave(window)
-        self.assert_kept(Settings(active=(OFF, ON, OFF, OFF)))
-
-    def test_a_game_holds_its_order_and_its_players(self):
-        self.start(Settings(pause=ON))
         self.display.key("F2")
-        self.answer(START_TITLE, key="space")
-        self.play_moves(4)
-        window = self.open("F3", SETTINGS_TITLE)
-        for selector in (ORDER, STATES[2]):
-            self.flip(window, selector)
-            self.answer(REFUSAL_TITLE)
-        self.flip(window, SOUND)
-        self.leave(window)
-        self.assert_kept(Settings(pause=ON, sound=OFF))
+        self.answer(START_TITLE, "no")
+        self.wait_for_message(WINDOWS["settings"][1])
+        self.display.key("Escape")
+        self.wait_for_board()
 
-    def test_the_history_opens_without_a_file(self):
-        self.start(Settings())
-        self.leave(self.open("F4", HISTORY_TITLE))
-        self.leave(self.open("F1", "Ayuda de la aplicación"))
+
+class Starts(WindowTest):
+    def start_and_read(self, title):
+        self.program.start()
+        self.skip_title()
+        self.answer(title)
+        self.wait_for_board()
+
+    def test_the_title_ends_by_itself(self):
+        self.program.ini.write_bytes(inifile.to_bytes(Settings()))
+        self.program.start()
+        window = self.wait_until(lambda: self.display.active_window(), "the title")
+        self.wait_until(lambda: self.display.is_dialog(self.display.active_window() or window), "the title")
+        self.wait_for_board()
+
+    def test_the_first_start_makes_the_file(self):
+        self.start_and_read(LOAD_TITLE)
+        settings, game = inifile.from_bytes(self.program.ini.read_bytes())
+        self.assertEqual(settings, Settings(pause=ON, tutor=ON, speed=50))
+        self.assertEqual(settings.names, NAMES)
+        self.assertFalse(game.in_progress)
+        self.assertEqual([path.name for path in self.program.folder.glob("*.WRK")], [])
+
+    def test_a_damaged_file_is_told_and_kept(self):
+        damaged = inifile.to_bytes(Settings(pause=ON), game_at(POSITIONS, turn=1)).replace(b"76", b"75", 1)
+        self.program.ini.write_bytes(damaged)
+        self.start_and_read(LOAD_TITLE)
+        kept = [path.read_bytes() for path in self.program.folder.glob("ZORVA32*") if path.suffix not in (".HLP", "")]
+        self.assertIn(damaged, kept)
+        self.assertFalse(self.game().in_progress)
+
+    def test_a_folder_that_cannot_be_written_is_left_alone(self):
+        original = inifile.to_bytes(Settings(pause=ON), game_at(POSITIONS, turn=1))
+        self.program.ini.write_bytes(original)
+        (self.program.folder / "CSCD.WRK").mkdir()  # the probe cannot be made, whoever runs the test
+        there = self.program.ini
+        self.program.data = self.program.fallback
+        self.start_again(continues=True)
+        self.play_moves(2)
+        self.assertEqual(there.read_bytes(), original)
+        self.program.kill()
+        game = self.game()
+        self.start_again(continues=True)
+        self.wait_until(lambda: not board.difference(self.display.picture(), self.layout, game.positions),
+                        "the position that was left")
 
 
 if __name__ == "__main__":
