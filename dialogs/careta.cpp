@@ -1,10 +1,13 @@
 #include "dialogs/careta.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWindow>
 #include <utility>
 
 #include "app/Artwork.h"
+#include "app/KeyStrokes.h"
 #include "dialogs/Ornament.h"
 #include "dialogs/Placing.h"
 
@@ -28,6 +31,9 @@ careta::careta(QWidget* parent, const Services& services)
     Place(area_, areaBox);
     ground_ = Ground();
     area_->setFocus();
+    // The board opens behind the title and may have the keyboard for a moment: its keys end the title
+    // too.
+    QCoreApplication::instance()->installEventFilter(this);
     timer_.setTimerType(Qt::PreciseTimer);
     connect(&timer_, &QTimer::timeout, this, [this] { MakeSteps(); });
     timer_.start(tick);
@@ -51,7 +57,16 @@ QPixmap careta::Ground() const {
     return ground;
 }
 
+// A key that is meant for another window of the program ends the title and does nothing else.
+bool careta::EndsTitle(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWindowType() || !isVisible()) return false;
+    if (watched == static_cast<QObject*>(windowHandle())) return false;
+    if (IsKeyStroke(static_cast<QKeyEvent&>(*event))) scroll_.Stop();
+    return true;
+}
+
 bool careta::eventFilter(QObject* watched, QEvent* event) {
+    if (EndsTitle(watched, event)) return true;
     if (watched != area_ || event->type() != QEvent::Paint)
         return BoardDialog::eventFilter(watched, event);
     DrawTitle();
@@ -100,6 +115,7 @@ void ShowSplash(QWidget* parent, const Services& services, const std::function<v
     bool done = false;
     window.Appeared = [&] {
         if (!std::exchange(done, true)) meanwhile();
+        window.activateWindow();
     };
     RunModal(window);
     if (!done) meanwhile();

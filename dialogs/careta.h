@@ -31,6 +31,7 @@ protected:
 
 private:
     void MakeSteps();
+    bool EndsTitle(QObject* watched, QEvent* event);
     void DrawTitle();
     QPixmap Ground() const;
 
