@@ -73,7 +73,9 @@ class Display:
         self._folder = tempfile.TemporaryDirectory(prefix="zorva-screen-")
         self._processes = []
         self.name = self._start_screen()
-        self.environment = dict(os.environ, DISPLAY=self.name, HOME=self._folder.name)
+        # Without a session bus of its own the screen would get one started, at a moment of its own.
+        self.environment = dict(os.environ, DISPLAY=self.name, HOME=self._folder.name,
+                                DBUS_SESSION_BUS_ADDRESS="unix:path=%s/none" % self._folder.name)
         self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         # A window that is older than the manager would never get the keyboard.
         self._wait_for_manager()
@@ -127,13 +129,13 @@ class Display:
         return done.stdout if done.returncode == 0 else ""
 
     def active_window(self):
-        """The window that has the keyboard; None when there is none."""
-        answer = self._run("xdotool", "getactivewindow", "getwindowname", "getwindowgeometry", "--shell")
+        """The window that the keys go to; None when it is the manager's own."""
+        answer = self._run("xdotool", "getwindowfocus", "getwindowname", "getwindowgeometry", "--shell")
         title, _, rest = answer.partition("\n")
         values = dict(re.findall(r"^(\w+)=(-?\d+)$", rest, re.MULTILINE))
-        if "HEIGHT" not in values:
+        sizes = [int(values.get(key, 0)) for key in ("X", "Y", "WIDTH", "HEIGHT")]
+        if min(sizes[2:]) < 2:
             return None
-        sizes = (int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
         # The toolkit adds the program's name to every title but the program's own.
         return Window(values["WINDOW"], title.removesuffix(" — Zorva"), *sizes)
 

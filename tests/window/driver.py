@@ -98,9 +98,16 @@ class Program:
         return self._read[1]
 
     def processor_seconds(self):
-        with open("/proc/%d/stat" % self.process.pid) as file:
-            user, system = file.read().rpartition(")")[2].split()[11:13]
+        user, system = self._status()[11:13]
         return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")
+
+    def is_asleep(self):
+        """Whether it waits for something, rather than for the processor."""
+        return self._status()[0] == "S"
+
+    def _status(self):
+        with open("/proc/%d/stat" % self.process.pid) as file:
+            return file.read().rpartition(")")[2].split()
 
     def kill(self):
         self.process.kill()
@@ -293,15 +300,27 @@ class WindowTest(unittest.TestCase):
             time.sleep(0.005)
         return False
 
+    def settle(self):
+        """Waits until the program has done all it was asked: it sleeps, and has done nothing for a while.
+        A key pressed too early is kept by the game for its next throw, so the file alone does not tell."""
+        seen, since = None, time.monotonic()
+        while seen is None or time.monotonic() - since < 0.3:
+            now = (self.program.processor_seconds(), self.file_stamp(), self.title())
+            if now != seen or not self.program.is_asleep():
+                seen, since = now, time.monotonic()
+            time.sleep(POLL)
+
     def play_moves(self, moves):
         """At least that many more moves by keys, which throw and take the advised move; up to a position
-        before a throw."""
+        before a throw, at which the game stands still."""
         wanted, last_change = self.game().moves + moves, time.monotonic()
         while self.game().moves < wanted or self.game().bonus_due():
             if self.advances(lambda: self.display.key("space")):
                 last_change = time.monotonic()
             elif self.title():
                 self.answer(self.title())
+            if self.game().moves >= wanted:
+                self.settle()
             self.assertLess(time.monotonic() - last_change, PATIENCE, "the game stands still")
 
     def play_until(self, title, act, answer):
