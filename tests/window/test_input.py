@@ -187,8 +187,8 @@ class ShiftingByHand(BoardTest):
 
 
 class Queueing(BoardTest):
-    # One piece for each colour to move, far from all others.
-    POSITIONS = {YELLOW: [76, 76, 76, 6], BLUE: [84, 84, 84, 23], RED: [92, 92, 92, 40],
+    # One piece for each colour to move, out of reach of all others for two throws, sixes (12) included.
+    POSITIONS = {YELLOW: [76, 76, 76, 6], BLUE: [84, 84, 84, 24], RED: [92, 92, 92, 40],
                  GREEN: [100, 100, 100, 57]}
 
     def test_a_click_during_a_walk_is_not_lost(self):
