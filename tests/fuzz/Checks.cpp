@@ -1,0 +1,85 @@
+#include "tests/fuzz/Checks.h"
+
+#include <cstdio>
+
+#include "core/Chance.h"
+#include "core/Consistency.h"
+#include "core/DecidedThrows.h"
+#include "core/Execution.h"
+#include "core/Turns.h"
+#include "store/SavedGame.h"
+
+namespace zorva::fuzz {
+namespace {
+
+constexpr Short movesPlayedOn = 25;
+
+class NoThrows : public SilentOutside {
+    Short RollFace() override { StopOnFault("nothing is thrown here"); }
+};
+
+/// Players who throw and take the advised move, and stop after a while.
+class Players : public DecidedThrows {
+public:
+    Players(GameState& state, std::uint64_t seed)
+        : state_(state), chance_(seed), last_(state.MoveRecordCount + movesPlayedOn) {}
+
+    bool IsWatched() const override { return false; }
+
+    void PositionReached() override {
+        InsistOnSoundTables(state_);
+        if (state_.MoveRecordCount > last_) state_.GameInProgress = No;
+    }
+
+    void WaitForInput() override {
+        if (state_.WaitingForMove) TakeAdvisedMove(state_);
+        state_.WaitingForThrow = No;
+    }
+
+protected:
+    Short NextThrow() override { return chance_.Face(); }
+
+private:
+    GameState& state_;
+    Chance chance_;
+    const int last_;
+};
+
+bool HaveSameTables(const GameState& one, const GameState& other) {
+    return one.PiecePosition == other.PiecePosition && one.SquareOccupants == other.SquareOccupants &&
+           one.PiecesInBox == other.PiecesInBox && one.PiecesHome == other.PiecesHome;
+}
+
+}  // namespace
+
+void InsistOnSoundTables(const GameState& state) {
+    if (state.CaptureReport != 0) return;
+    const std::string problem = StateProblem(state);
+    Insist(problem.empty(), problem.c_str());
+}
+
+void InsistOnWayBack(GameState state) {
+    const Settings settings;
+    NoThrows silent;
+    const GameState before = state;
+    const auto moves = static_cast<Short>(state.MoveRecordCount - 1);
+    for (Short move = moves; move >= 1; --move) {
+        state.MoveRecordCount = move;
+        ExecuteMove({state, settings, silent}, ExecutionMode::Backward);
+    }
+    Insist(state.PiecesInBox == GameState{}.PiecesInBox, "a piece is out before the first move");
+    InsistOnSoundTables(state);
+    for (Short move = 1; move <= moves; ++move) {
+        state.MoveRecordCount = move;
+        ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
+    }
+    Insist(HaveSameTables(state, before), "back and forward leads elsewhere");
+}
+
+void InsistOnGoingOn(GameState state, const Settings& settings, std::uint64_t seed) {
+    PrepareToContinue(state);
+    Players players(state, seed);
+    RunTurns({state, settings, players});
+}
+
+}  // namespace zorva::fuzz

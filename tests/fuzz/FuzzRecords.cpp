@@ -1,0 +1,148 @@
+// Games made of records alone, as a settings file may hold them: what the check of the records lets
+// pass must be harmless, whatever the game itself would have written.
+
+#include <cstring>
+
+#include "core/Board.h"
+#include "core/DecidedThrows.h"
+#include "core/Execution.h"
+#include "core/Records.h"
+#include "core/Rules.h"
+#include "store/RecordCheck.h"
+#include "store/SettingsFile.h"
+#include "tests/fuzz/Checks.h"
+
+namespace {
+
+using namespace zorva;
+
+constexpr std::size_t bytesOfRecord = 4;
+
+class NoThrows : public SilentOutside {
+    Short RollFace() override { StopOnFault("nothing is thrown here"); }
+};
+
+/// Takes numbers out of the bytes of one record.
+class Choices {
+public:
+    explicit Choices(const std::uint8_t* data) { std::memcpy(&bits_, data, sizeof bits_); }
+    Short Below(std::uint32_t count) {
+        const auto chosen = static_cast<Short>(bits_ % count);
+        bits_ /= count;
+        return chosen;
+    }
+
+private:
+    std::uint32_t bits_ = 0;
+};
+
+MoveRecord CapturedOnItsWayHome(const GameState& state, const MoveRecord& previous) {
+    const PieceCode victim = state.SquareOccupants[previous.To][state.CaptureReport == 1 ? 1 : 3];
+    return {ColourOf(victim),
+            previous.MoverColour,
+            0,
+            0,
+            PieceOf(victim),
+            previous.To,
+            0,
+            previous.RepeatState,
+            No,
+            1,
+            No};
+}
+
+// A record as the game could write it next.
+MoveRecord Plausible(const GameState& state, Choices& choices) {
+    const MoveRecord& previous = state.MoveRecords[state.MoveRecordCount];
+    if (state.CaptureReport != 0) return CapturedOnItsWayHome(state, previous);
+    MoveRecord record;
+    const Short bonus = BonusDueAfter(previous);
+    const bool goesOn = bonus != 0 || previous.RepeatState != 0;
+    record.MoverColour = static_cast<Colour>(1 + choices.Below(4));
+    if (goesOn && choices.Below(8) != 0) record.MoverColour = ColourOnTurn(previous);
+    record.Piece = choices.Below(5);
+    record.Die = bonus != 0 ? Short{0} : static_cast<Short>(1 + choices.Below(6));
+    record.Count = bonus != 0 ? bonus : record.Die;
+    record.RepeatState = bonus != 0 ? previous.RepeatState : Short{0};
+    if (record.Die == 6) {
+        record.RepeatState = static_cast<Short>((previous.RepeatState + 1) % 3);
+        if (state.PiecesInBox[record.MoverColour] == 0) record.Count = choices.Below(2) ? 7 : 12;
+    }
+    record.TurnEnd = bonus != 0 || record.RepeatState == 2 ? No : Yes;
+    if (record.Piece == 0) return record;
+    record.From = state.PiecePosition[record.MoverColour][record.Piece];
+    record.To = DestinationOf(record.MoverColour, record.Count, record.From);
+    if (choices.Below(4) == 0) {  // by hand
+        const Short steps = choices.Below(StepsToGoal + 1);
+        record.Manual = Yes;
+        record.To = AdvanceSquare(ExitSquare[record.MoverColour], steps, record.MoverColour);
+        record.Die = record.Count = record.RepeatState = 0;
+        record.TurnEnd = Yes;
+    }
+    return record;
+}
+
+// Now and then one field is anything that a file can hold.
+void Spoil(MoveRecord& record, Choices& choices) {
+    switch (choices.Below(32)) {
+        case 0: record.MoverColour = static_cast<Colour>(1 + choices.Below(4)); break;
+        case 1: record.FollowingColour = choices.Below(5); break;
+        case 2: record.Die = choices.Below(7); break;
+        case 3: record.Count = choices.Below(21); break;
+        case 4: record.Piece = choices.Below(5); break;
+        case 5: record.From = choices.Below(101); break;
+        case 6: record.To = choices.Below(101); break;
+        case 7: record.RepeatState = choices.Below(3); break;
+        case 8: record.Manual = choices.Below(2) ? Yes : No; break;
+        case 9: record.OnBehalf = choices.Below(2); break;
+        case 10: record.TurnEnd = choices.Below(2) ? Yes : No; break;
+        default: break;
+    }
+}
+
+bool IsWon(const GameState& state) {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (state.PiecesHome[colour] == PiecesPerColour) return true;
+    }
+    return false;
+}
+
+void PlayRecords(GameState& state, const std::uint8_t* data, std::size_t size) {
+    const Settings settings;
+    NoThrows silent;
+    for (; size >= bytesOfRecord && !IsWon(state); data += bytesOfRecord, size -= bytesOfRecord) {
+        Choices choices(data);
+        MoveRecord record = Plausible(state, choices);
+        Spoil(record, choices);
+        if (!CanFollow(state, record)) continue;
+        NewMoveRecord(state);
+        state.MoveRecords[state.MoveRecordCount] = record;
+        ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
+        fuzz::InsistOnSoundTables(state);
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    SettingsContent content;
+    GameState& state = content.state;
+    ApplySettings(state, content.settings);
+    PlayRecords(state, data, size);
+    const Short moves = state.MoveRecordCount;
+    if (state.CaptureReport != 0 || moves == 0) return 0;
+    NewMoveRecord(state);
+    fuzz::InsistOnWayBack(state);
+    if (IsWon(state)) return 0;
+    state.GameInProgress = Yes;
+    state.RepeatTurn = Yes;
+    state.CurrentColour = ColourOnTurn(state.MoveRecords[moves]);
+    state.SixesInRow = state.MoveRecords[moves].RepeatState;
+    const std::string text = SettingsText(content.settings, state);
+    const SettingsReading reading = ReadSettings(text);
+    const auto* loaded = std::get_if<SettingsContent>(&reading);
+    Insist(loaded != nullptr, "a game of good records is refused");
+    Insist(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
+    fuzz::InsistOnGoingOn(loaded->state, loaded->settings, static_cast<std::uint64_t>(moves));
+    return 0;
+}
