@@ -1,0 +1,37 @@
+# What makes a mistake in the code hard to turn against the player, for every target of ours. Each flag
+# is taken where compiler and linker know it; tests/hardening.py looks whether the programs have it.
+include(CheckCXXCompilerFlag)
+include(CheckLinkerFlag)
+
+function(zorva_harden_compile flag)
+    string(MAKE_C_IDENTIFIER "ZORVA_HAS${flag}" has)
+    check_cxx_compiler_flag(${flag} ${has})
+    if(${has})
+        target_compile_options(zorva_flags INTERFACE ${flag})
+    endif()
+endfunction()
+
+function(zorva_harden_link flag)
+    string(MAKE_C_IDENTIFIER "ZORVA_LINKS${flag}" has)
+    check_linker_flag(CXX ${flag} ${has})
+    if(${has})
+        target_link_options(zorva_flags INTERFACE ${flag})
+    endif()
+endfunction()
+
+zorva_harden_compile(-fstack-protector-strong)
+zorva_harden_compile(-fstack-clash-protection)
+zorva_harden_compile(-fcf-protection)
+# Not -fPIC for the core, whose functions would no longer be inlined. Qt asks for -fPIC in what uses it.
+zorva_harden_compile(-fPIE)
+zorva_harden_link(-pie)
+zorva_harden_link(-Wl,-z,relro)
+zorva_harden_link(-Wl,-z,now)
+zorva_harden_link(-Wl,-z,noexecstack)
+
+# Needs an optimiser, and hides from the sanitizers what they look for. Taken back first: packagers
+# define it, too, and not always to the same level.
+if(NOT ZORVA_SANITIZE)
+    target_compile_options(zorva_flags INTERFACE
+        "$<$<NOT:$<CONFIG:Debug,>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=3>")
+endif()
