@@ -1,5 +1,5 @@
 # What makes a mistake in the code hard to turn against the player, for every target of ours. Each flag
-# is taken where compiler and linker know it; tests/hardening.py looks whether the programs have it.
+# is taken where compiler and linker know it; tests/hardening/check.py looks whether the programs have it.
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 
@@ -22,9 +22,18 @@ endfunction()
 zorva_harden_compile(-fstack-protector-strong)
 zorva_harden_compile(-fstack-clash-protection)
 zorva_harden_compile(-fcf-protection)
-# Not -fPIC for the core, whose functions would no longer be inlined. Qt asks for -fPIC in what uses it.
-zorva_harden_compile(-fPIE)
-zorva_harden_link(-pie)
+
+# Programs that are loaded anywhere. Not -fPIC for the core, whose functions would no longer be inlined;
+# Qt asks for -fPIC in what uses it.
+check_cxx_compiler_flag(-fPIE ZORVA_HAS_fPIE)
+check_linker_flag(CXX -pie ZORVA_LINKS_pie)
+if(ZORVA_HAS_fPIE AND ZORVA_LINKS_pie)
+    set(is_program "$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>")
+    set(is_part_of_program "$<STREQUAL:$<TARGET_PROPERTY:TYPE>,STATIC_LIBRARY>")
+    target_compile_options(zorva_flags INTERFACE "$<$<OR:${is_program},${is_part_of_program}>:-fPIE>")
+    target_link_options(zorva_flags INTERFACE "$<${is_program}:-pie>")
+endif()
+
 zorva_harden_link(-Wl,-z,relro)
 zorva_harden_link(-Wl,-z,now)
 zorva_harden_link(-Wl,-z,noexecstack)
