@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "store/HistoryFile.h"
+#include "store/PosixFile.h"
 #include "store/SettingsFile.h"
 
 namespace zorva {
@@ -12,15 +13,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// What is longer is none of our files.
+constexpr std::size_t longestFile = std::size_t{1} << 28;
+
 fs::path EnvironmentPath(const char* name) {
     const char* value = std::getenv(name);
     return value == nullptr ? fs::path() : fs::path(value);
 }
 
+constexpr const char* ManualFileName = "ZORVA32.HLP";
+
 bool IsWritable(const fs::path& folder) {
     const fs::path probe = folder / "CSCD.WRK";
-    const bool created = std::ofstream(probe).is_open();
     std::error_code ignored;
+    // What a killed run or somebody else left there is never written to.
+    if (!fs::is_directory(fs::symlink_status(probe, ignored))) fs::remove(probe, ignored);
+    const bool created = WriteNewFile(probe, {}, Durability::Lazy) == FileError::None;
     if (created) fs::remove(probe, ignored);
     return created;
 }
@@ -33,11 +41,17 @@ fs::path FallbackFolder() {
 #endif
 }
 
+// The copy has the permissions of a new file: that of a read-only one could not grow.
+void CopyFile(const fs::path& from, const fs::path& to) {
+    std::string bytes;
+    if (ReadWholeFile(from, longestFile, bytes) != FileError::None) return;
+    WriteNewFile(to, bytes, Durability::Flushed);
+}
+
 void CopyFilesOfFirstRun(const fs::path& from, const fs::path& to) {
     if (std::ifstream(to / SettingsFileName).is_open()) return;
-    std::error_code ignored;
-    fs::copy_file(from / SettingsFileName, to / SettingsFileName, ignored);
-    fs::copy_file(from / HistoryFileName, to / HistoryFileName, ignored);
+    CopyFile(from / SettingsFileName, to / SettingsFileName);
+    CopyFile(from / HistoryFileName, to / HistoryFileName);
 }
 
 }  // namespace
@@ -59,6 +73,13 @@ fs::path ChooseDataFolder(const fs::path& programFolder) {
     fs::create_directories(folder, ignored);
     CopyFilesOfFirstRun(programFolder, folder);
     return folder;
+}
+
+fs::path FindManual(const fs::path& programFolder) {
+    const fs::path beside = programFolder / ManualFileName;
+    const fs::path installed = programFolder / "../share/games/zorva32" / ManualFileName;
+    std::error_code ignored;
+    return !fs::exists(beside, ignored) && fs::exists(installed, ignored) ? installed : beside;
 }
 
 }  // namespace zorva

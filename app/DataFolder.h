@@ -13,4 +13,8 @@ std::filesystem::path WindowsFolder();
 /// files are copied the first time. Whatever fails is judged by what can be opened afterwards.
 std::filesystem::path ChooseDataFolder(const std::filesystem::path& programFolder);
 
+/// Where the manual lies: beside the program, or where an installation puts it, seen from the program,
+/// so that the whole may be moved. When it is nowhere, where it should be beside the program.
+std::filesystem::path FindManual(const std::filesystem::path& programFolder);
+
 }  // namespace zorva

@@ -62,11 +62,20 @@ TEST_F(DataFolderTest, IsTheProgramsOwnWhenThatCanBeWritten) {
     WriteBytes(program / "CSCD.WRK", "left by a run that was killed");
     EXPECT_EQ(ChooseDataFolder(program), program);
     EXPECT_FALSE(fs::exists(program / "CSCD.WRK"));
+    WriteBytes(folder / "precious", "not ours");
+    fs::create_symlink(folder / "precious", program / "CSCD.WRK");
+    EXPECT_EQ(ChooseDataFolder(program), program);
+    EXPECT_EQ(FileBytes(folder / "precious"), "not ours") << "a link is not followed";
+    EXPECT_FALSE(fs::is_symlink(program / "CSCD.WRK"));
 }
 
 TEST_F(DataFolderTest, IsTheUsersElseWithTheFilesOfTheFirstRun) {
     LockProgramFolder();
+    fs::permissions(program / "ZORVA32.HIS", fs::perms{0444});
     EXPECT_EQ(ChooseDataFolder(program), fallback);
+    EXPECT_NE(fs::status(fallback / "ZORVA32.HIS").permissions() & fs::perms::owner_write,
+              fs::perms::none)
+        << "the history is to grow";
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "settings");
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.HIS"), "history");
     // Later runs find their own files.
@@ -122,6 +131,17 @@ TEST_F(DataFolderTest, HeedsPermissions) {
     EXPECT_EQ(ChooseDataFolder(program), fallback);
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "settings");
     chmod(program.c_str(), 0755);
+}
+
+TEST_F(DataFolderTest, TheManualIsFoundBesideTheProgramOrWhereItIsInstalled) {
+    const fs::path beside = program / "ZORVA32.HLP";
+    const fs::path installed = folder / "share/games/zorva32/ZORVA32.HLP";
+    EXPECT_EQ(FindManual(program), beside) << "where it is missed";
+    fs::create_directories(installed.parent_path());
+    WriteBytes(installed, "manual");
+    EXPECT_TRUE(fs::equivalent(FindManual(program), installed));
+    WriteBytes(beside, "another");
+    EXPECT_EQ(FindManual(program), beside) << "comes first";
 }
 
 }  // namespace
