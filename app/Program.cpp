@@ -1,6 +1,7 @@
 #include "app/Program.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QFile>
 #include <QKeyEvent>
 #include <QScreen>
@@ -23,6 +24,12 @@ namespace {
 
 // What is heard when a menu button is pressed, by its index.
 constexpr Short buttonSounds[MenuButtons::Count] = {2, 1, 3, 9, 6, 1};
+
+// Where the player is looking: where the pointer is, if the desktop tells.
+const QScreen& ScreenOfPointer() {
+    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+    return screen != nullptr ? *screen : *QGuiApplication::primaryScreen();
+}
 
 std::vector<std::uint8_t> BytesOfRecording(Short id) {
     QFile file(QStringLiteral(":/sounds/%1.wav").arg(id, 2, 10, QLatin1Char('0')));
@@ -79,6 +86,7 @@ void Program::ConnectWindow() {
 
 void Program::ConnectGame() {
     outside_.PositionKept = [this] { keeper_.PositionReached(); };
+    outside_.PieceLifted = [this] { screenSaver_.HoldOff(); };
     outside_.ResultKept = [this](const GameResult& result) { keeper_.AppendResult(result); };
     runner_.GameOver = [this] { keeper_.GameOver(); };
     runner_.SettingsWanted = [this] { Personalize(); };
@@ -89,7 +97,7 @@ void Program::ConnectGame() {
 
 // What needs no answer is done behind the title; what has to be told waits for its end.
 void Program::Start() {
-    mesa_.PrepareFor(*QGuiApplication::primaryScreen());
+    mesa_.PrepareFor(ScreenOfPointer());
     ShowSplash(&mesa_, mesa_.Shared(), [this] { OpenBoard(); });
     mesa_.activateWindow();
     TellAboutFiles();
@@ -231,7 +239,7 @@ void Program::Personalize() {
 }
 
 void Program::ShowManual() {
-    ShowHelp(&mesa_, mesa_.Shared(), programFolder_ / "ZORVA32.HLP");
+    ShowHelp(&mesa_, mesa_.Shared(), FindManual(programFolder_));
 }
 
 void Program::ShowHistory() {

@@ -7,6 +7,7 @@
 #include "app/GameRunner.h"
 #include "app/Mesa.h"
 #include "app/RecorderControl.h"
+#include "app/ScreenSaver.h"
 #include "app/SoundPlayer.h"
 #include "app/WindowOutside.h"
 
@@ -69,6 +70,7 @@ private:
     GameKeeper keeper_;
     BoardInput input_;
     RecorderControl recorderControl_;
+    ScreenSaver screenSaver_;
 };
 
 }  // namespace zorva

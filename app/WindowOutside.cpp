@@ -73,6 +73,7 @@ void WindowOutside::PlaySound(Short id) {
 }
 
 void WindowOutside::LiftPiece(PieceCode piece, Square) {
+    if (PieceLifted) PieceLifted();
     scene_.Lift(piece);
 }
 

@@ -18,6 +18,8 @@ public:
     std::function<void(const GameResult&)> ResultKept;
     /// What happens whenever the game is whole and can be kept.
     std::function<void()> PositionKept;
+    /// What happens whenever a piece sets out.
+    std::function<void()> PieceLifted;
 
     Short RollFace() override;
     void YieldToEvents() override;

@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("zorva32");
     QApplication::setApplicationDisplayName("Zorva");
+    QApplication::setApplicationVersion(ZORVA_VERSION);
     QApplication::setDesktopFileName("zorva32");
     QApplication::setWindowIcon(QIcon(":/icon/zorva.svg"));
 

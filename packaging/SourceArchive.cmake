@@ -1,0 +1,12 @@
+# The source archive of what is committed: the same bytes for the same commit.
+find_program(git git)
+if(NOT git OR NOT EXISTS ${PROJECT_SOURCE_DIR}/.git)
+    return()
+endif()
+set(name zorva-${PROJECT_VERSION})
+add_custom_target(source-archive
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/packages
+    COMMAND ${git} -C ${PROJECT_SOURCE_DIR} archive --prefix=${name}/
+            --output=${PROJECT_BINARY_DIR}/packages/${name}.tar.gz HEAD
+    COMMENT "Packing ${name}.tar.gz"
+    VERBATIM)

@@ -1,0 +1,84 @@
+"""Starts the installed game as an ordinary user, plays a moment, leaves it and goes on.
+
+The environment variable ZORVA_INSTALLED names the program; ZORVA_ROOT the folder of the system it is
+installed in, when that is not this one. Nothing may be written beside the program.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests/window"))
+
+import driver  # noqa: E402
+from display import BOUND  # noqa: E402
+
+NOBODY = 65534  # the user and the group that own nothing
+
+
+class Installed(driver.Program):
+    """The program where an installation has put it, with a new user's home."""
+
+    def __init__(self, display, binary, *_):
+        self.root = Path(os.environ.get("ZORVA_ROOT", "/"))
+        self.folder = (self.root / binary.lstrip("/")).parent
+        self._folder = tempfile.TemporaryDirectory(prefix="zorva-home-", dir=self.root / "tmp")
+        home = "/" / Path(self._folder.name).relative_to(self.root)
+        self.data = Path(self._folder.name) / ".local/share/zorva32"
+        self._environment = {
+            "PATH": "/usr/games:/usr/bin:/bin", "HOME": str(home), "XDG_RUNTIME_DIR": str(home),
+            "LANG": "C.UTF-8", "DISPLAY": display.name, "SDL_AUDIODRIVER": "dummy", "TMPDIR": str(home)}
+        words = ["env", "-i", *(name + "=" + value for name, value in self._environment.items()), binary]
+        if self.root != Path("/"):
+            words = ["chroot", "--userspec=%d:%d" % (NOBODY, NOBODY), str(self.root), *words]
+        elif os.geteuid() == 0:
+            words = ["setpriv", "--reuid=%d" % NOBODY, "--regid=%d" % NOBODY, "--clear-groups", *words]
+        if os.geteuid() == 0:
+            os.chown(self._folder.name, NOBODY, NOBODY)
+        self._words = words
+        self.process = None
+        self._read = (None, None)
+
+    # Changing the user would undo the bond to this process: it is made afterwards.
+    def spawn(self):
+        at = self._words.index("env")
+        bond = BOUND if self.root == Path("/") else ()
+        return subprocess.Popen([*self._words[:at], *bond, *self._words[at:]])
+
+
+class InstalledGame(driver.WindowTest):
+    def setUp(self):
+        driver.Program = Installed
+        os.environ["ZORVA32"] = os.environ["ZORVA_INSTALLED"]
+        super().setUp()
+
+    def test_is_played_left_and_goes_on(self):
+        before = sorted(self.program.folder.iterdir())
+        self.program.start()
+        self.skip_title()
+        self.answer(driver.LOAD_TITLE)
+        self.wait_for_board()
+        self.display.key("F1")
+        manual = self.wait_for_message("Ayuda de la aplicación")
+        self.assertGreater(manual.height, self.layout.unit * 400, "a message, not the manual")
+        self.display.key("Escape")
+        self.wait_until_gone(manual)
+
+        self.display.key("F2")
+        self.play_moves(5)
+        moves = self.game().moves
+        self.display.key("F6")
+        self.answer(driver.POSTPONE_TITLE, key="space")
+        self.assertEqual(self.wait_for_end(), 0)
+
+        self.start_again(continues=True)
+        self.assertEqual(self.game().moves, moves)
+        self.assertEqual(sorted(self.program.folder.iterdir()), before, "something was written beside the program")
+        self.assertEqual([path.name for path in self.program.data.iterdir()], ["ZORVA32.INI"])
+
+
+if __name__ == "__main__":
+    unittest.main()
