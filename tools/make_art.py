@@ -10,7 +10,7 @@ import pathlib
 import sys
 from functools import partial
 
-from art import board, dice, icon, keys, pieces, pointers, recorder, shadow, surface, title, windows
+from art import board, dice, icon, keys, panel, pieces, pointers, recorder, shadow, surface, title, windows
 
 ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 
@@ -30,7 +30,7 @@ def drawings():
             yield f"bitmaps/button_{index}{ending}", partial(keys.draw_button, index, pressed)
         for name in ("yes", "no", "accept"):
             yield f"bitmaps/{name}{ending}", partial(keys.draw_answer, name, pressed)
-    for name, draw in (*windows.drawings(), *title.drawings()):
+    for name, draw in (*panel.drawings(), *windows.drawings(), *title.drawings()):
         yield f"bitmaps/{name}", draw
     yield from pointer_drawings()
     yield "icon/zorva", icon.draw

@@ -1,0 +1,98 @@
+#include "app/PanelPainter.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <array>
+
+#include "app/Artwork.h"
+#include "app/Layout.h"
+
+namespace zorva {
+namespace {
+
+// All in pixels of the layout.
+constexpr double besideBand = 6;
+constexpr double widestBand = 248;
+constexpr double beyondBand = 16;  // how far the band reaches over the log's ends where there is room
+constexpr double bandCorner = 24;  // of the drawing, the part that is not stretched
+constexpr double caseCorner = 14;
+constexpr double widestCase = 196;
+constexpr double caseAbove = 14;  // of the recorder's strip
+constexpr double caseBelow = 13;
+constexpr double widestReel = 58;
+constexpr double smallestReel = 18;
+constexpr double besideReel = 6;
+constexpr double besidePaper = 16;  // what the band's border takes at either side
+constexpr double paperShadow = 10;
+
+QRectF OnDevice(const Layout& layout, const QRectF& area) {
+    return {layout.DeviceLeft + area.x() * layout.Unit, layout.DeviceTop + area.y() * layout.Unit,
+            area.width() * layout.Unit, area.height() * layout.Unit};
+}
+
+// Paints a square drawing with its corners at their own size and all between them stretched.
+void PaintStretched(QPainter& painter, Artwork& artwork, const QString& name, const QRectF& target,
+                    double corner, double unit) {
+    const QRect area = target.toAlignedRect();
+    const int width = qRound(corner * unit);
+    constexpr double middle = 16;  // units of the drawing between its corners
+    const std::array<double, 4> from{0, corner, corner + middle, 2 * corner + middle};
+    const std::array<int, 4> x{area.left(), area.left() + width, area.right() + 1 - width,
+                               area.right() + 1};
+    const std::array<int, 4> y{area.top(), area.top() + width, area.bottom() + 1 - width,
+                               area.bottom() + 1};
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column) {
+            const QSize size(x[column + 1] - x[column], y[row + 1] - y[row]);
+            const QRectF part(from[column], from[row], from[column + 1] - from[column],
+                              from[row + 1] - from[row]);
+            if (!size.isEmpty())
+                painter.drawPixmap(x[column], y[row], artwork.PictureOf(name, part, size));
+        }
+    }
+}
+
+// Across the whole table; on a screen taller than the layout from above the buttons to below the log.
+QRectF Band(const Layout& layout) {
+    const double room = layout.ScreenWidth - layout.BoardExtent;
+    const double width = std::min(room - besideBand, widestBand);
+    const double beyond = layout.DeviceTop > beyondBand * layout.Unit ? beyondBand : 2 * bandCorner;
+    return {layout.BoardExtent + (room - width) / 2, -beyond, width, layout.ScreenHeight + 2 * beyond};
+}
+
+QRectF Case(const Layout& layout, const QRectF& band) {
+    const double width = std::min(band.width() - 2 * besideBand, widestCase);
+    return {band.center().x() - width / 2, layout.Recorder.y - caseAbove, width,
+            layout.Recorder.height + caseAbove + caseBelow};
+}
+
+// One at either side of the strip, as large as the case allows.
+void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& body) {
+    const double free = (body.width() - layout.Recorder.width) / 2;
+    const double side = std::min(free - 2 * besideReel, widestReel);
+    if (side < smallestReel) return;
+    for (const double way : {-1.0, 1.0}) {
+        QRectF reel(0, 0, side, side);
+        reel.moveCenter({body.center().x() + way * (layout.Recorder.width + free - 3) / 2,
+                         layout.Recorder.y + layout.Recorder.height / 2.0});
+        artwork.Paint(painter, "panel_reel", OnDevice(layout, reel));
+    }
+}
+
+}  // namespace
+
+void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
+    const double unit = layout.Unit;
+    const QRectF band = Band(layout);
+    const Box& log = layout.LogPaper;
+    const double border = std::clamp((band.width() - log.width) / (2 * besidePaper), 0.3, 1.0);
+    PaintStretched(painter, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
+    const QRectF paper = QRectF(log.x, log.y, log.width, log.height)
+                             .adjusted(-paperShadow, -paperShadow, paperShadow, paperShadow);
+    PaintStretched(painter, artwork, "panel_shadow", OnDevice(layout, paper), 2 * paperShadow, unit);
+    const QRectF body = Case(layout, band);
+    PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
+    PaintReels(painter, artwork, layout, body);
+}
+
+}  // namespace zorva

@@ -1,0 +1,15 @@
+#pragma once
+
+class QPainter;
+
+namespace zorva {
+
+class Artwork;
+struct Layout;
+
+/// Paints what lies under the buttons, the recorder and the log: a band of leather let into the table
+/// right of the board, and on it the case of the recorder, out of which the log's paper comes. In
+/// device pixels, for a picture of the whole window.
+void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
+
+}  // namespace zorva
