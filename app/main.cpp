@@ -19,6 +19,13 @@ void SaveAndEnd(zorva::Program& program) {
     std::_Exit(0);
 }
 
+// Its smallest size has a drawing of its own.
+QIcon ProgramIcon() {
+    QIcon icon(":/icon/zorva.svg");
+    icon.addPixmap(QIcon(":/icon/zorva_small.svg").pixmap(16));
+    return icon;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -28,7 +35,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationDisplayName("Zorva");
     QApplication::setApplicationVersion(ZORVA_VERSION);
     QApplication::setDesktopFileName("zorva32");
-    QApplication::setWindowIcon(QIcon(":/icon/zorva.svg"));
+    QApplication::setWindowIcon(ProgramIcon());
 
     const std::filesystem::path folder = QApplication::applicationDirPath().toStdString();
     zorva::SingleInstance instance(folder);

@@ -34,6 +34,7 @@ def drawings():
         yield f"bitmaps/{name}", draw
     yield from pointer_drawings()
     yield "icon/zorva", icon.draw
+    yield "icon/zorva_small", icon.draw_small
 
 
 def pointer_drawings():

@@ -39,3 +39,16 @@ def _triangles(icon, cx, cy, half):
     for sx, sy in ((1, 1), (1, -1)):
         end = half - 3
         icon.line(cx - sx * end, cy - sy * end, cx + sx * end, cy + sy * end, stroke="#2a1a10", stroke_width=1.6)
+
+
+def draw_small():
+    """For 16 to 24 pixels: no frame and no shadow, and at 16 all edges on whole pixels."""
+    icon = Drawing((0, 0, 16, 16), "The program's icon for 16 to 24 pixels. Drawn by tools/make_art.py.")
+    icon.rect(0, 0, 16, 16, 3.5, fill="#1c0d06")
+    for colour, corners in {3: ((1, 1), (15, 1), (8, 8)), 2: ((15, 1), (15, 15), (8, 8)),
+                            1: ((15, 15), (1, 15), (8, 8)), 4: ((1, 15), (1, 1), (8, 8))}.items():
+        icon.path(points(corners), fill=TONES[colour].base)
+    icon.rect(3, 3, 10, 10, 1.5, fill="#fffdf5")
+    for x, y in ((4, 4), (10, 4), (7, 7), (4, 10), (10, 10)):
+        icon.rect(x, y, 2, 2, 0.6, fill="#1c0d06")
+    return icon
