@@ -68,6 +68,8 @@ class InstalledGame(driver.WindowTest):
         self.wait_until_gone(manual)
 
         self.display.key("F2")
+        self.answer(driver.START_TITLE, key="space")
+        self.answer(driver.DRAW_TITLE, key="space")
         self.play_moves(5)
         moves = self.game().moves
         self.display.key("F6")
