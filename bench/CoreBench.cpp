@@ -100,7 +100,8 @@ void PlayGame(benchmark::State& run) {
     plan.settings = OfLevel(static_cast<Short>(run.range(0)));
     std::uint64_t number = 0;
     MatchTotals totals;
-    for (auto _ : run) PlayMatchGame(plan, number++, totals);
+    MatchPlayer player(plan);
+    for (auto _ : run) player.Play(number++, totals);
     run.SetItemsProcessed(run.iterations());
     run.counters["moves"] = static_cast<double>(totals.moves) / static_cast<double>(totals.games);
 }

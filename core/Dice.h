@@ -9,9 +9,6 @@ inline constexpr Short RollsOfAThrow = 10;
 
 /// Rolls the die of CurrentColour: ten faces shown one after another, the tenth is the throw and
 /// stays in DieValue. Two faces shown in a row always differ. When nobody watches, one face is rolled.
-void ThrowDie(Table table);
-
-/// Shows the die boxes of all four colours empty.
-void ClearDice(Outside& outside);
+void ThrowDie(const Table& table);
 
 }  // namespace zorva

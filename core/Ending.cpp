@@ -27,7 +27,7 @@ Short PointsOf(const GameState& state, const std::vector<Colour>& losers) {
     return ToShort(std::min(static_cast<long>(value), 999L));
 }
 
-void Celebrate(Table table) {
+void Celebrate(const Table& table) {
     table.outside.PlaySound(14);
     table.outside.Pause(45);
     for (int blink = 0; blink < 4; ++blink) {
@@ -60,7 +60,7 @@ std::string ResultText(const GameResult& result, const Settings& settings) {
            settings.PlayerName[result.winner];
 }
 
-void EndOfGame(Table table) {
+void EndOfGame(const Table& table) {
     GameState& state = table.state;
     Celebrate(table);
     const GameResult result = ResultOf(state, table.settings);

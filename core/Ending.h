@@ -30,6 +30,6 @@ std::string PointsText(Short hundredths);
 std::string ResultText(const GameResult& result, const Settings& settings);
 
 /// Celebrates the winner, tells the result, offers it to the history and ends the game.
-void EndOfGame(Table table);
+void EndOfGame(const Table& table);
 
 }  // namespace zorva

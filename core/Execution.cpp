@@ -34,24 +34,24 @@ void PutIntoFirstEmptySlot(Slots& slots, PieceCode code) {
 
 // ---------------------------------------------------------------------------------- forwards
 
-void Lift(Table table, Colour colour, PieceCode code, Square from) {
+void Lift(const Table& table, Colour colour, PieceCode code, Square from) {
     GameState& state = table.state;
     if (from == 0) {
         --state.PiecesInBox[colour];
-        table.outside.PlaySound(7);
+        table.show.PlaySound(7);
     } else {
         TakeFromSlots(state.SquareOccupants[from], code);
     }
-    table.outside.LiftPiece(code, from);
+    table.show.LiftPiece(code, from);
 }
 
-void StepTo(Table table, PieceCode code, Square from, Square to) {
-    table.outside.PlaySound(13);
-    table.outside.StepPiece(code, from, to);
-    table.outside.StepDelay(80);
+void StepTo(const Table& table, PieceCode code, Square from, Square to) {
+    table.show.PlaySound(13);
+    table.show.StepPiece(code, from, to);
+    table.show.StepDelay(80);
 }
 
-void Walk(Table table, Colour colour, PieceCode code, Square from, Square to) {
+void Walk(const Table& table, Colour colour, PieceCode code, Square from, Square to) {
     Square square = from;
     if (from == 0) {
         square = ExitSquare[colour];
@@ -65,12 +65,12 @@ void Walk(Table table, Colour colour, PieceCode code, Square from, Square to) {
     }
 }
 
-void PutDown(Table table, Colour colour, PieceCode code, Square to) {
+void PutDown(const Table& table, Colour colour, PieceCode code, Square to) {
     GameState& state = table.state;
     state.PiecePosition[colour][PieceOf(code)] = to;
     PutIntoFirstEmptySlot(state.SquareOccupants[to], code);
     if (to == GoalSquare[colour]) ++state.PiecesHome[colour];
-    table.outside.PutDownPiece(code, to);
+    table.show.PutDownPiece(code, to);
 }
 
 void CheckCapture(GameState& state, Colour colour, Square to) {
@@ -86,34 +86,37 @@ void CheckCapture(GameState& state, Colour colour, Square to) {
 }
 
 // The way home is shown as one step from the square into the box.
-void ReturnToBox(Table table, Colour colour, PieceCode code, Square from) {
+void ReturnToBox(const Table& table, Colour colour, PieceCode code, Square from) {
     GameState& state = table.state;
     const bool isPenalty = state.SixesInRow == 3;
-    if (isPenalty) table.outside.Pause(45);
-    table.outside.PlaySound(11);
-    table.outside.StepPiece(code, from, 0);
-    table.outside.Pause(isPenalty ? 55 : 45);
-    table.outside.Pause(20);
+    if (isPenalty) table.show.Pause(45);
+    table.show.PlaySound(11);
+    table.show.StepPiece(code, from, 0);
+    table.show.Pause(isPenalty ? 55 : 45);
+    table.show.Pause(20);
     state.PiecePosition[colour][PieceOf(code)] = 0;
     ++state.PiecesInBox[colour];
-    table.outside.PutDownPiece(code, 0);
+    table.show.PutDownPiece(code, 0);
 }
 
-void PlayForward(Table table, const MoveRecord& record) {
+void PlayForward(const Table& table, const MoveRecord& record) {
     GameState& state = table.state;
     state.CaptureReport = 0;
     if (record.Piece == 0) return;
+    // Read at once: while the piece walks, the window may be painted, and nothing is to hang on the
+    // table.
     const Colour colour = record.MoverColour;
     const PieceCode code = CodeOf(colour, record.Piece);
-    Lift(table, colour, code, record.From);
-    if (record.To == 0) {
-        ReturnToBox(table, colour, code, record.From);
+    const Square from = record.From, to = record.To;
+    const bool byHand = record.Manual != No;
+    Lift(table, colour, code, from);
+    if (to == 0) {
+        ReturnToBox(table, colour, code, from);
         return;
     }
-    const bool isWalked = !record.Manual && table.outside.IsWatched();
-    if (isWalked) Walk(table, colour, code, record.From, record.To);
-    PutDown(table, colour, code, record.To);
-    if (!record.Manual) CheckCapture(state, colour, record.To);
+    if (!byHand && table.show.IsWatched()) Walk(table, colour, code, from, to);
+    PutDown(table, colour, code, to);
+    if (!byHand) CheckCapture(state, colour, to);
 }
 
 // --------------------------------------------------------------------------------- backwards
@@ -184,23 +187,22 @@ void TakeOff(GameState& state, const MoveRecord& record, PieceCode code) {
     slots[3] = 0;
 }
 
-void TakeBack(Table table, const MoveRecord& record) {
+void TakeBack(const Table& table, const MoveRecord& record) {
     GameState& state = table.state;
     state.CaptureReport = 0;
     if (record.Piece == 0) return;
     const PieceCode code = CodeOf(record.MoverColour, record.Piece);
     TakeOff(state, record, code);
-    table.outside.LiftPiece(code, record.To);
+    table.show.LiftPiece(code, record.To);
     PutBack(state, record, code);
     state.PiecePosition[record.MoverColour][record.Piece] = record.From;
-    table.outside.PutDownPiece(code, record.From);
+    table.show.PutDownPiece(code, record.From);
 }
 
 }  // namespace
 
-void ExecuteMove(Table table, ExecutionMode mode) {
-    // A copy: while the piece walks, the window may be painted, and nothing is to hang on the table.
-    const MoveRecord record = table.state.MoveRecords[table.state.MoveRecordCount];
+void ExecuteMove(const Table& table, ExecutionMode mode) {
+    const MoveRecord& record = table.state.MoveRecords[table.state.MoveRecordCount];
     if (mode == ExecutionMode::Forward) {
         PlayForward(table, record);
     } else {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/Settings.h"
+#include "core/Standing.h"
 #include "core/Types.h"
 
 namespace zorva {
@@ -72,6 +73,8 @@ struct GameState {
     /// Records of the moves, indexed by move number from 1; record 0 stays empty.
     std::vector<MoveRecord> MoveRecords = std::vector<MoveRecord>(41);
     Short MoveRecordCount = 0;  ///< number of the current, unfinished move
+
+    Standings Seen;  ///< what decisions read off PiecePosition; never stale, whoever moved the pieces
 
     bool operator==(const GameState&) const = default;
 

@@ -44,7 +44,7 @@ void PutAllIntoBoxes(GameState& state) {
     }
 }
 
-void SeatPieces(Table table) {
+void SeatPieces(const Table& table) {
     table.outside.EmptyBoard();
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (!IsTakingPart(table.settings, colour)) continue;
@@ -57,7 +57,7 @@ void SeatPieces(Table table) {
     }
 }
 
-bool AskToBegin(Table table) {
+bool AskToBegin(const Table& table) {
     return table.outside.ShowMessage("Comienza la Partida",
                                      "Se va a tirar el dado para elegir el jugador que comienza la "
                                      "partida. Pulse Aceptar para "
@@ -68,7 +68,7 @@ bool AskToBegin(Table table) {
 }
 
 // Every contender throws; what the others hold stays 0.
-void ThrowOfEach(Table table, const PerColour<bool>& contends, PerColour<Short>& thrown) {
+void ThrowOfEach(const Table& table, const PerColour<bool>& contends, PerColour<Short>& thrown) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         thrown[colour] = 0;
         table.state.CurrentColour = colour;
@@ -81,14 +81,14 @@ void ThrowOfEach(Table table, const PerColour<bool>& contends, PerColour<Short>&
 
 }  // namespace
 
-void ResetGame(Table table) {
+void ResetGame(const Table& table) {
     ForgetTurn(table.state);
     ApplySettings(table.state, table.settings);
     table.outside.BeginLog(NewGameHeading);
     PutAllIntoBoxes(table.state);
 }
 
-void DrawFirstPlayer(Table table) {
+void DrawFirstPlayer(const Table& table) {
     PerColour<bool> contends{};
     PerColour<Short> thrown{};
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
@@ -104,23 +104,23 @@ void DrawFirstPlayer(Table table) {
             contends[colour] = thrown[colour] == *best;
         table.outside.ShowMessage(drawTitle, "Hay empate y se va a desempatar", 1,
                                   MessageButtons::Acknowledge);
-        ClearDice(table.outside);
+        table.show.ClearDice();
     }
 }
 
-void PlayFrom(Table table, Colour first) {
+void PlayFrom(const Table& table, Colour first) {
     table.state.GameInProgress = Yes;
     table.state.CurrentColour = first;
-    ClearDice(table.outside);
+    table.show.ClearDice();
     PreviousColour(table);
     table.outside.SetScreenPointer(ScreenPointer::Hourglass);
     table.outside.Pause(15);
     RunTurns(table);
 }
 
-StartOutcome StartGame(Table table) {
+StartOutcome StartGame(const Table& table) {
     ResetGame(table);
-    ClearDice(table.outside);
+    table.show.ClearDice();
     SeatPieces(table);
     if (!AskToBegin(table)) return StartOutcome::Cancelled;
     table.state.GameInProgress = Yes;

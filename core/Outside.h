@@ -84,12 +84,58 @@ public:
     virtual void KeepResult(const GameResult& result) = 0;
 };
 
+/// What of the world is only there to be seen and heard. A game that nobody watches asks for none of it:
+/// thousands of them are played a second.
+class Show {
+public:
+    explicit Show(Outside& outside) : watched_(outside.IsWatched() ? &outside : nullptr) {}
+
+    bool IsWatched() const { return watched_ != nullptr; }
+
+    void Pause(Short n) const {
+        if (watched_) watched_->Pause(n);
+    }
+    void StepDelay(Short n) const {
+        if (watched_) watched_->StepDelay(n);
+    }
+    void PlaySound(Short id) const {
+        if (watched_) watched_->PlaySound(id);
+    }
+    void LiftPiece(PieceCode piece, Square from) const {
+        if (watched_) watched_->LiftPiece(piece, from);
+    }
+    void StepPiece(PieceCode piece, Square from, Square to) const {
+        if (watched_) watched_->StepPiece(piece, from, to);
+    }
+    void PutDownPiece(PieceCode piece, Square at) const {
+        if (watched_) watched_->PutDownPiece(piece, at);
+    }
+    void DrawDie(Colour colour, Short face) const {
+        if (watched_) watched_->DrawDie(colour, face);
+    }
+    void ShowChosenMove(PieceCode piece, Square from, Square to) const {
+        if (watched_) watched_->ShowChosenMove(piece, from, to);
+    }
+    void SetScreenPointer(ScreenPointer pointer) const {
+        if (watched_) watched_->SetScreenPointer(pointer);
+    }
+    /// Shows the die boxes of all four colours empty.
+    void ClearDice() const {
+        if (!watched_) return;
+        for (Colour colour = 1; colour <= ColourCount; ++colour) watched_->DrawDie(colour, 0);
+    }
+
+private:
+    Outside* watched_;
+};
+
 /// A game on the table: its value, the players' settings and the world around it. Handed from
 /// procedure to procedure; owns nothing.
 struct Table {
     GameState& state;
     const Settings& settings;
     Outside& outside;
+    Show show{outside};
 };
 
 }  // namespace zorva

@@ -1,7 +1,9 @@
 #include "core/Player.h"
 
 #include "core/Board.h"
+#include "core/Outlook.h"
 #include "core/Rules.h"
+#include "core/ScoreTerms.h"
 
 // Scores are doubles, summed in the order in which the terms stand here and never contracted into
 // fused operations (see the build flags): the choice between close scores is the same everywhere.
@@ -103,42 +105,36 @@ double PositionTerm(const Candidate& move) {
 }
 
 double ProgressTerm(const Candidate& move) {
-    return StepsFromExit(move.state, move.colour, move.piece) / 210.0;
+    return StepsFromExit(move.state, move.colour, move.piece) / terms::progressPerPoint;
 }
 
 double CaptureTerm(const Candidate& move) {
-    if (move.level <= 70 || IsSafeSquare(move.to)) return 0;
+    if (move.level < terms::captureLevel || IsSafeSquare(move.to)) return 0;
     const PieceCode victim = move.state.SquareOccupants[move.to][1];
     if (!IsRival(victim, move.colour)) return 0;
     // The bonus may be walked by the capturing piece too, from where it stands now.
-    const int factor = CanAnyWalk(move, CaptureBonus, 0) ? 5 : 2;
-    return ProgressOf(move.state, victim) / 62.0 * factor;
+    const int factor = CanAnyWalk(move, CaptureBonus, 0) ? terms::withBonus : terms::withoutBonus;
+    return ProgressOf(move.state, victim) / terms::capturePerPoint * factor;
 }
 
 double ArrivalTerm(const Candidate& move) {
-    if (move.level <= 60 || move.to != GoalSquare[move.colour]) return 0;
-    return CanAnyWalk(move, ArrivalBonus, move.piece) ? 1.0 : 0;
+    if (move.level < terms::arrivalLevel || move.to != GoalSquare[move.colour]) return 0;
+    return CanAnyWalk(move, ArrivalBonus, move.piece) ? terms::arrival : 0;
 }
 
 double NearHomeTerm(const Candidate& move) {
-    return move.level > 80 && move.from >= GoalSquare[move.colour] - 5 ? -0.35 : 0;
+    if (move.level < terms::nearHomeLevel) return 0;
+    return terms::IsNearHome(move.colour, move.from) ? terms::nearHome : 0;
 }
 
 double LeavingShelterTerm(const Candidate& move) {
-    if (move.level <= 40) return 0;
-    const bool sheltered = IsSafeSquare(move.from) || move.from >= GoalSquare[move.colour] - 7 ||
-                           move.from == HomeEntrySquare[move.colour];
-    return sheltered ? -0.12 : 0;
+    if (move.level < terms::leavingShelterLevel) return 0;
+    return terms::IsShelter(move.colour, move.from) ? terms::leavingShelter : 0;
 }
 
 double ReachingShelterTerm(const Candidate& move) {
-    if (move.level <= 20) return 0;
-    // Plain square numbers: for blue, red and green this is not "before the home entry" along the
-    // way. The playing strength was tuned with it; keep it.
-    const bool nearHome =
-        move.from < HomeEntrySquare[move.colour] &&
-        (move.to >= GoalSquare[move.colour] - 8 || move.to == HomeEntrySquare[move.colour]);
-    return IsSafeSquare(move.to) || nearHome ? 0.12 : 0;
+    if (move.level < terms::reachingShelterLevel) return 0;
+    return terms::ReachesShelter(move.colour, move.from, move.to) ? terms::reachingShelter : 0;
 }
 
 bool CapturesByComingOut(const Candidate& move) {
@@ -148,10 +144,10 @@ bool CapturesByComingOut(const Candidate& move) {
 }
 
 void AddExitTerms(const Candidate& move, double& score) {
-    if (move.from != 0 || move.state.MoveCount != ExitCount || move.level < 61) return;
-    score += 0.25;
-    if (move.state.PiecesInBox[move.colour] == 1) score += 0.5;
-    if (CapturesByComingOut(move)) score += 0.1;
+    if (move.from != 0 || move.state.MoveCount != ExitCount || move.level < terms::exitLevel) return;
+    score += terms::exit;
+    if (move.state.PiecesInBox[move.colour] == 1) score += terms::exitOfTheLast;
+    if (CapturesByComingOut(move)) score += terms::exitWithCapture;
 }
 
 // ------------------------------------------------------------------------------- decisions
@@ -194,35 +190,41 @@ bool ChooseCompulsoryExit(GameState& state, const Settings& settings) {
     return true;
 }
 
-void FindMovablePieces(GameState& state) {
+void FindMovablePieces(GameState& state, const Outlook& outlook) {
     state.LegalMoveCount = 0;
-    state.MovablePieces = {};
     for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-        const Square square = state.PiecePosition[state.CurrentColour][piece];
-        if (!IsMoveLegal(state, state.CurrentColour, state.MoveCount, square)) continue;
-        ++state.LegalMoveCount;
-        state.MovablePieces[piece] = Yes;
+        const bool isLegal = outlook.IsMoveLegal(state.MoveCount, piece);
+        state.MovablePieces[piece] = isLegal ? Yes : No;
+        state.LegalMoveCount = static_cast<Short>(state.LegalMoveCount + isLegal);
     }
 }
 
-Short BestOfMovablePieces(const GameState& state, const Settings& settings) {
+Short BestOfMovablePieces(const GameState& state, const Settings& settings, const Outlook& outlook) {
+    std::array<Short, PiecesPerColour + 1> pieces{};
+    std::size_t count = 0;
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        pieces[count] = piece;
+        count += state.MovablePieces[piece] != No;
+    }
+    if (count == 0) return 0;
+    if (count == 1) return pieces[0];  // whatever its score
+    const Short level = settings.PlayerLevel[state.CurrentColour];
     Short bestPiece = 0;
     double best = worstScore;
-    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-        if (!state.MovablePieces[piece]) continue;
-        if (state.LegalMoveCount == 1) return piece;  // whatever its score
-        const double score = ScoreOfMove(state, settings, piece);
-        if (score <= best) continue;
-        best = score;
-        bestPiece = piece;
+    for (std::size_t next = 0; next < count; ++next) {
+        const double score = outlook.ScoreOfMove(level, pieces[next]);
+        const bool isBetter = score > best;
+        best = isBetter ? score : best;
+        bestPiece = isBetter ? pieces[next] : bestPiece;
     }
     return bestPiece;
 }
 
 void ChooseBestScore(GameState& state, const Settings& settings) {
     const Colour colour = state.CurrentColour;
-    FindMovablePieces(state);
-    state.BestPiece = BestOfMovablePieces(state, settings);
+    const Outlook outlook(state);
+    FindMovablePieces(state, outlook);
+    state.BestPiece = BestOfMovablePieces(state, settings, outlook);
     state.BestFrom = state.BestPiece == 0 ? Square{0} : state.PiecePosition[colour][state.BestPiece];
     state.BestTo =
         state.BestPiece == 0 ? Square{0} : DestinationOf(colour, state.MoveCount, state.BestFrom);
@@ -235,7 +237,7 @@ double SquareValue(const GameState& state, Colour colour, PieceCode code, Square
     const int attack = AttackFrom(state, colour, square);
     const int perThreat = CaptureBonus + ProgressOf(state, code);
     const int risk = ThreatsTo(state, colour, code, square) * perThreat;
-    return attack / 447.0 - risk / 984.0;
+    return attack / terms::attackPerPoint - risk / terms::riskPerPoint;
 }
 
 double ScoreOfMove(const GameState& state, const Settings& settings, Short piece) {

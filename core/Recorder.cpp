@@ -10,6 +10,7 @@ namespace {
 // Carries moves out without showing them.
 class Unseen : public SilentOutside {
 public:
+    bool IsWatched() const override { return false; }
     Short RollFace() override { StopOnFault("a replayed move throws no die"); }
 };
 
@@ -22,7 +23,7 @@ Colour ColourOnTurn(const MoveRecord& record) {
     return record.FollowingColour != 0 ? record.FollowingColour : record.MoverColour;
 }
 
-void Replay(Table table, RecorderState& recorder) {
+void Replay(const Table& table, RecorderState& recorder) {
     GameState& state = table.state;
     ExecuteMove(table, ExecutionMode::Forward);
     state.CaptureReport = 0;  // the next move that is logged has nothing to do with it
@@ -32,39 +33,39 @@ void Replay(Table table, RecorderState& recorder) {
                               : recorder.RecorderResumeColour;
 }
 
-void TakeBack(Table table) {
+void TakeBack(const Table& table) {
     GameState& state = table.state;
     --state.MoveRecordCount;
     ExecuteMove(table, ExecutionMode::Backward);
     state.CurrentColour = RecordAt(state, state.MoveRecordCount).MoverColour;
 }
 
-void ShowReadyDie(Table table) {
-    ClearDice(table.outside);
+void ShowReadyDie(const Table& table) {
+    table.show.ClearDice();
     table.state.DieValue = 0;
     table.outside.DrawDie(table.state.CurrentColour, table.state.RepeatTurn ? Short{6} : Short{5});
 }
 
 // The dice show the throw of the last move on the board, and the ready die at the end of the tape.
-void ShowDiceOfPosition(Table table, const RecorderState& recorder) {
+void ShowDiceOfPosition(const Table& table, const RecorderState& recorder) {
     GameState& state = table.state;
     if (state.MoveRecordCount == recorder.RecorderEnd) {
         ShowReadyDie(table);
         return;
     }
-    ClearDice(table.outside);
+    table.show.ClearDice();
     const MoveRecord& last = RecordAt(state, state.MoveRecordCount - 1);
     state.DieValue = last.Die;
     if (last.Die != 0) table.outside.DrawDie(last.MoverColour, last.Die);
     state.DieValue = 0;
 }
 
-void ShowPosition(Table table, const RecorderState& recorder) {
+void ShowPosition(const Table& table, const RecorderState& recorder) {
     ShowDiceOfPosition(table, recorder);
     table.outside.SelectLogLine(ToShort(table.state.MoveRecordCount - 1));
 }
 
-void TakeTapeOut(Table table, RecorderState& recorder) {
+void TakeTapeOut(const Table& table, RecorderState& recorder) {
     recorder = RecorderState{};
     table.outside.SelectLogLine(-1);
     table.outside.RefreshBoard();
@@ -108,24 +109,24 @@ bool CanRestore(const GameState& state, const RecorderState& recorder) {
     return CanStepForward(state, recorder);
 }
 
-void RecorderSwitchOn(Table table, RecorderState& recorder) {
+void RecorderSwitchOn(const Table& table, RecorderState& recorder) {
     table.outside.SelectLogLine(ToShort(table.state.MoveRecordCount - 1));
     recorder.RecorderOn = Yes;
     recorder.RecorderEnd = table.state.MoveRecordCount;
     recorder.RecorderResumeColour = table.state.CurrentColour;
 }
 
-void StepForward(Table table, RecorderState& recorder) {
+void StepForward(const Table& table, RecorderState& recorder) {
     Replay(table, recorder);
     ShowPosition(table, recorder);
 }
 
-void StepBack(Table table, RecorderState& recorder) {
+void StepBack(const Table& table, RecorderState& recorder) {
     TakeBack(table);
     ShowPosition(table, recorder);
 }
 
-void RecorderSwitchOff(Table table, RecorderState& recorder) {
+void RecorderSwitchOff(const Table& table, RecorderState& recorder) {
     Unseen unseen;
     while (table.state.MoveRecordCount < recorder.RecorderEnd) {
         Replay({table.state, table.settings, unseen}, recorder);
@@ -134,7 +135,7 @@ void RecorderSwitchOff(Table table, RecorderState& recorder) {
     TakeTapeOut(table, recorder);
 }
 
-void RestorePosition(Table table, RecorderState& recorder) {
+void RestorePosition(const Table& table, RecorderState& recorder) {
     GameState& state = table.state;
     Unseen unseen;
     while (state.MoveRecordCount > 1 && !RecordAt(state, state.MoveRecordCount).TurnEnd) {

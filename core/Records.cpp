@@ -7,40 +7,31 @@ namespace {
 
 constexpr std::size_t recordsAtOnce = 40;
 
-MoveRecord DisplacementByHand(const GameState& state) {
-    MoveRecord record;
+void FillDisplacementByHand(MoveRecord& record, const GameState& state) {
     record.MoverColour = state.CurrentColour;
     if (state.ManualShiftColour != state.CurrentColour) record.FollowingColour = state.ManualShiftColour;
     record.Manual = Yes;
-    return record;
 }
 
-MoveRecord WayHomeOfCaptured(const GameState& state) {
-    MoveRecord record;
+void FillWayHomeOfCaptured(MoveRecord& record, const GameState& state) {
     record.MoverColour = state.CapturedColour;
     record.FollowingColour = state.CurrentColour;
     record.OnBehalf = 1;
-    return record;
 }
 
-MoveRecord OrdinaryMove(const GameState& state) {
-    MoveRecord record;
+void FillOrdinaryMove(MoveRecord& record, const GameState& state) {
+    // Two pieces left with one five. The second is logged like the first, even when a capture by the
+    // first has cleared the die in between.
+    const bool two = state.SecondMovePending != 0;
     record.MoverColour = state.CurrentColour;
-    record.Die = state.DieValue;
-    record.Count = state.MoveCount;
-    if (state.SecondMovePending != 0) {
-        // Two pieces left with one five. The second is logged like the first, even when a capture by
-        // the first has cleared the die in between.
-        record.Die = ExitCount;
-        record.Count = ExitCount;
-    }
-    return record;
+    record.Die = two ? ExitCount : state.DieValue;
+    record.Count = two ? ExitCount : state.MoveCount;
 }
 
-MoveRecord KindOfMove(const GameState& state) {
-    if (state.ManualShiftMade) return DisplacementByHand(state);
-    if (state.CaptureReport != 0) return WayHomeOfCaptured(state);
-    return OrdinaryMove(state);
+void FillKindOfMove(MoveRecord& record, const GameState& state) {
+    if (state.ManualShiftMade) return FillDisplacementByHand(record, state);
+    if (state.CaptureReport != 0) return FillWayHomeOfCaptured(record, state);
+    FillOrdinaryMove(record, state);
 }
 
 // Whether the move goes on with a turn that an earlier record began; a restored game never starts
@@ -71,15 +62,16 @@ void NewMoveRecord(GameState& state) {
     state.MoveRecords[state.MoveRecordCount] = {};
 }
 
-void LogMove(Table table) {
+void LogMove(const Table& table) {
     GameState& state = table.state;
-    MoveRecord record = KindOfMove(state);
+    MoveRecord& record = state.MoveRecords[state.MoveRecordCount];
+    record = {};
+    FillKindOfMove(record, state);
     record.Piece = state.MovePiece;
     record.From = state.MoveFrom;
     record.To = state.MoveTo;
     record.RepeatState = state.SixesInRow == 3 ? Short{0} : state.SixesInRow;
     record.TurnEnd = GoesOnWithTurn(record, state.SecondMovePending) ? No : Yes;
-    state.MoveRecords[state.MoveRecordCount] = record;
     table.outside.AddLogLine(state.MoveRecordCount, record);
 }
 
@@ -90,7 +82,7 @@ std::string LogLineText(Short moveNumber, const MoveRecord& record) {
     return number + " " + Abbreviation(record.MoverColour) + " " + ActionText(record);
 }
 
-void RebuildLog(Table table) {
+void RebuildLog(const Table& table) {
     table.outside.BeginLog(ContinuedGameHeading);
     for (Short move = 1; move < table.state.MoveRecordCount; ++move) {
         table.outside.AddLogLine(move, table.state.MoveRecords[move]);

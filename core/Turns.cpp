@@ -14,7 +14,7 @@ namespace {
 /// How the driver goes on after a move was carried out.
 enum class AfterMove { NextTurn, SecondPiece, GameOver };
 
-void PassTurn(Table table, Short direction) {
+void PassTurn(const Table& table, Short direction) {
     Colour colour = table.state.CurrentColour;
     do {
         colour = static_cast<Colour>(colour + direction);
@@ -24,10 +24,10 @@ void PassTurn(Table table, Short direction) {
     table.state.CurrentColour = colour;
 }
 
-void BeginTurn(Table table) {
+void BeginTurn(const Table& table) {
     GameState& state = table.state;
     table.outside.YieldToEvents();
-    table.outside.SetScreenPointer(ScreenPointer::Default);
+    table.show.SetScreenPointer(ScreenPointer::Default);
     if (!state.RepeatTurn) {
         NextColour(table);
         state.SixesInRow = 0;
@@ -38,20 +38,20 @@ void BeginTurn(Table table) {
 }
 
 // The ready die shows a five at the start of a turn and a six when the throw follows a six.
-void OfferThrow(Table table) {
+void OfferThrow(const Table& table) {
     GameState& state = table.state;
-    table.outside.DrawDie(state.CurrentColour, state.RepeatTurn ? Short{6} : Short{5});
-    table.outside.PlaySound(5);
+    table.show.DrawDie(state.CurrentColour, state.RepeatTurn ? Short{6} : Short{5});
+    table.show.PlaySound(5);
     state.ManualShiftMade = No;
     state.ManualMode = No;
     state.WaitingForThrow = table.settings.PauseBetweenMoves == 1 ? Yes : No;
-    table.outside.SetScreenPointer(ScreenPointer::OfTheBoard);
+    table.show.SetScreenPointer(ScreenPointer::OfTheBoard);
     table.outside.YieldToEvents();
     while (state.WaitingForThrow) table.outside.WaitForInput();
 }
 
 // A piece was dragged outside the rules: it is logged, and the turn is offered again.
-void PlayManualShift(Table table) {
+void PlayManualShift(const Table& table) {
     GameState& state = table.state;
     LogMove(table);
     ExecuteMove(table, ExecutionMode::Forward);
@@ -86,13 +86,13 @@ const MoveRecord& LastThrownMove(const GameState& state) {
     return state.MoveRecords[move > 0 ? move : 0];
 }
 
-void TellThirdSix(Table table, const char* text, Short lineCount) {
+void TellThirdSix(const Table& table, const char* text, Short lineCount) {
     table.outside.ShowMessage("Ha sacado 3 seises", text, lineCount, MessageButtons::Acknowledge);
 }
 
 // The third six sends the piece moved last back to its box, unless it is home. Returns false when
 // the turn leaves no record at all.
-bool PrepareThirdSixReturn(Table table) {
+bool PrepareThirdSixReturn(const Table& table) {
     GameState& state = table.state;
     const Colour colour = state.CurrentColour;
     const Short piece = LastThrownMove(state).Piece;
@@ -103,7 +103,7 @@ bool PrepareThirdSixReturn(Table table) {
                      "Este jugador ha sacado un 6 por tercera vez. Como la ficha que ha movido en la  "
                      "jugada  anterior ha llegado a casa no vuelve al cuadro de espera.",
                      3);
-        ClearDice(table.outside);
+        table.show.ClearDice();
         --state.MoveRecordCount;
         return false;
     }
@@ -124,15 +124,15 @@ bool PrepareThirdSixReturn(Table table) {
     return true;
 }
 
-void MakeMoveForPlayer(Table table) {
+void MakeMoveForPlayer(const Table& table) {
     TakeAdvisedMove(table.state);
-    table.outside.Pause(15);
+    table.show.Pause(15);
     ShowChosenMove(table);
 }
 
 // Finds the move of this throw, or waits until the person has chosen one. Returns false when the
 // game was abandoned.
-bool DecideMove(Table table) {
+bool DecideMove(const Table& table) {
     GameState& state = table.state;
     ChooseComputerMove(state, table.settings);
     if (!state.GameInProgress) return false;
@@ -146,14 +146,14 @@ bool DecideMove(Table table) {
     } else if (table.settings.Tutor == 1) {
         ShowChosenMove(table);
     }
-    if (state.WaitingForMove) table.outside.SetScreenPointer(ScreenPointer::OfTheBoard);
+    if (state.WaitingForMove) table.show.SetScreenPointer(ScreenPointer::OfTheBoard);
     while (state.WaitingForMove) table.outside.WaitForInput();
-    table.outside.SetScreenPointer(ScreenPointer::Default);
+    table.show.SetScreenPointer(ScreenPointer::Default);
     return state.GameInProgress != No;
 }
 
 // The captured piece goes home by a record of its own.
-void SendCapturedHome(Table table) {
+void SendCapturedHome(const Table& table) {
     GameState& state = table.state;
     const Short report = state.CaptureReport;
     NewMoveRecord(state);
@@ -169,18 +169,18 @@ void SendCapturedHome(Table table) {
         state.RepeatTurn = Yes;
         state.MoveCount = CaptureBonus;
     } else {
-        ClearDice(table.outside);
+        table.show.ClearDice();
     }
     state.CaptureReport = 0;
 }
 
-AfterMove CarryOutMove(Table table) {
+AfterMove CarryOutMove(const Table& table) {
     GameState& state = table.state;
     const Colour colour = state.CurrentColour;
     LogMove(table);
     ExecuteMove(table, ExecutionMode::Forward);
     if (state.MovePiece == 0 && state.SixesInRow == 0) {
-        ClearDice(table.outside);
+        table.show.ClearDice();
         return AfterMove::NextTurn;
     }
     if (state.CaptureReport != 0) {
@@ -198,13 +198,13 @@ AfterMove CarryOutMove(Table table) {
         return AfterMove::GameOver;
     }
     if (state.SecondMovePending == 1) return AfterMove::SecondPiece;
-    if (!state.RepeatTurn) ClearDice(table.outside);
-    table.outside.Pause(10);
+    if (!state.RepeatTurn) table.show.ClearDice();
+    table.show.Pause(10);
     return AfterMove::NextTurn;
 }
 
 // From the throw to its last move. Returns false when the game is over.
-bool PlayThrow(Table table) {
+bool PlayThrow(const Table& table) {
     GameState& state = table.state;
     if (CountSixes(state)) {
         if (!PrepareThirdSixReturn(table)) return true;
@@ -223,7 +223,7 @@ bool PlayThrow(Table table) {
 
 // One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the
 // game is over or was abandoned.
-bool PlayTurn(Table table) {
+bool PlayTurn(const Table& table) {
     GameState& state = table.state;
     BeginTurn(table);
     if (!state.GameInProgress) return false;
@@ -245,19 +245,19 @@ bool PlayTurn(Table table) {
 
 }  // namespace
 
-void NextColour(Table table) {
+void NextColour(const Table& table) {
     PassTurn(table, table.state.PlayDirection);
 }
 
-void PreviousColour(Table table) {
+void PreviousColour(const Table& table) {
     PassTurn(table, static_cast<Short>(-table.state.PlayDirection));
 }
 
-void ShowChosenMove(Table table) {
+void ShowChosenMove(const Table& table) {
     const GameState& state = table.state;
     if (state.BestPiece == 0) return;
-    table.outside.ShowChosenMove(CodeOf(state.CurrentColour, state.BestPiece), state.BestFrom,
-                                 state.BestTo);
+    table.show.ShowChosenMove(CodeOf(state.CurrentColour, state.BestPiece), state.BestFrom,
+                              state.BestTo);
 }
 
 void TakeAdvisedMove(GameState& state) {
@@ -267,7 +267,7 @@ void TakeAdvisedMove(GameState& state) {
     state.WaitingForMove = No;
 }
 
-void RunTurns(Table table) {
+void RunTurns(const Table& table) {
     while (PlayTurn(table)) {
     }
     table.outside.RefreshBoard();

@@ -7,16 +7,16 @@ namespace zorva {
 /// Plays a game from the position in the table to its end, turn after turn. Returns when
 /// GameInProgress has become false: the game ended, or a handler abandoned it during a wait. Handlers
 /// run in the waits only; everywhere else the tables are in the middle of something.
-void RunTurns(Table table);
+void RunTurns(const Table& table);
 
 /// Passes the turn to the next colour taking part, in the direction of play.
-void NextColour(Table table);
+void NextColour(const Table& table);
 
 /// Passes the turn back, so that the NextColour that follows comes to the same colour again.
-void PreviousColour(Table table);
+void PreviousColour(const Table& table);
 
 /// Shows the move found for the colour on turn.
-void ShowChosenMove(Table table);
+void ShowChosenMove(const Table& table);
 
 /// Takes the advised move as the person's own and ends the wait for it.
 void TakeAdvisedMove(GameState& state);

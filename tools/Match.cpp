@@ -21,10 +21,10 @@ constexpr std::uint64_t gamesAtOnce = 16;
 constexpr auto progressInterval = std::chrono::milliseconds(250);
 
 /// The world of one game of a match: it throws by chance and counts.
-class MatchWorld : public DecidedThrows {
+class MatchWorld final : public DecidedThrows {
 public:
-    MatchWorld(const MatchPlan& plan, std::uint64_t number, MatchTotals& totals)
-        : chance_(plan.seed, number), totals_(totals) {}
+    MatchWorld(std::uint64_t seed, std::uint64_t number, MatchTotals& totals)
+        : chance_(seed, number), totals_(totals) {}
 
     bool IsWatched() const override { return false; }
 
@@ -70,12 +70,12 @@ public:
 private:
     void PlayShare() {
         MatchTotals mine;
+        MatchPlayer player(plan_);
         for (;;) {
             const std::uint64_t first = handedOut_.fetch_add(gamesAtOnce);
             const std::uint64_t last = std::min(first + gamesAtOnce, plan_.games);
             if (first >= last) break;
-            for (std::uint64_t number = first; number < last; ++number)
-                PlayMatchGame(plan_, number, mine);
+            for (std::uint64_t number = first; number < last; ++number) player.Play(number, mine);
             finished_ += last - first;
         }
         const std::lock_guard lock(mutex_);
@@ -116,14 +116,19 @@ MatchTotals& MatchTotals::operator+=(const MatchTotals& other) {
     return *this;
 }
 
-void PlayMatchGame(const MatchPlan& plan, std::uint64_t number, MatchTotals& totals) {
-    GameState state;
-    MatchWorld world(plan, number, totals);
-    const Settings settings = WithoutPeople(plan.settings);
-    const Table table{state, settings, world};
+MatchPlayer::MatchPlayer(const MatchPlan& plan)
+    : settings_(WithoutPeople(plan.settings)), seed_(plan.seed) {}
+
+void MatchPlayer::Play(std::uint64_t number, MatchTotals& totals) {
+    // Begun anew, as after the start of the program, but for the room that its records have.
+    GameState fresh;
+    fresh.MoveRecords = std::move(state_.MoveRecords);
+    state_ = std::move(fresh);
+    MatchWorld world(seed_, number, totals);
+    const Table table{state_, settings_, world};
     ResetGame(table);
-    PlayFrom(table, world.DrawFirst(plan.settings));
-    const GameResult result = ResultOf(state, plan.settings);
+    PlayFrom(table, world.DrawFirst(settings_));
+    const GameResult result = ResultOf(state_, settings_);
     ++totals.games;
     ++totals.colours[result.winner].wins;
     totals.colours[result.winner].points += static_cast<std::uint64_t>(result.points);

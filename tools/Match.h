@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "core/Settings.h"
+#include "core/GameState.h"
 
 namespace zorva {
 
@@ -36,10 +36,25 @@ struct MatchPlan {
     unsigned threads = 1;
 };
 
-/// Plays game `number` of a match and adds it to the totals. Its chance comes from the seed and the
-/// number alone; the first thing drawn from it is the colour that begins, each taking part as likely
-/// as the others.
-void PlayMatchGame(const MatchPlan& plan, std::uint64_t number, MatchTotals& totals);
+/// Plays games of a match one after another. They have nothing in common but the room for their move
+/// records, so a player takes no more memory than its longest game.
+class MatchPlayer {
+public:
+    explicit MatchPlayer(const MatchPlan& plan);
+
+    /// Plays game `number` and adds it to the totals. Its chance comes from the seed and the number
+    /// alone; the first thing drawn from it is the colour that begins, each taking part as likely as the
+    /// others.
+    void Play(std::uint64_t number, MatchTotals& totals);
+
+    /// The game played last.
+    const GameState& Last() const { return state_; }
+
+private:
+    const Settings settings_;
+    const std::uint64_t seed_;
+    GameState state_;
+};
 
 /// Plays the games 0 .. games - 1 on that many threads; the totals are the same for any number of
 /// them. `progress`, when there is one, is told a few times a second how many games are finished.

@@ -134,7 +134,7 @@ public:
     }
 
 private:
-    void StepAndLook(void (*step)(Table, RecorderState&)) {
+    void StepAndLook(void (*step)(const Table&, RecorderState&)) {
         step(game_.AsTable(), recorder_);
         const Short position = game_.state.MoveRecordCount;
         const bool atEnd = position == live_.MoveRecordCount;
