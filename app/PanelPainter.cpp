@@ -24,6 +24,7 @@ constexpr double smallestReel = 18;
 constexpr double besideReel = 6;
 constexpr double besidePaper = 16;  // what the band's border takes at either side
 constexpr double paperShadow = 10;
+constexpr double cupSide = 140;
 
 QRectF OnDevice(const Layout& layout, const QRectF& area) {
     return {layout.DeviceLeft + area.x() * layout.Unit, layout.DeviceTop + area.y() * layout.Unit,
@@ -79,6 +80,15 @@ void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const
     }
 }
 
+// Where the screen is wide, a dice cup stands on the table right of the band.
+void PaintCup(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& band) {
+    const double room = layout.ScreenWidth - band.right();
+    if (room < cupSide) return;
+    QRectF cup(0, 0, cupSide, cupSide);
+    cup.moveCenter({band.right() + std::min(room / 2, 1.2 * cupSide), layout.ScreenHeight - cupSide});
+    artwork.Paint(painter, "panel_cup", OnDevice(layout, cup));
+}
+
 }  // namespace
 
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
@@ -93,6 +103,7 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     const QRectF body = Case(layout, band);
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
     PaintReels(painter, artwork, layout, body);
+    PaintCup(painter, artwork, layout, band);
 }
 
 }  // namespace zorva

@@ -3,6 +3,7 @@ their corners as they are and the 16 units between them stretched."""
 
 import math
 
+from .dice import PIPS, draw_body, draw_pip
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT
 from .svg import Drawing, mix
 
@@ -16,6 +17,7 @@ def drawings():
     yield "panel_shadow", draw_shadow
     yield "panel_case", draw_case
     yield "panel_reel", draw_reel
+    yield "panel_cup", draw_cup
 
 
 def _stretchable(corner, note):
@@ -94,3 +96,37 @@ def draw_reel():
     reel.circle(32, 32, 2.6, fill="#24130a")
     reel.circle(31.6, 31.5, 1.5, fill=BRASS_LIGHT)
     return reel
+
+
+def draw_cup():
+    """A dice cup seen from above; the die at its bottom lies in the dark, as it is none of the game's."""
+    cup = Drawing((0, 0, 140, 140), "A dice cup on the table. Drawn by tools/make_art.py.")
+    x, y = 64, 64
+    cup.soft_disc(x + 12, y + 14, 50, 10, 0.5)
+    cup.soft_disc(x + 3, y + 4, 52, 4, 0.6)
+    cup.circle(x, y, 53, fill="#1a0b05")
+    slant = (x - 38, y - 40, x + 38, y + 40)
+    cup.circle(x, y, 52, fill=cup.linear(*slant, (0, "#b06a3c"), (0.5, "#7c4424"), (1, "#4a2412")))
+    cup.circle(x, y, 49.4, fill=cup.linear(*slant, (0, "#8d5230"), (0.5, "#733e20"), (1, "#58301a")))
+    for stitch in range(44):
+        angle = math.radians(360 / 44 * stitch)
+        half = math.radians(2.6)
+        ends = [(x + 45.6 * math.cos(angle + way * half), y + 45.6 * math.sin(angle + way * half)) for way in (-1, 1)]
+        cup.line(*ends[0], *ends[1], stroke="#e0b888", stroke_width=1.5, stroke_linecap="round")
+    cup.circle(x, y, 41.6, fill="#1a0b05")
+    cup.circle(x, y, 41, fill=cup.linear(*slant, (0, "#170b06"), (0.6, "#3a2014"), (1, "#6b3c22")))
+    cup.circle(x + 1.6, y + 2, 33.4,
+               fill=cup.radial(x + 6, y + 8, 36, (0, "#2c160c"), (0.6, "#1c0e07"), (1, "#100804")))
+    _die_in_the_dark(cup, x + 5, y + 7)
+    cup.circle(x + 1.6, y + 2, 33.4, fill=cup.linear(*slant, (0, "#0c0502", 0.85), (0.55, "#0c0502", 0.6),
+                                                     (1, "#0c0502", 0.35)))
+    return cup
+
+
+def _die_in_the_dark(drawing, x, y):
+    drawing.open_group(f"translate({x} {y}) rotate(24) scale(0.5)")
+    drawing.soft_rect(-22, -20, 50, 50, 10, 5, 0.6, layers=10)
+    draw_body(drawing, -26, -26, 52)
+    for dx, dy in PIPS[5]:
+        draw_pip(drawing, 14.2 * dx, 14.2 * dy, 5)
+    drawing.close_group()
