@@ -4,6 +4,7 @@
 
 #include "app/Artwork.h"
 #include "app/Palette.h"
+#include "app/PanelPainter.h"
 #include "app/Typeface.h"
 #include "core/Board.h"
 
@@ -17,6 +18,8 @@ constexpr double shadowAround = 32;
 constexpr double boardCell = 33;
 constexpr double pieceDrawingSide = 40;
 constexpr double pieceDrawingBody = 28;
+
+constexpr double lightAround = 10;  // pixels of the layout that a lit house shines beyond its edge
 
 QSize SideBySide(double side) {
     return QSize(qRound(side), qRound(side));
@@ -60,12 +63,47 @@ QRect BoardPainter::DeviceArea(const Box& box, double around) const {
     return DeviceF(box).adjusted(-grow, -grow, grow, grow).toAlignedRect();
 }
 
-QRect BoardPainter::PieceArea(QPointF centre, double lift) const {
+QRect BoardPainter::PieceArea(QPointF centre) const {
     const double side = layout_.PieceSize * pieceDrawingSide / pieceDrawingBody * layout_.Unit;
     QRectF area(QPointF(), QSizeF(side, side));
     area.moveCenter(Device(centre));
-    area.setTop(area.top() - lift * layout_.Unit);
     return area.adjusted(-2, -2, 2, 2).toAlignedRect();
+}
+
+QRect BoardPainter::PieceArea(const BoardView& view, PieceCode code) const {
+    const double height = view.height[code];
+    QRect area = PieceArea(view.at[code]);
+    if (height > 0) {
+        const double side = area.width() * PieceScale(height);
+        QRectF raised(QPointF(), QSizeF(side, side));
+        raised.moveCenter(Device(view.at[code]) - QPointF(0, height * layout_.Unit));
+        const int shadow = area.width() / 2;
+        area = area.adjusted(0, 0, shadow, shadow) | raised.adjusted(-2, -2, 2, 2).toAlignedRect();
+    }
+    if (code == view.inAir && view.counted != 0) {
+        area |= CountArea(view).adjusted(-2, -2, 2, 2).toAlignedRect();
+    }
+    return area;
+}
+
+// The nearer to the eye, the larger.
+double BoardPainter::PieceScale(double height) const {
+    return 1 + 0.28 * std::min(height / layout_.PieceSize, 2.0);
+}
+
+QRect BoardPainter::HouseArea(Colour colour) const {
+    return DeviceArea(layout_.House(colour), lightAround);
+}
+
+QRect BoardPainter::DieArea(Colour colour) const {
+    const Box tray = layout_.DieBox(colour);
+    return DeviceArea(tray, 0.75 * tray.width);
+}
+
+QRect BoardPainter::PulseArea(const BoardView::Pulse& pulse) const {
+    QRectF area(QPointF(), QSizeF(1, 1) * 2 * (pulse.reach + 4) * layout_.Unit);
+    area.moveCenter(Device(pulse.at));
+    return area.toAlignedRect();
 }
 
 // ------------------------------------------------------------------------------ the empty board
@@ -78,7 +116,7 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
     QPainter painter(&Pic_TableroVacio);
     painter.setRenderHint(QPainter::Antialiasing);
     PaintTable(painter);
-    PaintPanel(painter);
+    PaintInstrumentPanel(painter, artwork_, layout_);
     painter.end();
     Pic_TableroLleno = Pic_TableroVacio.copy();
 }
@@ -100,21 +138,6 @@ void BoardPainter::PaintTable(QPainter& painter) {
     artwork_.Paint(painter, "board", {corner, QSizeF(boardDrawingSide, boardDrawingSide) * unit});
 }
 
-// The instruments at the right lie in one recess of the table.
-void BoardPainter::PaintPanel(QPainter& painter) {
-    const double unit = layout_.Unit;
-    const QRectF log = DeviceF(layout_.LogPaper);
-    const QRectF buttons = DeviceF(layout_.Buttons);
-    QRectF panel = log.united(buttons).adjusted(-16 * unit, -16 * unit, 16 * unit, 4 * unit);
-    const double free = (layout_.ScreenWidth - layout_.BoardExtent) * unit;
-    if (panel.width() > free) panel.adjust((panel.width() - free) / 2, 0, (free - panel.width()) / 2, 0);
-    painter.setPen(QPen(WithAlpha(palette::Brass, 0.35), unit));
-    painter.setBrush(WithAlpha(Qt::black, 0.28));
-    painter.drawRoundedRect(panel, 14 * unit, 14 * unit);
-    painter.setPen(QPen(WithAlpha(Qt::black, 0.5), unit));
-    painter.drawRoundedRect(panel.adjusted(-unit, -unit, unit, unit), 15 * unit, 15 * unit);
-}
-
 // -------------------------------------------------------------------------------- what changes
 
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
@@ -124,7 +147,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (!DeviceArea(layout_.House(colour), 8).intersects(part)) continue;
+        if (!HouseArea(colour).intersects(part)) continue;
         PaintHouse(painter, view, settings, colour);
         PaintDie(painter, view, colour);
     }
@@ -133,34 +156,66 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             const PieceCode code = CodeOf(colour, piece);
-            if (code != view.inAir && PieceArea(view.at[code]).intersects(part)) {
+            if (code != view.inAir && PieceArea(view, code).intersects(part)) {
                 PaintPickable(painter, view, code);
                 PaintPiece(painter, view, code);
             }
         }
     }
+    if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
     if (view.manualMode) PaintBanner(painter);
-    if (view.inAir != 0) PaintPiece(painter, view, view.inAir);
+    if (view.inAir == 0) return;
+    PaintPiece(painter, view, view.inAir);
+    if (view.counted != 0) PaintCount(painter, view);
 }
 
 void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings,
                               Colour colour) {
-    const double unit = layout_.Unit;
-    const bool lit = view.onTurn == colour || view.winner == colour;
-    if (lit) {
-        const QRectF house = DeviceF(layout_.House(colour));
-        painter.setBrush(Qt::NoBrush);
-        for (int ring = 0; ring < 3; ++ring) {
-            painter.setPen(QPen(WithAlpha(palette::Light, 0.9 - 0.28 * ring), (2 + 3 * ring) * unit));
-            painter.drawRect(house.adjusted(3 * unit, 3 * unit, -3 * unit, -3 * unit));
-        }
-    }
-    const QRectF plate = DeviceF(layout_.NamePlate(colour));
-    painter.setFont(TextFont(15 * layout_.Cell / boardCell * unit, lit ? QFont::Bold : QFont::DemiBold));
+    const Colour inTheLight = view.winner != 0 ? view.winner : view.onTurn;
+    const bool lit = inTheLight == colour;
+    if (lit) PaintLight(painter, colour);
     const double strength = lit ? 1 : IsTakingPart(settings, colour) ? 0.85 : 0.35;
+    PaintName(painter, QString::fromStdString(Trimmed(settings.PlayerName[colour])), colour, lit,
+              strength);
+    // The others lie in the shade, so that it is seen from afar whose turn it is.
+    if (!lit && inTheLight != 0) {
+        painter.fillRect(DeviceArea(layout_.House(colour)), WithAlpha(palette::DarkWood, 0.36));
+    }
+}
+
+// A lamp shines on the house: its edge glows, inwards and a little beyond.
+void BoardPainter::PaintLight(QPainter& painter, Colour colour) {
+    const double unit = layout_.Unit;
+    const QRectF house = DeviceF(layout_.House(colour));
+    painter.setBrush(Qt::NoBrush);
+    for (int ring = 4; ring >= 1; --ring) {
+        painter.setPen(QPen(WithAlpha(palette::Light, 0.17), 4.5 * ring * unit, Qt::SolidLine,
+                            Qt::SquareCap, Qt::RoundJoin));
+        painter.drawRect(house);
+    }
+    painter.setPen(QPen(palette::Light, 3 * unit));
+    painter.drawRect(house.adjusted(1.5 * unit, 1.5 * unit, -1.5 * unit, -1.5 * unit));
+}
+
+void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colour, bool lit,
+                             double strength) {
+    const double unit = layout_.Unit * layout_.Cell / boardCell;
+    const QRectF plate = DeviceF(layout_.NamePlate(colour));
+    if (lit) {
+        painter.setPen(QPen(palette::DarkWood, 1.5 * unit));
+        painter.setBrush(palette::Light);
+        painter.drawRoundedRect(plate.adjusted(unit, unit, -unit, -unit), 5 * unit, 5 * unit);
+    }
+    QFont font = TextFont((lit ? 17 : 15) * unit, lit ? QFont::Black : QFont::DemiBold);
+    const double room = plate.width() - 12 * unit;
+    const auto isTooWide = [&] {
+        const QFontMetricsF metrics(font);
+        return std::max(metrics.horizontalAdvance(name), metrics.boundingRect(name).width()) > room;
+    };
+    while (font.pixelSize() > 6 && isTooWide()) font.setPixelSize(font.pixelSize() - 1);
+    painter.setFont(font);
     painter.setPen(WithAlpha(palette::Ink, strength));
-    painter.drawText(plate, Qt::AlignCenter,
-                     QString::fromStdString(Trimmed(settings.PlayerName[colour])));
+    painter.drawText(plate, Qt::AlignCenter, name);
 }
 
 void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour colour) {
@@ -170,8 +225,10 @@ void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour col
     const double side = tray.width() * 64 / 72;
     const QPixmap picture = artwork_.Picture(QStringLiteral("die_%1").arg(face), SideBySide(side));
     painter.save();
-    painter.translate(tray.center());
-    painter.rotate(view.dieTilt[colour]);
+    const BoardView::DiePose& pose = view.diePose[colour];
+    painter.translate(tray.center() + pose.beside * tray.width());
+    painter.rotate(pose.tilt);
+    painter.scale(pose.size, pose.size);
     if (view.dieReady[colour]) painter.setOpacity(0.82);
     painter.drawPixmap(QPointF(-picture.width() / 2, -picture.height() / 2), picture);
     painter.restore();
@@ -249,15 +306,68 @@ void BoardPainter::PaintBanner(QPainter& painter) {
 
 void BoardPainter::PaintPiece(QPainter& painter, const BoardView& view, PieceCode code) {
     if (!view.present[code]) return;
+    const double height = view.height[code];
     const double side = layout_.PieceSize * pieceDrawingSide / pieceDrawingBody * layout_.Unit;
     const QPixmap picture =
         artwork_.Picture(QStringLiteral("piece_%1").arg(ColourOf(code)), SideBySide(side));
-    QPointF centre = Device(view.at[code]);
-    if (code == view.inAir) centre.ry() -= view.lift * layout_.Unit;
-    const QPointF corner = centre - QPointF(picture.width(), picture.height()) / 2;
-    const bool still = code != view.inAir;
-    // A piece at rest lies on whole device pixels: its picture is copied, not resampled.
-    painter.drawPixmap(still ? QPointF(corner.toPoint()) : corner, picture);
+    const QPointF centre = Device(view.at[code]) - QPointF(0, height * layout_.Unit);
+    QRectF target(QPointF(), QSizeF(picture.size()));
+    if (height > 0) {
+        PaintGroundShadow(painter, Device(view.at[code]), height);
+        target.setSize(target.size() * PieceScale(height));
+    }
+    target.moveCenter(centre);
+    if (code == view.inAir || height > 0) {
+        painter.drawPixmap(target, picture, QRectF(picture.rect()));
+    } else {
+        // A piece at rest lies on whole device pixels: its picture is copied, not resampled.
+        painter.drawPixmap(QPointF(target.topLeft().toPoint()), picture);
+    }
+}
+
+// The higher a piece, the further its shadow from under it, and the fainter.
+void BoardPainter::PaintGroundShadow(QPainter& painter, QPointF at, double height) {
+    const double size = layout_.PieceSize * layout_.Unit;
+    const double far = std::min(height / layout_.PieceSize, 2.0);
+    const QPointF centre = at + QPointF(0.1, 0.12) * size * (1 + far);
+    QRadialGradient shade(centre, size * 0.55);
+    shade.setColorAt(0, WithAlpha(Qt::black, 0.5 - 0.15 * far));
+    shade.setColorAt(0.6, WithAlpha(Qt::black, 0.32 - 0.12 * far));
+    shade.setColorAt(1, WithAlpha(Qt::black, 0));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(shade);
+    painter.drawEllipse(centre, size * 0.55, size * 0.55);
+}
+
+// The squares walked so far are counted beside the piece.
+QRectF BoardPainter::CountArea(const BoardView& view) const {
+    const double side = 0.72 * layout_.PieceSize * layout_.Unit;
+    const QPointF beside = QPointF(0.62, -0.62) * layout_.PieceSize * layout_.Unit;
+    QRectF area(QPointF(), QSizeF(side, side));
+    area.moveCenter(Device(view.at[view.inAir]) - QPointF(0, view.height[view.inAir] * layout_.Unit) +
+                    beside);
+    return area;
+}
+
+void BoardPainter::PaintCount(QPainter& painter, const BoardView& view) {
+    const QRectF area = CountArea(view);
+    painter.setPen(QPen(palette::DarkWood, area.width() / 14));
+    painter.setBrush(palette::Light);
+    painter.drawEllipse(area);
+    painter.setFont(TextFont(area.width() * 0.62, QFont::Bold));
+    painter.setPen(palette::Ink);
+    painter.drawText(area, Qt::AlignCenter, QString::number(view.counted));
+}
+
+void BoardPainter::PaintPulse(QPainter& painter, const BoardView::Pulse& pulse) {
+    const double grown = 1 - (1 - pulse.progress) * (1 - pulse.progress);
+    const double radius = (0.3 + 0.7 * grown) * pulse.reach * layout_.Unit;
+    const double fade = 1 - pulse.progress;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(WithAlpha(palette::Mark, 0.5 * fade), 6 * fade * layout_.Unit));
+    painter.drawEllipse(Device(pulse.at), radius, radius);
+    painter.setPen(QPen(WithAlpha(palette::Light, fade), 2.5 * fade * layout_.Unit));
+    painter.drawEllipse(Device(pulse.at), radius, radius);
 }
 
 }  // namespace zorva

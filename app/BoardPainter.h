@@ -27,9 +27,15 @@ public:
     /// The board as it is to be seen.
     const QPixmap& Picture() const { return Pic_TableroLleno; }
 
-    /// The device pixels a piece covers, its shadow included, when its centre is at that point of
-    /// the layout.
-    QRect PieceArea(QPointF centre, double lift = 0) const;
+    /// The device pixels a piece that lies at that point of the layout covers, with its shadow.
+    QRect PieceArea(QPointF centre) const;
+    /// The same for a piece as it is now, with what is written beside it.
+    QRect PieceArea(const BoardView& view, PieceCode code) const;
+    /// The device pixels of a house, with the light around it.
+    QRect HouseArea(Colour colour) const;
+    /// The device pixels that a die may cover, however it lies.
+    QRect DieArea(Colour colour) const;
+    QRect PulseArea(const BoardView::Pulse& pulse) const;
     /// The device pixels a rectangle of the layout covers.
     QRect DeviceArea(const Box& box, double around = 0) const;
     /// The device pixels that the marks of a shown move cover.
@@ -39,15 +45,21 @@ public:
 
 private:
     void PaintTable(QPainter& painter);
-    void PaintPanel(QPainter& painter);
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour);
+    void PaintLight(QPainter& painter, Colour colour);
+    void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
     void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
     void PaintBonus(QPainter& painter, const BoardView& view);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move);
     void PaintPickable(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintBanner(QPainter& painter);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
+    void PaintGroundShadow(QPainter& painter, QPointF at, double height);
+    void PaintCount(QPainter& painter, const BoardView& view);
+    void PaintPulse(QPainter& painter, const BoardView::Pulse& pulse);
     void PaintRing(QPainter& painter, QPointF centre, double radius, double width, const QColor& colour);
+    double PieceScale(double height) const;
+    QRectF CountArea(const BoardView& view) const;
     Box Banner() const;
     QPointF Device(QPointF layoutPoint) const;
     QRectF DeviceF(const Box& box) const;

@@ -1,6 +1,5 @@
 #include "app/BoardScene.h"
 
-#include <cmath>
 #include <utility>
 
 #include "app/PiecePlaces.h"
@@ -9,27 +8,27 @@
 namespace zorva {
 namespace {
 
-constexpr double hopHeight = 7;  // pixels of the layout
-constexpr int rollsOfAThrow = 10;
+constexpr int pulseMilliseconds = 900;  // at speed 0
 
 QPointF AsPointF(Point p) {
     return {static_cast<double>(p.x), static_cast<double>(p.y)};
-}
-
-// The die turns this way and that while it rolls and comes to rest upright.
-double TiltOfRoll(int roll) {
-    constexpr double tilts[] = {0, 24, -31, 17, -22, 35, -14, 20, -11, 6, 0};
-    return roll < rollsOfAThrow ? tilts[roll] : 0;
 }
 
 }  // namespace
 
 BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork& artwork,
                        Changed changed)
-    : state_(state), settings_(settings), painter_(artwork), changed_(std::move(changed)) {}
+    : state_(state), settings_(settings), painter_(artwork), changed_(std::move(changed)) {
+    pulse_.setStartValue(0.0);
+    pulse_.setEndValue(1.0);
+    QObject::connect(&pulse_, &QVariantAnimation::valueChanged, &pulse_,
+                     [this](const QVariant& value) { ShowPulse(value.toDouble()); });
+}
 
 void BoardScene::SetScreen(const Layout& layout, QSize devicePixels) {
     layout_ = layout;
+    pulse_.stop();
+    view_.pulse = {};
     painter_.SetScreen(layout, devicePixels);
     Refresh();
 }
@@ -42,7 +41,11 @@ void BoardScene::Repaint(const QRect& device) {
 }
 
 void BoardScene::RepaintHouse(Colour colour) {
-    if (colour != 0) Repaint(painter_.DeviceArea(layout_.House(colour), 8));
+    if (colour != 0) Repaint(painter_.HouseArea(colour));
+}
+
+void BoardScene::RepaintDie(Colour colour) {
+    Repaint(painter_.DieArea(colour));
 }
 
 // ---------------------------------------------------------------------------------- the pieces
@@ -51,59 +54,78 @@ QPointF BoardScene::PlaceOf(PieceCode piece) const {
     return AsPointF(PlaceOfPiece(layout_, state_, piece));
 }
 
-QRect BoardScene::AreaOf(PieceCode piece) const {
-    return painter_.PieceArea(view_.at[piece], piece == view_.inAir ? view_.lift : 0);
+// Where a piece touches the ground on its walk: beside whoever stands there, as it would stay.
+QPointF BoardScene::PlaceOnStep(PieceCode piece, Square square) const {
+    if (square == 0) return AsPointF(layout_.BoxPosition(ColourOf(piece), PieceOf(piece)));
+    return AsPointF(FreePlaceOn(layout_, state_, square));
 }
 
-void BoardScene::MoveTo(PieceCode piece, QPointF place) {
+QRect BoardScene::AreaOf(PieceCode piece) const {
+    return painter_.PieceArea(view_, piece);
+}
+
+void BoardScene::MoveTo(PieceCode piece, QPointF place, double height) {
     QRect area = AreaOf(piece);
     view_.at[piece] = place;
+    view_.height[piece] = height;
     area |= AreaOf(piece);
     Repaint(area);
 }
 
+void BoardScene::ForgetMotion() {
+    motions_.clear();
+    dieMotions_.clear();
+    view_.height.fill(0);
+    view_.diePose.fill({});
+    view_.counted = 0;
+    view_.inAir = 0;
+}
+
 void BoardScene::TakeAllPieces() {
+    ForgetMotion();
+    pulse_.stop();
     view_ = BoardView{};
-    glides_.clear();
     Repaint(painter_.Picture().rect());
 }
 
 void BoardScene::Lift(PieceCode piece) {
+    view_.counted = 0;
     view_.inAir = piece;
     view_.present[piece] = true;
-    GlideOthersToTheirPlaces();
+    SlideOthersToTheirPlaces();
 }
 
 // When a piece has left its square, the one beside it takes its place.
-void BoardScene::GlideOthersToTheirPlaces() {
+void BoardScene::SlideOthersToTheirPlaces() {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (Short number = 1; number <= PiecesPerColour; ++number) {
             const PieceCode piece = CodeOf(colour, number);
             if (piece == view_.inAir || !view_.present[piece]) continue;
             const QPointF place = PlaceOf(piece);
-            if (place != view_.at[piece]) glides_.push_back({piece, view_.at[piece], place});
+            if (place != view_.at[piece]) {
+                motions_.push_back(PieceMotion::Slide(piece, view_.at[piece], place));
+            }
         }
     }
 }
 
 void BoardScene::StartStep(PieceCode piece, Square from, Square to) {
-    const QPointF start =
-        from == 0 ? AsPointF(layout_.BoxPosition(ColourOf(piece), PieceOf(piece))) : view_.at[piece];
-    const QPointF end = to == 0 ? AsPointF(layout_.BoxPosition(ColourOf(piece), PieceOf(piece)))
-                                : AsPointF(layout_.SquarePosition(to));
-    glides_.push_back({piece, start, end});
+    const QPointF start = from == 0 ? PlaceOnStep(piece, 0) : view_.at[piece];
+    const bool comesHome = to == GoalSquare[ColourOf(piece)];
+    motions_.push_back(
+        PieceMotion::Hop(piece, start, PlaceOnStep(piece, to), layout_.PieceSize, comesHome));
+    if (to == 0) StartPulse(start, 1.1 * layout_.Cell);
+    view_.counted = from == 0 || to == 0 ? Short{0} : ToShort(view_.counted + 1);
 }
 
 void BoardScene::ShowStep(double progress) {
-    const double eased = progress * progress * (3 - 2 * progress);
-    for (const Glide& glide : glides_) {
-        QRect area = AreaOf(glide.piece);
-        if (glide.piece == view_.inAir) view_.lift = hopHeight * std::sin(progress * M_PI);
-        view_.at[glide.piece] = glide.from + (glide.to - glide.from) * eased;
-        area |= AreaOf(glide.piece);
-        Repaint(area);
+    for (const PieceMotion& motion : motions_) {
+        MoveTo(motion.piece, motion.PlaceAt(progress), motion.HeightAt(progress));
     }
-    if (progress >= 1) glides_.clear();
+    for (const DieMotion& motion : dieMotions_) PoseDie(motion.colour, motion.PoseAt(progress));
+    if (progress < 1) return;
+    motions_.clear();
+    dieMotions_.clear();
 }
 
 void BoardScene::Drag(PieceCode piece, QPointF at) {
@@ -112,32 +134,72 @@ void BoardScene::Drag(PieceCode piece, QPointF at) {
 }
 
 void BoardScene::StartGlideBack(PieceCode piece) {
-    glides_.push_back({piece, view_.at[piece], PlaceOf(piece)});
+    motions_.push_back(PieceMotion::Slide(piece, view_.at[piece], PlaceOf(piece)));
 }
 
+// A piece that was not on the board yet falls into its place during the next wait.
 void BoardScene::PutDown(PieceCode piece) {
-    view_.present[piece] = true;
     ShowStep(1);
-    view_.lift = 0;
     const QRect area = AreaOf(piece);
+    const bool isNew = !std::exchange(view_.present[piece], true);
+    const bool wasInAir = view_.inAir == piece;
     view_.inAir = 0;
+    view_.counted = 0;
     MoveTo(piece, PlaceOf(piece));
     Repaint(area);
-    GlideOthersToTheirPlaces();
+    SlideOthersToTheirPlaces();
     ShowStep(1);
+    if (isNew) motions_.push_back(PieceMotion::Drop(piece, view_.at[piece], layout_.PieceSize));
+    if (isNew) ShowStep(0);
     if (view_.shown.piece == piece) ShowMove({});
+    if (wasInAir && state_.PositionOf(piece) == GoalSquare[ColourOf(piece)]) {
+        StartPulse(view_.at[piece], 1.6 * layout_.Cell);
+    }
+}
+
+// ----------------------------------------------------------------------------------- rings of light
+
+void BoardScene::StartPulse(QPointF at, double reach) {
+    ShowPulse(1);
+    pulse_.stop();
+    const int duration = (100 - settings_.Speed) * pulseMilliseconds / 100;
+    if (duration <= 0) return;
+    view_.pulse = {at, reach, 0};
+    ShowPulse(0);
+    pulse_.setDuration(duration);
+    pulse_.start();
+}
+
+void BoardScene::ShowPulse(double progress) {
+    if (view_.pulse.reach == 0) return;
+    QRect area = painter_.PulseArea(view_.pulse);
+    view_.pulse.progress = progress;
+    area |= painter_.PulseArea(view_.pulse);
+    if (progress >= 1) view_.pulse = {};
+    Repaint(area);
 }
 
 // ------------------------------------------------------------------------ dice, turn and marks
 
 void BoardScene::ShowDie(Colour colour, Short face, bool ready) {
-    rolls_[colour] = ready || face == 0 ? 0 : rolls_[colour] + 1;
-    const double tilt = ready || face == 0 ? 0 : TiltOfRoll(rolls_[colour]);
+    const bool isRolling = face != 0 && !ready;
+    rolls_[colour] = isRolling ? rolls_[colour] + 1 : 0;
     const bool same = view_.dieFace[colour] == face && view_.dieReady[colour] == ready;
     view_.dieFace[colour] = face;
     view_.dieReady[colour] = ready;
-    view_.dieTilt[colour] = tilt;
-    if (!same || face != 0) Repaint(painter_.DeviceArea(layout_.DieBox(colour), 12));
+    if (isRolling) {
+        const int roll = rolls_[colour];
+        const BoardView::DiePose pose = DieMotion::PoseOfRoll(roll);
+        PoseDie(colour, pose);
+        dieMotions_.push_back({colour, pose, DieMotion::PoseOfRoll(roll + 1)});
+    } else if (!same) {
+        PoseDie(colour, {});
+    }
+}
+
+void BoardScene::PoseDie(Colour colour, const BoardView::DiePose& pose) {
+    view_.diePose[colour] = pose;
+    RepaintDie(colour);
 }
 
 void BoardScene::ShowTurn(Colour colour, Short bonusDue) {
@@ -146,8 +208,12 @@ void BoardScene::ShowTurn(Colour colour, Short bonusDue) {
     view_.onTurn = colour;
     view_.bonusDue = bonusDue;
     if (bonusDue != 0) view_.dieFace[colour] = 0;
-    if (before != colour) RepaintHouse(before);
-    RepaintHouse(colour);
+    // All houses but that of the colour on turn lie in the shade.
+    if (before != colour) {
+        RepaintHouses();
+    } else {
+        RepaintHouse(colour);
+    }
 }
 
 void BoardScene::RepaintMove(const BoardView::ShownMove& move) {
@@ -191,9 +257,11 @@ void BoardScene::ShowManualMode(bool on) {
 }
 
 void BoardScene::ShowWinner(Colour colour) {
-    const Colour lit = std::exchange(view_.onTurn, Colour{0});
-    const Colour before = std::exchange(view_.winner, colour);
-    for (const Colour house : {lit, before, colour}) RepaintHouse(house);
+    view_.onTurn = 0;
+    view_.winner = colour;
+    RepaintHouses();
+    if (colour != 0)
+        StartPulse(AsPointF(layout_.SquarePosition(GoalSquare[colour])), 3.0 * layout_.Cell);
 }
 
 void BoardScene::RepaintHouses() {
@@ -201,9 +269,7 @@ void BoardScene::RepaintHouses() {
 }
 
 void BoardScene::Refresh() {
-    glides_.clear();
-    view_.inAir = 0;
-    view_.lift = 0;
+    ForgetMotion();
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             const PieceCode code = CodeOf(colour, piece);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QRect>
+#include <QVariantAnimation>
 #include <functional>
 #include <vector>
 
+#include "app/BoardMotion.h"
 #include "app/BoardPainter.h"
 #include "app/BoardView.h"
 
@@ -28,7 +30,7 @@ public:
     void StartStep(PieceCode piece, Square from, Square to);
     void ShowStep(double progress);
     /// Whether pieces are on their way: the next wait is to show it.
-    bool HasMotion() const { return !glides_.empty(); }
+    bool HasMotion() const { return !motions_.empty() || !dieMotions_.empty(); }
     void PutDown(PieceCode piece);
     /// The piece hangs on the pointer.
     void Drag(PieceCode piece, QPointF at);
@@ -51,18 +53,18 @@ public:
     void Refresh();
 
 private:
-    struct Glide {
-        PieceCode piece;
-        QPointF from;
-        QPointF to;
-    };
-
     QPointF PlaceOf(PieceCode piece) const;
+    QPointF PlaceOnStep(PieceCode piece, Square square) const;
     QRect AreaOf(PieceCode piece) const;
-    void MoveTo(PieceCode piece, QPointF place);
-    void GlideOthersToTheirPlaces();
+    void MoveTo(PieceCode piece, QPointF place, double height = 0);
+    void PoseDie(Colour colour, const BoardView::DiePose& pose);
+    void SlideOthersToTheirPlaces();
+    void StartPulse(QPointF at, double reach);
+    void ShowPulse(double progress);
+    void ForgetMotion();
     void Repaint(const QRect& device);
     void RepaintHouse(Colour colour);
+    void RepaintDie(Colour colour);
     void RepaintMove(const BoardView::ShownMove& move);
     void RepaintPiece(PieceCode piece);
 
@@ -72,8 +74,10 @@ private:
     Changed changed_;
     Layout layout_;
     BoardView view_;
-    std::vector<Glide> glides_;
+    std::vector<PieceMotion> motions_;
+    std::vector<DieMotion> dieMotions_;
     PerColour<int> rolls_{};
+    QVariantAnimation pulse_;  // goes on beside the game, which does not wait for it
 };
 
 }  // namespace zorva

@@ -11,6 +11,20 @@ namespace zorva {
 struct BoardView {
     static constexpr int CodeCount = 45;  ///< piece codes go up to 44
 
+    /// How a die lies in its tray.
+    struct DiePose {
+        double tilt = 0;  ///< degrees; 0 when it has come to rest
+        double size = 1;  ///< times its own size: the nearer the eye, the larger
+        QPointF beside;   ///< from the middle of the tray, in sides of the tray
+    };
+
+    /// A ring of light that spreads where a piece was captured, came home or won.
+    struct Pulse {
+        QPointF at;
+        double reach = 0;     ///< the radius at its end, in pixels of the layout; 0 when there is none
+        double progress = 0;  ///< 0..1
+    };
+
     /// A move that is shown: advised to a person or about to be made.
     struct ShownMove {
         PieceCode piece = 0;  ///< 0 when none is shown
@@ -18,16 +32,18 @@ struct BoardView {
         Square to = 0;
     };
 
-    std::array<bool, CodeCount> present{};  ///< pieces that have been put on the board
-    std::array<QPointF, CodeCount> at{};    ///< centres, in pixels of the layout
-    PieceCode inAir = 0;                    ///< the piece that moves; drawn above all others
-    double lift = 0;                        ///< how high it is, in pixels of the layout
+    std::array<bool, CodeCount> present{};   ///< pieces that have been put on the board
+    std::array<QPointF, CodeCount> at{};     ///< centres, in pixels of the layout
+    std::array<double, CodeCount> height{};  ///< above the board, in pixels of the layout
+    PieceCode inAir = 0;                     ///< the piece that moves; drawn above all others
+    Short counted = 0;                       ///< squares it has walked, written beside it; 0 writes none
 
-    PerColour<Short> dieFace{};   ///< 0 an empty tray
-    PerColour<double> dieTilt{};  ///< degrees; 0 when the die has come to rest
-    PerColour<bool> dieReady{};   ///< waits to be thrown
-    Short bonusDue = 0;           ///< 20 or 10 squares the colour on turn walks next, else 0
+    PerColour<Short> dieFace{};  ///< 0 an empty tray
+    PerColour<DiePose> diePose{};
+    PerColour<bool> dieReady{};  ///< waits to be thrown
+    Short bonusDue = 0;          ///< 20 or 10 squares the colour on turn walks next, else 0
 
+    Pulse pulse;
     Colour onTurn = 0;  ///< whose house is lit
     Colour winner = 0;  ///< whose display blinks
     ShownMove shown;

@@ -14,6 +14,7 @@ inline QColor OfPlayer(Colour colour) {
 }
 
 inline const QColor Paper{0xf6, 0xee, 0xd9};
+inline const QColor RuledPaper{0xec, 0xe0, 0xc2};
 inline const QColor Ink{0x2b, 0x21, 0x18};
 inline const QColor Brass{0xd9, 0xb3, 0x65};
 inline const QColor Light{0xff, 0xe9, 0xb0};  ///< lamps, glows, marks of what is live

@@ -49,4 +49,11 @@ Point PlaceOfPiece(const Layout& layout, const GameState& state, PieceCode code)
     return layout.SlotPosition(square, std::max<Short>(1, SlotOf(state, square, code)));
 }
 
+Point FreePlaceOn(const Layout& layout, const GameState& state, Square square) {
+    Short slot = 1;
+    while (slot <= 3 && StandsInSlot(state, square, slot)) ++slot;
+    const bool isGoal = std::find(GoalSquare.begin() + 1, GoalSquare.end(), square) != GoalSquare.end();
+    return layout.SlotPosition(square, isGoal ? slot : std::min<Short>(slot, 3));
+}
+
 }  // namespace zorva

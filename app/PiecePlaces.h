@@ -10,4 +10,7 @@ namespace zorva {
 /// fourth piece stands in none and slot 3 may hold a code an earlier game left there.
 Point PlaceOfPiece(const Layout& layout, const GameState& state, PieceCode code);
 
+/// Where the next piece would stand on a square 1..100: beside those that stand there.
+Point FreePlaceOn(const Layout& layout, const GameState& state, Square square);
+
 }  // namespace zorva

@@ -75,6 +75,7 @@ void WindowOutside::PlaySound(Short id) {
 }
 
 void WindowOutside::LiftPiece(PieceCode piece, Square) {
+    if (PieceLifted) PieceLifted();
     scene_.Lift(piece);
 }
 
@@ -92,7 +93,7 @@ void WindowOutside::DrawDie(Colour colour, Short face) {
     if (face != 0) scene_.ShowTurn(state_.CurrentColour, 0);
     scene_.ShowDie(colour, face, ready);
     if (ready) Announce(mesa_, TurnText(state_, settings_));
-    if (face != 0 && !ready && scene_.View().dieTilt[colour] == 0) {
+    if (face != 0 && !ready && scene_.View().diePose[colour].tilt == 0) {
         Announce(mesa_, DieText(settings_, colour, face, false));
     }
 }
