@@ -12,6 +12,7 @@
 #include "core/DecidedThrows.h"
 #include "core/Ending.h"
 #include "core/Opening.h"
+#include "core/Turns.h"
 #include "tools/WithoutPeople.h"
 
 namespace zorva {
@@ -51,6 +52,14 @@ private:
     Chance chance_;
     MatchTotals& totals_;
 };
+
+// How many turns after `first` the colour `last` has its own.
+std::size_t TurnsBetween(Table table, Colour first, Colour last) {
+    std::size_t turns = 0;
+    for (table.state.CurrentColour = first; table.state.CurrentColour != last; NextColour(table))
+        ++turns;
+    return turns;
+}
 
 /// The games of a match handed out to threads.
 class MatchRun {
@@ -109,6 +118,8 @@ MatchTotals& MatchTotals::operator+=(const MatchTotals& other) {
         colours[colour].wins += other.colours[colour].wins;
         colours[colour].points += other.colours[colour].points;
     }
+    for (std::size_t turn = 0; turn < winsByTurn.size(); ++turn)
+        winsByTurn[turn] += other.winsByTurn[turn];
     games += other.games;
     moves += other.moves;
     captures += other.captures;
@@ -127,9 +138,11 @@ void MatchPlayer::Play(std::uint64_t number, MatchTotals& totals) {
     MatchWorld world(seed_, number, totals);
     const Table table{state_, settings_, world};
     ResetGame(table);
-    PlayFrom(table, world.DrawFirst(settings_));
+    const Colour first = world.DrawFirst(settings_);
+    PlayFrom(table, first);
     const GameResult result = ResultOf(state_, settings_);
     ++totals.games;
+    ++totals.winsByTurn[TurnsBetween(table, first, result.winner)];
     ++totals.colours[result.winner].wins;
     totals.colours[result.winner].points += static_cast<std::uint64_t>(result.points);
 }

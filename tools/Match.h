@@ -19,6 +19,8 @@ struct ColourTotals {
 /// in which the threads finish their games.
 struct MatchTotals {
     PerColour<ColourTotals> colours{};
+    /// Wins by turn: of the colours that begin, of those whose turn is next, and so on.
+    std::array<std::uint64_t, ColourCount> winsByTurn{};
     std::uint64_t games = 0;
     std::uint64_t moves = 0;      ///< move records, passes and ways home of captured pieces included
     std::uint64_t captures = 0;   ///< captured pieces sent home

@@ -1,5 +1,7 @@
 #include "tools/MatchCommand.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <iomanip>
 #include <map>
@@ -17,22 +19,47 @@ namespace {
 constexpr std::uint64_t mostGames = 1'000'000'000;
 constexpr unsigned mostThreads = 256;
 
-// "A,B,C,D": the levels of the colours 1 to 4.
-void TakeLevels(const std::string& text, Settings& settings) {
+// "A,B,C,D": four whole numbers, none above the highest nor below the lowest.
+std::array<Short, 4> FourNumbers(const CommandLine& options, const std::string& option, Short low,
+                                 Short high, const char* told) {
+    const std::string& text = options.Text(option);
+    std::array<Short, 4> numbers{};
     std::size_t begin = 0;
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        const bool last = colour == ColourCount;
+    for (std::size_t place = 0; place < numbers.size(); ++place) {
+        const bool last = place + 1 == numbers.size();
         const std::size_t end = last ? text.size() : text.find(',', begin);
-        const auto level = end == std::string::npos
-                               ? std::nullopt
-                               : WholeNumber(std::string_view(text).substr(begin, end - begin));
-        if (!level || *level > 100) {
-            throw Failure("--levels takes four levels from 0 to 100 such as 50,50,80,100, not \"" +
-                          text + "\"");
+        const auto number = end == std::string::npos
+                                ? std::nullopt
+                                : WholeNumber(std::string_view(text).substr(begin, end - begin));
+        if (!number || *number < static_cast<std::uint64_t>(low) ||
+            *number > static_cast<std::uint64_t>(high)) {
+            throw Failure(option + " takes " + told + ", not \"" + text + "\"");
         }
-        settings.PlayerLevel[colour] = static_cast<Short>(*level);
+        numbers[place] = static_cast<Short>(*number);
         begin = end + 1;
     }
+    return numbers;
+}
+
+void TakeLevels(const CommandLine& options, Settings& settings) {
+    const auto levels =
+        FourNumbers(options, "--levels", 0, 100, "four levels from 0 to 100 such as 50,50,80,100");
+    std::copy(levels.begin(), levels.end(), settings.PlayerLevel.begin() + 1);
+}
+
+void TakePlayers(const CommandLine& options, Settings& settings) {
+    const auto active = FourNumbers(options, "--players", 1, 2,
+                                    "a 1 (takes part) or a 2 for each colour such as 1,2,1,2");
+    std::copy(active.begin(), active.end(), settings.PlayerActive.begin() + 1);
+}
+
+void TakeRules(const CommandLine& options, Settings& settings) {
+    const auto rules =
+        FourNumbers(options, "--rules", 1, 2, "four options of the rules, each 1 or 2, such as 2,1,1,1");
+    settings.RuleSixAllOut = rules[0];
+    settings.RuleLeaveAllInBox = rules[1];
+    settings.RuleFiveAllInBox = rules[2];
+    settings.RuleFiveSomeInBox = rules[3];
 }
 
 MatchPlan ReadPlan(const CommandLine& options) {
@@ -45,7 +72,11 @@ MatchPlan ReadPlan(const CommandLine& options) {
     }
     if (options.Has("--settings"))
         plan.settings = ReadSettingsArgument(options.Text("--settings")).settings;
-    if (options.Has("--levels")) TakeLevels(options.Text("--levels"), plan.settings);
+    if (options.Has("--levels")) TakeLevels(options, plan.settings);
+    if (options.Has("--players")) TakePlayers(options, plan.settings);
+    if (options.Has("--rules")) TakeRules(options, plan.settings);
+    if (options.Has("--order"))
+        plan.settings.PlayOrder = static_cast<Short>(options.Number("--order", 1, 2));
     return plan;
 }
 
@@ -80,7 +111,12 @@ void PrintTotals(std::ostream& out, const MatchPlan& plan, const MatchTotals& to
         if (byLevel.size() < colours && byLevel.size() > 1)
             PrintRow(out, "all of level " + std::to_string(level), sum, totals.games);
     }
-    out << "mean moves per game " << Ratio(static_cast<double>(totals.moves), games)
+    out << "wins by turn, from the colour that begins:";
+    for (std::size_t turn = 0; turn < colours; ++turn) {
+        out << ' ' << std::setprecision(2)
+            << Ratio(100 * static_cast<double>(totals.winsByTurn[turn]), games) << " %";
+    }
+    out << "\nmean moves per game " << Ratio(static_cast<double>(totals.moves), games)
         << ", mean captures per game " << Ratio(static_cast<double>(totals.captures), games) << '\n';
 }
 
@@ -94,8 +130,10 @@ void PrintSpeed(std::ostream& out, const MatchPlan& plan, const MatchTotals& tot
 }  // namespace
 
 void MatchCommand(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
-    const CommandLine options(arguments, {"--games", "--seed", "--threads", "--settings", "--levels"},
-                              {});
+    const CommandLine options(
+        arguments,
+        {"--games", "--seed", "--threads", "--settings", "--levels", "--players", "--rules", "--order"},
+        {});
     const MatchPlan plan = ReadPlan(options);
     const auto tell = [&](std::uint64_t finished) {
         *progress << '\r' << finished << " of " << plan.games << " games" << std::flush;

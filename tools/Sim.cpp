@@ -21,10 +21,16 @@ constexpr const char* usage =
     "    --save     writes the settings file of that moment\n"
     "\n"
     "zorva-sim match --games N --seed S [--threads T] [--settings IN.INI] [--levels A,B,C,D]\n"
+    "                [--players A,B,C,D] [--rules A,B,C,D] [--order O]\n"
     "    N games by chance, on all cores unless T says otherwise. Prints wins and mean points. The\n"
     "    same seed gives the same games with any number of threads. Each game draws the colour\n"
     "    that begins among those taking part, all equally likely. A, B, C, D are the levels of\n"
     "    yellow, blue, red and green.\n"
+    "    --players  1 for each of the four that takes part, 2 for each that does not\n"
+    "    --rules    1 or 2 for each option: a six with none in the box counts 7 or 12; with all in the\n"
+    "               box counting starts at once or after a five; a five with all in the box brings out\n"
+    "               two or one; a five with some in the box must bring one out or may\n"
+    "    --order    1 the turn goes from green down to yellow, 2 from yellow up to green\n"
     "\n"
     "Colours are played by the computer whatever the settings file says.\n";
 

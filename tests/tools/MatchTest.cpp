@@ -28,6 +28,7 @@ TEST(Match, HasTheSameTotalsOnAnyNumberOfThreadsAndMachine) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         EXPECT_EQ(totals.colours[colour].wins, wins[colour]) << colour;
     }
+    EXPECT_EQ(totals.winsByTurn, (std::array<std::uint64_t, 4>{73, 74, 78, 75}));
     EXPECT_EQ(totals.games, 300U);
     EXPECT_EQ(totals.moves, 111'449U);
     EXPECT_EQ(totals.captures, 4'713U);
@@ -59,7 +60,8 @@ TEST(MatchCommand, PrintsARowForEachColourAndLevel) {
     EXPECT_EQ(status, 0);
     for (const char* part :
          {"\nyellow, level 0 ", "\nblue, level 100 ", "\nred, level 0 ", "\ngreen, level 50 ",
-          "\nall of level 0 ", "\nmean moves per game ", " games/s, ", " decisions/s, "}) {
+          "\nall of level 0 ", "\nwins by turn, from the colour that begins: ", "\nmean moves per game ",
+          " games/s, ", " decisions/s, "}) {
         EXPECT_NE(out.str().find(part), std::string::npos) << part;
     }
     EXPECT_NE(err.str().find("20 of 20 games\n"), std::string::npos);

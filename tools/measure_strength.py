@@ -1,0 +1,190 @@
+#!/usr/bin/env python3
+"""Measures how strong the levels of play are, and draws what it finds.
+
+    tools/measure_strength.py [--games N] [--sim build/release/tools/zorva-sim]
+
+plays N games (100,000 unless told otherwise) for each point with zorva-sim and renews the tables of
+docs/strength.md and the pictures docs/strength-*.svg. Needs python3-matplotlib. The same N gives the same
+tables on every machine.
+"""
+
+import argparse
+import math
+import os
+import re
+import subprocess
+import sys
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+DOCS = os.path.join(HERE, "..", "docs")
+COLOURS = ("yellow", "blue", "red", "green")
+LEVELS = range(0, 101, 10)
+# The options of the rules as the game begins with them, and what the other answer of each is.
+USUAL_RULES = (2, 1, 1, 1)
+OTHER_RULES = ("a six with none in the box counts 7, not 12",
+               "with all in the box a five is needed to begin",
+               "a five with all in the box brings out one, not two",
+               "a five with some in the box may bring one out, not must")
+
+
+def interval(wins, games):
+    """The share of wins and the 95 % interval around it (Wilson), in per cent."""
+    z = 1.959964
+    share = wins / games
+    middle = (share + z * z / (2 * games)) / (1 + z * z / games)
+    half = z / (1 + z * z / games) * math.sqrt(share * (1 - share) / games + z * z / (4 * games * games))
+    return 100 * share, 100 * (middle - half), 100 * (middle + half)
+
+
+def text_of(wins, games):
+    share, low, high = interval(wins, games)
+    return f"{share:.2f} ({low:.2f} to {high:.2f})"
+
+
+class Match:
+    """One run of zorva-sim match, read."""
+
+    seed = 0
+
+    def __init__(self, sim, games, levels, players=(1, 1, 1, 1), rules=USUAL_RULES, order=2):
+        Match.seed += 1
+        words = [sim, "match", "--games", games, "--seed", Match.seed, "--levels", self.listed(levels),
+                 "--players", self.listed(players), "--rules", self.listed(rules), "--order", order]
+        out = subprocess.run([str(word) for word in words], check=True, capture_output=True,
+                             text=True).stdout
+        self.games = games
+        self.wins = {}
+        for line in out.splitlines():
+            row = re.match(r"(\w+), level \d+ +(\d+) ", line)
+            if row:
+                self.wins[COLOURS.index(row[1])] = int(row[2])
+        if sum(self.wins.values()) != games:
+            sys.exit("zorva-sim has printed something else:\n" + out)
+        shares = re.search(r"wins by turn, from the colour that begins:(.*)", out)[1]
+        self.by_turn = [float(share) / 100 for share in shares.replace("%", "").split()]
+        self.moves = float(re.search(r"mean moves per game ([\d.]+)", out)[1])
+
+    @staticmethod
+    def listed(numbers):
+        return ",".join(str(number) for number in numbers)
+
+
+def one_against_others(sim, games, level, others, seats):
+    """Wins of a level that sits in each of the seats in turn, the others of their own level."""
+    players = tuple(1 if seat in seats else 2 for seat in range(4))
+    wins = 0
+    share = games // len(seats)
+    for seat in seats:
+        levels = [others] * 4
+        levels[seat] = level
+        wins += Match(sim, share, levels, players).wins[seat]
+    return wins, share * len(seats)
+
+
+FOUR, TWO = (0, 1, 2, 3), (0, 2)
+
+
+def measure(sim, games):
+    """Everything that is told, by the name of its table."""
+    found = {}
+    for name, others, seats in (("four-50", 50, FOUR), ("four-100", 100, FOUR), ("two-50", 50, TWO),
+                                ("two-100", 100, TWO)):
+        found[name] = {level: one_against_others(sim, games, level, others, seats) for level in LEVELS}
+        print("measured", name, file=sys.stderr)
+    found["steps"] = {level: one_against_others(sim, games, level, level - 10, TWO)
+                      for level in LEVELS if level > 0}
+    found["alike"] = {level: (Match(sim, games, [level] * 4), Match(sim, games, [level] * 4, (1, 2, 1, 2)))
+                      for level in LEVELS}
+    print("measured levels among themselves", file=sys.stderr)
+    found["seats"] = {(level, order): Match(sim, 4 * games, [level] * 4, order=order)
+                      for level in (50, 100) for order in (2, 1)}
+    found["rules"] = []
+    for changed in (None, 0, 1, 2, 3):
+        rules = tuple(3 - rule if place == changed else rule for place, rule in enumerate(USUAL_RULES))
+        found["rules"].append([Match(sim, 4 * games, [100] * 4, players, rules)
+                               for players in ((1, 1, 1, 1), (1, 2, 1, 2))])
+    print("measured seats and rules", file=sys.stderr)
+    return found
+
+
+def table(heads, rows):
+    lines = ["| " + " | ".join(heads) + " |", "|" + "---|" * len(heads)]
+    lines += ["| " + " | ".join(str(cell) for cell in row) + " |" for row in rows]
+    return "\n".join(lines)
+
+
+def tables(found):
+    levels = [[level] + [text_of(*found[name][level]) for name in ("four-50", "four-100", "two-50", "two-100")]
+              for level in LEVELS]
+    steps = [[f"{level} against {level - 10}", text_of(*result),
+              "stronger" if interval(*result)[1] > 50 else
+              "weaker" if interval(*result)[2] < 50 else "no difference seen"]
+             for level, result in found["steps"].items()]
+    lengths = [[level, f"{four.moves:.0f}", f"{two.moves:.0f}"]
+               for level, (four, two) in found["alike"].items()]
+    seats = [[level, "1, 2, 3, 4" if order == 2 else "4, 3, 2, 1"] +
+             [text_of(match.wins[seat], match.games) for seat in FOUR]
+             for (level, order), match in found["seats"].items()]
+    rules = []
+    for name, (four, two) in zip(("as the game begins with them",) + OTHER_RULES, found["rules"]):
+        rules.append([name, text_of(four.by_turn[0] * four.games, four.games),
+                      text_of(two.by_turn[0] * two.games, two.games), f"{four.moves:.0f}", f"{two.moves:.0f}"])
+    return {
+        "levels": table(["level", "four, others 50", "four, others 100", "two, other 50", "two, other 100"],
+                        levels),
+        "steps": table(["two-handed", "wins, %", ""], steps),
+        "lengths": table(["all of level", "four-handed", "two-handed"], lengths),
+        "seats": table(["all of level", "turn goes"] + list(COLOURS), seats),
+        "rules": table(["rules", "first of four wins, %", "first of two wins, %", "moves, four",
+                        "moves, two"], rules),
+    }
+
+
+def renew(document, renewed):
+    with open(document, encoding="utf-8") as file:
+        text = file.read()
+    for name, rows in renewed.items():
+        marks = re.compile(f"(<!-- {name} -->\n).*?(\n<!-- end -->)", re.S)
+        if not marks.search(text):
+            sys.exit(f"{document} has no place for the table {name}")
+        text = marks.sub(lambda found, rows=rows: found[1] + rows + found[2], text)
+    with open(document, "w", encoding="utf-8") as file:
+        file.write(text)
+
+
+def draw(found):
+    import matplotlib
+    matplotlib.use("svg")
+    matplotlib.rcParams.update({"svg.hashsalt": "zorva", "svg.fonttype": "none", "font.size": 10})
+    import matplotlib.pyplot as plot
+
+    for file, fair, sets in (
+            ("four", 25, (("four-50", "against three of level 50"), ("four-100", "against three of level 100"))),
+            ("two", 50, (("two-50", "against one of level 50"), ("two-100", "against one of level 100")))):
+        figure, axes = plot.subplots(figsize=(7, 4))
+        for name, label in sets:
+            points = [interval(*found[name][level]) for level in LEVELS]
+            shares = [share for share, _, _ in points]
+            errors = [[share - low for share, low, _ in points], [high - share for share, _, high in points]]
+            axes.errorbar(list(LEVELS), shares, errors, marker="o", markersize=4, capsize=3, label=label)
+        axes.axhline(fair, color="grey", linewidth=0.8, linestyle="--")
+        axes.set(xlabel="level", ylabel="games won, %", xticks=list(LEVELS))
+        axes.set_title("One against three" if file == "four" else "One against one")
+        axes.legend()
+        axes.grid(alpha=0.3)
+        figure.tight_layout()
+        figure.savefig(os.path.join(DOCS, f"strength-{file}.svg"), metadata={"Date": None})
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--games", type=int, default=100_000)
+    parser.add_argument("--sim", default=os.path.join(HERE, "..", "build", "release", "tools", "zorva-sim"))
+    options = parser.parse_args()
+    found = measure(options.sim, options.games)
+    renew(os.path.join(DOCS, "strength.md"), tables(found))
+    draw(found)
+
+
+if __name__ == "__main__":
+    main()
