@@ -117,7 +117,7 @@ FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes
 
 FileError AppendToFile(const std::filesystem::path& file,
                        const std::function<std::string(std::size_t)>& bytesForSize) {
-    OpenFile target(file, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK);
+    OpenFile target(file, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOFOLLOW);
     if (!target.IsOpen()) return LastError();
     std::size_t size = 0;
     const FileError error = SizeOfRegular(target.Descriptor(), size);

@@ -135,6 +135,12 @@ TEST(HistoryFile, SaysWhyItCannotGrow) {
     std::filesystem::create_directory(folder / HistoryFileName);
     EXPECT_EQ(AppendToHistory(folder / "", anaWins), FileError::PathAccess);
     EXPECT_EQ(ReadHistory(folder / "").Count(), 0u);
+    std::filesystem::remove(folder / HistoryFileName);
+    WriteBytes(folder / "elsewhere", anaWins);
+    std::filesystem::create_symlink(folder / "elsewhere", folder / HistoryFileName);
+    EXPECT_EQ(AppendToHistory(folder / "", anaWins), FileError::PathAccess);
+    EXPECT_EQ(FileBytes(folder / "elsewhere"), anaWins) << "a link is not followed";
+    EXPECT_EQ(ReadHistory(folder / "").Count(), 1u);
 }
 
 }  // namespace

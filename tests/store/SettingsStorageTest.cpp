@@ -199,6 +199,14 @@ TEST(SettingsStorage, UsesUpWhatAKilledRunLeft) {
     EXPECT_EQ(SaveSettings(folder / "", {}, {}, Durability::Lazy), FileError::None);
     EXPECT_EQ(FileBytes(folder / SettingsFileName), defaults);
     EXPECT_EQ(NamesIn(folder / ""), (std::set<std::string>{SettingsFileName, "elsewhere"}));
+    // A link in the file's own place is read but gives way to a file.
+    WriteBytes(folder / "elsewhere", SettingsText(OtherSettings(), {}));
+    fs::remove(folder / SettingsFileName);
+    fs::create_symlink(folder / "elsewhere", folder / SettingsFileName);
+    EXPECT_EQ(LoadSettings(folder / "").content.settings, OtherSettings());
+    EXPECT_EQ(SaveSettings(folder / "", {}, {}, Durability::Lazy), FileError::None);
+    EXPECT_EQ(FileBytes(folder / "elsewhere"), SettingsText(OtherSettings(), {}));
+    EXPECT_EQ(FileBytes(folder / SettingsFileName), defaults);
 }
 
 TEST(SettingsStorage, NewFilesHaveThePermissionsTheUserWants) {
