@@ -28,15 +28,15 @@ class Picture:
 
     def __init__(self, data):
         header = struct.unpack(">25I", data[:100])
-        self.width, self.height, self._row = header[4], header[5], header[12]
-        self._start = header[0] + header[19] * 12
+        self.width, self.height, self.row_bytes = header[4], header[5], header[12]
+        self.start = header[0] + header[19] * 12
         self._data = data
 
     def pixel(self, x, y):
         """Red, green and blue; black outside the screen."""
         if not (0 <= x < self.width and 0 <= y < self.height):
             return (0, 0, 0)
-        at = self._start + y * self._row + x * 4
+        at = self.start + y * self.row_bytes + x * 4
         blue, green, red = self._data[at:at + 3]
         return (red, green, blue)
 
@@ -44,7 +44,7 @@ class Picture:
         """The bytes of a rectangle, to be compared with another picture's."""
         x, y = max(x, 0), max(y, 0)
         rows = range(y, min(y + height, self.height))
-        first = (self._start + row * self._row + x * 4 for row in rows)
+        first = (self.start + row * self.row_bytes + x * 4 for row in rows)
         return b"".join(self._data[at:at + width * 4] for at in first)
 
     def save(self, path):
@@ -119,8 +119,13 @@ class Display:
 
     # ------------------------------------------------------------------------ what can be seen
 
+    @property
+    def memory_file(self):
+        """The file that is the screen's memory, in the form that Picture reads."""
+        return os.path.join(self._folder.name, "Xvfb_screen0")
+
     def picture(self):
-        with open(os.path.join(self._folder.name, "Xvfb_screen0"), "rb") as file:
+        with open(self.memory_file, "rb") as file:
             return Picture(file.read())
 
     def _run(self, *command):
