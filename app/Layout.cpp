@@ -65,7 +65,7 @@ Short LogHeight(const Layout& layout) {
 void PlaceButtons(Layout& layout) {
     constexpr int gap = 6;
     const int room = layout.ScreenWidth - layout.BoardExtent;
-    const int side = std::clamp((room - 4 * gap) / 3, 40, 64);
+    const int side = std::clamp((room - 6 * gap) / 3, 28, 64);
     const int width = 3 * side + 2 * gap;
     const int height = 2 * side + gap;
     const Short left = CentredBesideBoard(layout, width);
@@ -81,9 +81,11 @@ void PlaceStrip(Layout& layout) {
     layout.Recorder = {CentredBesideBoard(layout, recorderWidth), recorderTop, recorderWidth,
                        recorderHeight};
     layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
-    layout.LogPaper = layout.Log;
-    layout.LogPaper.height =
-        ToShort(std::clamp(layout.ScreenHeight - logTop - 4, 1, int{layout.Log.height}));
+    // Beside the board there may be less room than the log takes, and below it less height.
+    const int left = std::max<int>(layout.Log.x, layout.BoardExtent);
+    const int right = std::min<int>(layout.Log.x + logWidth, layout.ScreenWidth - 1);
+    const int height = std::clamp(layout.ScreenHeight - logTop - 4, 1, int{layout.Log.height});
+    layout.LogPaper = {ToShort(left), logTop, ToShort(std::max(right - left, 1)), ToShort(height)};
 }
 
 // ------------------------------------------------------------------------ where pieces stand

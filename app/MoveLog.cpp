@@ -13,6 +13,7 @@ namespace {
 constexpr double linePitch = 16;  // pixels of the layout
 constexpr double typeSize = 12;
 constexpr double padding = 6;
+constexpr double paperWidth = 150;  // that all lines fit on; on a narrower one the letters are smaller
 
 }  // namespace
 
@@ -79,22 +80,44 @@ void MoveLog::wheelEvent(QWheelEvent* event) {
     update();
 }
 
+// Ruled paper: every other line lies on a tint, which moves with the lines. The upper edge is in the
+// shadow of the slit that the paper comes out of.
+void MoveLog::PaintPaper(QPainter& painter) const {
+    const double unit = services_.ToToolkit(1);
+    painter.fillRect(rect(), palette::Paper);
+    const double pitch = LineHeight();
+    const double top = padding * unit;
+    for (int row = top_ % 2; top + row * pitch < height(); row += 2) {
+        painter.fillRect(QRectF(0, top + row * pitch, width(), pitch), palette::RuledPaper);
+    }
+    QLinearGradient bend(0, 0, width(), 0);
+    bend.setColorAt(0, QColor(70, 40, 10, 40));
+    bend.setColorAt(0.06, QColor(70, 40, 10, 0));
+    bend.setColorAt(0.9, QColor(70, 40, 10, 0));
+    bend.setColorAt(1, QColor(70, 40, 10, 60));
+    painter.fillRect(rect(), bend);
+    QLinearGradient slit(0, 0, 0, 9 * unit);
+    slit.setColorAt(0, QColor(20, 8, 2, 170));
+    slit.setColorAt(0.4, QColor(20, 8, 2, 50));
+    slit.setColorAt(1, QColor(20, 8, 2, 0));
+    painter.fillRect(QRectF(0, 0, width(), 9 * unit), slit);
+}
+
 void MoveLog::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
+    PaintPaper(painter);
     const double unit = services_.ToToolkit(1);
-    const QRectF paper = QRectF(rect()).adjusted(unit / 2, unit / 2, -unit / 2, -unit / 2);
-    painter.setPen(QPen(palette::DarkWood, unit));
-    painter.setBrush(palette::Paper);
-    painter.drawRoundedRect(paper, 4 * unit, 4 * unit);
     const double pitch = LineHeight();
     const double left = padding * unit;
+    const double size = typeSize * std::min(unit, width() / paperWidth);
     const int last = std::min(Count(), top_ + VisibleLines());
     for (int line = top_; line < last; ++line) {
         const QRectF row(left, left + (line - top_) * pitch, width() - 2 * left, pitch);
-        if (line == selected_) painter.fillRect(row.adjusted(-2 * unit, 0, 2 * unit, 0), palette::Brass);
-        painter.setFont(line == 0 ? TextFont(typeSize * unit, QFont::Bold)
-                                  : ColumnFont(typeSize * unit));
+        if (line == selected_) {
+            painter.fillRect(row.adjusted(-left, 0, left, 0), palette::Brass);
+            painter.fillRect(QRectF(0, row.y(), 3 * unit, pitch), palette::DarkWood);
+        }
+        painter.setFont(line == 0 ? TextFont(size, QFont::Bold) : ColumnFont(size));
         painter.setPen(palette::Ink);
         painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, lines_[line]);
     }

@@ -37,6 +37,7 @@ protected:
 
 private:
     int VisibleLines() const;
+    void PaintPaper(QPainter& painter) const;
     void ScrollTo(int line);
 
     const Services& services_;

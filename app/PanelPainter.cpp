@@ -11,18 +11,19 @@ namespace zorva {
 namespace {
 
 // All in pixels of the layout.
-constexpr double besideBand = 6;
+constexpr double besideBand = 2;
 constexpr double widestBand = 248;
 constexpr double beyondBand = 16;  // how far the band reaches over the log's ends where there is room
 constexpr double bandCorner = 24;  // of the drawing, the part that is not stretched
 constexpr double caseCorner = 14;
 constexpr double widestCase = 196;
+constexpr double besideCase = 12;
 constexpr double caseAbove = 14;  // of the recorder's strip
 constexpr double caseBelow = 13;
 constexpr double widestReel = 58;
 constexpr double smallestReel = 18;
 constexpr double besideReel = 6;
-constexpr double besidePaper = 16;  // what the band's border takes at either side
+constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double paperShadow = 10;
 constexpr double cupSide = 140;
 
@@ -62,7 +63,7 @@ QRectF Band(const Layout& layout) {
 }
 
 QRectF Case(const Layout& layout, const QRectF& band) {
-    const double width = std::min(band.width() - 2 * besideBand, widestCase);
+    const double width = std::min(band.width() - 2 * besideCase, widestCase);
     return {band.center().x() - width / 2, layout.Recorder.y - caseAbove, width,
             layout.Recorder.height + caseAbove + caseBelow};
 }
@@ -95,7 +96,8 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     const double unit = layout.Unit;
     const QRectF band = Band(layout);
     const Box& log = layout.LogPaper;
-    const double border = std::clamp((band.width() - log.width) / (2 * besidePaper), 0.3, 1.0);
+    const double held = std::max(log.width, layout.Buttons.width);
+    const double border = std::clamp((band.width() - held) / (2 * widestBorder), 0.3, 1.0);
     PaintStretched(painter, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
     const QRectF paper = QRectF(log.x, log.y, log.width, log.height)
                              .adjusted(-paperShadow, -paperShadow, paperShadow, paperShadow);

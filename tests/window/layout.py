@@ -121,7 +121,7 @@ class Layout:
     def button(self, name):
         """The middle of a menu button: two rows of three above the recorder."""
         room = self.width - self.board_extent
-        side = min(max((room - 24) // 3, 40), 64)
+        side = min(max((room - 36) // 3, 28), 64)
         width, height = 3 * side + 12, 2 * side + 6
         left = round(self.board_extent + (room - width) / 2)
         top = max(8, (220 - height) // 2)
