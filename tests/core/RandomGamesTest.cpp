@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -8,14 +10,20 @@
 #include "core/Consistency.h"
 #include "core/Execution.h"
 #include "core/Rules.h"
+#include "store/SavedGame.h"
+#include "store/SettingsFile.h"
 #include "tests/support/RandomGame.h"
 
 namespace zorva::test {
 namespace {
 
-// 20,000 games in shares, which can be played side by side.
+// The games are played in shares, side by side. ZORVA_RANDOM_GAMES asks for more than 20,000.
 constexpr std::uint64_t shares = 4;
-constexpr std::uint64_t gamesOfAShare = 5'000;
+
+std::uint64_t GamesOfAShare() {
+    const char* wanted = std::getenv("ZORVA_RANDOM_GAMES");
+    return (wanted == nullptr ? 20'000 : std::strtoull(wanted, nullptr, 10)) / shares;
+}
 
 /// The tables that moves change, as bytes: millions of them are compared.
 struct Tables {
@@ -51,15 +59,18 @@ class WatchedGame {
 public:
     /// `room` is used for the positions of the game.
     WatchedGame(std::uint64_t number, std::vector<Tables>& room)
-        : chance_(1, number), kind_(RandomGameKind::Of(chance_)), before_(room) {
+        : chance_(1, number), choice_(2, number), kind_(RandomGameKind::Of(chance_)), before_(room) {
         before_.clear();
     }
 
-    /// Plays it forwards, back and forwards again. What was wrong first, or nothing.
+    /// Plays it forwards, back and forwards again, and once more from a file of its middle. What was
+    /// wrong first, or nothing.
     std::string Play() {
         const Short count = PlayRandomGame(
             state_, kind_, chance_,
-            [this](const GameState& state, const MoveRecord& record) { Look(state, record); });
+            [this](const GameState& state, const MoveRecord& record) { Look(state, record); },
+            [this](const GameState& state, const Chance& chance) { MayKeep(state, chance); });
+        if (problem_.empty()) problem_ = KeepingProblem();
         before_.emplace_back(state_);
         if (problem_.empty()) problem_ = StateProblem(state_);
         for (Short move = count; move >= 1; --move) Redo(move, ExecutionMode::Backward, move - 1);
@@ -79,6 +90,36 @@ private:
         if (!problem_.empty()) problem_ += " at move " + std::to_string(before_.size());
     }
 
+    // Any position is as likely to be kept as the others.
+    void MayKeep(const GameState& state, const Chance& chance) {
+        if (state.MoveRecordCount < 2 || choice_.Below(++keepable_) != 0) return;
+        kept_ = state;
+        chanceThere_ = chance;
+    }
+
+    std::string KeepingProblem() {
+        if (keepable_ == 0) return {};
+        const std::string text = SettingsText(kind_.settings, kept_);
+        SettingsReading reading = ReadSettings(text);
+        auto* loaded = std::get_if<SettingsContent>(&reading);
+        const std::string where = " what was kept at move " + std::to_string(kept_.MoveRecordCount);
+        if (loaded == nullptr) return "cannot be read:" + where;
+        if (loaded->settings != kind_.settings) return "has other settings:" + where;
+        if (SettingsText(loaded->settings, loaded->state) != text)
+            return "is written otherwise:" + where;
+        PrepareToContinue(loaded->state);
+        PlayOnRandomGame(loaded->state, kind_, chanceThere_);
+        return EndsAsHere(loaded->state) ? "" : "ends otherwise:" + where;
+    }
+
+    bool EndsAsHere(const GameState& other) const {
+        return Tables(other) == Tables(state_) && other.CurrentColour == state_.CurrentColour &&
+               other.MoveRecordCount == state_.MoveRecordCount &&
+               std::equal(state_.MoveRecords.begin() + 1,
+                          state_.MoveRecords.begin() + 1 + state_.MoveRecordCount,
+                          other.MoveRecords.begin() + 1);
+    }
+
     void Redo(Short move, ExecutionMode mode, Short position) {
         SilentFaces silent;
         state_.MoveRecordCount = move;
@@ -93,24 +134,29 @@ private:
     };
 
     Chance chance_;
+    Chance choice_;
     RandomGameKind kind_;
     GameState state_;
+    GameState kept_;
+    Chance chanceThere_{0};
+    std::uint32_t keepable_ = 0;
     std::vector<Tables>& before_;  // one position more than records
     std::string problem_;
 };
 
 class RandomGames : public testing::TestWithParam<std::uint64_t> {};
 
-TEST_P(RandomGames, KeepTheTablesSoundAndCanBeTakenBackAndRepeated) {
+TEST_P(RandomGames, KeepTheTablesSoundAndCanBeTakenBackRepeatedAndKept) {
     std::size_t records = 0;
     std::vector<Tables> room;
-    const std::uint64_t first = GetParam() * gamesOfAShare;
-    for (std::uint64_t number = first; number < first + gamesOfAShare; ++number) {
+    const std::uint64_t games = GamesOfAShare();
+    const std::uint64_t first = GetParam() * games;
+    for (std::uint64_t number = first; number < first + games; ++number) {
         WatchedGame game(number, room);
         ASSERT_EQ(game.Play(), "") << "in game " << number;
         records += game.Records();
     }
-    EXPECT_GT(records, 100 * gamesOfAShare);
+    EXPECT_GT(records, 100 * games);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shares, RandomGames, testing::Range<std::uint64_t>(0, shares));

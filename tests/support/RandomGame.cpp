@@ -4,6 +4,7 @@
 #include "core/Displacement.h"
 #include "core/Opening.h"
 #include "core/Rules.h"
+#include "core/Turns.h"
 
 namespace zorva::test {
 namespace {
@@ -26,18 +27,23 @@ std::array<Short, 10> RandomFaces(Chance& chance) {
 class RandomWorld : public DecidedThrows {
 public:
     RandomWorld(GameState& state, const RandomGameKind& kind, Chance& chance,
-                const BeforeRecord& beforeRecord)
-        : state_(state), kind_(kind), chance_(chance), beforeRecord_(beforeRecord) {}
+                const BeforeRecord& beforeRecord, const AtPosition& atPosition)
+        : state_(state),
+          kind_(kind),
+          chance_(chance),
+          beforeRecord_(beforeRecord),
+          atPosition_(atPosition) {}
 
     bool IsWatched() const override { return kind_.watched; }
 
     void AddLogLine(Short moveNumber, const MoveRecord& record) override {
         logged_ = moveNumber;
-        beforeRecord_(state_, record);
+        if (beforeRecord_) beforeRecord_(state_, record);
     }
 
     void PositionReached() override {
         if (state_.MoveRecordCount > longestGame) state_.GameInProgress = No;
+        if (atPosition_ && state_.GameInProgress) atPosition_(state_, chance_);
     }
 
     void WaitForInput() override {
@@ -60,6 +66,7 @@ private:
     const RandomGameKind& kind_;
     Chance& chance_;
     const BeforeRecord& beforeRecord_;
+    const AtPosition& atPosition_;
     Short logged_ = 0;
 };
 
@@ -111,15 +118,22 @@ void TryShiftByHand(GameState& state, const Settings& settings, Chance& chance) 
 }
 
 Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chance,
-                     const BeforeRecord& beforeRecord) {
+                     const BeforeRecord& beforeRecord, const AtPosition& atPosition) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         state.SquareOccupants[GoalSquare[colour]][3] = kind.leftovers[colour];
     }
-    RandomWorld world(state, kind, chance, beforeRecord);
+    RandomWorld world(state, kind, chance, beforeRecord, atPosition);
     const Table table{state, kind.settings, world};
     ResetGame(table);
     PlayFrom(table, kind.first);
     return world.Logged();
+}
+
+void PlayOnRandomGame(GameState& state, const RandomGameKind& kind, Chance chance) {
+    const BeforeRecord nobodyLooks;
+    const AtPosition nobodyKeeps;
+    RandomWorld world(state, kind, chance, nobodyLooks, nobodyKeeps);
+    RunTurns({state, kind.settings, world});
 }
 
 }  // namespace zorva::test
