@@ -81,12 +81,19 @@ void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const
     }
 }
 
-// Where the screen is wide, a dice cup stands on the table right of the band.
+// A dice cup stands where the table is free: right of the band, or below the board.
 void PaintCup(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& band) {
-    const double room = layout.ScreenWidth - band.right();
-    if (room < cupSide) return;
+    const double right = layout.ScreenWidth - band.right();
+    const double below = layout.DeviceTop / layout.Unit;
     QRectF cup(0, 0, cupSide, cupSide);
-    cup.moveCenter({band.right() + std::min(room / 2, 1.2 * cupSide), layout.ScreenHeight - cupSide});
+    if (right >= cupSide) {
+        cup.moveCenter(
+            {band.right() + std::min(right / 2, 1.2 * cupSide), layout.ScreenHeight - cupSide});
+    } else if (below >= cupSide) {
+        cup.moveCenter({band.left() - cupSide, layout.ScreenHeight + below / 2});
+    } else {
+        return;
+    }
     artwork.Paint(painter, "panel_cup", OnDevice(layout, cup));
 }
 
