@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "tools/DiceCommand.h"
 #include "tools/Failure.h"
 #include "tools/MatchCommand.h"
 #include "tools/ScriptedGame.h"
@@ -32,12 +33,19 @@ constexpr const char* usage =
     "               two or one; a five with some in the box must bring one out or may\n"
     "    --order    1 the turn goes from green down to yellow, 2 from yellow up to green\n"
     "\n"
+    "zorva-sim dice --throws N (--seed S | --system)\n"
+    "    N throws of the die, counted: faces, pairs, sixes in a row, faces of each colour. Each count\n"
+    "    stands beside the band that a fair die keeps to in 99 of 100 cases, each table beside the\n"
+    "    chance of deviating as much. S begins a series that is the same everywhere; --system takes\n"
+    "    the generator of the operating system, as the window does.\n"
+    "\n"
     "Colours are played by the computer whatever the settings file says.\n";
 
 void Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
-    if (arguments.empty()) throw Failure("a command is missing: play or match, or --help");
+    if (arguments.empty()) throw Failure("a command is missing: play, match or dice, or --help");
     if (arguments[0] == "play") return PlayCommand(arguments, out);
     if (arguments[0] == "match") return MatchCommand(arguments, out, progress);
+    if (arguments[0] == "dice") return DiceCommand(arguments, out);
     if (arguments[0] != "--help") throw Failure("unknown command \"" + arguments[0] + "\"");
     out << usage;
 }

@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Measures how strong the levels of play are, and draws what it finds.
 
     tools/measure_strength.py [--games N] [--sim build/release/tools/zorva-sim]
@@ -91,17 +91,18 @@ def measure(sim, games):
                                 ("two-100", 100, TWO)):
         found[name] = {level: one_against_others(sim, games, level, others, seats) for level in LEVELS}
         print("measured", name, file=sys.stderr)
+    found["threshold"] = {level: one_against_others(sim, games, level, 50, FOUR) for level in (70, 71)}
     found["steps"] = {level: one_against_others(sim, games, level, level - 10, TWO)
                       for level in LEVELS if level > 0}
     found["alike"] = {level: (Match(sim, games, [level] * 4), Match(sim, games, [level] * 4, (1, 2, 1, 2)))
                       for level in LEVELS}
     print("measured levels among themselves", file=sys.stderr)
-    found["seats"] = {(level, order): Match(sim, 4 * games, [level] * 4, order=order)
+    found["seats"] = {(level, order): Match(sim, games, [level] * 4, order=order)
                       for level in (50, 100) for order in (2, 1)}
     found["rules"] = []
     for changed in (None, 0, 1, 2, 3):
         rules = tuple(3 - rule if place == changed else rule for place, rule in enumerate(USUAL_RULES))
-        found["rules"].append([Match(sim, 4 * games, [100] * 4, players, rules)
+        found["rules"].append([Match(sim, 2 * games, [100] * 4, players, rules)
                                for players in ((1, 1, 1, 1), (1, 2, 1, 2))])
     print("measured seats and rules", file=sys.stderr)
     return found
@@ -120,6 +121,7 @@ def tables(found):
               "stronger" if interval(*result)[1] > 50 else
               "weaker" if interval(*result)[2] < 50 else "no difference seen"]
              for level, result in found["steps"].items()]
+    threshold = [[level, text_of(*result)] for level, result in found["threshold"].items()]
     lengths = [[level, f"{four.moves:.0f}", f"{two.moves:.0f}"]
                for level, (four, two) in found["alike"].items()]
     seats = [[level, "1, 2, 3, 4" if order == 2 else "4, 3, 2, 1"] +
@@ -133,6 +135,7 @@ def tables(found):
         "levels": table(["level", "four, others 50", "four, others 100", "two, other 50", "two, other 100"],
                         levels),
         "steps": table(["two-handed", "wins, %", ""], steps),
+        "threshold": table(["level", "wins against three of 50, %"], threshold),
         "lengths": table(["all of level", "four-handed", "two-handed"], lengths),
         "seats": table(["all of level", "turn goes"] + list(COLOURS), seats),
         "rules": table(["rules", "first of four wins, %", "first of two wins, %", "moves, four",
