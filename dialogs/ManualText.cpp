@@ -14,21 +14,23 @@ namespace {
 constexpr qint64 longestManual = 64 * 1024;
 constexpr int deepestNesting = 12;  // each level costs the toolkit time and stack
 constexpr int mostCells = 6;        // of a row
+constexpr int mostPictures = 40;
 
 const QStringList& Elements() {
     static const QStringList names{"html", "head", "meta",  "title", "body", "h1", "h2", "h3",
                                    "p",    "ul",   "ol",    "li",    "br",   "hr", "b",  "i",
-                                   "span", "a",    "table", "tr",    "th",   "td"};
+                                   "span", "a",    "table", "tr",    "th",   "td", "img"};
     return names;
 }
 
 const QStringList& Attributes() {
-    static const QStringList names{"lang", "charset", "name", "class", "href"};
+    static const QStringList names{"lang", "charset", "name", "class", "href", "src", "alt"};
     return names;
 }
 
 bool IsHarmless(const QXmlStreamAttribute& attribute) {
     if (!Attributes().contains(attribute.qualifiedName())) return false;
+    if (attribute.qualifiedName() == u"src") return IsPictureName(attribute.value());
     return attribute.qualifiedName() != u"href" || attribute.value().startsWith(u'#');
 }
 
@@ -59,8 +61,10 @@ private:
         if (name == u"table") inTable_ = true;
         if (name == u"tr") cells_ = 0;
         if (isCell) ++cells_;
+        if (name == u"img") ++pictures_;
         return ++depth_ <= deepestNesting && !nestsTables && cells_ <= mostCells &&
-               (depth_ > 1 || name == u"html") && Elements().contains(name) &&
+               pictures_ <= mostPictures && (depth_ > 1 || name == u"html") &&
+               Elements().contains(name) &&
                std::all_of(attributes.begin(), attributes.end(), IsHarmless);
     }
 
@@ -71,10 +75,20 @@ private:
 
     int depth_ = 0;
     int cells_ = 0;
+    int pictures_ = 0;
     bool inTable_ = false;
 };
 
 }  // namespace
+
+bool IsPictureName(QStringView name) {
+    constexpr QStringView ending = u".png";
+    const auto plain = [](QChar c) {
+        return (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9') || c == u'-';
+    };
+    return name.size() > ending.size() && name.endsWith(ending) &&
+           std::all_of(name.begin(), name.end() - ending.size(), plain);
+}
 
 std::optional<QString> ManualText(const QByteArray& bytes) {
     QStringDecoder decode(QStringDecoder::Utf8);

@@ -10,6 +10,7 @@
 #include "app/Palette.h"
 #include "app/Pointers.h"
 #include "app/Typeface.h"
+#include "dialogs/ManualText.h"
 
 namespace zorva {
 namespace {
@@ -18,6 +19,7 @@ constexpr double letterSize = 16;
 constexpr double pageMargin = 22;
 constexpr double listIndent = 26;
 constexpr double cellPadding = 5;
+constexpr double pixelsOfPicture = 2;   // of the pictures' for one of the layout
 constexpr double roomAboveTarget = 12;  // between the page's edge and the place a link leads to
 
 // Lengths are written in pixels of the layout, as "8u".
@@ -29,6 +31,7 @@ constexpr const char* pageStyle = R"(
     li { margin-top: 3u; margin-bottom: 3u; line-height: 114%; }
     th { background-color: #e8d7ad; text-align: left; }
     a[href] { color: #1d4f8c; }
+    .dibujo { line-height: 100%; }
     .nota { color: #5c4630; }
     .amarillo { color: #d9a806; }
     .azul { color: #1226c8; }
@@ -133,8 +136,14 @@ void ManualView::DressTables() {
     }
 }
 
-QVariant ManualView::loadResource(int, const QUrl&) {
-    return {};
+QVariant ManualView::loadResource(int type, const QUrl& name) {
+    if (type != QTextDocument::ImageResource || !IsPictureName(name.toString())) return {};
+    const QImage drawn(":/manual/" + name.toString());
+    if (drawn.isNull()) return {};
+    const QSizeF size = QSizeF(drawn.size()) / pixelsOfPicture * services_.layout.Unit;
+    QImage fitting = drawn.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    fitting.setDevicePixelRatio(services_.devicePixelRatio);
+    return fitting;
 }
 
 void ManualView::GoTo(const QString& anchor) {

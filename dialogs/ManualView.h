@@ -7,7 +7,8 @@
 namespace zorva {
 
 /// The page on which the manual is read. The arrows, Page Up, Page Down, Home and End scroll it, Tab
-/// goes through the links in sight, Enter and a click follow one. Nothing is ever loaded from outside.
+/// goes through the links in sight, Enter and a click follow one. Its pictures are those built into the
+/// program; nothing is ever loaded from outside.
 class ManualView : public QTextBrowser {
 public:
     ManualView(QWidget* parent, const Services& services, const QString& html);

@@ -57,7 +57,10 @@ const Text texts[] = {
     {"cut off in the middle", "<html><body><p>Hola", false},
     {"a link out of the manual", Page("<p><a href=\"http://example.org/\">x</a></p>"), false},
     {"a link to a file", Page("<p><a href=\"ZORVA32.INI\">x</a></p>"), false},
-    {"a picture", Page("<p><img src=\"http://example.org/x.png\"/></p>"), false},
+    {"a picture of the program's", Page("<p><img src=\"tablero.png\" alt=\"x\"/></p>"), true},
+    {"a picture from elsewhere", Page("<p><img src=\"http://example.org/x.png\"/></p>"), false},
+    {"a picture in another folder", Page("<p><img src=\"../tablero.png\"/></p>"), false},
+    {"pictures without end", Page(QByteArray("<img src=\"tablero.png\"/>").repeated(1000)), false},
     {"a style that loads something", Page("<p style=\"background-image: url(x)\">x</p>"), false},
     {"a table in a table", Page("<table><tr><td><table><tr><td>1</td></tr></table></td></tr></table>"),
      false},
@@ -152,6 +155,18 @@ TEST(ManualTest, EveryLinkLeadsToAPlaceAndTheContentsToEverySection) {
     for (const QString& link : links) EXPECT_TRUE(places.contains(link)) << link;
     for (const QString& place : places) EXPECT_TRUE(links.contains(place)) << place;
     EXPECT_EQ(html.count("<h2>"), html.count("<h2><a name="));
+}
+
+TEST(ManualTest, EveryPictureIsBuiltInAndDescribed) {
+    const QString html = Shipped();
+    const QStringList names = Captured(html, "<img src=\"([^\"]*)\" alt=\"[^\"]+\"/>");
+    EXPECT_EQ(names.size(), html.count("<img"));
+    EXPECT_GE(names.size(), 8);
+    for (const QString& name : names) {
+        const QImage picture(":/manual/" + name);
+        EXPECT_FALSE(picture.isNull()) << name;
+        EXPECT_LE(picture.width(), 2 * 440) << name << ": wider than the narrowest page";
+    }
 }
 
 // ----------------------------------------------------------------------------------- the window

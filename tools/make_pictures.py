@@ -1,0 +1,153 @@
+#!/usr/bin/env python3
+"""Takes the pictures of the manual from the real program, on a virtual screen.
+
+    tools/make_pictures.py PROGRAM            # the built zorva32; takes them all
+    tools/make_pictures.py PROGRAM tablero    # those whose names begin so
+
+The screen has two pixels for each pixel of the layout, and so have the pictures. They are written to
+assets/manual/ with few colours, which keeps them small. Needs what the tests with a window need, and
+imagemagick and pngquant. The dice fall the same way each time when ZORVA_SAME_DICE names the library
+that the tests build.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+from dataclasses import replace
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "tests/window"))
+
+import driver  # noqa: E402
+from inifile import COMPUTER, ON, PERSON, Settings, game_at  # noqa: E402
+
+FOLDER = ROOT / "assets/manual"
+WIDEST = 440  # pixels of the layout, so that a picture fits on every page
+COLOURS = 160
+
+POSITIONS = {1: [76, 68, 20, 0], 2: [84, 22, 41, 0], 3: [92, 39, 8, 47], 4: [100, 56, 33, 0]}
+PEOPLE = Settings(names=("Ana", "Azul", "Luis", "Verde"), types=(PERSON, COMPUTER, PERSON, COMPUTER),
+                  levels=(50, 40, 50, 80), pause=ON, tutor=ON, speed=70, five_some_in_box=2)
+HISTORY = (
+    ("202611011830", "Ana", ("Azul", "Luis", "Verde"), 412), ("202611032105", "Verde", ("Ana", "Luis"), 287),
+    ("202611081940", "Luis", ("Ana", "Azul", "Verde"), 356), ("202611151715", "Ana", ("Luis",), 651),
+    ("202611202200", "Azul", ("Ana", "Luis", "Verde"), 198),
+)
+wanted = ()
+
+
+def history_bytes():
+    lines = []
+    for when, winner, losers, points in HISTORY:
+        names = [winner, *losers, "", "", ""][:4]
+        lines.append(when + "".join(name.ljust(9) for name in names) + "%3d\r\n" % points)
+    return "".join(lines).encode("latin-1")
+
+
+class Pictures(driver.WindowTest):
+    screen = (2048, 1536)
+
+    def setUp(self):
+        super().setUp()
+        self.assertEqual(self.layout.unit, 2)
+
+    def keep(self, name, x=0, y=0, width=None, height=None):
+        """Writes that part of the screen (in pixels of the layout) as the manual's picture of that name."""
+        if wanted and not name.startswith(wanted):
+            return
+        part = [round(2 * v) for v in (x, y, width or self.layout.width, height or self.layout.height)]
+        with tempfile.TemporaryDirectory() as folder:
+            whole, cut = Path(folder) / "whole.png", Path(folder) / "cut.png"
+            self.display.picture().save(whole)
+            subprocess.run(["convert", whole, "-crop", "%dx%d+%d+%d" % (part[2], part[3], part[0], part[1]),
+                            "+repage", "-filter", "Lanczos", "-resize", "%dx>" % (2 * WIDEST), "-strip", cut],
+                           check=True)
+            subprocess.run(["pngquant", "--speed", "1", "--strip", "--force", "--output",
+                            FOLDER / (name + ".png"), str(COLOURS), cut], check=True)
+        print(name, (FOLDER / (name + ".png")).stat().st_size)
+
+    def keep_window(self, name, window):
+        self.keep(name, window.x / 2, window.y / 2, window.width / 2, window.height / 2)
+
+    def begin(self, turn=1, settings=PEOPLE):
+        self.start(settings, game_at(POSITIONS, turn=turn))
+        self.settle()
+
+    # ---------------------------------------------------------------------------------- the board
+
+    def test_the_board_awaits_a_throw(self):
+        self.start(replace(PEOPLE, speed=100))
+        self.display.key("F2")
+        self.answer(driver.START_TITLE, key="space")
+        self.answer(driver.DRAW_TITLE, key="space")
+        self.play_moves(60)
+        self.rest_pointer()
+        self.settle()
+        self.keep("tablero")
+        edge = self.layout.board_extent
+        self.keep("botones", edge, 0, self.layout.width - edge, 205)
+        self.keep("grabadora", edge, 205, self.layout.width - edge, 300)
+
+    def test_a_person_chooses(self):
+        self.begin()
+        self.click_board()
+        self.settle()
+        game = self.game()
+        self.point_at(self.point_of_piece(game, 1, 3))
+        self.settle()
+        x, y = self.point_of_piece(game, 1, 3)
+        self.keep("elegir", max(0, x - 270), max(0, y - 110), 360, 300)
+        corner = self.layout.corner[1]
+        self.keep("casa", corner[0], corner[1], 231, 231)
+
+    def test_moving_by_hand(self):
+        self.begin()
+        self.click_board(button=3)
+        self.settle()
+        start = self.layout.device(self.point_of_piece(self.game(), 1, 3))
+        end = self.layout.device(self.layout.square(26))
+        self.display.act("mousemove %d %d" % start, "mousedown 1", "mousemove %d %d" % end)
+        self.settle()
+        self.keep("manual", 300, 0, 400, 330)
+        self.display.act("mouseup 1")
+
+    # -------------------------------------------------------------------------------- the windows
+
+    def window_of(self, key, title):
+        self.display.key(key)
+        window = self.wait_for_message(title)
+        self.display.move(2, 2)
+        self.settle()
+        return window
+
+    def test_the_windows_behind_the_menu(self):
+        self.program.history.write_bytes(history_bytes())
+        self.begin()
+        self.keep_window("historico", self.window_of("F4", "Histórico de partidas"))
+        self.display.key("Escape")
+        self.wait_for_board()
+        window = self.window_of("F3", "Personalizar la aplicación")
+        self.keep_window("personalizar", window)
+        # The page of the rules is behind the last control but one.
+        self.display.key("shift+Tab", "shift+Tab", "space")
+        self.settle()
+        self.keep_window("normas", window)
+
+    def test_a_question(self):
+        self.begin()
+        self.play_moves(2)
+        self.display.key("F6")
+        window = self.wait_for_message(driver.POSTPONE_TITLE)
+        self.settle()
+        self.keep_window("pregunta", window)
+
+
+if __name__ == "__main__":
+    if len(sys.argv) < 2 or not Path(sys.argv[1]).is_file():
+        sys.exit(__doc__)
+    os.environ["ZORVA32"] = str(Path(sys.argv[1]).resolve())
+    wanted = tuple(sys.argv[2:])
+    unittest.main(argv=sys.argv[:1], verbosity=1)
