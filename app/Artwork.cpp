@@ -17,6 +17,22 @@ QString KeyOf(const QString& name, const QRectF& part, QSize size) {
         .arg(size.height());
 }
 
+QString PathOf(const QString& name) {
+    // Pointers and the icon live in folders of their own: their names hold the folder.
+    return ":/" + (name.contains('/') ? name : "bitmaps/" + name) + ".svg";
+}
+
+QPixmap Rendered(QSvgRenderer& drawing, const QRectF& part, QSize size) {
+    QPixmap picture(size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(size.width() / part.width(), size.height() / part.height());
+    painter.translate(-part.topLeft());
+    drawing.render(&painter, drawing.viewBoxF());
+    return picture;
+}
+
 }  // namespace
 
 Artwork::Artwork() = default;
@@ -24,11 +40,7 @@ Artwork::~Artwork() = default;
 
 QSvgRenderer& Artwork::Drawing(const QString& name) {
     auto& drawing = drawings_[name];
-    if (!drawing) {
-        // Pointers and the icon live in folders of their own: their names hold the folder.
-        const QString path = name.contains('/') ? name : "bitmaps/" + name;
-        drawing = std::make_unique<QSvgRenderer>(":/" + path + ".svg");
-    }
+    if (!drawing) drawing = std::make_unique<QSvgRenderer>(PathOf(name));
     return *drawing;
 }
 
@@ -38,19 +50,20 @@ QPixmap Artwork::Picture(const QString& name, QSize devicePixels) {
 
 QPixmap Artwork::PictureOf(const QString& name, const QRectF& part, QSize devicePixels) {
     const QSize size = devicePixels.expandedTo({1, 1});
-    QPixmap& picture = pictures_[KeyOf(name, part, size)];
-    if (picture.isNull()) {
-        picture = QPixmap(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        painter.setRenderHint(QPainter::Antialiasing);
-        QSvgRenderer& drawing = Drawing(name);
-        const QRectF whole = drawing.viewBoxF();
-        painter.scale(size.width() / part.width(), size.height() / part.height());
-        painter.translate(-part.topLeft());
-        drawing.render(&painter, whole);
-    }
+    const QString key = KeyOf(name, part, size);
+    QPixmap& picture = pictures_[key];
+    if (!picture.isNull()) return picture;
+    auto prepared = prepared_.extract(key);
+    picture = prepared ? prepared.mapped().get() : Rendered(Drawing(name), part, size);
     return picture;
+}
+
+void Artwork::Prepare(const QString& name, const QRectF& part, QSize devicePixels) {
+    const QSize size = devicePixels.expandedTo({1, 1});
+    prepared_[KeyOf(name, part, size)] = std::async(std::launch::async, [name, part, size] {
+        QSvgRenderer drawing(PathOf(name));
+        return Rendered(drawing, part, size);
+    });
 }
 
 void Artwork::Paint(QPainter& painter, const QString& name, const QRectF& target) {
@@ -59,6 +72,7 @@ void Artwork::Paint(QPainter& painter, const QString& name, const QRectF& target
 
 void Artwork::ForgetPictures() {
     pictures_.clear();
+    prepared_.clear();
 }
 
 }  // namespace zorva

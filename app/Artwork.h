@@ -4,6 +4,7 @@
 #include <QPixmap>
 #include <QSize>
 #include <QString>
+#include <future>
 #include <map>
 #include <memory>
 
@@ -28,6 +29,9 @@ public:
     /// A part of the drawing, given in its own units, as a picture of that many device pixels.
     QPixmap PictureOf(const QString& name, const QRectF& part, QSize devicePixels);
 
+    /// Begins to render a picture in a thread of its own: PictureOf() waits for it.
+    void Prepare(const QString& name, const QRectF& part, QSize devicePixels);
+
     /// Draws without keeping a picture: for what is drawn once, such as the table top.
     void Paint(QPainter& painter, const QString& name, const QRectF& target);
 
@@ -39,6 +43,7 @@ private:
 
     std::map<QString, std::unique_ptr<QSvgRenderer>> drawings_;
     QHash<QString, QPixmap> pictures_;
+    std::map<QString, std::future<QPixmap>> prepared_;
 };
 
 }  // namespace zorva

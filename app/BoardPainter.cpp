@@ -4,18 +4,15 @@
 
 #include "app/Artwork.h"
 #include "app/Palette.h"
-#include "app/PanelPainter.h"
 #include "app/Typeface.h"
 #include "core/Board.h"
 
 namespace zorva {
 namespace {
 
-// The drawings' own measures: the board's frame around the squares, and a piece within its picture.
-constexpr double boardDrawingSide = 725;
-constexpr double boardFrame = 16;
-constexpr double shadowAround = 32;
-constexpr double boardCell = 33;
+constexpr double boardCell = 33;  // the cell of the largest board, which most measures here are for
+
+// A piece within its picture.
 constexpr double pieceDrawingSide = 40;
 constexpr double pieceDrawingBody = 28;
 
@@ -110,32 +107,8 @@ QRect BoardPainter::PulseArea(const BoardView::Pulse& pulse) const {
 
 void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
     layout_ = layout;
-    Pic_TableroVacio = QPixmap(devicePixels);
-    // Where two planks of the table meet between pixels, a little of what lies below shows through.
-    Pic_TableroVacio.fill(palette::DarkWood);
-    QPainter painter(&Pic_TableroVacio);
-    painter.setRenderHint(QPainter::Antialiasing);
-    PaintTable(painter);
-    PaintInstrumentPanel(painter, artwork_, layout_);
-    painter.end();
+    Pic_TableroVacio = emptyBoard_.PictureFor(layout, devicePixels);
     Pic_TableroLleno = Pic_TableroVacio.copy();
-}
-
-void BoardPainter::PaintTable(QPainter& painter) {
-    const QRectF screen = Pic_TableroVacio.rect();
-    // The table top covers the screen, whatever its shape.
-    const double scale = std::max(screen.width() / 1920, screen.height() / 1080);
-    QRectF surface(0, 0, 1920 * scale, 1080 * scale);
-    surface.moveCenter(screen.center());
-    artwork_.Paint(painter, "surface", surface);
-    const double unit = layout_.Cell / boardCell * layout_.Unit;
-    const QPointF corner =
-        Device(QPointF(layout_.Margin, layout_.Margin)) - QPointF(boardFrame, boardFrame) * unit;
-    artwork_.Paint(
-        painter, "board_shadow",
-        {corner - QPointF(shadowAround, shadowAround) * unit,
-         QSizeF(boardDrawingSide + 2 * shadowAround, boardDrawingSide + 2 * shadowAround) * unit});
-    artwork_.Paint(painter, "board", {corner, QSizeF(boardDrawingSide, boardDrawingSide) * unit});
 }
 
 // -------------------------------------------------------------------------------- what changes

@@ -5,6 +5,7 @@
 #include <QRect>
 
 #include "app/BoardView.h"
+#include "app/EmptyBoard.h"
 #include "app/Layout.h"
 #include "core/Settings.h"
 
@@ -17,6 +18,9 @@ class Artwork;
 class BoardPainter {
 public:
     explicit BoardPainter(Artwork& artwork) : artwork_(artwork) {}
+
+    /// Begins to paint the empty board for a window that will open.
+    void Prepare(const Layout& layout, QSize devicePixels) { emptyBoard_.Prepare(layout, devicePixels); }
 
     /// Makes the pictures for a window of that many device pixels and paints the empty board.
     void SetScreen(const Layout& layout, QSize devicePixels);
@@ -44,7 +48,6 @@ public:
     QRect BannerArea() const;
 
 private:
-    void PaintTable(QPainter& painter);
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour);
     void PaintLight(QPainter& painter, Colour colour);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
@@ -65,6 +68,7 @@ private:
     QRectF DeviceF(const Box& box) const;
 
     Artwork& artwork_;
+    EmptyBoard emptyBoard_;
     Layout layout_;
     QPixmap Pic_TableroVacio;
     QPixmap Pic_TableroLleno;

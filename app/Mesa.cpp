@@ -76,7 +76,9 @@ void Mesa::AdoptScreen(QSize device, double ratio) {
 void Mesa::PrepareFor(const QScreen& screen) {
     setGeometry(screen.geometry());
     winId();  // a window that opens over this one finds it
-    AdoptScreen((QSizeF(screen.size()) * screen.devicePixelRatio()).toSize(), screen.devicePixelRatio());
+    const QSize device = (QSizeF(screen.size()) * screen.devicePixelRatio()).toSize();
+    AdoptScreen(device, screen.devicePixelRatio());
+    scene_->Prepare(services_.layout, device);
 }
 
 void Mesa::resizeEvent(QResizeEvent*) {

@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QCursor>
 #include <QFile>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTimer>
 
 #include "app/DataFolder.h"
 #include "app/KeyStrokes.h"
@@ -25,6 +27,9 @@ namespace {
 // What is heard when a menu button is pressed, by its index.
 constexpr Short buttonSounds[MenuButtons::Count] = {2, 1, 3, 9, 6, 1};
 
+// When the program's icon is drawn: nobody waits for it.
+constexpr int iconMilliseconds = 300;
+
 // Where the player is looking: where the pointer is, if the desktop tells.
 const QScreen& ScreenOfPointer() {
     const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
@@ -36,6 +41,13 @@ std::vector<std::uint8_t> BytesOfRecording(Short id) {
     if (!file.open(QFile::ReadOnly)) return {};
     const QByteArray bytes = file.readAll();
     return {bytes.begin(), bytes.end()};
+}
+
+// Its smallest size has a drawing of its own.
+QIcon ProgramIcon() {
+    QIcon icon(":/icon/zorva.svg");
+    icon.addPixmap(QIcon(":/icon/zorva_small.svg").pixmap(16));
+    return icon;
 }
 
 }  // namespace
@@ -107,6 +119,7 @@ void Program::Start() {
 void Program::OpenBoard() {
     LoadGame();
     mesa_.showFullScreen();
+    QTimer::singleShot(iconMilliseconds, &mesa_, [] { QApplication::setWindowIcon(ProgramIcon()); });
     if (settings_.SoundOn == 1) sounds_.Prepare();
 }
 

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QIcon>
 #include <QTimer>
 #include <cstdlib>
 
@@ -19,13 +18,6 @@ void SaveAndEnd(zorva::Program& program) {
     std::_Exit(0);
 }
 
-// Its smallest size has a drawing of its own.
-QIcon ProgramIcon() {
-    QIcon icon(":/icon/zorva.svg");
-    icon.addPixmap(QIcon(":/icon/zorva_small.svg").pixmap(16));
-    return icon;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -35,7 +27,6 @@ int main(int argc, char** argv) {
     QApplication::setApplicationDisplayName("Zorva");
     QApplication::setApplicationVersion(ZORVA_VERSION);
     QApplication::setDesktopFileName("zorva32");
-    QApplication::setWindowIcon(ProgramIcon());
 
     const std::filesystem::path folder = QApplication::applicationDirPath().toStdString();
     zorva::SingleInstance instance(folder);

@@ -19,14 +19,29 @@ void DrawBevel(QPainter& painter, const QRectF& area) {
                      palette::DarkWood.darker(140));
 }
 
+// A piece of the table top, so that windows are of the wood they lie on.
+QRectF PieceOfTable(QSizeF size) {
+    return {QPointF(250, 370), size};
+}
+
+QSize DevicePixels(QSizeF size, const Services& services) {
+    return (size * services.layout.Unit).toSize();
+}
+
 }  // namespace
 
+QPixmap PanelWood(QSizeF size, const Services& services) {
+    return services.artwork.PictureOf("surface", PieceOfTable(size), DevicePixels(size, services));
+}
+
+void PreparePanelWood(QSizeF size, const Services& services) {
+    services.artwork.Prepare("surface", PieceOfTable(size), DevicePixels(size, services));
+}
+
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) {
-    // A piece of the table top, so that windows are of the wood they lie on; a little lighter than it.
-    const QSize pixels = (area.size() * services.layout.Unit).toSize();
-    const QPixmap wood =
-        services.artwork.PictureOf("surface", QRectF(QPointF(250, 370), area.size()), pixels);
+    const QPixmap wood = PanelWood(area.size(), services);
     painter.drawPixmap(area, wood, wood.rect());
+    // A little lighter than the table.
     QLinearGradient light(area.topLeft(), area.bottomRight());
     light.setColorAt(0, QColor(0xff, 0xdc, 0xa8, 46));
     light.setColorAt(0.5, QColor(0xff, 0xdc, 0xa8, 22));

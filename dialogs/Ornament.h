@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <QRectF>
 
 #include "app/Palette.h"
@@ -11,6 +12,11 @@ namespace zorva::ornament {
 
 // The look that all windows share: a walnut panel with a brass inlay, sheets of cream paper set into
 // it, light from the top left. All measures are pixels of the layout.
+
+/// The wood of a window of that size, in device pixels.
+QPixmap PanelWood(QSizeF size, const Services& services);
+/// Begins to draw it, for a window that is about to open.
+void PreparePanelWood(QSizeF size, const Services& services);
 
 /// The ground of a window, over its whole area.
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services);

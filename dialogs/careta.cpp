@@ -21,15 +21,12 @@ constexpr int tick = 8;  // milliseconds, a little less than a step
 }  // namespace
 
 careta::careta(QWidget* parent, const Services& services)
-    : BoardDialog(parent, services, "careta", "Zorva", windowSize),
-      logo_(services),
-      area_(new QWidget(this)) {
+    : BoardDialog(parent, services, "careta", "Zorva", windowSize), area_(new QWidget(this)) {
     area_->setObjectName("Pic_Careta");
     area_->setAccessibleName("Zorva, Parchís");
     area_->setFocusPolicy(Qt::StrongFocus);
     area_->installEventFilter(this);
     Place(area_, areaBox);
-    ground_ = Ground();
     area_->setFocus();
     // The board opens behind the title and may have the keyboard for a moment: its keys end the title
     // too.
@@ -44,17 +41,21 @@ void careta::DrawGround(QPainter& painter) {
     ornament::DrawSunkenFrame(painter, ToRect(areaBox));
 }
 
-// The table that the title passes over, sunk a little into the window.
-QPixmap careta::Ground() const {
+// The wood that the title passes over: the window's own, sunk a little into it.
+const QPixmap& careta::Ground() {
+    if (!ground_.isNull()) return ground_;
     const double ratio = TheServices().devicePixelRatio;
-    QPixmap ground = TheServices().artwork.PictureOf("surface", QRectF(300, 380, 840, 300),
-                                                     (QSizeF(area_->size()) * ratio).toSize());
-    QPainter painter(&ground);
-    painter.scale(TheServices().layout.Unit, TheServices().layout.Unit);
+    const double unit = TheServices().layout.Unit;
+    const QSize size = (QSizeF(area_->size()) * ratio).toSize();
+    ground_ = ornament::PanelWood(windowSize, TheServices())
+                  .copy(QRect((QPointF(areaBox.x, areaBox.y) * unit).toPoint(), size));
+    QPainter painter(&ground_);
+    painter.scale(unit, unit);
+    painter.fillRect(QRectF(0, 0, areaBox.width, areaBox.height), QColor(0, 0, 0, 40));
     ornament::DrawInnerShadow(painter, QRectF(0, 0, areaBox.width, areaBox.height));
     painter.end();
-    ground.setDevicePixelRatio(ratio);
-    return ground;
+    ground_.setDevicePixelRatio(ratio);
+    return ground_;
 }
 
 // A key that is meant for another window of the program ends the title and does nothing else.
@@ -76,8 +77,10 @@ bool careta::eventFilter(QObject* watched, QEvent* event) {
 void careta::DrawTitle() {
     QPainter painter(area_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(QPointF(), ground_);
-    logo_.Draw(painter, scroll_.Position(), TheServices());
+    painter.drawPixmap(QPointF(), Ground());
+    // The first picture shows the wood alone, and the title is drawn after it.
+    if (!logo_ && clock_.isValid()) logo_.emplace(TheServices());
+    if (logo_) logo_->Draw(painter, scroll_.Position(), TheServices());
     wasPainted_ = true;
 }
 
@@ -87,6 +90,7 @@ void careta::MakeSteps() {
     if (!clock_.isValid()) {
         clock_.start();
         if (Appeared) Appeared();
+        return;  // a key that came meanwhile goes first
     }
     for (int due = steps_.Due(static_cast<double>(clock_.elapsed())); due > 0 && !scroll_.IsOver();
          --due) {
@@ -111,6 +115,7 @@ void careta::mousePressEvent(QMouseEvent*) {
 }
 
 void ShowSplash(QWidget* parent, const Services& services, const std::function<void()>& meanwhile) {
+    ornament::PreparePanelWood(windowSize, services);
     careta window(parent, services);
     bool done = false;
     window.Appeared = [&] {

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QTimer>
 #include <functional>
+#include <optional>
 
 #include "dialogs/BoardDialog.h"
 #include "dialogs/TitleArtwork.h"
@@ -33,9 +34,9 @@ private:
     void MakeSteps();
     bool EndsTitle(QObject* watched, QEvent* event);
     void DrawTitle();
-    QPixmap Ground() const;
+    const QPixmap& Ground();
 
-    const TitleArtwork logo_;
+    std::optional<TitleArtwork> logo_;  // drawn when it comes into sight
     TitleScroll scroll_;
     StepClock steps_;
     QElapsedTimer clock_;
