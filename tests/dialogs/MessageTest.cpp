@@ -133,13 +133,6 @@ TEST_F(MessageTest, NoTextIsEverClipped) {
     }
 }
 
-TEST_F(MessageTest, TheGivenCountsSuffice) {
-    for (const Text& row : texts) {
-        if (row.lineCount < 2) continue;
-        EXPECT_EQ(FitMessage(row.text, row.lineCount).lineCount, row.lineCount) << row.text;
-    }
-}
-
 TEST_F(MessageTest, TheLineCountSizesTheWindow) {
     for (const Short lineCount : {1, 2, 3, 4, 6}) {
         mensajes window(&board, *services, "Título", "Texto", lineCount, question);
