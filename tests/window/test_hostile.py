@@ -2,11 +2,14 @@
 
 import fcntl
 import os
+import subprocess
 import time
 import unittest
 
+import board
 from driver import CONTINUE_TITLE, LOAD_TITLE, SIXES_TITLE, WindowTest
 from inifile import OFF, ON, Settings, game_at, to_bytes
+from layout import Layout
 
 POSITIONS = {1: [0, 0, 20, 40], 2: [84, 0, 0, 25], 3: [92, 0, 0, 60], 4: [0, 0, 0, 0]}
 SAVE_TITLE = "No se puede guardar"
@@ -116,6 +119,33 @@ class Files(WindowTest):
         self.display.key("Escape")
         self.wait_until_gone(window)
         self.wait_for_board()
+
+
+class Screens(WindowTest):
+    screen = (1366, 768)
+
+    def xrandr(self, *arguments):
+        subprocess.run(["xrandr", *map(str, arguments)], env=self.display.environment, check=True)
+
+    def test_another_size_while_playing(self):
+        """The board follows, and what is clicked is what is seen."""
+        self.start(Settings(pause=ON), game_at(POSITIONS, turn=1))
+        for width, height in ((1024, 768), (800, 600), (1280, 720), (640, 480), self.screen):
+            mode = "%dx%d-here" % (width, height)
+            self.xrandr("--newmode", mode, 60, width, width + 8, width + 16, width + 32,
+                        height, height + 1, height + 2, height + 3)
+            self.xrandr("--addmode", "screen", mode)
+            self.xrandr("--output", "screen", "--mode", mode)
+            self.layout = Layout(width, height)
+            self.wait_until(lambda: not board.difference(self.display.picture(), self.layout, self.game().positions),
+                            "the board in %d x %d" % (width, height))
+            moves = self.game().moves
+            self.wait_until(lambda: self.game().moves > moves or self.throw(), "a move by a click")
+
+    def throw(self):
+        if self.title() == SIXES_TITLE:
+            self.display.key("Return")
+        self.click_board()
 
 
 class Languages(WindowTest):
