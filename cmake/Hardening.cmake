@@ -20,7 +20,12 @@ function(zorva_harden_link flag)
 endfunction()
 
 zorva_harden_compile(-fstack-protector-strong)
-zorva_harden_compile(-fstack-clash-protection)
+if(MINGW)
+    target_link_libraries(zorva_flags INTERFACE ssp)  # where the protector's functions are
+endif()
+if(NOT MINGW)  # whose compiler breaks off on it
+    zorva_harden_compile(-fstack-clash-protection)
+endif()
 zorva_harden_compile(-fcf-protection)
 
 # Programs that are loaded anywhere. Not -fPIC for the core, whose functions would no longer be inlined;

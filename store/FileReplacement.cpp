@@ -16,6 +16,8 @@ void RemoveQuietly(const std::filesystem::path& file) {
     std::filesystem::remove(file, ignored);
 }
 
+// Replaces what has that name: in one step, also on Windows, where it fails as long as another program
+// has that file open without letting it be replaced. The old file stays then.
 FileError Rename(const std::filesystem::path& from, const std::filesystem::path& to) {
     std::error_code error;
     std::filesystem::rename(from, to, error);

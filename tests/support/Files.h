@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 
 namespace zorva::test {
@@ -21,8 +22,11 @@ inline void WriteBytes(const std::filesystem::path& file, const std::string& byt
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "zorva-test-XXXXXX").string();
-        path_ = mkdtemp(name.data());
+        std::random_device chance;
+        do {
+            const std::string name = "zorva-test-" + std::to_string(chance());
+            path_ = std::filesystem::temp_directory_path() / name;
+        } while (!std::filesystem::create_directory(path_));
     }
     ~TemporaryFolder() { std::filesystem::remove_all(path_); }
     TemporaryFolder(const TemporaryFolder&) = delete;

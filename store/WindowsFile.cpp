@@ -1,0 +1,145 @@
+// What store/PosixFile.h promises, on Windows. A file is always opened in a way that lets others replace
+// or delete it meanwhile; where others do not, their file stays as it is and the error says so.
+
+#define NOMINMAX
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
+#include <algorithm>
+
+#include "store/PosixFile.h"
+
+namespace zorva {
+namespace {
+
+constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::size_t mostAtOnce = 1U << 20U;
+
+// The library's own table does not know these.
+FileError LastError() {
+    const DWORD error = GetLastError();
+    switch (error) {
+        case ERROR_NOT_READY: return FileError::DriveNotReady;
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+        case ERROR_WRITE_PROTECT: return FileError::PermissionDenied;
+        case ERROR_HANDLE_DISK_FULL: return FileError::DiskFull;
+        case ERROR_BAD_PATHNAME:
+        case ERROR_INVALID_NAME: return FileError::PathAccess;
+        default: return FileErrorOf({static_cast<int>(error), std::system_category()});
+    }
+}
+
+/// A file that is open as long as this lives. A link is never followed by what writes.
+class OpenFile {
+public:
+    OpenFile(const std::filesystem::path& file, DWORD access, DWORD disposition, DWORD flags)
+        : handle_(CreateFileW(file.c_str(), access, sharing, nullptr, disposition,
+                              FILE_ATTRIBUTE_NORMAL | flags, nullptr)) {}
+    ~OpenFile() {
+        if (IsOpen()) CloseHandle(handle_);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+    HANDLE Handle() const { return handle_; }
+    FileError Close() {
+        const bool closed = CloseHandle(handle_) != 0;
+        handle_ = INVALID_HANDLE_VALUE;
+        return closed ? FileError::None : LastError();
+    }
+
+private:
+    HANDLE handle_;
+};
+
+FileError SizeOfRegular(HANDLE handle, std::size_t& size) {
+    BY_HANDLE_FILE_INFORMATION information;
+    LARGE_INTEGER bytes;
+    if (GetFileType(handle) != FILE_TYPE_DISK) return FileError::PathAccess;
+    if (!GetFileInformationByHandle(handle, &information)) return LastError();
+    constexpr DWORD special = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    if ((information.dwFileAttributes & special) != 0) return FileError::PathAccess;
+    if (!GetFileSizeEx(handle, &bytes)) return LastError();
+    size = static_cast<std::size_t>(bytes.QuadPart);
+    return FileError::None;
+}
+
+FileError WriteAll(HANDLE handle, std::string_view bytes) {
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const auto part = static_cast<DWORD>(std::min(bytes.size(), mostAtOnce));
+        if (!WriteFile(handle, bytes.data(), part, &written, nullptr)) return LastError();
+        bytes.remove_prefix(written);
+    }
+    return FileError::None;
+}
+
+FileError ReadAll(HANDLE handle, std::string& bytes) {
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        DWORD got = 0;
+        const auto part = static_cast<DWORD>(std::min(bytes.size() - filled, mostAtOnce));
+        if (!ReadFile(handle, bytes.data() + filled, part, &got, nullptr)) return LastError();
+        if (got == 0) break;
+        filled += got;
+    }
+    bytes.resize(filled);
+    return FileError::None;
+}
+
+FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability durability) {
+    FileError error = WriteAll(target.Handle(), bytes);
+    if (error == FileError::None && durability == Durability::Flushed &&
+        !FlushFileBuffers(target.Handle())) {
+        error = LastError();
+    }
+    const FileError closing = target.Close();
+    return error == FileError::None ? closing : error;
+}
+
+}  // namespace
+
+FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, std::string& bytes) {
+    bytes.clear();
+    // With that flag a folder can be opened, too, and is then told from a file.
+    const OpenFile source(file, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    if (!source.IsOpen()) return LastError();
+    std::size_t size = 0;
+    const FileError error = SizeOfRegular(source.Handle(), size);
+    if (error != FileError::None) return error;
+    if (size > limit) return FileError::OutOfRange;
+    bytes.resize(size);
+    return ReadAll(source.Handle(), bytes);
+}
+
+FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes,
+                       Durability durability) {
+    OpenFile target(file, GENERIC_WRITE, CREATE_NEW, 0);
+    if (!target.IsOpen()) return LastError();
+    const FileError error = WriteAndClose(target, bytes, durability);
+    if (error != FileError::None) DeleteFileW(file.c_str());
+    return error;
+}
+
+FileError AppendToFile(const std::filesystem::path& file,
+                       const std::function<std::string(std::size_t)>& bytesForSize) {
+    OpenFile target(file, FILE_APPEND_DATA | FILE_READ_ATTRIBUTES | SYNCHRONIZE, OPEN_ALWAYS,
+                    FILE_FLAG_OPEN_REPARSE_POINT);
+    if (!target.IsOpen()) return LastError();
+    std::size_t size = 0;
+    const FileError error = SizeOfRegular(target.Handle(), size);
+    if (error != FileError::None) return error;
+    return WriteAndClose(target, bytesForSize(size), Durability::Flushed);
+}
+
+// Without the flag to replace, the system refuses a name that is taken.
+FileError RenameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to) {
+    return MoveFileExW(from.c_str(), to.c_str(), 0) ? FileError::None : LastError();
+}
+
+// The system keeps names in its journal by itself.
+void FlushFolder(const std::filesystem::path&) {}
+
+}  // namespace zorva

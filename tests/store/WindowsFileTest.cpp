@@ -1,0 +1,88 @@
+// What is different about files on Windows: names of folders, and files that other programs hold.
+
+#include <gtest/gtest.h>
+
+#include "store/FileReplacement.h"
+#include "store/PosixFile.h"
+#include "tests/support/Files.h"
+
+// Behind our own headers: it turns names of functions into others.
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+#undef ReplaceFile
+
+namespace zorva::test {
+namespace {
+
+/// Another program that has a file open and shares it in that way.
+class Holder {
+public:
+    Holder(const std::filesystem::path& file, DWORD sharing)
+        : handle_(CreateFileW(file.c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr)) {
+    }
+    ~Holder() { CloseHandle(handle_); }
+    Holder(const Holder&) = delete;
+    Holder& operator=(const Holder&) = delete;
+
+private:
+    HANDLE handle_;
+};
+
+class WindowsFileTest : public testing::Test {
+protected:
+    TemporaryFolder folder;
+    const std::filesystem::path file = folder / "ZORVA32.INI";
+};
+
+TEST_F(WindowsFileTest, AReplacedFileHasTheNewBytesAndNothingElseIsLeft) {
+    for (const char* bytes : {"one", "two\r\nlines\r\n"}) {
+        EXPECT_EQ(ReplaceFile(file, bytes, Durability::Flushed), FileError::None);
+        EXPECT_EQ(FileBytes(file), bytes);
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder / "ZORVA32.TMP"));
+}
+
+TEST_F(WindowsFileTest, AFileThatAnotherProgramHoldsStaysWhole) {
+    WriteBytes(file, "old");
+    {
+        const Holder other(file, FILE_SHARE_READ);
+        EXPECT_EQ(ReplaceFile(file, "new", Durability::Lazy), FileError::PermissionDenied);
+        EXPECT_EQ(FileBytes(file), "old");
+        EXPECT_FALSE(std::filesystem::exists(folder / "ZORVA32.TMP"));
+    }
+    EXPECT_EQ(ReplaceFile(file, "new", Durability::Lazy), FileError::None) << "when it was let go";
+    EXPECT_EQ(FileBytes(file), "new");
+}
+
+TEST_F(WindowsFileTest, EveryRefusalSaysWhy) {
+    WriteBytes(file, "old");
+    std::string bytes;
+    EXPECT_EQ(ReadWholeFile(file, 2, bytes), FileError::OutOfRange);
+    EXPECT_EQ(ReadWholeFile(folder / "NONE.INI", 10, bytes), FileError::PathNotFound);
+    EXPECT_EQ(ReadWholeFile(file.parent_path(), 10, bytes), FileError::PathAccess) << "a folder";
+    EXPECT_EQ(ReadWholeFile("NUL", 10, bytes), FileError::PathAccess) << "a device";
+    EXPECT_EQ(WriteNewFile(file, "new", Durability::Lazy), FileError::PathAccess) << "it is there";
+    EXPECT_EQ(RenameToFreeName(folder / "NONE.INI", folder / "X.INI"), FileError::PathNotFound);
+    WriteBytes(folder / "TAKEN.INI", "other");
+    EXPECT_EQ(RenameToFreeName(file, folder / "TAKEN.INI"), FileError::PathAccess);
+    EXPECT_EQ(FileBytes(folder / "TAKEN.INI"), "other");
+    const Holder other(file, 0);
+    EXPECT_EQ(ReadWholeFile(file, 10, bytes), FileError::PermissionDenied) << "held by another program";
+}
+
+TEST_F(WindowsFileTest, AppendsBehindWhatIsThere) {
+    const auto size = [](std::size_t length) { return std::to_string(length) + "\r\n"; };
+    EXPECT_EQ(AppendToFile(file, size), FileError::None);
+    EXPECT_EQ(AppendToFile(file, size), FileError::None);
+    EXPECT_EQ(FileBytes(file), "0\r\n3\r\n");
+}
+
+TEST_F(WindowsFileTest, LettersOfEveryAlphabetMayBeInTheFoldersName) {
+    const std::filesystem::path other = file.parent_path() / L"Ñandú 象";
+    std::filesystem::create_directory(other);
+    EXPECT_EQ(ReplaceFile(other / "ZORVA32.INI", "x", Durability::Lazy), FileError::None);
+    EXPECT_EQ(FileBytes(other / "ZORVA32.INI"), "x");
+}
+
+}  // namespace
+}  // namespace zorva::test
