@@ -12,6 +12,8 @@ namespace {
 constexpr std::size_t longestName = 9;
 constexpr std::size_t boardLength = 600;
 constexpr std::size_t recordLength = 16;
+/// Many times the longest game, and far enough from the largest number for one to be played to its end.
+constexpr Short mostMoves = 25'000;
 
 bool IsControl(char character) {
     return static_cast<unsigned char>(character) < ' ';
@@ -60,7 +62,7 @@ void ReadTurn(FieldReader& reader, SettingsContent& content) {
     Settings& settings = content.settings;
     reader.NextLine();
     state.GameInProgress = reader.Number(Yes, No);
-    state.MoveRecordCount = reader.Number(INT16_MIN, INT16_MAX);
+    state.MoveRecordCount = reader.Number(INT16_MIN, mostMoves);
     state.CurrentColour = reader.Number(0, ColourCount);
     state.RepeatTurn = reader.Number(Yes, No);
     state.SixesInRow = reader.Number(0, 3);

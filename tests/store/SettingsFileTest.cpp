@@ -172,6 +172,9 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
     };
     const Row rows[] = {
         {"an empty file", "", 62},
+        {"more moves than can be counted on from",
+         Replaced(firstStart, "0,0,0,-1", "-1,32767,1,-1") + Repeated("\"101 10  0  00001\"\r\n", 32766),
+         9},
         {"cut off inside a number", "4,0,", 62},
         {"cut off inside a name", "4,0,0,0,0,0,\"Ama", 62},
         {"cut off inside the board", game.substr(0, 300), 62},

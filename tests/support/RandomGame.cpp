@@ -27,7 +27,7 @@ std::array<Short, 10> RandomFaces(Chance& chance) {
 class RandomWorld : public DecidedThrows {
 public:
     RandomWorld(GameState& state, const RandomGameKind& kind, Chance& chance,
-                const BeforeRecord& beforeRecord, const AtPosition& atPosition)
+                const BeforeRecord& beforeRecord, const AtEachPosition& atPosition)
         : state_(state),
           kind_(kind),
           chance_(chance),
@@ -66,7 +66,7 @@ private:
     const RandomGameKind& kind_;
     Chance& chance_;
     const BeforeRecord& beforeRecord_;
-    const AtPosition& atPosition_;
+    const AtEachPosition& atPosition_;
     Short logged_ = 0;
 };
 
@@ -118,7 +118,7 @@ void TryShiftByHand(GameState& state, const Settings& settings, Chance& chance) 
 }
 
 Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chance,
-                     const BeforeRecord& beforeRecord, const AtPosition& atPosition) {
+                     const BeforeRecord& beforeRecord, const AtEachPosition& atPosition) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         state.SquareOccupants[GoalSquare[colour]][3] = kind.leftovers[colour];
     }
@@ -131,7 +131,7 @@ Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chanc
 
 void PlayOnRandomGame(GameState& state, const RandomGameKind& kind, Chance chance) {
     const BeforeRecord nobodyLooks;
-    const AtPosition nobodyKeeps;
+    const AtEachPosition nobodyKeeps;
     RandomWorld world(state, kind, chance, nobodyLooks, nobodyKeeps);
     RunTurns({state, kind.settings, world});
 }

@@ -32,12 +32,12 @@ void TryShiftByHand(GameState& state, const Settings& settings, Chance& chance);
 using BeforeRecord = std::function<void(const GameState& state, const MoveRecord& record)>;
 
 /// Called at each position at which the game could be kept, with all that decides how it goes on.
-using AtPosition = std::function<void(const GameState& state, const Chance& chance)>;
+using AtEachPosition = std::function<void(const GameState& state, const Chance& chance)>;
 
 /// Plays a game by chance, persons' picks and displacements by hand included. It ends when a colour
 /// has won or when it has grown very long. Its records stay in the state; returns how many there are.
 Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chance,
-                     const BeforeRecord& beforeRecord, const AtPosition& atPosition = {});
+                     const BeforeRecord& beforeRecord, const AtEachPosition& atPosition = {});
 
 /// Plays on, from a state made ready for RunTurns and the chance of that position.
 void PlayOnRandomGame(GameState& state, const RandomGameKind& kind, Chance chance);
