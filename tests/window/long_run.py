@@ -20,7 +20,7 @@ from driver import PATIENCE, Program
 
 RECORD = 53        # bytes of the history: one finished game
 SAMPLES = 100      # rows of the table
-MAY_GROW = {"PSS KiB": 1024, "RSS KiB": 1024, "files": 0, "threads": 0, "stack KiB": 0}
+MAY_GROW = {"own KiB": 1024, "RSS KiB": 1024, "files": 0, "threads": 0, "stack KiB": 0}
 
 
 class LongRun:
@@ -82,11 +82,11 @@ class LongRun:
         with open("/proc/%d/status" % pid) as file:
             status = dict(re.findall(r"^(\w+):\s+(\d+)", file.read(), re.M))
         with open("/proc/%d/smaps_rollup" % pid) as file:
-            pss = int(re.search(r"^Pss:\s+(\d+)", file.read(), re.M).group(1))
+            own = int(re.search(r"^Private_Dirty:\s+(\d+)", file.read(), re.M).group(1))
         with open("/proc/%d/maps" % pid) as file:
             if re.search(r" rwx", file.read()):
                 raise RuntimeError("memory is writable and executable")
-        return {"PSS KiB": pss, "RSS KiB": int(status["VmRSS"]), "files": len(os.listdir("/proc/%d/fd" % pid)),
+        return {"own KiB": own, "RSS KiB": int(status["VmRSS"]), "files": len(os.listdir("/proc/%d/fd" % pid)),
                 "threads": int(status["Threads"]), "stack KiB": int(status["VmStk"])}
 
 
