@@ -1,5 +1,6 @@
 #include "app/BoardPainter.h"
 
+#include <cmath>
 #include <vector>
 
 #include "app/Artwork.h"
@@ -15,6 +16,8 @@ constexpr double boardCell = 33;  // the cell of the largest board, which most m
 // A piece within its picture.
 constexpr double pieceDrawingSide = 40;
 constexpr double pieceDrawingBody = 28;
+
+constexpr double dieOfTray = 64.0 / 72;  // the die's picture beside its tray
 
 constexpr double lightAround = 10;  // pixels of the layout that a lit house shines beyond its edge
 
@@ -92,9 +95,18 @@ QRect BoardPainter::HouseArea(Colour colour) const {
     return DeviceArea(layout_.House(colour), lightAround);
 }
 
-QRect BoardPainter::DieArea(Colour colour) const {
-    const Box tray = layout_.DieBox(colour);
-    return DeviceArea(tray, 0.75 * tray.width);
+QRectF BoardPainter::DiePlace(Colour colour, const BoardView::DiePose& pose) const {
+    const QRectF tray = DeviceF(layout_.DieBox(colour));
+    QRectF place(QPointF(), tray.size() * dieOfTray * pose.size);
+    place.moveCenter(tray.center() + pose.beside * tray.width());
+    return place;
+}
+
+QRect BoardPainter::DieArea(Colour colour, const BoardView::DiePose& pose) const {
+    const QRectF place = DiePlace(colour, pose);
+    // A square that is turned reaches furthest when it stands on a corner.
+    const double beyond = pose.tilt == 0 ? 2 : place.width() * (M_SQRT2 - 1) / 2 + 2;
+    return place.adjusted(-beyond, -beyond, beyond, beyond).toAlignedRect();
 }
 
 QRect BoardPainter::PulseArea(const BoardView::Pulse& pulse) const {
@@ -121,11 +133,11 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (!HouseArea(colour).intersects(part)) continue;
-        PaintHouse(painter, view, settings, colour);
-        PaintDie(painter, view, colour);
+        PaintHouse(painter, view, settings, colour, part);
+        if (DieArea(colour, view.diePose[colour]).intersects(part)) PaintDie(painter, view, colour);
     }
     PaintBonus(painter, view);
-    PaintShownMove(painter, view, view.preview.piece != 0 ? view.preview : view.shown);
+    PaintShownMove(painter, view, view.preview.piece != 0 ? view.preview : view.shown, part);
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             const PieceCode code = CodeOf(colour, piece);
@@ -143,16 +155,20 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
 }
 
 void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings,
-                              Colour colour) {
+                              Colour colour, const QRect& part) {
     const Colour inTheLight = view.winner != 0 ? view.winner : view.onTurn;
     const bool lit = inTheLight == colour;
-    if (lit) PaintLight(painter, colour);
-    const double strength = lit ? 1 : IsTakingPart(settings, colour) ? 0.85 : 0.35;
-    PaintName(painter, QString::fromStdString(Trimmed(settings.PlayerName[colour])), colour, lit,
-              strength);
+    if (lit && !DeviceArea(layout_.House(colour), -lightAround).contains(part)) {
+        PaintLight(painter, colour);
+    }
+    if (DeviceArea(layout_.NamePlate(colour)).intersects(part)) {
+        const double strength = lit ? 1 : IsTakingPart(settings, colour) ? 0.85 : 0.35;
+        PaintName(painter, QString::fromStdString(Trimmed(settings.PlayerName[colour])), colour, lit,
+                  strength);
+    }
     // The others lie in the shade, so that it is seen from afar whose turn it is.
     if (!lit && inTheLight != 0) {
-        painter.fillRect(DeviceArea(layout_.House(colour)), WithAlpha(palette::DarkWood, 0.36));
+        painter.fillRect(DeviceArea(layout_.House(colour)) & part, WithAlpha(palette::DarkWood, 0.36));
     }
 }
 
@@ -194,12 +210,11 @@ void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colo
 void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour colour) {
     const Short face = view.dieFace[colour];
     if (face == 0) return;
-    const QRectF tray = DeviceF(layout_.DieBox(colour));
-    const double side = tray.width() * 64 / 72;
+    const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
     const QPixmap picture = artwork_.Picture(QStringLiteral("die_%1").arg(face), SideBySide(side));
     painter.save();
     const BoardView::DiePose& pose = view.diePose[colour];
-    painter.translate(tray.center() + pose.beside * tray.width());
+    painter.translate(DiePlace(colour, pose).center());
     painter.rotate(pose.tilt);
     painter.scale(pose.size, pose.size);
     if (view.dieReady[colour]) painter.setOpacity(0.82);
@@ -232,11 +247,12 @@ void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, d
 }
 
 void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
-                                  const BoardView::ShownMove& move) {
+                                  const BoardView::ShownMove& move, const QRect& part) {
     const std::vector<QPointF> way = WayOf(layout_, move);
     if (way.empty()) return;
     for (std::size_t step = 0; step + 1 < way.size(); ++step) {
-        PaintRing(painter, way[step], 1.8, 3.6, palette::Mark);
+        if (PieceArea(way[step]).intersects(part))
+            PaintRing(painter, way[step], 1.8, 3.6, palette::Mark);
     }
     PaintRing(painter, way.back(), layout_.PieceSize / 2.0 + 1, 3, palette::Mark);
     if (move.piece == view.inAir) return;
@@ -256,10 +272,15 @@ void BoardPainter::PaintPickable(QPainter& painter, const BoardView& view, Piece
     PaintRing(painter, view.at[code], radius, marked ? 4.4 : 3.2, palette::Mark);
 }
 
+// Between the buttons and the recorder, where nothing else ever is.
 Box BoardPainter::Banner() const {
-    const Short width = ToShort(9 * layout_.Cell);
-    const Short left = ToShort(layout_.Margin + 6 * layout_.Cell);
-    return {left, ToShort(std::max<int>(layout_.Margin - 14, 1)), width, 24};
+    constexpr Short width = 116;
+    constexpr Short height = 24;
+    constexpr int caseAboveRecorder = 14;
+    const int free = layout_.Recorder.y - caseAboveRecorder;
+    const int middle = (layout_.Buttons.y + layout_.Buttons.height + free) / 2;
+    return {ToShort(layout_.Recorder.Centre().x - width / 2), ToShort(middle - height / 2), width,
+            height};
 }
 
 QRect BoardPainter::BannerArea() const {

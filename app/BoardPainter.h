@@ -25,7 +25,8 @@ public:
     /// Makes the pictures for a window of that many device pixels and paints the empty board.
     void SetScreen(const Layout& layout, QSize devicePixels);
 
-    /// Paints the board with its pieces anew within that part (device pixels).
+    /// Paints the board with its pieces anew within that part (device pixels). It is called for every
+    /// frame of every movement: what lies elsewhere is passed over.
     void Paint(const BoardView& view, const Settings& settings, const QRect& part);
 
     /// The board as it is to be seen.
@@ -37,8 +38,8 @@ public:
     QRect PieceArea(const BoardView& view, PieceCode code) const;
     /// The device pixels of a house, with the light around it.
     QRect HouseArea(Colour colour) const;
-    /// The device pixels that a die may cover, however it lies.
-    QRect DieArea(Colour colour) const;
+    /// The device pixels of a die that lies like that.
+    QRect DieArea(Colour colour, const BoardView::DiePose& pose) const;
     QRect PulseArea(const BoardView::Pulse& pulse) const;
     /// The device pixels a rectangle of the layout covers.
     QRect DeviceArea(const Box& box, double around = 0) const;
@@ -48,12 +49,14 @@ public:
     QRect BannerArea() const;
 
 private:
-    void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour);
+    void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour,
+                    const QRect& part);
     void PaintLight(QPainter& painter, Colour colour);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
     void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
     void PaintBonus(QPainter& painter, const BoardView& view);
-    void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move);
+    void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
+                        const QRect& part);
     void PaintPickable(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintBanner(QPainter& painter);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
@@ -62,6 +65,7 @@ private:
     void PaintPulse(QPainter& painter, const BoardView::Pulse& pulse);
     void PaintRing(QPainter& painter, QPointF centre, double radius, double width, const QColor& colour);
     double PieceScale(double height) const;
+    QRectF DiePlace(Colour colour, const BoardView::DiePose& pose) const;
     QRectF CountArea(const BoardView& view) const;
     Box Banner() const;
     QPointF Device(QPointF layoutPoint) const;

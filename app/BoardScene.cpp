@@ -44,10 +44,6 @@ void BoardScene::RepaintHouse(Colour colour) {
     if (colour != 0) Repaint(painter_.HouseArea(colour));
 }
 
-void BoardScene::RepaintDie(Colour colour) {
-    Repaint(painter_.DieArea(colour));
-}
-
 // ---------------------------------------------------------------------------------- the pieces
 
 QPointF BoardScene::PlaceOf(PieceCode piece) const {
@@ -198,8 +194,8 @@ void BoardScene::ShowDie(Colour colour, Short face, bool ready) {
 }
 
 void BoardScene::PoseDie(Colour colour, const BoardView::DiePose& pose) {
-    view_.diePose[colour] = pose;
-    RepaintDie(colour);
+    const BoardView::DiePose before = std::exchange(view_.diePose[colour], pose);
+    Repaint(painter_.DieArea(colour, before) | painter_.DieArea(colour, pose));
 }
 
 void BoardScene::ShowTurn(Colour colour, Short bonusDue) {

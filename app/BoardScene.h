@@ -66,7 +66,6 @@ private:
     void ForgetMotion();
     void Repaint(const QRect& device);
     void RepaintHouse(Colour colour);
-    void RepaintDie(Colour colour);
     void RepaintMove(const BoardView::ShownMove& move);
     void RepaintPiece(PieceCode piece);
 

@@ -137,6 +137,8 @@ void WindowOutside::CutLogFrom(Short line) {
 
 MessageAnswer WindowOutside::ShowMessage(std::string_view title, std::string_view text, Short lineCount,
                                          MessageButtons buttons) {
+    // At the end of the draw the light goes from who threw last to who begins.
+    if (state_.GameInProgress && state_.MoveRecordCount == 0) scene_.ShowTurn(state_.CurrentColour, 0);
     return mesa_.Ask(FromUtf8(title), FromUtf8(text), lineCount, buttons);
 }
 

@@ -108,6 +108,10 @@ class Display:
                 raise RuntimeError("the window manager does not start")
             time.sleep(0.02)
 
+    @property
+    def screen_process(self):
+        return self._processes[0]
+
     def close(self):
         self._hand.stdin.close()
         self._hand.stdout.close()
