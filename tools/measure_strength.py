@@ -1,19 +1,21 @@
 #!/usr/bin/python3
 """Measures how strong the levels of play are, and draws what it finds.
 
-    tools/measure_strength.py [--games N] [--sim build/release/tools/zorva-sim]
+    tools/measure_strength.py [--games N] [--sim build/release/tools/zorva-sim] [--keep FILE]
 
 plays N games (100,000 unless told otherwise) for each point with zorva-sim and renews the tables of
 docs/strength.md and the pictures docs/strength-*.svg. Needs python3-matplotlib. The same N gives the same
-tables on every machine.
+tables on every machine. FILE keeps what was played: a run that was broken off goes on where it was.
 """
 
 import argparse
+import json
 import math
 import os
 import re
 import subprocess
 import sys
+import zlib
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DOCS = os.path.join(HERE, "..", "docs")
@@ -41,17 +43,36 @@ def text_of(wins, games):
     return f"{share:.2f} ({low:.2f} to {high:.2f})"
 
 
+class Sim:
+    """zorva-sim, and what it has played."""
+
+    def __init__(self, program, keep):
+        self.program, self.keep, self.played = program, keep, {}
+        if keep and os.path.exists(keep):
+            with open(keep, encoding="utf-8") as file:
+                self.played = json.load(file)
+
+    def play(self, words):
+        key = " ".join(words)
+        if key not in self.played:
+            self.played[key] = subprocess.run([self.program, "match"] + words, check=True,
+                                              capture_output=True, text=True).stdout
+            if self.keep:
+                with open(self.keep, "w", encoding="utf-8") as file:
+                    json.dump(self.played, file)
+        return self.played[key]
+
+
 class Match:
     """One run of zorva-sim match, read."""
 
-    seed = 0
-
     def __init__(self, sim, games, levels, players=(1, 1, 1, 1), rules=USUAL_RULES, order=2):
-        Match.seed += 1
-        words = [sim, "match", "--games", games, "--seed", Match.seed, "--levels", self.listed(levels),
-                 "--players", self.listed(players), "--rules", self.listed(rules), "--order", order]
-        out = subprocess.run([str(word) for word in words], check=True, capture_output=True,
-                             text=True).stdout
+        words = ["--games", games, "--levels", self.listed(levels), "--players", self.listed(players),
+                 "--rules", self.listed(rules), "--order", order]
+        words = [str(word) for word in words]
+        # Every match has games of its own, the same ones each time.
+        words += ["--seed", str(zlib.crc32(" ".join(words).encode()))]
+        out = sim.play(words)
         self.games = games
         self.wins = {}
         for line in out.splitlines():
@@ -183,8 +204,9 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--games", type=int, default=100_000)
     parser.add_argument("--sim", default=os.path.join(HERE, "..", "build", "release", "tools", "zorva-sim"))
+    parser.add_argument("--keep")
     options = parser.parse_args()
-    found = measure(options.sim, options.games)
+    found = measure(Sim(options.sim, options.keep), options.games)
     renew(os.path.join(DOCS, "strength.md"), tables(found))
     draw(found)
 
