@@ -1,15 +1,11 @@
 #include "app/SoundDevice.h"
 
-#include <SDL.h>
-#include <SDL_audio.h>
-#include <SDL_hints.h>
-#include <SDL_log.h>
-#include <SDL_thread.h>
 #include <dlfcn.h>
 
 #include <utility>
 
 #include "app/Recording.h"
+#include "app/SoundLibrary.h"
 
 namespace zorva {
 namespace {
@@ -23,8 +19,8 @@ void AlsaSaysNothing(const char*, int, const char*, int, const char*, ...) {}
 
 /// A machine without sound is no fault. The ALSA library thinks otherwise and would print a page
 /// about it; it is reached by name because it comes with SDL, and not with every build of SDL.
-void KeepTheTerminalClean() {
-    SDL_LogSetOutputFunction(SayNothing, nullptr);
+void KeepTheTerminalClean(const SoundLibrary& library) {
+    library.LogSetOutputFunction(SayNothing, nullptr);
     using Handler = void (*)(const char*, int, const char*, int, const char*, ...);
     using SetHandler = int (*)(Handler);
     if (void* found = dlsym(RTLD_DEFAULT, "snd_lib_error_set_handler")) {
@@ -38,9 +34,9 @@ void DeliverSamples(void* device, Uint8* bytes, int length) {
 }
 
 /// Also frees what SDL keeps for each thread: it does so by itself in threads of its own only.
-void LetGo() {
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    SDL_TLSCleanup();
+void LetGo(const SoundLibrary& library) {
+    library.QuitSubSystem(SDL_INIT_AUDIO);
+    library.TLSCleanup();
 }
 
 }  // namespace
@@ -52,11 +48,13 @@ SoundDevice::~SoundDevice() {
 }
 
 bool SoundDevice::Open() {
-    KeepTheTerminalClean();
+    const SoundLibrary* library = SoundLibrary::Get();
+    if (library == nullptr) return false;
+    KeepTheTerminalClean(*library);
     // SDL would catch the signals that end a session, and the game would not end.
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorva");
-    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
+    library->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    library->SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorva");
+    library->SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
     SDL_AudioSpec wanted{};
     wanted.freq = SampleRate;
     wanted.format = AUDIO_S16SYS;
@@ -64,25 +62,26 @@ bool SoundDevice::Open() {
     wanted.samples = SamplesAtATime;
     wanted.callback = DeliverSamples;
     wanted.userdata = this;
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
-        device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (library->InitSubSystem(SDL_INIT_AUDIO) == 0) {
+        device_ = library->OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     }
     if (device_ == 0) {
-        LetGo();
+        LetGo(*library);
         return false;
     }
-    SDL_PauseAudioDevice(device_, 0);
+    library->PauseAudioDevice(device_, 0);
     return true;
 }
 
 void SoundDevice::Close() {
     if (device_ == 0) return;
-    SDL_CloseAudioDevice(std::exchange(device_, 0));
-    LetGo();
+    const SoundLibrary& library = *SoundLibrary::Get();
+    library.CloseAudioDevice(std::exchange(device_, 0));
+    LetGo(library);
 }
 
 bool SoundDevice::IsLost() const {
-    return device_ != 0 && SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED;
+    return device_ != 0 && SoundLibrary::Get()->GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED;
 }
 
 }  // namespace zorva
