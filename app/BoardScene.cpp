@@ -204,10 +204,11 @@ void BoardScene::ShowTurn(Colour colour, Short bonusDue) {
     view_.onTurn = colour;
     view_.bonusDue = bonusDue;
     if (bonusDue != 0) view_.dieFace[colour] = 0;
-    // All houses but that of the colour on turn lie in the shade.
-    if (before != colour) {
+    // All houses but that of the colour on turn lie in the shade; without a turn none does.
+    if ((before == 0) != (colour == 0)) {
         RepaintHouses();
     } else {
+        if (before != colour) RepaintHouse(before);
         RepaintHouse(colour);
     }
 }
