@@ -23,6 +23,24 @@ fs::path EnvironmentPath(const char* name) {
 
 constexpr const char* ManualFileName = "ZORVA32.HLP";
 
+// Where an installation puts the manual, seen from the program.
+fs::path InstalledManualFolder(const fs::path& programFolder) {
+    return programFolder / "../share/games/zorva32";
+}
+
+// The folder of an installed program is the system's or shared with other programs. A program that was
+// only copied has its manual beside it.
+bool IsInstalled(const fs::path& programFolder) {
+#ifdef _WIN32
+    static_cast<void>(programFolder);
+    return false;  // an installed program has a folder of its own there
+#else
+    std::error_code ignored;
+    return !fs::exists(programFolder / ManualFileName, ignored) &&
+           fs::is_directory(InstalledManualFolder(programFolder), ignored);
+#endif
+}
+
 bool IsWritable(const fs::path& folder) {
     const fs::path probe = folder / "CSCD.WRK";
     std::error_code ignored;
@@ -67,7 +85,7 @@ fs::path WindowsFolder() {
 }
 
 fs::path ChooseDataFolder(const fs::path& programFolder) {
-    if (IsWritable(programFolder)) return programFolder;
+    if (!IsInstalled(programFolder) && IsWritable(programFolder)) return programFolder;
     const fs::path folder = FallbackFolder();
     std::error_code ignored;
     fs::create_directories(folder, ignored);
@@ -77,7 +95,7 @@ fs::path ChooseDataFolder(const fs::path& programFolder) {
 
 fs::path FindManual(const fs::path& programFolder) {
     const fs::path beside = programFolder / ManualFileName;
-    const fs::path installed = programFolder / "../share/games/zorva32" / ManualFileName;
+    const fs::path installed = InstalledManualFolder(programFolder) / ManualFileName;
     std::error_code ignored;
     return !fs::exists(beside, ignored) && fs::exists(installed, ignored) ? installed : beside;
 }

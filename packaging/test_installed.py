@@ -1,4 +1,4 @@
-"""Starts the installed game as an ordinary user, plays a moment, leaves it and goes on.
+"""Starts the installed game as an ordinary user and as root, plays a moment, leaves it and goes on.
 
 The environment variable ZORVA_INSTALLED names the program; ZORVA_ROOT the folder of the system it is
 installed in, when that is not this one. Nothing may be written beside the program.
@@ -22,6 +22,8 @@ NOBODY = 65534  # the user and the group that own nothing
 class Installed(driver.Program):
     """The program where an installation has put it, with a new user's home."""
 
+    user = NOBODY
+
     def __init__(self, display, binary, *_):
         self.root = Path(os.environ.get("ZORVA_ROOT", "/"))
         self.folder = (self.root / binary.lstrip("/")).parent
@@ -33,11 +35,11 @@ class Installed(driver.Program):
             "LANG": "C.UTF-8", "DISPLAY": display.name, "SDL_AUDIODRIVER": "dummy", "TMPDIR": str(home)}
         words = ["env", "-i", *(name + "=" + value for name, value in self._environment.items()), binary]
         if self.root != Path("/"):
-            words = ["chroot", "--userspec=%d:%d" % (NOBODY, NOBODY), str(self.root), *words]
+            words = ["chroot", "--userspec=%d:%d" % (self.user, self.user), str(self.root), *words]
         elif os.geteuid() == 0:
-            words = ["setpriv", "--reuid=%d" % NOBODY, "--regid=%d" % NOBODY, "--clear-groups", *words]
+            words = ["setpriv", "--reuid=%d" % self.user, "--regid=%d" % self.user, "--clear-groups", *words]
         if os.geteuid() == 0:
-            os.chown(self._folder.name, NOBODY, NOBODY)
+            os.chown(self._folder.name, self.user, self.user)
         self._words = words
         self.process = None
         self._read = (None, None)
@@ -50,7 +52,10 @@ class Installed(driver.Program):
 
 
 class InstalledGame(driver.WindowTest):
+    user = NOBODY
+
     def setUp(self):
+        Installed.user = self.user
         driver.Program = Installed
         os.environ["ZORVA32"] = os.environ["ZORVA_INSTALLED"]
         super().setUp()
@@ -81,6 +86,13 @@ class InstalledGame(driver.WindowTest):
         self.assertEqual(self.game().moves, moves)
         self.assertEqual(sorted(self.program.folder.iterdir()), before, "something was written beside the program")
         self.assertEqual([path.name for path in self.program.data.iterdir()], ["ZORVA32.INI"])
+
+
+@unittest.skipUnless(os.geteuid() == 0, "only root can be root")
+class InstalledGameOfRoot(InstalledGame):
+    """Root may write anywhere: that nothing is written beside the program is the program's own doing."""
+
+    user = 0
 
 
 if __name__ == "__main__":

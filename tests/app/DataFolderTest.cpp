@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <optional>
 
@@ -84,6 +85,21 @@ TEST_F(DataFolderTest, IsTheUsersElseWithTheFilesOfTheFirstRun) {
     EXPECT_EQ(ChooseDataFolder(program), fallback);
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "my settings");
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.HIS"), "my history");
+}
+
+// As when root plays what a package has installed.
+TEST_F(DataFolderTest, IsNeverAnInstalledProgramsFolder) {
+    const fs::path installed = folder / "share/games/zorva32";
+    fs::create_directories(installed);
+    const auto before = fs::last_write_time(program) - std::chrono::hours(1);
+    fs::last_write_time(program, before);
+    EXPECT_EQ(ChooseDataFolder(program), fallback);
+    EXPECT_EQ(ChooseDataFolder(program / ""), fallback);
+    EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "settings") << "of a version that wrote there";
+    EXPECT_EQ(fs::last_write_time(program), before) << "not even the probe was written";
+    // What was copied there with its manual is not installed.
+    WriteBytes(program / "ZORVA32.HLP", "manual");
+    EXPECT_EQ(ChooseDataFolder(program), program);
 }
 
 TEST_F(DataFolderTest, SurvivesWhateverIsMissing) {
