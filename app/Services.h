@@ -17,7 +17,7 @@ struct Services {
     Pointers& pointers;
     Layout layout;                            ///< of the screen the board is on
     double devicePixelRatio = 1;              ///< device pixels per pixel of the toolkit
-    std::function<void(Short id)> PlaySound;  ///< plays sound 1..19 if sound is on
+    std::function<void(Short id)> PlaySound;  ///< plays a sound by its id if sound is on
     std::function<void(Short n)> Pause;       ///< hundredths of a second at speed 0
     Pacer* pacer = nullptr;                   ///< of all waits; null where nothing is waited for
 

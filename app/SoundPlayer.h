@@ -39,7 +39,7 @@ public:
     /// Has the device opened, so that the first sound is not late. Call it after the first paint.
     void Prepare();
 
-    /// Plays sound 1..19 and returns at once; other ids are silence.
+    /// Plays sound 1..LastSound and returns at once; other ids are silence.
     void Play(Short id);
 
 private:

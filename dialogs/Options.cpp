@@ -3,7 +3,7 @@
 namespace zorva {
 namespace {
 
-constexpr int optionCount = 11;
+constexpr int optionCount = static_cast<int>(LastOption);
 
 // Both tables go by the option's number; row 0 is not used.
 constexpr const char* questions[optionCount + 1] = {

@@ -21,6 +21,7 @@ enum class Option : Short {
     RuleFiveAllInBox,
     RuleFiveSomeInBox,
 };
+inline constexpr Option LastOption = Option::RuleFiveSomeInBox;
 
 /// What an option asks.
 QString QuestionText(Option option);

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Makes the recordings of the game, the same bytes every time.
 
-    make_sounds.py            writes assets/sounds/01.wav to 19.wav and the table in its README.md
+    make_sounds.py            writes assets/sounds/01.wav and the others, and the table in its README.md
     make_sounds.py --check    says which of these files are not as they would be written; status 1
     make_sounds.py --measure  prints the table, and how like each other the recordings are
 """

@@ -1,4 +1,4 @@
-"""The nineteen recordings of the game, one function each."""
+"""The recordings of the game, one function each."""
 
 from random import Random
 
