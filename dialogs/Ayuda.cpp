@@ -71,11 +71,10 @@ void Ayuda::Leave() {
 void ShowHelp(QWidget* parent, const Services& services, const std::filesystem::path& helpFile) {
     const std::optional<QString> manual = ReadManual(helpFile);
     if (!manual) {
-        const QString text =
-            QStringLiteral(
-                "No se puede mostrar el manual: el fichero %1 no está junto al programa o "
-                "no se puede leer. Puede seguir jugando sin él.")
-                .arg(QString::fromStdString(helpFile.filename().string()));
+        const QString text = QStringLiteral(
+                                 "No se puede mostrar el manual: el fichero %1 no se encuentra o "
+                                 "no se puede leer. Puede seguir jugando sin él.")
+                                 .arg(QString::fromStdString(helpFile.filename().string()));
         ShowMessage(parent, services, title, text, MessageLinesFor(text), MessageButtons::Acknowledge);
         return;
     }
