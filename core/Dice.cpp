@@ -18,12 +18,8 @@ void PlayRollSound(const Show& show, Short roll) {
 
 }  // namespace
 
-void ThrowDie(const Table& table) {
+void ShowThrow(const Table& table) {
     GameState& state = table.state;
-    if (!table.show.IsWatched()) {
-        state.DieValue = table.outside.RollFace();
-        return;
-    }
     state.DieValue = 0;
     for (Short roll = 1; roll <= RollsOfAThrow; ++roll) {
         state.DieValue = RollOtherFace(table.outside, state.DieValue);

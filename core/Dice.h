@@ -7,8 +7,16 @@ namespace zorva {
 /// Faces shown one after another until the die lies still.
 inline constexpr Short RollsOfAThrow = 10;
 
-/// Rolls the die of CurrentColour: ten faces shown one after another, the tenth is the throw and
-/// stays in DieValue. Two faces shown in a row always differ. When nobody watches, one face is rolled.
-void ThrowDie(const Table& table);
+/// Ten faces shown one after another; two in a row always differ. The tenth stays in DieValue.
+void ShowThrow(const Table& table);
+
+/// Rolls the die of CurrentColour into DieValue: as ShowThrow does, or one face when nobody watches.
+inline void ThrowDie(const Table& table) {
+    if (table.show.IsWatched()) {
+        ShowThrow(table);
+    } else {
+        table.state.DieValue = table.outside.RollFace();
+    }
+}
 
 }  // namespace zorva

@@ -18,18 +18,25 @@ Short SlotOf(const Slots& slots, PieceCode code) {
 }
 
 // The pieces in the higher slots move down, so that a lone piece always stands in slot 1: capture,
-// attack and risk all read slot 1 first.
+// attack and risk all read slot 1 first. Without a branch, like the next: which slot it is cannot be
+// foreseen.
 void TakeFromSlots(Slots& slots, PieceCode code) {
-    Short slot = SlotOf(slots, code);
-    if (slot == 0) return;
-    for (; slot < 3; ++slot) slots[slot] = slots[slot + 1];
-    slots[3] = 0;
+    const bool fromFirst = slots[1] == code;
+    const bool fromSecond = fromFirst | (slots[2] == code);
+    const bool fromThird = fromSecond | (slots[3] == code);
+    slots[1] = fromFirst ? slots[2] : slots[1];
+    slots[2] = fromSecond ? slots[3] : slots[2];
+    slots[3] = fromThird ? PieceCode{0} : slots[3];
 }
 
 // A fourth piece on a goal finds no slot; its position alone says where it is.
 void PutIntoFirstEmptySlot(Slots& slots, PieceCode code) {
-    const Short slot = SlotOf(slots, 0);
-    if (slot != 0) slots[slot] = code;
+    const bool first = slots[1] == 0;
+    const bool second = !first & (slots[2] == 0);
+    const bool third = !first & !second & (slots[3] == 0);
+    slots[1] = first ? code : slots[1];
+    slots[2] = second ? code : slots[2];
+    slots[3] = third ? code : slots[3];
 }
 
 // ---------------------------------------------------------------------------------- forwards

@@ -92,6 +92,10 @@ public:
 
     bool IsWatched() const { return watched_ != nullptr; }
 
+    /// Only who sees a game can have done something to it.
+    void YieldToEvents() const {
+        if (watched_) watched_->YieldToEvents();
+    }
     void Pause(Short n) const {
         if (watched_) watched_->Pause(n);
     }

@@ -1,7 +1,9 @@
 #include "core/Player.h"
 
+#include <bit>
+
+#include "core/Appraisal.h"
 #include "core/Board.h"
-#include "core/Outlook.h"
 #include "core/Rules.h"
 #include "core/ScoreTerms.h"
 
@@ -182,40 +184,43 @@ bool ChooseOpening(GameState& state, const Settings& settings) {
 
 bool ChooseCompulsoryExit(GameState& state, const Settings& settings) {
     const Colour colour = state.CurrentColour;
-    if (state.PiecesInBox[colour] == 0 || settings.RuleFiveSomeInBox != 1) return false;
-    if (state.DieValue != ExitCount || !IsMoveLegal(state, colour, ExitCount, 0)) return false;
+    if (state.DieValue != ExitCount || settings.RuleFiveSomeInBox != 1) return false;
+    if (state.PiecesInBox[colour] == 0 || !IsMoveLegal(state, colour, ExitCount, 0)) return false;
     Short piece = PiecesPerColour;
     while (state.PiecePosition[colour][piece] != 0) --piece;
     SetOnlyMove(state, piece, ExitSquare[colour]);
     return true;
 }
 
-void FindMovablePieces(GameState& state, const Outlook& outlook) {
-    state.LegalMoveCount = 0;
-    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-        const bool isLegal = outlook.IsMoveLegal(state.MoveCount, piece);
-        state.MovablePieces[piece] = isLegal ? Yes : No;
-        state.LegalMoveCount = static_cast<Short>(state.LegalMoveCount + isLegal);
+// What the state says of a set of pieces, in which bit n stands for piece n.
+struct PieceSet {
+    PerPiece<Short> flags{};
+    Short count = 0;
+};
+
+constexpr auto MakePieceSets() {
+    std::array<PieceSet, 1U << (PiecesPerColour + 1)> sets{};
+    for (unsigned set = 0; set < sets.size(); ++set) {
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+            if ((set >> piece & 1) == 0) continue;
+            sets[set].flags[piece] = Yes;
+            ++sets[set].count;
+        }
     }
+    return sets;
 }
 
-Short BestOfMovablePieces(const GameState& state, const Settings& settings, const Outlook& outlook) {
-    std::array<Short, PiecesPerColour + 1> pieces{};
-    std::size_t count = 0;
-    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-        pieces[count] = piece;
-        count += state.MovablePieces[piece] != No;
-    }
-    if (count == 0) return 0;
-    if (count == 1) return pieces[0];  // whatever its score
-    const Short level = settings.PlayerLevel[state.CurrentColour];
+constexpr auto pieceSets = MakePieceSets();
+
+Short BestOf(unsigned movable, const Appraisal& appraisal) {
     Short bestPiece = 0;
     double best = worstScore;
-    for (std::size_t next = 0; next < count; ++next) {
-        const double score = outlook.ScoreOfMove(level, pieces[next]);
+    for (; movable != 0; movable &= movable - 1) {
+        const Short piece = static_cast<Short>(std::countr_zero(movable));
+        const double score = appraisal.ScoreOfMove(piece);
         const bool isBetter = score > best;
         best = isBetter ? score : best;
-        bestPiece = isBetter ? pieces[next] : bestPiece;
+        bestPiece = isBetter ? piece : bestPiece;
     }
     return bestPiece;
 }
@@ -223,11 +228,19 @@ Short BestOfMovablePieces(const GameState& state, const Settings& settings, cons
 void ChooseBestScore(GameState& state, const Settings& settings) {
     const Colour colour = state.CurrentColour;
     const Outlook outlook(state);
-    FindMovablePieces(state, outlook);
-    state.BestPiece = BestOfMovablePieces(state, settings, outlook);
-    state.BestFrom = state.BestPiece == 0 ? Square{0} : state.PiecePosition[colour][state.BestPiece];
-    state.BestTo =
-        state.BestPiece == 0 ? Square{0} : DestinationOf(colour, state.MoveCount, state.BestFrom);
+    const unsigned movable = outlook.MovablePieces(state.MoveCount);
+    state.MovablePieces = pieceSets[movable].flags;
+    state.LegalMoveCount = pieceSets[movable].count;
+    if (movable == 0) {
+        state.BestPiece = state.BestFrom = state.BestTo = 0;
+        return;
+    }
+    // A single one is taken whatever its score.
+    const bool isOnlyOne = (movable & (movable - 1)) == 0;
+    state.BestPiece = isOnlyOne ? static_cast<Short>(std::countr_zero(movable))
+                                : BestOf(movable, Appraisal(outlook, settings.PlayerLevel[colour]));
+    state.BestFrom = state.PiecePosition[colour][state.BestPiece];
+    state.BestTo = DestinationOf(colour, state.MoveCount, state.BestFrom);
 }
 
 }  // namespace

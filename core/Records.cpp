@@ -56,10 +56,12 @@ std::string ActionText(const MoveRecord& record) {
 
 void NewMoveRecord(GameState& state) {
     state.MoveRecordCount = ToShort(state.MoveRecordCount + 1);
-    if (static_cast<std::size_t>(state.MoveRecordCount) + 1 >= state.MoveRecords.size()) {
+    auto record = state.MoveRecords.begin() + state.MoveRecordCount;
+    if (record + 1 >= state.MoveRecords.end()) {
         state.MoveRecords.resize(state.MoveRecords.size() + recordsAtOnce);
+        record = state.MoveRecords.begin() + state.MoveRecordCount;
     }
-    state.MoveRecords[state.MoveRecordCount] = {};
+    *record = {};
 }
 
 void LogMove(const Table& table) {

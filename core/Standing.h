@@ -18,6 +18,7 @@ struct Standing {
     std::uint8_t columnPairs = 0;  ///< bit n: two pieces stand on step 64 + n; the goal has room for all
     std::uint64_t pieces = 0;      ///< bit n: at least one piece stands on step n, 0..63
     std::uint64_t pairs = 0;       ///< bit n: two pieces do
+    std::uint64_t reach = 0;       ///< bit n: a piece stands one to five steps before step n
 };
 
 /// The standings as they were last asked for. They follow from the positions of the pieces, so they are

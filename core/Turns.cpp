@@ -17,16 +17,14 @@ enum class AfterMove { NextTurn, SecondPiece, GameOver };
 void PassTurn(const Table& table, Short direction) {
     Colour colour = table.state.CurrentColour;
     do {
-        colour = static_cast<Colour>(colour + direction);
-        if (colour > ColourCount) colour = 1;
-        if (colour < 1) colour = ColourCount;
+        colour = static_cast<Colour>(static_cast<unsigned>(colour - 1 + direction) % ColourCount + 1);
     } while (!IsTakingPart(table.settings, colour));
     table.state.CurrentColour = colour;
 }
 
 void BeginTurn(const Table& table) {
     GameState& state = table.state;
-    table.outside.YieldToEvents();
+    table.show.YieldToEvents();
     table.show.SetScreenPointer(ScreenPointer::Default);
     if (!state.RepeatTurn) {
         NextColour(table);
@@ -46,7 +44,7 @@ void OfferThrow(const Table& table) {
     state.ManualMode = No;
     state.WaitingForThrow = table.settings.PauseBetweenMoves == 1 ? Yes : No;
     table.show.SetScreenPointer(ScreenPointer::OfTheBoard);
-    table.outside.YieldToEvents();
+    table.show.YieldToEvents();
     while (state.WaitingForThrow) table.outside.WaitForInput();
 }
 
@@ -198,7 +196,7 @@ AfterMove CarryOutMove(const Table& table) {
         return AfterMove::GameOver;
     }
     if (state.SecondMovePending == 1) return AfterMove::SecondPiece;
-    if (!state.RepeatTurn) table.show.ClearDice();
+    if (table.show.IsWatched() && !state.RepeatTurn) table.show.ClearDice();
     table.show.Pause(10);
     return AfterMove::NextTurn;
 }
@@ -206,19 +204,15 @@ AfterMove CarryOutMove(const Table& table) {
 // From the throw to its last move. Returns false when the game is over.
 bool PlayThrow(const Table& table) {
     GameState& state = table.state;
-    if (CountSixes(state)) {
-        if (!PrepareThirdSixReturn(table)) return true;
-    } else {
-        state.SecondMovePending = 0;
-        if (!DecideMove(table)) return false;
-    }
-    AfterMove after = CarryOutMove(table);
-    while (after == AfterMove::SecondPiece) {
+    const bool isThirdSix = CountSixes(state);
+    if (isThirdSix && !PrepareThirdSixReturn(table)) return true;
+    if (!isThirdSix) state.SecondMovePending = 0;
+    for (bool isChosen = isThirdSix;; isChosen = false) {
+        if (!isChosen && !DecideMove(table)) return false;
+        const AfterMove after = CarryOutMove(table);
+        if (after != AfterMove::SecondPiece) return after == AfterMove::NextTurn;
         NewMoveRecord(state);
-        if (!DecideMove(table)) return false;
-        after = CarryOutMove(table);
     }
-    return after == AfterMove::NextTurn;
 }
 
 // One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the

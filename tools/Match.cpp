@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "core/Chance.h"
-#include "core/DecidedThrows.h"
 #include "core/Ending.h"
 #include "core/Opening.h"
+#include "core/SilentOutside.h"
 #include "core/Turns.h"
 #include "tools/WithoutPeople.h"
 
@@ -22,12 +22,13 @@ constexpr std::uint64_t gamesAtOnce = 16;
 constexpr auto progressInterval = std::chrono::milliseconds(250);
 
 /// The world of one game of a match: it throws by chance and counts.
-class MatchWorld final : public DecidedThrows {
+class MatchWorld final : public SilentOutside {
 public:
     MatchWorld(std::uint64_t seed, std::uint64_t number, MatchTotals& totals)
         : chance_(seed, number), totals_(totals) {}
 
     bool IsWatched() const override { return false; }
+    Short RollFace() override { return chance_.Face(); }
 
     Colour DrawFirst(const Settings& settings) {
         std::vector<Colour> colours;
@@ -39,14 +40,12 @@ public:
 
     void AddLogLine(Short, const MoveRecord& record) override {
         ++totals_.moves;
-        if (record.OnBehalf) ++totals_.captures;
+        const bool isCaptured = record.OnBehalf != 0;
+        totals_.captures += isCaptured;
         // The way home after a third six is nobody's decision either.
-        const bool thirdSix = record.Die == 6 && record.RepeatState == 0;
-        if (!record.OnBehalf && !thirdSix) ++totals_.decisions;
+        const bool isThirdSix = (record.Die == 6) & (record.RepeatState == 0);
+        totals_.decisions += !(isCaptured | isThirdSix);
     }
-
-protected:
-    Short NextThrow() override { return chance_.Face(); }
 
 private:
     Chance chance_;

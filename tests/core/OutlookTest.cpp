@@ -1,4 +1,4 @@
-#include "core/Outlook.h"
+#include "core/Appraisal.h"
 
 #include <gtest/gtest.h>
 
@@ -61,18 +61,19 @@ private:
         const Colour colour = state_.CurrentColour;
         const Short count = state_.MoveCount, level = settings_.PlayerLevel[colour];
         const Outlook outlook(state_);
+        const Appraisal appraisal(outlook, level);
         Short best = 0;
         double bestScore = -999;
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             const Square from = state_.PiecePosition[colour][piece];
             const bool legal = IsMoveLegal(state_, colour, count, from);
             if (outlook.IsMoveLegal(count, piece) != legal) return About("legality", piece);
-            if (!HasSameValue(outlook, piece, from)) return About("value of the square of", piece);
+            if (!HasSameValue(appraisal, piece, from)) return About("value of the square of", piece);
             if (!legal) continue;
             const Square to = DestinationOf(colour, count, from);
-            if (!HasSameValue(outlook, piece, to)) return About("value of the target of", piece);
+            if (!HasSameValue(appraisal, piece, to)) return About("value of the target of", piece);
             const double score = ScoreOfMove(state_, settings_, piece);
-            if (!IsSameDouble(outlook.ScoreOfMove(level, piece), score)) return About("score", piece);
+            if (!IsSameDouble(appraisal.ScoreOfMove(piece), score)) return About("score", piece);
             ++scores_;
             if (score > bestScore) best = piece;
             if (score > bestScore) bestScore = score;
@@ -81,9 +82,9 @@ private:
         return state_.BestPiece == best ? "" : About("choice", best);
     }
 
-    bool HasSameValue(const Outlook& outlook, Short piece, Square square) const {
+    bool HasSameValue(const Appraisal& appraisal, Short piece, Square square) const {
         const Colour colour = state_.CurrentColour;
-        return IsSameDouble(outlook.SquareValue(piece, square),
+        return IsSameDouble(appraisal.SquareValue(piece, square),
                             SquareValue(state_, colour, CodeOf(colour, piece), square));
     }
 

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstdint>
+
+#include "core/Board.h"
+#include "core/ScoreTerms.h"
+#include "core/Standing.h"
+
+// Facts about the steps of a way, laid out for looking up: 0 is a colour's exit, 63 its home entry, 71
+// its goal, and one more stands for its box. Made by the compiler from the functions that define them.
+// Readers: Standing, Outlook and Appraisal.
+
+namespace zorva::way {
+
+/// Steps 0..63, the squares that are shared, one bit each.
+using RingSet = std::uint64_t;
+
+inline constexpr int ringSteps = 64;
+inline constexpr int goalStep = StepsToGoal;
+/// Behind the goal: from there no way is open, nothing is attacked and nothing threatens.
+inline constexpr int boxStep = Standing::InBox;
+/// From one colour's exit to the next one's.
+inline constexpr int quarter = LastRingSquare / ColourCount;
+/// Squares that one throw can count at most.
+inline constexpr int reach = 12;
+
+template <typename Value>
+using BySquare = PerColour<std::array<Value, LastSquare + 1>>;
+template <typename Value>
+using ByStep = std::array<Value, boxStep + 1>;
+
+/// The colour that follows in number so many times.
+constexpr Colour ColourAfter(int colour, int turns) {
+    constexpr std::array<std::int8_t, 2 * ColourCount> colours{4, 1, 2, 3, 4, 1, 2, 3};
+    return colours[static_cast<std::size_t>(colour + turns)];
+}
+
+/// The set of the colour that follows so many times, told by one's own steps; what stands beyond one's
+/// home entry falls out.
+template <int Turns>
+constexpr RingSet Turned(RingSet set) {
+    constexpr int distance = quarter * Turns;
+    return set << distance | set >> (LastRingSquare - distance);
+}
+
+constexpr std::uint64_t Lowest(int count) {
+    return (std::uint64_t{1} << count) - 1;
+}
+
+constexpr Square SquareOfStep(Colour colour, int step) {
+    return step == boxStep ? Square{0}
+                           : AdvanceSquare(ExitSquare[colour], static_cast<Short>(step), colour);
+}
+
+constexpr PerColour<ByStep<std::uint8_t>> MakeSquares() {
+    PerColour<ByStep<std::uint8_t>> squares{};
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (int step = 0; step <= boxStep; ++step) {
+            squares[colour][step] = static_cast<std::uint8_t>(SquareOfStep(colour, step));
+        }
+    }
+    return squares;
+}
+
+constexpr BySquare<std::int8_t> MakeSteps() {
+    BySquare<std::int8_t> steps{};
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (int step = 0; step <= boxStep; ++step) {
+            steps[colour][SquareOfStep(colour, step)] = static_cast<std::int8_t>(step);
+        }
+    }
+    return steps;
+}
+
+// The bit of a piece in the ring set of its colour; none in the box and in the home column.
+constexpr BySquare<RingSet> MakeRingBits() {
+    BySquare<RingSet> bits{};
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (int step = 0; step < ringSteps; ++step) {
+            bits[colour][SquareOfStep(colour, step)] = RingSet{1} << step;
+        }
+    }
+    return bits;
+}
+
+// The same of its home column, from the first square on; the goal has room for all.
+constexpr BySquare<std::uint8_t> MakeColumnBits() {
+    BySquare<std::uint8_t> bits{};
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (int step = ringSteps; step < goalStep; ++step) {
+            bits[colour][SquareOfStep(colour, step)] =
+                static_cast<std::uint8_t>(1U << (step - ringSteps));
+        }
+    }
+    return bits;
+}
+
+// What is true of a square of yellow's way is true of the same step of every other: the board looks
+// alike from each exit.
+template <typename Value, typename Fact>
+constexpr ByStep<Value> MakeByStep(Fact fact) {
+    ByStep<Value> values{};
+    for (int step = 0; step <= boxStep; ++step) values[step] = fact(step, SquareOfStep(1, step));
+    return values;
+}
+
+constexpr RingSet MakeUnsafe() {
+    RingSet unsafe = 0;
+    for (int step = 0; step < ringSteps; ++step) {
+        if (!IsSafeSquare(SquareOfStep(1, step))) unsafe |= RingSet{1} << step;
+    }
+    return unsafe;
+}
+
+inline constexpr auto squares = MakeSquares();
+inline constexpr auto stepsOf = MakeSteps();
+inline constexpr auto ringBits = MakeRingBits();
+inline constexpr auto columnBits = MakeColumnBits();
+inline constexpr RingSet unsafeSteps = MakeUnsafe();
+
+}  // namespace zorva::way
