@@ -97,9 +97,11 @@ void DrawFirstPlayer(const Table& table) {
     for (;;) {
         table.outside.Pause(90);
         ThrowOfEach(table, contends, thrown);
-        const auto best = std::max_element(thrown.begin() + 1, thrown.end());  // the first of equals
-        table.state.CurrentColour = static_cast<Colour>(best - thrown.begin());
-        if (std::count(thrown.begin() + 1, thrown.end(), *best) < 2) return;
+        const auto best = std::max_element(thrown.begin() + 1, thrown.end());
+        const bool isTie = std::count(thrown.begin() + 1, thrown.end(), *best) > 1;
+        // Nobody is on turn while the tie is told.
+        table.state.CurrentColour = isTie ? Colour{0} : static_cast<Colour>(best - thrown.begin());
+        if (!isTie) return;
         for (Colour colour = 1; colour <= ColourCount; ++colour)
             contends[colour] = thrown[colour] == *best;
         table.outside.ShowMessage(drawTitle, "Hay empate y se va a desempatar", 1,
