@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Throws the die many times and draws what came.
 
-    tools/measure_dice.py [--throws N] [--sim build/release/tools/zorva-sim]
+    tools/measure_dice.py [--throws N] [--sim build/play/tools/zorva-sim]
 
 throws it N times (60,000,000 unless told otherwise) with seed 1, puts the tables into docs/fair-dice.md and
 draws docs/fair-dice.svg. Needs python3-matplotlib.
@@ -60,7 +60,7 @@ def draw(tables, throws):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--throws", type=int, default=60_000_000)
-    parser.add_argument("--sim", default=os.path.join(HERE, "..", "build", "release", "tools", "zorva-sim"))
+    parser.add_argument("--sim", default=os.path.join(HERE, "..", "build", "play", "tools", "zorva-sim"))
     options = parser.parse_args()
     text = subprocess.run([options.sim, "dice", "--throws", str(options.throws), "--seed", "1"], check=True,
                           capture_output=True, text=True).stdout

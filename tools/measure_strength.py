@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Measures how strong the levels of play are, and draws what it finds.
 
-    tools/measure_strength.py [--games N] [--sim build/release/tools/zorva-sim] [--keep FILE]
+    tools/measure_strength.py [--games N] [--sim build/play/tools/zorva-sim] [--keep FILE]
 
 plays N games (100,000 unless told otherwise) for each point with zorva-sim and renews the tables of
 docs/strength.md and the pictures docs/strength-*.svg. Needs python3-matplotlib. The same N gives the same
@@ -203,7 +203,7 @@ def draw(found):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--games", type=int, default=100_000)
-    parser.add_argument("--sim", default=os.path.join(HERE, "..", "build", "release", "tools", "zorva-sim"))
+    parser.add_argument("--sim", default=os.path.join(HERE, "..", "build", "play", "tools", "zorva-sim"))
     parser.add_argument("--keep")
     options = parser.parse_args()
     found = measure(Sim(options.sim, options.keep), options.games)
