@@ -1,13 +1,10 @@
 """The game is never lost: left, ended from outside, killed, started twice, begun anew."""
 
-import random
 import signal
-import time
 import unittest
 
 import board
-from driver import (ABANDON_TITLE, CONTINUE_TITLE, DRAW_TITLE, EXIT_TITLE, POSTPONE_TITLE, START_TITLE,
-                    WindowTest)
+from driver import ABANDON_TITLE, DRAW_TITLE, POSTPONE_TITLE, START_TITLE, WindowTest
 from inifile import COMPUTER, OFF, ON, PERSON, Settings, game_at
 
 POSITIONS = {1: [76, 76, 20, 40], 2: [84, 0, 84, 25], 3: [92, 92, 0, 60], 4: [100, 0, 100, 100]}
@@ -67,27 +64,6 @@ class Leaving(KeepingTest):
         self.assertEqual(self.wait_for_end(), 0)
         self.assertTrue(self.game().in_progress)
 
-    def test_a_game_without_a_move_is_not_kept(self):
-        self.start(Settings(pause=ON))
-        self.display.key("F2")
-        self.answer(START_TITLE, "yes")
-        self.answer_draw()
-        self.display.key("F6")
-        self.answer(EXIT_TITLE, "no")
-        self.wait_for_board()
-        self.display.key("F6")
-        self.answer(EXIT_TITLE, "yes")
-        self.assertEqual(self.wait_for_end(), 0)
-        self.assertFalse(self.game().in_progress)
-
-    def answer_draw(self):
-        """Acknowledges the draw; a tie has more than one message."""
-        self.answer(DRAW_TITLE)
-        end = time.monotonic() + 1
-        while time.monotonic() < end:
-            if self.title() == DRAW_TITLE:
-                self.answer(DRAW_TITLE)
-
     def test_leave_without_a_game(self):
         for leave in (lambda: self.click_button("leave"), lambda: self.display.key("F6"),
                       lambda: self.display.key("alt+F4")):
@@ -115,55 +91,14 @@ class EndedFromOutside(KeepingTest):
         self.assertEqual(self.wait_for_end(), 0)
         self.assert_continues_at(game)
 
-    def test_a_kill_at_any_moment_costs_one_move_at_most(self):
-        chance = random.Random(1)
-        self.start_game(pause=OFF, speed=90)
-        for _ in range(8):
-            moves = self.game().moves
-            self.wait_until(lambda: self.game().moves > moves or self.title(), "a move")
-            time.sleep(chance.uniform(0, 0.25))
-            self.program.process.send_signal(signal.SIGSTOP)
-            picture, game = self.display.picture(), self.game()
-            self.program.kill()
-            if not game.in_progress:
-                break
-            # Only the move in hand may be on the board without being in the file: one piece, and
-            # one that it captured.
-            wrong = board.difference(picture, self.layout, game.positions)
-            self.assertLessEqual(wrong.count("instead of"), 4, wrong)
-            self.assertGreaterEqual(game.moves, moves)
-            self.start_again(continues=True)
-            self.assertGreaterEqual(self.game().moves, game.moves)
-            self.assertEqual(self.game().records[:game.moves], game.records)
-
 
 class Starting(KeepingTest):
-    def test_a_second_start_brings_the_first_to_the_front(self):
-        self.start_game()
-        self.display.key("Escape")
-        self.wait_until(lambda: not self.board_is_active(), "the window to be hidden")
-        stamp = self.file_stamp()
-        second = self.program.spawn()
-        self.assertEqual(second.wait(timeout=20), 0)
-        self.wait_for_board()
-        self.assertTrue(self.program.is_running())
-        self.assertEqual(self.file_stamp(), stamp, "the second start wrote the file")
-        self.play_moves(1)
-
     def test_a_second_start_behind_a_message(self):
         self.start_game()
         self.display.key("F2")
         self.wait_for_message(ABANDON_TITLE)
         self.assertEqual(self.program.spawn().wait(timeout=20), 0)
         self.answer(ABANDON_TITLE, "no")
-        self.wait_for_board()
-
-    def test_the_continued_game_is_told(self):
-        self.start_game()
-        self.program.kill()
-        self.program.start()
-        self.skip_title()
-        self.answer(CONTINUE_TITLE, key="Escape")
         self.wait_for_board()
 
 
@@ -187,29 +122,6 @@ class BeginningAnew(KeepingTest):
             self.assertLess(self.game().moves, game.moves + 4)
         for colour in (1, 2, 3, 4):
             self.assertEqual(self.game().home(colour), 0)
-
-    def test_a_new_game_while_a_move_is_awaited(self):
-        self.start_game(types=(PERSON, COMPUTER, COMPUTER, COMPUTER))
-        self.click_board()
-        self.display.key("F2")
-        self.answer(ABANDON_TITLE, "yes")
-        self.answer(START_TITLE, "yes")
-        self.wait_for_message(DRAW_TITLE)
-        self.play_moves(3)
-
-    def test_the_start_can_be_refused(self):
-        self.start_game()
-        self.display.key("F2")
-        self.answer(ABANDON_TITLE, "yes")
-        self.answer(START_TITLE, "no")
-        self.wait_until(lambda: not self.game().in_progress, "no game in the file")
-        if not self.board_is_active():
-            self.display.key("Escape")
-        self.wait_for_board()
-        self.display.key("F2")
-        self.answer(START_TITLE, "yes")
-        self.wait_for_message(DRAW_TITLE)
-        self.play_moves(3)
 
 
 if __name__ == "__main__":
