@@ -2,15 +2,19 @@
 
 import unittest
 
-import board
 import inifile
-from driver import CONTINUE_TITLE, LOAD_TITLE, START_TITLE, WindowTest
-from inifile import COMPUTER, NAMES, ON, PERSON, Settings, game_at
+from driver import LOAD_TITLE, START_TITLE, WindowTest
+from inifile import COMPUTER, NAMES, OFF, ON, PERSON, Settings, game_at
 
 POSITIONS = {1: [76, 76, 20, 40], 2: [84, 0, 84, 25], 3: [92, 92, 0, 60], 4: [100, 0, 100, 57]}
 WINDOWS = {"help": ("F1", "Ayuda de la aplicación"), "settings": ("F3", "Personalizar la aplicación"),
            "history": ("F4", "Histórico de partidas")}
 PERSON_IS_YELLOW = (PERSON, COMPUTER, COMPUTER, COMPUTER)
+
+# Middles of the selectors, in pixels of the settings window at a scale of one.
+STATES = [(43 + 149 * player, 112) for player in range(4)]
+TYPES = [(43 + 149 * player, 232) for player in range(4)]
+PAUSE, TUTOR, ORDER, SOUND, INFO = (48, 305), (242, 305), (436, 305), (48, 351), (242, 351)
 
 
 class MenuWindows(WindowTest):
@@ -48,6 +52,23 @@ class MenuWindows(WindowTest):
         self.assertEqual(game.records[self.before.moves].mover, 1)
         self.assertEqual(self.program.settings().types, (COMPUTER,) * 4)
 
+    def test_options_flipped_by_mouse_are_found_again(self):
+        first = Settings(pause=ON, tutor=ON)
+        flipped = Settings(types=(PERSON,) * 4, active=(ON, ON, ON, OFF), pause=OFF, tutor=OFF, order=1,
+                           sound=OFF, button_info=OFF)
+        self.program.ini.write_bytes(inifile.to_bytes(first))
+        # A colour that takes no part does not show its kind of player.
+        for order, kept in (((*TYPES, STATES[3]), flipped), ((STATES[3], *TYPES), first)):
+            self.start_again()
+            self.display.key("F3")
+            window = self.wait_for_message(WINDOWS["settings"][1])
+            for x, y in (*order, PAUSE, TUTOR, ORDER, SOUND, INFO):
+                self.display.click(window.x + x, window.y + y)
+            self.display.key("Escape")
+            self.wait_for_board()
+            self.wait_until(lambda: self.program.settings() == kept, "%r in the file" % kept)
+            self.program.kill()
+
     def test_a_refused_start_opens_the_settings(self):
         self.start(Settings())
         self.display.key("F2")
@@ -64,13 +85,6 @@ class Starts(WindowTest):
         self.answer(title)
         self.wait_for_board()
 
-    def test_the_title_ends_by_itself(self):
-        self.program.ini.write_bytes(inifile.to_bytes(Settings()))
-        self.program.start()
-        window = self.wait_until(lambda: self.display.active_window(), "the title")
-        self.wait_until(lambda: self.display.is_dialog(self.display.active_window() or window), "the title")
-        self.wait_for_board()
-
     def test_the_first_start_makes_the_file(self):
         self.start_and_read(LOAD_TITLE)
         settings, game = inifile.from_bytes(self.program.ini.read_bytes())
@@ -78,29 +92,6 @@ class Starts(WindowTest):
         self.assertEqual(settings.names, NAMES)
         self.assertFalse(game.in_progress)
         self.assertEqual([path.name for path in self.program.folder.glob("*.WRK")], [])
-
-    def test_a_damaged_file_is_told_and_kept(self):
-        damaged = inifile.to_bytes(Settings(pause=ON), game_at(POSITIONS, turn=1)).replace(b"76", b"75", 1)
-        self.program.ini.write_bytes(damaged)
-        self.start_and_read(LOAD_TITLE)
-        kept = [path.read_bytes() for path in self.program.folder.glob("ZORVA32*") if path.suffix not in (".HLP", "")]
-        self.assertIn(damaged, kept)
-        self.assertFalse(self.game().in_progress)
-
-    def test_a_folder_that_cannot_be_written_is_left_alone(self):
-        original = inifile.to_bytes(Settings(pause=ON), game_at(POSITIONS, turn=1))
-        self.program.ini.write_bytes(original)
-        (self.program.folder / "CSCD.WRK").mkdir()  # the probe cannot be made, whoever runs the test
-        there = self.program.ini
-        self.program.data = self.program.fallback
-        self.start_again(continues=True)
-        self.play_moves(2)
-        self.assertEqual(there.read_bytes(), original)
-        self.program.kill()
-        game = self.game()
-        self.start_again(continues=True)
-        self.wait_until(lambda: not board.difference(self.display.picture(), self.layout, game.positions),
-                        "the position that was left")
 
 
 if __name__ == "__main__":
