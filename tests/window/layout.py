@@ -102,11 +102,6 @@ class Layout:
         x, y = self.corner[colour]
         return (x + self.cell, round(y + 3 * self.block / 2 + (self.piece_size + 4) * (piece - 2.5)))
 
-    def die(self, colour):
-        """The middle of the tray in which a colour's die lies."""
-        x, y = self.corner[colour]
-        return (round(x + 140 * self.cell / 33), round(y + 128 * self.cell / 33))
-
     def house(self, colour):
         """A place in a colour's house where no piece lies."""
         x, y = self.corner[colour]
