@@ -133,8 +133,13 @@ class Display:
             return Picture(file.read())
 
     def _run(self, *command):
-        done = subprocess.run(command, env=self.environment, timeout=20, stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL, text=True)
+        """What a command that looks at the screen prints; nothing when it fails. xdotool has been seen to hang
+        when a window went away under it: who asked looks again."""
+        try:
+            done = subprocess.run(command, env=self.environment, timeout=5, stdout=subprocess.PIPE,
+                                  stderr=subprocess.DEVNULL, text=True)
+        except subprocess.TimeoutExpired:
+            return ""
         return done.stdout if done.returncode == 0 else ""
 
     def active_window(self):
