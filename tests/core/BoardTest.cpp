@@ -36,20 +36,6 @@ TEST(Board, WalksAsManySingleStepsAsAreCounted) {
     }
 }
 
-TEST(Board, WrapsAfter68AndTurnsIntoTheHomeColumns) {
-    struct Row {
-        Square from;
-        Short steps;
-        Colour colour;
-        Square to;
-    };
-    for (const Row& row :
-         {Row{68, 1, 1, 69}, Row{68, 1, 2, 1}, Row{17, 1, 2, 77}, Row{34, 1, 3, 85}, Row{51, 1, 4, 93},
-          Row{64, 10, 3, 6}, Row{74, 4, 1, 78}, Row{50, 20, 4, 111}}) {
-        EXPECT_EQ(AdvanceSquare(row.from, row.steps, row.colour), row.to) << row.from;
-    }
-}
-
 TEST(Board, MeasuresTheWayFromTheExitToTheGoal) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         EXPECT_EQ(StepsToSquare(colour, HomeEntrySquare[colour]), 63);
