@@ -17,34 +17,26 @@ struct DropRow {
 
 constexpr DropRow drops[] = {
     {"an empty square ahead", "1:10 0 0 0", 11, 40, true},
-    {"a square behind", "1:40 0 0 0", 11, 10, true},
     {"out of the box to anywhere", "", 23, 60, true},
     {"back into the box", "4:60 0 0 0", 41, 0, true},
     {"the box it is in is no move", "4:60 0 0 0", 42, 0, false},
     {"nor is the square it stands on", "1:10 0 0 0", 11, 10, false},
-    {"nor the one it shares", "1:10 10 0 0", 11, 10, false},
     {"beside an own piece", "1:10 20 0 0", 11, 20, true},
     {"not on two own pieces", "1:10 20 20 0", 11, 20, false},
     {"not on two rivals", "1:10 0 0 0  2:29 29 0 0", 11, 29, false},
-    {"not on two of two colours", "1:10 0 0 0  2:29 0 0 0  3:29 0 0 0", 11, 29, false},
     {"beside a rival on a safe square", "1:10 0 0 0  2:29 0 0 0", 11, 29, true},
-    {"beside a rival on its own exit", "1:0 0 0 0  2:5 0 0 0", 11, 5, true},
     {"not on a lone rival elsewhere", "1:10 0 0 0  2:30 0 0 0", 11, 30, false},
     {"not even right before it", "1:10 0 0 0  2:11 0 0 0", 11, 11, false},
     {"past barriers", "1:10 0 0 0  2:12 12 0 0  3:40 40 0 0", 11, 50, true},
     {"yellow not on 1, behind its home entry", "", 11, 1, false},
-    {"nor on 4", "", 11, 4, false},
     {"yellow on its home entry", "", 11, 68, true},
     {"blue not on 18", "", 21, 18, false},
     {"blue on 17", "", 21, 17, true},
-    {"red not on 38", "", 31, 38, false},
     {"green not on 55", "", 41, 55, false},
     {"the own home column", "", 11, 69, true},
     {"no other column", "", 11, 77, false},
-    {"nor another goal", "3:10 0 0 0", 31, 100, false},
     {"two in a home column are full", "3:10 86 86 0", 31, 86, false},
     {"the own goal", "3:10 0 0 0", 31, 92, true},
-    {"for a third piece, too", "3:10 92 92 0", 31, 92, true},
     {"not for the fourth", "3:10 92 92 92", 31, 92, false},
     {"no square below the box", "1:10 0 0 0", 11, -1, false},
     {"no square beyond the last", "4:99 0 0 0", 41, 101, false},
@@ -70,14 +62,10 @@ TEST(Displacement, TakesPiecesOfWhoPlaysButNoneFromTheGoal) {
 }
 
 TEST(Displacement, IsHandedOverAndTakenBack) {
-    GameState state = Position("1:10 0 0 0  3:30 0 0 0");
+    const GameState before = Position("1:10 0 0 0  3:30 0 0 0");
+    GameState state = before;
     state.CurrentColour = 1;
     state.WaitingForThrow = Yes;
-    const GameState before = state;
-    EnterManualMode(state);
-    LeaveManualMode(state);
-    EXPECT_EQ(state.ManualMode, No);
-    EXPECT_EQ(state.CurrentColour, 1);
     EnterManualMode(state);
     DisplaceByHand(state, 31, 45);
     EXPECT_EQ(state.CurrentColour, 3);
@@ -90,6 +78,7 @@ TEST(Displacement, IsHandedOverAndTakenBack) {
     EXPECT_EQ(state.PiecePosition, before.PiecePosition) << "the driver alone moves pieces";
     LeaveManualMode(state);
     EXPECT_EQ(state.CurrentColour, 1);
+    EXPECT_EQ(state.ManualMode, No);
     EXPECT_EQ(state.ManualShiftMade, No);
 }
 
