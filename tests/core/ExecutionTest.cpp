@@ -73,24 +73,6 @@ TEST(Execution, PutsAPieceDownAndReportsACapture) {
     }
 }
 
-TEST(Execution, MovesThePiecesInHigherSlotsDown) {
-    struct LeavingRow {
-        const char* position;
-        Colour colour;
-        Short piece;
-        Square from, to;
-        const char* left;
-    };
-    for (const LeavingRow& row :
-         {LeavingRow{"1:9 9 0 0", 1, 1, 9, 10, "12 0 0"}, LeavingRow{"1:9 9 0 0", 1, 2, 9, 10, "11 0 0"},
-          LeavingRow{"2:12 0 0 0  1:12 0 0 0", 2, 1, 12, 0, "11 0 0"}}) {
-        GameState state = Position(row.position);
-        Prepare(state, row.colour, row.piece, row.to);
-        Execute(state);
-        EXPECT_EQ(SlotsText(state, row.from), row.left);
-    }
-}
-
 TEST(Execution, WalksEachSquareWithItsSound) {
     GameState state = Position("2:16 0 0 0");
     Prepare(state, 2, 1, 78);
