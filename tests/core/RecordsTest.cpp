@@ -36,17 +36,6 @@ TEST(LogLine, TellsTheMoveInAFewLetters) {
     }
 }
 
-TEST(Records, GrowAndKeepWhatTheyHold) {
-    GameState state;
-    for (Short number = 1; number <= 500; ++number) {
-        NewMoveRecord(state);
-        ASSERT_EQ(state.MoveRecordCount, number);
-        ASSERT_EQ(state.MoveRecords.at(static_cast<std::size_t>(number)), MoveRecord{});
-        state.MoveRecords[number].Count = number;
-    }
-    for (Short number = 1; number <= 500; ++number) ASSERT_EQ(state.MoveRecords[number].Count, number);
-}
-
 struct Fields {
     Short die, count, sixes, secondPending, captureReport, captured, manualColour;
 };
