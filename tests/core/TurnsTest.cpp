@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "core/Displacement.h"
 #include "core/Opening.h"
 #include "tests/support/NotingOutside.h"
 #include "tests/support/Positions.h"
@@ -56,8 +57,6 @@ constexpr const char* nothingReturns =
     "Ha sacado 3 seises|Este jugador ha sacado un 6 por tercera vez. Como en el turno anterior no pudo "
     "mover, no vuelve ninguna ficha al cuadro de espera.|3";
 
-// ------------------------------------------------------------------------- computers at play
-
 struct Row {
     const char* name;
     const char* position;
@@ -70,8 +69,6 @@ struct Row {
 
 // Yellow and red play, yellow first.
 const Row rows[] = {
-    {"a turn each", "1:30 0 0 0  3:40 0 0 0", "1 2 3", "Ama. cuenta 1, Rojo cuenta 2, Ama. cuenta 3",
-     "34 0 0 0"},
     {"who cannot move passes", "1:0 0 0 0  3:40 0 0 0", "4 2", "Ama. pasa, Rojo cuenta 2", "0 0 0 0"},
     // Sixes.
     {"a six with none in the box counts twelve", "1:10 11 13 30", "6", "Ama. cuenta 12", "10 11 13 42"},
@@ -188,25 +185,17 @@ TEST(Turns, ShowAndSoundAThrow) {
 }
 
 TEST(Turns, LeaveASixOnTheTableForTheThrowThatFollows) {
-    struct DiceRow {
-        const char* position;
-        std::vector<Short> throws;
-        std::ptrdiff_t cleared;  ///< times the dice were cleared after the start
-        const char* offered;     ///< the die that waits at the end
-    };
-    for (const DiceRow& row :
-         {DiceRow{"", {6}, 0, "die 1 6"}, DiceRow{"", {1}, 1, "die 2 5"},
-          DiceRow{"1:10 0 0 0", {6}, 0, "die 1 6"}, DiceRow{"1:10 0 0 0", {1}, 1, "die 2 5"}}) {
-        GameState state = Position(row.position);
-        NotingOutside outside(state, row.throws);
-        PlayFrom({state, PlainSettings(), outside}, 1);
-        const Notes dice = outside.Only({"die"});
-        EXPECT_EQ(std::count(dice.begin(), dice.end(), "die 3 0") - 1, row.cleared);
-        EXPECT_EQ(dice.back(), row.offered);
+    for (const char* position : {"", "1:10 0 0 0"}) {
+        for (const Short thrown : {1, 6}) {
+            GameState state = Position(position);
+            NotingOutside outside(state, {thrown});
+            PlayFrom({state, PlainSettings(), outside}, 1);
+            const Notes dice = outside.Only({"die"});
+            EXPECT_EQ(std::count(dice.begin(), dice.end(), "die 3 0"), thrown == 6 ? 1 : 2);
+            EXPECT_EQ(dice.back(), thrown == 6 ? "die 1 6" : "die 2 5");
+        }
     }
 }
-
-// ------------------------------------------------------------------------ persons at play
 
 /// What a click for the throw does.
 void AskForThrow(GameState& state) {
@@ -256,6 +245,7 @@ TEST_F(PersonAtPlay, PicksAnyPieceThatMayMove) {
     settings_.Tutor = 2;
     Play("1:10 20 30 0", "3", {Pick(2, 23)});
     EXPECT_EQ(outside_->Only({"show"}), Notes{});
+    Play("1:10 20 0 0", "3", {Pick(1, 13)});  // two to choose from are a choice
 }
 
 TEST_F(PersonAtPlay, IsNotAskedWhereThereIsNoChoice) {
@@ -272,34 +262,22 @@ TEST_F(PersonAtPlay, AsksForEachThrowButNotForABonus) {
     EXPECT_EQ(LogOf(*outside_), "Ama. cuenta 3, Rojo a espera, Ama. cuenta 20, Rojo pasa");
 }
 
-TEST_F(PersonAtPlay, MayShiftAPieceByHandBeforeTheThrow) {
-    settings_.PauseBetweenMoves = 1;
-    const auto shift = [](GameState& state) {
-        state.ManualShiftColour = state.CurrentColour;
-        state.CurrentColour = 3;
-        state.MovePiece = 2;
-        state.MoveFrom = 0;
-        state.MoveTo = 50;
-        state.ManualShiftMade = Yes;
-        state.WaitingForThrow = No;
+/// What dragging a piece by hand does.
+std::function<void(GameState&)> Shift(PieceCode piece, Square to) {
+    return [=](GameState& state) {
+        EnterManualMode(state);
+        DisplaceByHand(state, piece, to);
     };
-    Play("1:10 0 0 0", "6 3 1", {shift, AskForThrow, shift, AskForThrow, AskForThrow});
-    EXPECT_EQ(LogOf(*outside_),
-              "Despl. manual, Ama. cuenta 6, Despl. manual, Ama. cuenta 3, Rojo cuenta 1");
-    EXPECT_EQ(SquaresText(state_, 3), "0 51 0 0");
 }
 
-TEST_F(PersonAtPlay, MayBringThePieceHomeThatAThirdSixWouldPunish) {
+TEST_F(PersonAtPlay, MayShiftAPieceByHandBeforeTheThrow) {
     settings_.PauseBetweenMoves = 1;
-    const auto shift = [](GameState& state) {
-        state.ManualShiftColour = state.CurrentColour;
-        state.MovePiece = 1;
-        state.MoveFrom = 22;
-        state.MoveTo = 0;
-        state.ManualShiftMade = Yes;
-        state.WaitingForThrow = No;
-    };
-    Play("1:10 0 0 0", "6 6 6", {AskForThrow, AskForThrow, shift, AskForThrow});
+    Play("1:10 0 0 0", "6 3 1", {Shift(32, 50), AskForThrow, Shift(32, 54), AskForThrow, AskForThrow});
+    EXPECT_EQ(LogOf(*outside_),
+              "Despl. manual, Ama. cuenta 6, Despl. manual, Ama. cuenta 3, Rojo cuenta 1");
+    EXPECT_EQ(SquaresText(state_, 3), "0 55 0 0");
+    // The piece that a third six would send home may be there already.
+    Play("1:10 0 0 0", "6 6 6", {AskForThrow, AskForThrow, Shift(11, 0), AskForThrow});
     EXPECT_EQ(Messages(*outside_), nothingReturns);
     EXPECT_EQ(SquaresText(state_, 1), "0 0 0 0");
     EXPECT_EQ(state_.PiecesInBox[1], 4);
