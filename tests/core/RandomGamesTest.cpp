@@ -113,11 +113,10 @@ private:
     }
 
     bool EndsAsHere(const GameState& other) const {
+        const auto first = state_.MoveRecords.begin() + 1;
         return Tables(other) == Tables(state_) && other.CurrentColour == state_.CurrentColour &&
                other.MoveRecordCount == state_.MoveRecordCount &&
-               std::equal(state_.MoveRecords.begin() + 1,
-                          state_.MoveRecords.begin() + 1 + state_.MoveRecordCount,
-                          other.MoveRecords.begin() + 1);
+               std::equal(first, first + state_.MoveRecordCount, other.MoveRecords.begin() + 1);
     }
 
     void Redo(Short move, ExecutionMode mode, Short position) {
