@@ -65,13 +65,17 @@ std::string Replaced(std::string text, const std::string& what, const std::strin
     return at == std::string::npos ? text : text.replace(at, what.size(), with);
 }
 
+// With that in the slots of yellow's goal.
+std::string OnGoal(std::string text, const char* slots) {
+    const std::size_t board = text.find("\" 0 0") + 1;
+    return text.replace(board + 2 * (3 * (GoalSquare[1] - 1)), 6, slots);
+}
+
 TEST(SettingsFile, OfAFirstStart) {
     EXPECT_EQ(SettingsText(Settings{}, GameState{}), firstStart);
     const SettingsContent content = Loaded(firstStart);
     EXPECT_EQ(content.settings, Settings{});
     EXPECT_EQ(content.state.GameInProgress, No);
-    EXPECT_EQ(content.state.SixValue, 12);
-    EXPECT_EQ(content.state.PlayDirection, 1);
 }
 
 TEST(SettingsFile, OfAGame) {
@@ -118,49 +122,31 @@ TEST(SettingsFile, ANameNeverBreaksTheFile) {
 }
 
 TEST(SettingsFile, WhatCanStandInANameComesBack) {
+    int characters = 0;
+    for (int byte = 0; byte < 256; ++byte) {
+        Settings settings;
+        settings.PlayerName[1] = "x" + FromWindows1252(std::string(1, static_cast<char>(byte)));
+        std::size_t at = 1;
+        if (!CanStandInName(NextCharacter(settings.PlayerName[1], at))) continue;
+        ++characters;
+        EXPECT_EQ(Loaded(SettingsText(settings, {})).settings, settings) << byte;
+    }
+    EXPECT_EQ(characters, 94 + 27 + 96);
     for (const char32_t character : std::u32string(U"\"\n\x7F\x81Ł🎲")) {
         EXPECT_FALSE(CanStandInName(character)) << static_cast<unsigned>(character);
-    }
-    std::string all;
-    for (int byte = 0; byte < 256; ++byte) {
-        const std::string utf8 = FromWindows1252(std::string(1, static_cast<char>(byte)));
-        std::size_t at = 0;
-        if (CanStandInName(NextCharacter(utf8, at))) all += utf8;
-    }
-    EXPECT_EQ(ToWindows1252(all).size(), 94u + 27u + 96u);
-    Settings settings;
-    for (std::size_t at = 0; at < all.size();) {
-        settings.PlayerName[1] = "x";
-        for (int room = 8; room > 0 && at < all.size(); --room) {
-            const std::size_t begin = at;
-            NextCharacter(all, at);
-            settings.PlayerName[1] += all.substr(begin, at - begin);
-        }
-        EXPECT_EQ(Loaded(SettingsText(settings, {})).settings, settings);
     }
 }
 
 TEST(SettingsFile, IsGoodWithSmallLiberties) {
-    struct Row {
-        const char* name;
-        std::string bytes;
-    };
-    const Row rows[] = {
-        {"lines ended by a line feed alone",
-         [] {
-             std::string text = SmallGame();
-             std::erase(text, '\r');
-             return text;
-         }()},
-        {"no line end at the end", SmallGame().substr(0, SmallGame().size() - 2)},
-        {"blanks before a number", Replaced(SmallGame(), ",100,2,1", ", 100, 2, 1")},
-        {"a negative number of moves", Replaced(firstStart, "0,0,0,-1", "0,-7,0,-1")},
-        {"a game in progress without a move", Replaced(firstStart, "0,0,0,-1", "-1,1,2,-1")},
-        {"a name of nine letters", Replaced(firstStart, "Azul", "123456789")},
-    };
-    for (const Row& row : rows) EXPECT_EQ(ErrorOf(row.bytes), 0) << row.name;
+    std::string lineFeeds = SmallGame();
+    std::erase(lineFeeds, '\r');
+    EXPECT_EQ(ErrorOf(lineFeeds), 0);
+    EXPECT_EQ(ErrorOf(SmallGame().substr(0, SmallGame().size() - 2)), 0) << "no line end at the end";
+    EXPECT_EQ(ErrorOf(Replaced(SmallGame(), ",100,2,1", ", 100, 2, 1")), 0) << "blanks before numbers";
+    EXPECT_EQ(ErrorOf(Replaced(firstStart, "Azul", "123456789")), 0) << "a name of nine letters";
     EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "0,-7,0,-1")).state.MoveRecordCount, 1);
-    EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "-1,1,2,-1")).state.GameInProgress, No);
+    EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "-1,1,2,-1")).state.GameInProgress, No)
+        << "a game without a move";
 }
 
 TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
@@ -177,8 +163,6 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
          9},
         {"cut off inside a number", "4,0,", 62},
         {"cut off inside a name", "4,0,0,0,0,0,\"Ama", 62},
-        {"cut off inside the board", game.substr(0, 300), 62},
-        {"cut off behind the board", game.substr(0, game.find("-1,5")), 62},
         {"the last record is missing", game.substr(0, game.size() - 20), 62},
         {"more records promised than there are", Replaced(game, "-1,5,", "-1,6,"), 62},
         {"a word for a number", Replaced(game, "100,2,1", "cien,2,1"), 13},
@@ -186,22 +170,18 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
         {"a number for a name", Replaced(game, "\"Azul\"", "7"), 13},
         {"a quote inside a name", Replaced(game, "\"Azul\"", "\"A\"zul\""), 13},
         {"a control character in a name", Replaced(game, "\"Azul\"", "\"A\x01zul\""), 13},
-        {"a field too few", Replaced(game, ",0,1,2\r\n3,", ",0,1\r\n3,"), 13},
         {"a field too many", Replaced(game, ",0,1,2\r\n3,", ",0,1,2,1\r\n3,"), 13},
-        {"a line of a colour is missing", game.substr(game.find("4,0")), 13},
         {"the board is a cell short", Replaced(game, "1112 0", "1112"), 13},
         {"a letter on the board", Replaced(game, "1112 0", "1112 x"), 13},
         {"a record is too short", Replaced(game, "\"301 10", "\"301 1"), 13},
         {"a number beyond sixteen bits", Replaced(game, "100,2,1", "32768,2,1"), 6},
-        {"a number of a hundred digits", Replaced(game, "100,2,1", Repeated("9", 100) + ",2,1"), 6},
-        {"below sixteen bits", Replaced(game, "100,2,1", "-32769,2,1"), 6},
         {"a level of 101", Replaced(game, "100,2,1", "101,2,1"), 9},
         {"a third type of player", Replaced(game, "100,2,1", "100,3,1"), 9},
         {"a choice of 0", Replaced(game, "1,2,1,1,2,1", "1,0,1,1,2,1"), 9},
         {"a square 101", Replaced(game, "2,0,5,5,", "2,0,5,101,"), 9},
         {"a name of ten letters", Replaced(game, "Azul", "1234567890"), 9},
         {"five colours", Replaced(game, "-1,5,3,", "-1,5,5,"), 9},
-        {"no colour on turn in a game", Replaced(game, "-1,5,3,", "-1,5,0,"), 9},
+        {"no colour on turn in a game", Replaced(game, "-1,5,3,-1,1", "-1,5,0,-1,0"), 9},
         {"another colour on turn after its six", Replaced(game, "-1,5,3,", "-1,5,1,"), 9},
         {"a turn that goes on and does not", Replaced(game, "-1,5,3,-1,1", "-1,5,3,0,1"), 9},
         {"more sixes than the last record says", Replaced(game, "-1,5,3,-1,1", "-1,5,3,-1,2"), 9},
@@ -213,20 +193,10 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
         {"a code that no piece has", Replaced(game, "31 0 0", "35 0 0"), 9},
         {"the second slot filled before the first", Replaced(game, "31 0 0", " 031 0"), 9},
         {"the pieces of a square in the other order", Replaced(game, "1112", "1211"), 9},
+        {"a record against the rules", Replaced(game, "\"301 10", "\"305 50"), 9},
         {"records that lead elsewhere", Replaced(game, "1  0 451001", "2  0 451001"), 9},
-        {"a gap on a goal",
-         [] {
-             std::string text = Replaced(firstStart, "4,0,0,0,", "2,2,76,76,");
-             return text.replace(text.find("\" 0 0") + 1 + 2 * (3 * (GoalSquare[1] - 1)), 6, "11 012");
-         }(),
-         9},
-        {"a rival's piece left on a goal",
-         [&] {
-             std::string text = game;
-             const std::size_t board = text.find("\" 0 0") + 1;
-             return text.replace(board + 2 * (3 * (GoalSquare[1] - 1) + 2), 2, "21");
-         }(),
-         9},
+        {"a gap on a goal", OnGoal(Replaced(firstStart, "4,0,0,0,", "2,2,76,76,"), "11 012"), 9},
+        {"a rival's piece left on a goal", OnGoal(game, " 0 021"), 9},
     };
     for (const Row& row : rows) EXPECT_EQ(ErrorOf(row.bytes), row.error) << row.name;
 }
