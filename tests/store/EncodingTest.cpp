@@ -13,14 +13,9 @@ TEST(Encoding, NamesOfPlayers) {
     };
     constexpr Row rows[] = {
         {"", ""},
-        {"Begoña",
-         "Bego\xF1"
-         "a"},
         {"Íñigo", "\xCD\xF1igo"},
         {"10 €", "10 \x80"},
-        {"Žižek œ Ÿ",
-         "\x8Ei\x9E"
-         "ek \x9C \x9F"},
+        {"Žž œ Ÿ", "\x8E\x9E \x9C \x9F"},
         {"“y”…", "\x93y\x94\x85"},
         {"\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D", "\x81\x8D\x8F\x90\x9D"},
     };
@@ -28,12 +23,6 @@ TEST(Encoding, NamesOfPlayers) {
         EXPECT_EQ(ToWindows1252(row.utf8), row.bytes) << row.utf8;
         EXPECT_EQ(FromWindows1252(row.bytes), row.utf8) << row.utf8;
     }
-}
-
-TEST(Encoding, EveryByteSurvives) {
-    std::string all;
-    for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
-    EXPECT_EQ(ToWindows1252(FromWindows1252(all)), all);
 }
 
 TEST(Encoding, WhatItCannotHoldBecomesAQuestionMark) {
@@ -58,14 +47,7 @@ TEST(Encoding, WhatItCannotHoldBecomesAQuestionMark) {
     for (const Row& row : rows) EXPECT_EQ(ToWindows1252(row.utf8), row.bytes) << row.name;
 }
 
-TEST(Encoding, KnowsWhatCanBeTyped) {
-    for (const char32_t character : U"Añç€Šž·ÿ") EXPECT_TRUE(IsInWindows1252(character));
-    for (const char32_t character : {U'Ł', U'Ω', U'Ж', U'🎲', char32_t{0x80}, char32_t{0x9F}}) {
-        EXPECT_FALSE(IsInWindows1252(character)) << static_cast<unsigned>(character);
-    }
-}
-
-RC_GTEST_PROP(Encoding, TakesAnyBytes, (const std::string& bytes)) {
+RC_GTEST_PROP(Encoding, TakesAnyBytesAndGivesThemBack, (const std::string& bytes)) {
     RC_ASSERT(ToWindows1252(FromWindows1252(bytes)) == bytes);
     RC_ASSERT(ToWindows1252(bytes).size() <= bytes.size());
 }
