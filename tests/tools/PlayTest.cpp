@@ -22,21 +22,6 @@ std::vector<std::string> GameNames() {
     return names;
 }
 
-/// The first line in which two texts differ, from both; empty when they are the same.
-std::string FirstDifference(const std::string& seen, const std::string& wanted) {
-    if (seen == wanted) return {};
-    std::istringstream seenLines(seen), wantedLines(wanted);
-    std::string seenLine, wantedLine;
-    int number = 0;
-    do {
-        ++number;
-        seenLine = wantedLine = "(no more lines)";
-        std::getline(seenLines, seenLine);
-        std::getline(wantedLines, wantedLine);
-    } while (seenLine == wantedLine && seenLines && wantedLines);
-    return "line " + std::to_string(number) + "\n  is     " + seenLine + "\n  wanted " + wantedLine;
-}
-
 class WholeGame : public testing::TestWithParam<std::string> {};
 
 TEST_P(WholeGame, ComesOutToTheByte) {
@@ -50,8 +35,8 @@ TEST_P(WholeGame, ComesOutToTheByte) {
                 "--log", "--records", "--save", saved.string()},
                out, err, false);
     ASSERT_EQ(status, 0) << err.str();
-    EXPECT_EQ(FirstDifference(out.str(), FileBytes(folder / "expected.txt")), "");
-    EXPECT_EQ(FirstDifference(FileBytes(saved), FileBytes(folder / "expected.INI")), "");
+    EXPECT_EQ(out.str(), FileBytes(folder / "expected.txt"));
+    EXPECT_EQ(FileBytes(saved), FileBytes(folder / "expected.INI"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Games, WholeGame, testing::ValuesIn(GameNames()),
@@ -62,21 +47,15 @@ TEST(PlayCommand, PrintsTheLogAndTheRecordsOnlyWhenAsked) {
     const std::vector<std::string> plain = {
         "play", "--settings", (folder / "in.INI").string(),  "--first",
         "1",    "--dice",     (folder / "dice.txt").string()};
-    struct Row {
-        const char* option;
-        const char* firstWord;
-    };
-    for (const Row& row :
-         {Row{nullptr, "positions "}, Row{"--log", "Inicio "}, Row{"--records", "1: "}}) {
+    for (const auto& [option, firstWord] :
+         {std::pair{"", "positions "}, {"--log", "Inicio "}, {"--records", "1: "}}) {
         std::vector<std::string> arguments = plain;
-        if (row.option) arguments.emplace_back(row.option);
+        if (*option) arguments.emplace_back(option);
         std::ostringstream out, err;
         EXPECT_EQ(RunSim(arguments, out, err, false), 0);
-        EXPECT_EQ(out.str().substr(0, std::string(row.firstWord).size()), row.firstWord);
+        EXPECT_TRUE(out.str().starts_with(firstWord)) << option;
     }
 }
-
-// ------------------------------------------------------------------------------- bad input
 
 struct BadRow {
     const char* name;
@@ -88,40 +67,17 @@ constexpr BadRow badRows[] = {
     {"no command", "", "a command is missing"},
     {"an unknown command", "watch", "unknown command \"watch\""},
     {"an unknown option", "play --sound", "unknown option \"--sound\""},
-    {"a word that is no option", "play in.INI", "unknown option \"in.INI\""},
-    {"an option without its value", "play --dice", "--dice needs a value"},
     {"an option twice", "play --log --log", "--log is given twice"},
-    {"no settings", "play --first 1 --dice $/good.txt", "--settings is missing"},
-    {"no throws", "play --settings $/good.INI --first 1", "--dice is missing"},
-    {"no first colour", "play --settings $/good.INI --dice $/good.txt", "--first is missing"},
     {"settings that are not there", "play --settings $/none.INI", "cannot open"},
-    {"a folder as settings", "play --settings $", "cannot read"},
     {"settings that are empty", "play --settings $/empty.txt", "no settings file"},
-    {"settings that are something else", "play --settings $/good.txt", "no settings file"},
-    {"settings cut short", "play --settings $/cut.INI", "no settings file"},
     {"a colour beyond green", "play --settings $/good.INI --first 5 --dice $/good.txt", "from 1 to 4"},
-    {"a colour by its name", "play --settings $/good.INI --first azul --dice $/good.txt", "from 1 to 4"},
     {"a colour that takes no part", "play --settings $/good.INI --first 3 --dice $/good.txt",
      "colour 3 takes no part"},
-    {"throws that are not there", "play --settings $/good.INI --first 1 --dice $/none.txt",
-     "cannot read"},
-    {"a folder as throws", "play --settings $/good.INI --first 1 --dice $", "cannot read"},
     {"a throw of 7", "play --settings $/good.INI --first 1 --dice $/seven.txt", "throw 3 is \"7\""},
-    {"throws without white space", "play --settings $/good.INI --first 1 --dice $/glued.txt",
-     "throw 1 is \"123\""},
     {"an unwritable result",
      "play --settings $/good.INI --first 1 --dice $/good.txt --save $/none/OUT.INI", "cannot write"},
-    {"no games", "match --seed 1", "--games is missing"},
-    {"a match of no game", "match --games 0 --seed 1", "--games takes a whole number"},
-    {"a negative seed", "match --games 1 --seed -1", "--seed takes a whole number"},
-    {"a number too large", "match --games 1 --seed 18446744073709551616", "--seed takes a whole number"},
-    {"no thread", "match --games 1 --seed 1 --threads 0", "--threads takes a whole number"},
-    {"dice of no kind", "dice --throws 5", "either --seed S or --system"},
-    {"dice of two kinds", "dice --throws 5 --seed 1 --system", "either --seed S or --system"},
     {"a rule of three", "match --games 1 --seed 1 --rules 1,2,3,1", "--rules takes four options"},
     {"a player too few", "match --games 1 --seed 1 --players 1,2,2", "--players takes a 1"},
-    {"three levels", "match --games 1 --seed 1 --levels 1,2,3", "--levels takes four levels"},
-    {"five levels", "match --games 1 --seed 1 --levels 1,2,3,4,5", "--levels takes four levels"},
     {"a level above 100", "match --games 1 --seed 1 --levels 1,2,101,4", "--levels takes four levels"},
 };
 
