@@ -25,6 +25,12 @@ QSize SideBySide(double side) {
     return QSize(qRound(side), qRound(side));
 }
 
+// Onto whole device pixels: the picture is copied, not resampled.
+void PaintCentred(QPainter& painter, const QPixmap& picture, QPointF centre) {
+    const QSizeF size = picture.size();
+    painter.drawPixmap((centre - QPointF(size.width() / 2, size.height() / 2)).toPoint(), picture);
+}
+
 // The squares a shown move passes and, last, the one it ends on.
 std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& move) {
     std::vector<QPointF> way;
@@ -64,8 +70,7 @@ QRect BoardPainter::DeviceArea(const Box& box, double around) const {
 }
 
 QRect BoardPainter::PieceArea(QPointF centre) const {
-    const double side = layout_.PieceSize * pieceDrawingSide / pieceDrawingBody * layout_.Unit;
-    QRectF area(QPointF(), QSizeF(side, side));
+    QRectF area(QPointF(), QSizeF(1, 1) * PieceSide());
     area.moveCenter(Device(centre));
     return area.adjusted(-2, -2, 2, 2).toAlignedRect();
 }
@@ -121,6 +126,7 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
     layout_ = layout;
     Pic_TableroVacio = emptyBoard_.PictureFor(layout, devicePixels);
     Pic_TableroLleno = Pic_TableroVacio.copy();
+    stamps_.clear();
 }
 
 // -------------------------------------------------------------------------------- what changes
@@ -159,7 +165,7 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
     const Colour inTheLight = view.winner != 0 ? view.winner : view.onTurn;
     const bool lit = inTheLight == colour;
     if (lit && !DeviceArea(layout_.House(colour), -lightAround).contains(part)) {
-        PaintLight(painter, colour);
+        PaintLight(painter, colour, part);
     }
     if (DeviceArea(layout_.NamePlate(colour)).intersects(part)) {
         const double strength = lit ? 1 : IsTakingPart(settings, colour) ? 0.85 : 0.35;
@@ -172,18 +178,35 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
     }
 }
 
+// What is drawn in many frames without changing is drawn once and copied from then on.
+const QPixmap& BoardPainter::Stamp(const QString& name, QSize size,
+                                   const std::function<void(QPainter&)>& draw) {
+    QPixmap& stamp = stamps_[name];
+    if (!stamp.isNull()) return stamp;
+    stamp = QPixmap(size);
+    stamp.fill(Qt::transparent);
+    QPainter painter(&stamp);
+    painter.setRenderHint(QPainter::Antialiasing);
+    draw(painter);
+    return stamp;
+}
+
 // A lamp shines on the house: its edge glows, inwards and a little beyond.
-void BoardPainter::PaintLight(QPainter& painter, Colour colour) {
-    const double unit = layout_.Unit;
-    const QRectF house = DeviceF(layout_.House(colour));
-    painter.setBrush(Qt::NoBrush);
-    for (int ring = 4; ring >= 1; --ring) {
-        painter.setPen(QPen(WithAlpha(palette::Light, 0.17), 4.5 * ring * unit, Qt::SolidLine,
-                            Qt::SquareCap, Qt::RoundJoin));
-        painter.drawRect(house);
-    }
-    painter.setPen(QPen(palette::Light, 3 * unit));
-    painter.drawRect(house.adjusted(1.5 * unit, 1.5 * unit, -1.5 * unit, -1.5 * unit));
+void BoardPainter::PaintLight(QPainter& painter, Colour colour, const QRect& part) {
+    const QRect area = HouseArea(colour), seen = area & part;
+    const QPixmap& light =
+        Stamp(QStringLiteral("light %1").arg(colour), area.size(), [&](QPainter& lamp) {
+            const double unit = layout_.Unit;
+            const QRectF house = DeviceF(layout_.House(colour)).translated(-area.topLeft());
+            for (int ring = 4; ring >= 1; --ring) {
+                lamp.setPen(QPen(WithAlpha(palette::Light, 0.17), 4.5 * ring * unit, Qt::SolidLine,
+                                 Qt::SquareCap, Qt::RoundJoin));
+                lamp.drawRect(house);
+            }
+            lamp.setPen(QPen(palette::Light, 3 * unit));
+            lamp.drawRect(house.adjusted(1.5 * unit, 1.5 * unit, -1.5 * unit, -1.5 * unit));
+        });
+    painter.drawPixmap(seen.topLeft(), light, seen.translated(-area.topLeft()));
 }
 
 void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colour, bool lit,
@@ -212,14 +235,34 @@ void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour col
     if (face == 0) return;
     const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
     const QPixmap picture = artwork_.Picture(QStringLiteral("die_%1").arg(face), SideBySide(side));
-    painter.save();
     const BoardView::DiePose& pose = view.diePose[colour];
-    painter.translate(DiePlace(colour, pose).center());
-    painter.rotate(pose.tilt);
-    painter.scale(pose.size, pose.size);
     if (view.dieReady[colour]) painter.setOpacity(0.82);
-    painter.drawPixmap(QPointF(-picture.width() / 2, -picture.height() / 2), picture);
-    painter.restore();
+    if (pose.tilt == 0 && pose.size == 1) {
+        PaintCentred(painter, picture, DiePlace(colour, pose).center());
+    } else {
+        PaintTumblingDie(painter, picture, DiePlace(colour, pose).center(), pose);
+    }
+    painter.setOpacity(1);
+}
+
+// The toolkit hands whatever is turned to threads of its own and waits for them, which costs more than
+// the turning; it does so for no less than 96 lines. The picture's edge is transparent and needs no
+// smoothing.
+void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& picture, QPointF centre,
+                                    const BoardView::DiePose& pose) {
+    constexpr int lines = 95;
+    const double reach = M_SQRT1_2 * picture.width() * pose.size + 1;
+    const QRect area = QRectF(centre - QPointF(reach, reach), QSizeF(2, 2) * reach).toAlignedRect();
+    for (int top = area.top(); top <= area.bottom(); top += lines) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setClipRect(QRect(area.left(), top, area.width(), lines), Qt::IntersectClip);
+        painter.translate(centre);
+        painter.rotate(pose.tilt);
+        painter.scale(pose.size, pose.size);
+        painter.drawPixmap(QPointF(-picture.width() / 2, -picture.height() / 2), picture);
+        painter.restore();
+    }
 }
 
 void BoardPainter::PaintBonus(QPainter& painter, const BoardView& view) {
@@ -239,11 +282,18 @@ void BoardPainter::PaintBonus(QPainter& painter, const BoardView& view) {
 void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, double width,
                              const QColor& colour) {
     const double unit = layout_.Unit;
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(palette::DarkWood, (width + 1.6) * unit));
-    painter.drawEllipse(Device(centre), radius * unit, radius * unit);
-    painter.setPen(QPen(colour, width * unit));
-    painter.drawEllipse(Device(centre), radius * unit, radius * unit);
+    const QString name = QStringLiteral("ring %1 %2 %3").arg(radius).arg(width).arg(colour.rgba());
+    const double side = 2 * std::ceil((radius + width) * unit) + 2;
+    PaintCentred(painter,
+                 Stamp(name, SideBySide(side),
+                       [&](QPainter& ring) {
+                           const QPointF middle(side / 2, side / 2);
+                           ring.setPen(QPen(palette::DarkWood, (width + 1.6) * unit));
+                           ring.drawEllipse(middle, radius * unit, radius * unit);
+                           ring.setPen(QPen(colour, width * unit));
+                           ring.drawEllipse(middle, radius * unit, radius * unit);
+                       }),
+                 Device(centre));
 }
 
 void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
@@ -298,39 +348,31 @@ void BoardPainter::PaintBanner(QPainter& painter) {
     painter.drawText(banner, Qt::AlignCenter, QStringLiteral("Modo manual"));
 }
 
+// The side of a piece's picture, in device pixels.
+double BoardPainter::PieceSide() const {
+    return layout_.PieceSize * pieceDrawingSide / pieceDrawingBody * layout_.Unit;
+}
+
+// Resampling a moving piece for every frame would take most of the frame's time: it is drawn for each
+// of the few sizes that it grows through instead, two pixels apart so that its middle stays in place.
 void BoardPainter::PaintPiece(QPainter& painter, const BoardView& view, PieceCode code) {
     if (!view.present[code]) return;
     const double height = view.height[code];
-    const double side = layout_.PieceSize * pieceDrawingSide / pieceDrawingBody * layout_.Unit;
-    const QPixmap picture =
-        artwork_.Picture(QStringLiteral("piece_%1").arg(ColourOf(code)), SideBySide(side));
-    const QPointF centre = Device(view.at[code]) - QPointF(0, height * layout_.Unit);
-    QRectF target(QPointF(), QSizeF(picture.size()));
-    if (height > 0) {
-        PaintGroundShadow(painter, Device(view.at[code]), height);
-        target.setSize(target.size() * PieceScale(height));
-    }
-    target.moveCenter(centre);
-    if (code == view.inAir || height > 0) {
-        painter.drawPixmap(target, picture, QRectF(picture.rect()));
-    } else {
-        // A piece at rest lies on whole device pixels: its picture is copied, not resampled.
-        painter.drawPixmap(QPointF(target.topLeft().toPoint()), picture);
-    }
+    if (height > 0) PaintGroundShadow(painter, Device(view.at[code]), height);
+    const double side = PieceSide();
+    const int growth = qRound(side * (PieceScale(height) - 1) / 2);
+    const QPixmap picture = artwork_.Picture(QStringLiteral("piece_%1").arg(ColourOf(code)),
+                                             SideBySide(side) + QSize(2, 2) * growth);
+    PaintCentred(painter, picture, Device(view.at[code]) - QPointF(0, height * layout_.Unit));
 }
 
 // The higher a piece, the further its shadow from under it, and the fainter.
 void BoardPainter::PaintGroundShadow(QPainter& painter, QPointF at, double height) {
-    const double size = layout_.PieceSize * layout_.Unit;
     const double far = std::min(height / layout_.PieceSize, 2.0);
-    const QPointF centre = at + QPointF(0.1, 0.12) * size * (1 + far);
-    QRadialGradient shade(centre, size * 0.55);
-    shade.setColorAt(0, WithAlpha(Qt::black, 0.5 - 0.15 * far));
-    shade.setColorAt(0.6, WithAlpha(Qt::black, 0.32 - 0.12 * far));
-    shade.setColorAt(1, WithAlpha(Qt::black, 0));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(shade);
-    painter.drawEllipse(centre, size * 0.55, size * 0.55);
+    const QPointF beside = QPointF(0.1, 0.12) * layout_.PieceSize * layout_.Unit * (1 + far);
+    painter.setOpacity(1 - 0.33 * far);
+    PaintCentred(painter, artwork_.Picture("piece_shadow", SideBySide(PieceSide())), at + beside);
+    painter.setOpacity(1);
 }
 
 // The squares walked so far are counted beside the piece.
@@ -345,12 +387,20 @@ QRectF BoardPainter::CountArea(const BoardView& view) const {
 
 void BoardPainter::PaintCount(QPainter& painter, const BoardView& view) {
     const QRectF area = CountArea(view);
-    painter.setPen(QPen(palette::DarkWood, area.width() / 14));
-    painter.setBrush(palette::Light);
-    painter.drawEllipse(area);
-    painter.setFont(TextFont(area.width() * 0.62, QFont::Bold));
-    painter.setPen(palette::Ink);
-    painter.drawText(area, Qt::AlignCenter, QString::number(view.counted));
+    const double side = area.width(), edge = side / 14;
+    const QString number = QString::number(view.counted);
+    PaintCentred(painter,
+                 Stamp("count " + number, SideBySide(side + 2 * edge),
+                       [&](QPainter& badge) {
+                           const QRectF disc(edge, edge, side, side);
+                           badge.setPen(QPen(palette::DarkWood, edge));
+                           badge.setBrush(palette::Light);
+                           badge.drawEllipse(disc);
+                           badge.setFont(TextFont(side * 0.62, QFont::Bold));
+                           badge.setPen(palette::Ink);
+                           badge.drawText(disc, Qt::AlignCenter, number);
+                       }),
+                 area.center());
 }
 
 void BoardPainter::PaintPulse(QPainter& painter, const BoardView::Pulse& pulse) {

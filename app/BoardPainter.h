@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QHash>
 #include <QPainter>
 #include <QPixmap>
 #include <QRect>
+#include <functional>
 
 #include "app/BoardView.h"
 #include "app/EmptyBoard.h"
@@ -51,9 +53,12 @@ public:
 private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour,
                     const QRect& part);
-    void PaintLight(QPainter& painter, Colour colour);
+    void PaintLight(QPainter& painter, Colour colour, const QRect& part);
+    const QPixmap& Stamp(const QString& name, QSize size, const std::function<void(QPainter&)>& draw);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
     void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
+    static void PaintTumblingDie(QPainter& painter, const QPixmap& picture, QPointF centre,
+                                 const BoardView::DiePose& pose);
     void PaintBonus(QPainter& painter, const BoardView& view);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
                         const QRect& part);
@@ -65,6 +70,7 @@ private:
     void PaintPulse(QPainter& painter, const BoardView::Pulse& pulse);
     void PaintRing(QPainter& painter, QPointF centre, double radius, double width, const QColor& colour);
     double PieceScale(double height) const;
+    double PieceSide() const;
     QRectF DiePlace(Colour colour, const BoardView::DiePose& pose) const;
     QRectF CountArea(const BoardView& view) const;
     Box Banner() const;
@@ -76,6 +82,7 @@ private:
     Layout layout_;
     QPixmap Pic_TableroVacio;
     QPixmap Pic_TableroLleno;
+    QHash<QString, QPixmap> stamps_;
 };
 
 }  // namespace zorva

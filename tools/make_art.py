@@ -22,6 +22,7 @@ def drawings():
     yield "bitmaps/surface", surface.draw
     for colour in range(1, 5):
         yield f"bitmaps/piece_{colour}", partial(pieces.draw, colour)
+    yield "bitmaps/piece_shadow", pieces.draw_shadow
     for face in range(1, 7):
         yield f"bitmaps/die_{face}", partial(dice.draw, face)
     yield "bitmaps/recorder", recorder.draw

@@ -31,3 +31,11 @@ def draw(colour):
     piece.path("M9.6 15.2C11.2 10.6 15 7.9 19.4 7.6C15.6 9.2 12.6 11.6 10.6 15.8C10.2 16.6 9.3 16.2 9.6 15.2Z",
                fill="#ffffff", fill_opacity=0.55)
     return piece
+
+
+def draw_shadow():
+    """What a piece in the air casts on the ground; it falls apart from it, so it is a drawing of its own."""
+    shadow = Drawing((0, 0, 40, 40), "The shadow of a piece in the air. Drawn by tools/make_art.py.")
+    dark = "#000000"
+    shadow.circle(20, 20, 15.4, fill=shadow.radial(20, 20, 15.4, (0, dark, 0.5), (0.6, dark, 0.32), (1, dark, 0)))
+    return shadow
