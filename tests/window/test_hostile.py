@@ -1,11 +1,13 @@
 """What a player sees when the surroundings are against the game; nothing is lost by it."""
 
+import fcntl
 import os
 import subprocess
+import time
 import unittest
 
 import board
-from driver import CONTINUE_TITLE, SIXES_TITLE, WindowTest
+from driver import CONTINUE_TITLE, LOAD_TITLE, SIXES_TITLE, WindowTest
 from inifile import OFF, ON, Settings, game_at, to_bytes
 from layout import Layout
 
@@ -59,6 +61,64 @@ class Disk(WindowTest):
         self.assertEqual({entry.name for entry in self.program.folder.iterdir()} - {"ZORVA32.HLP"},
                          {"zorva32", "ZORVA32.INI"})
         self.assert_told_once_and_kept_later(sign.unlink)
+
+    def test_folder_removed_while_playing(self):
+        self.begin()
+        aside = self.program.folder.parent / "aside"
+        os.rename(self.program.folder, aside)
+        self.assert_told_once_and_kept_later(lambda: os.rename(aside, self.program.folder))
+
+
+class Files(WindowTest):
+    def put_hole(self, size):
+        with open(self.program.ini, "wb") as file:
+            file.truncate(size)
+
+    def test_whatever_lies_in_place_of_the_settings(self):
+        """It is told by its number, kept under another name, and the game starts with the defaults."""
+        rows = (("a folder", lambda: self.program.ini.mkdir(), "is_dir"),
+                ("nothing in it", lambda: self.put_hole(0), "is_file"),
+                ("100 megabytes", lambda: self.put_hole(100_000_000), "is_file"))
+        for number, (name, put, kind) in enumerate(rows, 1):
+            self.program.ini.unlink(missing_ok=True)
+            put()
+            self.program.start()
+            self.skip_title()
+            self.answer(LOAD_TITLE)
+            self.wait_for_board()
+            kept = self.program.folder / ("ZORVA32-%d.MAL" % number)
+            self.assertTrue(getattr(kept, kind)(), name)
+            self.assertEqual(self.program.settings(), Settings(pause=ON, tutor=ON, speed=50), name)
+            self.program.kill()
+
+    def test_settings_that_another_program_holds(self):
+        self.program.ini.write_bytes(to_bytes(Settings(pause=ON), game_at(POSITIONS, turn=1)))
+        with open(self.program.ini, "r+b") as held:
+            fcntl.flock(held, fcntl.LOCK_EX)
+            fcntl.lockf(held, fcntl.LOCK_EX)
+            self.start_again(continues=True)
+            self.play_moves(3)
+
+    def test_a_history_of_a_million_games(self):
+        self.program.history.write_bytes(RECORD * 1_000_000)
+        self.start(Settings(pause=ON))
+        begun = time.monotonic()
+        self.display.key("F4")
+        window = self.wait_until(lambda: (w := self.display.active_window()) and w.title != "Zorva" and w, "the history")
+        self.assertLess(time.monotonic() - begun, 5)
+        self.display.key("Next", "Next", "Escape")
+        self.wait_until_gone(window)
+        self.wait_for_board()
+
+    def test_without_the_manual(self):
+        (self.program.folder / "ZORVA32.HLP").unlink()
+        self.start(Settings(pause=ON))
+        self.display.key("F1")
+        window = self.wait_until(lambda: (w := self.display.active_window()) and w.title != "Zorva" and w,
+                                 "what F1 opens")
+        self.display.key("Escape")
+        self.wait_until_gone(window)
+        self.wait_for_board()
 
 
 class Screens(WindowTest):
