@@ -27,18 +27,6 @@ class KeepingTest(WindowTest):
 
 
 class Leaving(KeepingTest):
-    def test_a_second_start_brings_the_first_to_the_front(self):
-        self.start_game()
-        self.display.key("Escape")
-        self.wait_until(lambda: not self.board_is_active(), "the window to be hidden")
-        stamp = self.file_stamp()
-        second = self.program.spawn()
-        self.assertEqual(second.wait(timeout=20), 0)
-        self.wait_for_board()
-        self.assertTrue(self.program.is_running())
-        self.assertEqual(self.file_stamp(), stamp, "the second start wrote the file")
-        self.play_moves(1)
-
     def test_leave_and_continue(self):
         ways = (lambda: self.click_button("leave"), lambda: self.display.key("F6"),
                 lambda: self.display.key("alt+F4"))
