@@ -17,8 +17,7 @@
 namespace zorva::test {
 namespace {
 
-constexpr QSize screens[] = {{640, 480},   {800, 600},   {1024, 768},
-                             {1280, 1024}, {1920, 1080}, {1080, 1920}};
+constexpr QSize screens[] = {{640, 480}, {800, 600}, {1280, 1024}, {1080, 1920}};
 
 std::string NameOf(QSize size) {
     return std::to_string(size.width()) + "x" + std::to_string(size.height());
@@ -98,44 +97,39 @@ std::string Text(const QRect& r) {
                        : NameOf(r.size()) + " at " + std::to_string(r.x()) + "," + std::to_string(r.y());
 }
 
-// ------------------------------------------------------------------------------- the empty board
-
 TEST(BoardPicture, HasTheColourOfEachSquareAtItsCentre) {
     constexpr QRgb colours[] = {0, 0xffffff00, 0xff0000ff, 0xffff0000, 0xff008000};
     for (const QSize screen : screens) {
         SCOPED_TRACE(NameOf(screen));
         const Board board({}, screen);
         for (Square square = 1; square <= LastSquare; ++square) {
-            Colour colour =
-                square > LastRingSquare ? static_cast<Colour>((square - 69) / 8 + 1) : Colour{0};
-            if (square <= LastRingSquare && square % 17 == 5)
-                colour = static_cast<Colour>(square / 17 + 1);
+            const bool isExit = square <= LastRingSquare && square % 17 == 5;
+            const int colour = isExit                    ? square / 17 + 1
+                               : square > LastRingSquare ? (square - 69) / 8 + 1
+                                                         : 0;
             const QRgb pixel = board.window.pixel(board.Device(board.layout.SquarePosition(square)));
             if (colour != 0) {
                 EXPECT_EQ(pixel, colours[colour]) << "square " << square;
             } else {
                 EXPECT_GT(std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)}), 170)
                     << "square " << square;
-                EXPECT_LT(qRed(pixel) - qBlue(pixel), 60) << "square " << square;
             }
         }
     }
 }
 
-// ------------------------------------------------------------------------------------ the pieces
-
-/// The colour most of the lively pixels of a disc have, and how much of it differs from `empty`.
-Colour ColourOfDisc(const QImage& picture, const QImage& empty, QPointF centre, double radius,
-                    double& changed) {
+/// The colour most of the lively pixels of a disc have; 0 when it is mostly as in `empty`.
+Colour ColourOfDisc(const QImage& picture, const QImage& empty, QPoint centre, double radius) {
     PerColour<int> votes{};
-    int all = 0;
-    int different = 0;
-    for (int y = static_cast<int>(centre.y() - radius); y <= centre.y() + radius; ++y) {
-        for (int x = static_cast<int>(centre.x() - radius); x <= centre.x() + radius; ++x) {
-            if (std::hypot(x - centre.x(), y - centre.y()) > radius) continue;
-            const QColor pixel = picture.pixelColor(x, y);
+    int all = 0, different = 0;
+    const int reach = static_cast<int>(radius);
+    for (int dy = -reach; dy <= reach; ++dy) {
+        for (int dx = -reach; dx <= reach; ++dx) {
+            if (std::hypot(dx, dy) > radius) continue;
+            const QPoint at = centre + QPoint(dx, dy);
+            const QColor pixel = picture.pixelColor(at);
             ++all;
-            different += pixel != empty.pixelColor(x, y);
+            different += pixel != empty.pixelColor(at);
             if (pixel.hsvSaturation() < 110 || pixel.value() < 50) continue;
             const int hue = pixel.hsvHue();
             if (hue >= 35 && hue <= 70) ++votes[1];
@@ -144,7 +138,7 @@ Colour ColourOfDisc(const QImage& picture, const QImage& empty, QPointF centre, 
             if (hue >= 90 && hue <= 170) ++votes[4];
         }
     }
-    changed = static_cast<double>(different) / all;
+    if (different < all * 0.8) return 0;
     return static_cast<Colour>(std::max_element(votes.begin() + 1, votes.end()) - votes.begin());
 }
 
@@ -154,7 +148,6 @@ TEST(BoardPicture, ShowsEachPieceAtItsPlace) {
         "1:5 5 10 69  2:22 22 60 77  3:39 39 29 85  4:56 56 12 93",
         "1:68 68 75 76  2:17 17 83 84  3:34 34 91 92  4:51 51 99 100",
         "1:76 76 76 76  2:84 84 84 84  3:92 92 92 92  4:100 100 100 100",
-        "1:12 29 0 0  2:12 63 0 0  3:29 46 0 0  4:46 63 0 0",
         "1:8 26 42 60  2:9 25 43 59  3:8 26 42 60  4:9 25 43 59",
         "2:5 5 0 0  1:5 0 0 0  3:86 86 0 0",
     };
@@ -170,16 +163,11 @@ TEST(BoardPicture, ShowsEachPieceAtItsPlace) {
             board.PutDownAll();
             for (const PieceCode code : AllPieces()) {
                 const QPoint at = board.Device(PlaceOfPiece(board.layout, board.state, code));
-                double changed = 0;
-                EXPECT_EQ(ColourOfDisc(board.window, empty, at, radius, changed), ColourOf(code))
-                    << code;
-                EXPECT_GT(changed, 0.8) << code;
+                EXPECT_EQ(ColourOfDisc(board.window, empty, at, radius), ColourOf(code)) << code;
             }
         }
     }
 }
-
-// --------------------------------------------------------------- what changes is painted, and only that
 
 /// Plays a game on a board and holds what the window shows against a whole painting, again and again.
 class PaintedGame : public DecidedThrows {
@@ -191,8 +179,7 @@ public:
     }
 
     void Play() {
-        const Table table{board_.state, kind_.settings, *this};
-        StartGame(table);
+        StartGame({board_.state, kind_.settings, *this});
         Look("the last move");
         board_.scene.ShowWinner(2);
         Look("the winner's display");
@@ -245,13 +232,11 @@ protected:
 
 private:
     void Look(const char* after) {
-        if (testing::Test::HasFailure()) {
-            board_.state.GameInProgress = No;
-            return;
-        }
+        if (testing::Test::HasFailure()) board_.state.GameInProgress = No;
+        if (testing::Test::HasFailure()) return;
         ++looks_;
         const QRect wrong = Difference(board_.window, board_.Painted());
-        ASSERT_EQ(Text(wrong), "") << "after " << after << ", move " << board_.state.MoveRecordCount;
+        EXPECT_EQ(Text(wrong), "") << "after " << after << ", move " << board_.state.MoveRecordCount;
     }
 
     void Glide() {
@@ -263,10 +248,7 @@ private:
         board_.scene.ShowStep(1);
     }
 
-    PieceCode AnyPiece() {
-        return CodeOf(static_cast<Colour>(1 + chance_.Below(4)),
-                      static_cast<Short>(1 + chance_.Below(4)));
-    }
+    PieceCode AnyPiece() { return AllPieces()[chance_.Below(16)]; }
 
     BoardView::ShownMove AnyMove() {
         const PieceCode piece = AnyPiece();
@@ -280,36 +262,29 @@ private:
         return {piece, from, to};
     }
 
+    /// Puts marks on the board and takes them away, in any order.
     void Decorate() {
         std::array<bool, BoardView::CodeCount> movable{};
         const PieceCode picks[] = {AnyPiece(), AnyPiece(), AnyPiece()};
         for (const PieceCode piece : picks) movable[piece] = true;
         BoardScene& scene = board_.scene;
-        const std::function<void()> steps[] = {
-            [&] { scene.ShowMovable(movable); },
-            [&] { scene.ShowMarked(picks[chance_.Below(3)]); },
-            [&] { scene.ShowMove(AnyMove()); },
-            [&] { scene.ShowPreview(AnyMove()); },
-            [&] { scene.ShowManualMode(true); },
-            [&] { scene.ShowTurn(1, 20); },
-            [&] { DragAndLetGo(); },
-            [&] { scene.ShowMovable({}); },
-            [&] { scene.ShowMarked(0); },
-            [&] { scene.ShowMove({}); },
-            [&] { scene.ShowPreview({}); },
-            [&] { scene.ShowManualMode(false); },
-            [&] { scene.ShowTurn(2, 10); },
-            [&] { scene.ShowDie(3, 6, false); },
-            [&] { scene.ShowTurn(board_.state.CurrentColour, 0); },
+        const std::function<void(bool)> marks[] = {
+            [&](bool on) { on ? scene.ShowMovable(movable) : scene.ShowMovable({}); },
+            [&](bool on) { scene.ShowMarked(on ? picks[chance_.Below(3)] : PieceCode{0}); },
+            [&](bool on) { scene.ShowMove(on ? AnyMove() : BoardView::ShownMove{}); },
+            [&](bool on) { scene.ShowPreview(on ? AnyMove() : BoardView::ShownMove{}); },
+            [&](bool on) { scene.ShowManualMode(on); },
+            [&](bool on) { on ? DragAndLetGo() : scene.ShowDie(3, 0, false); },
+            [&](bool on) { on ? scene.ShowDie(3, 6, false) : scene.ShowTurn(2, 10); },
+            [&](bool on) { scene.ShowTurn(on ? Colour{1} : board_.state.CurrentColour, on ? 20 : 0); },
         };
         if (chance_.Below(2) == 0) scene.ShowMovable(movable);
         for (int count = 0; count < 5; ++count) {
-            const std::size_t step = chance_.Below(std::size(steps));
-            steps[step]();
-            Look(("step " + std::to_string(step)).c_str());
+            const std::size_t mark = chance_.Below(std::size(marks));
+            marks[mark](chance_.Below(2) == 0);
+            Look(("mark " + std::to_string(mark)).c_str());
         }
-        scene.ShowDie(3, 0, false);
-        for (const std::size_t undone : {7u, 8u, 9u, 10u, 11u, 14u}) steps[undone]();
+        for (const auto& mark : marks) mark(false);
         Look("taking the marks away");
     }
 
@@ -335,32 +310,27 @@ private:
 TEST(BoardPicture, IsRepaintedWhereverSomethingChanges) {
     int looks = 0;
     const struct {
+        std::uint64_t game;
         QSize screen;
-        int games;
         Short moves;
-    } rows[] = {{{640, 480}, 2, 40}, {{800, 600}, 1, 20}, {{1280, 1024}, 1, 10}};
+    } rows[] = {{0, {640, 480}, 40}, {1, {640, 480}, 40}, {0, {800, 600}, 20}, {0, {1280, 1024}, 10}};
     for (const auto& row : rows) {
-        for (int number = 0; number < row.games; ++number) {
-            SCOPED_TRACE(NameOf(row.screen) + " game " + std::to_string(number));
-            PaintedGame game(number, row.screen, row.moves);
-            game.Play();
-            looks += game.Looks();
-            if (testing::Test::HasFailure()) return;
-        }
+        SCOPED_TRACE(NameOf(row.screen) + " game " + std::to_string(row.game));
+        PaintedGame game(row.game, row.screen, row.moves);
+        game.Play();
+        looks += game.Looks();
+        if (testing::Test::HasFailure()) return;
     }
     EXPECT_GT(looks, 800);
 }
 
-// ------------------------------------------------------------------------------------- the names
-
 TEST(BoardPicture, HasRoomForTheLongestNames) {
-    for (const QSize screen : {QSize(640, 480), QSize(800, 600), QSize(1024, 768), QSize(1920, 1080)}) {
+    for (const QSize screen : screens) {
         Board board({}, screen);
         board.settings.PlayerName.fill("");
         board.scene.ShowTurn(3, 0);  // the name of who plays is set in bold
         const QImage without = board.Painted();
-        for (const char* name : {"Wwwwwwwww", "WWWWWWWWW", "gjpqyÅÑÜÇ", "@@@@@@@@@", "ŒŒŒŒŒŒŒŒŒ",
-                                 "—————————", "™™™™™™™™™", "‰‰‰‰‰‰‰‰‰"}) {
+        for (const char* name : {"WWWWWWWWW", "gjpqyÅÑÜÇ", "@@@@@@@@@", "‰‰‰‰‰‰‰‰‰"}) {
             for (const Colour colour : {Colour{3}, Colour{1}}) {
                 board.settings.PlayerName[colour] = name;
                 const QRect ink = Difference(board.Painted(), without);
@@ -368,8 +338,7 @@ TEST(BoardPicture, HasRoomForTheLongestNames) {
                 const QRect plate = board.fresh.DeviceArea(board.layout.NamePlate(colour));
                 // Writing that touches an edge has been cut there.
                 EXPECT_TRUE(plate.adjusted(1, 1, -1, -1).contains(ink))
-                    << name << " of colour " << colour << " on " << NameOf(screen) << ": " << Text(ink)
-                    << " on a plate of " << Text(plate);
+                    << name << " on " << NameOf(screen) << ": " << Text(ink) << " on " << Text(plate);
                 EXPECT_GT(ink.width(), plate.width() / 3) << name;
             }
         }
