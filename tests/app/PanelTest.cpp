@@ -11,16 +11,6 @@
 namespace zorva::test {
 namespace {
 
-QRect OnDevice(const Layout& layout, const Box& box) {
-    return QRectF(layout.DeviceLeft + box.x * layout.Unit, layout.DeviceTop + box.y * layout.Unit,
-                  box.width * layout.Unit, box.height * layout.Unit)
-        .toAlignedRect();
-}
-
-bool IsPainted(const QImage& picture, QPoint at) {
-    return picture.pixelColor(at) != QColor(Qt::magenta);
-}
-
 TEST(Panel, LiesUnderTheInstrumentsAndNotOnTheBoard) {
     Artwork artwork;
     for (const QSize screen : {QSize(640, 480), QSize(800, 600), QSize(1024, 768), QSize(1280, 1024),
@@ -33,17 +23,20 @@ TEST(Panel, LiesUnderTheInstrumentsAndNotOnTheBoard) {
         painter.setRenderHint(QPainter::Antialiasing);
         PaintInstrumentPanel(painter, artwork, layout);
         painter.end();
+        const auto isPainted = [&](double x, double y) {
+            const QPoint at(qRound(layout.DeviceLeft + x * layout.Unit),
+                            qRound(layout.DeviceTop + y * layout.Unit));
+            return picture.pixelColor(at) != QColor(Qt::magenta);
+        };
         const int squares = layout.Margin + 21 * layout.Cell;
-        for (int y = 0; y < screen.height(); ++y) {
-            ASSERT_FALSE(IsPainted(picture, {qRound(squares * layout.Unit), y}))
-                << "on the board at " << y;
+        for (int y = 0; y < layout.ScreenHeight; ++y) {
+            ASSERT_FALSE(isPainted(squares, y)) << "on the board at " << y;
         }
         for (const Box& box : {layout.Button[0], layout.Button[5], layout.Recorder}) {
-            const QRect place = OnDevice(layout, box) & picture.rect();
-            EXPECT_TRUE(IsPainted(picture, place.center())) << place.x();
+            EXPECT_TRUE(isPainted(box.x + box.width / 2.0, box.y + box.height / 2.0)) << box.x;
         }
-        const QRect paper = OnDevice(layout, layout.LogPaper);
-        EXPECT_TRUE(IsPainted(picture, {paper.center().x(), paper.top() - qRound(2 * layout.Unit)}))
+        const Box& paper = layout.LogPaper;
+        EXPECT_TRUE(isPainted(paper.x + paper.width / 2.0, paper.y - 2))
             << "nothing that the paper comes out of";
     }
 }
