@@ -19,28 +19,20 @@ const NameRow rows[] = {
     {"blanks in front go", "  juan CARLOS", "juan carl"},
     {"only the first letter may be a capital", "PEPE", "Pepe"},
     {"nine characters", "Maximiliano", "Maximilia"},
-    {"exactly nine", "Alejandro", "Alejandro"},
     {"blanks inside and at the end stay", "Ana Luz ", "Ana luz "},
     {"accents become small, too", "ÁÉÍÓÚÑÜÇ", "Áéíóúñüç"},
     {"a letter and its accent are one character", "Jose\xCC\x81", "José"},
     {"the file has no quote", "\"Ana\"", "Ana"},
     {"nor letters of other alphabets", "AnaЖ日\xF0\x9F\x8E\xB2z", "Anaz"},
-    {"nor control characters",
-     "A\tn\x01"
-     "a",
-     "Ana"},
+    {"nor control characters", "A\tn\x01 a", "An a"},
     {"the euro sign and long dashes it has", "€–Š", "€–š"},
-    {"a comma is none of the format's marks inside quotes", "A,b", "A,b"},
-    {"nothing but blanks", "    ", ""},
-    {"nothing", "", ""},
 };
 
-TEST(NameTest, KeepsItsForm) {
-    for (const NameRow& row : rows) EXPECT_EQ(NameFromTyped(row.typed), QString(row.kept)) << row.name;
-}
-
-TEST(NameTest, WhatWasKeptStaysAsItIs) {
-    for (const NameRow& row : rows) EXPECT_EQ(NameFromTyped(row.kept), QString(row.kept)) << row.name;
+TEST(NameTest, IsBroughtIntoItsFormAndStaysInIt) {
+    for (const NameRow& row : rows) {
+        EXPECT_EQ(NameFromTyped(row.typed), QString(row.kept)) << row.name;
+        EXPECT_EQ(NameFromTyped(row.kept), QString(row.kept)) << row.name;
+    }
 }
 
 class NameBoxTest : public WindowFixture {
@@ -55,15 +47,6 @@ protected:
     QString reported;
 };
 
-TEST_F(NameBoxTest, TypingReportsEveryName) {
-    QTest::keyClicks(&box, "  juan CARLOS");
-    EXPECT_EQ(box.text(), "juan carl");
-    EXPECT_EQ(reported, "juan carl");
-    box.selectAll();
-    QTest::keyClicks(&box, "PEPE");
-    EXPECT_EQ(reported, "Pepe");
-}
-
 TEST_F(NameBoxTest, TheCaretStaysWhereOneTypes) {
     box.setText("Alejandro");
     box.setCursorPosition(3);
@@ -75,7 +58,11 @@ TEST_F(NameBoxTest, TheCaretStaysWhereOneTypes) {
     EXPECT_EQ(box.cursorPosition(), 4) << "a refused character moves nothing";
 }
 
-TEST_F(NameBoxTest, PastedTextIsBroughtIntoForm) {
+TEST_F(NameBoxTest, ReportsEveryNameTypedOrPasted) {
+    QTest::keyClicks(&box, "  juan CARLOS");
+    EXPECT_EQ(box.text(), "juan carl");
+    EXPECT_EQ(reported, "juan carl");
+    box.selectAll();
     QApplication::clipboard()->setText("   \"GERTRUDIS\" la tercera\nde su nombre");
     box.paste();
     EXPECT_EQ(box.text(), "Gertrudis");
@@ -97,11 +84,13 @@ TEST_F(NameBoxTest, TheInputMethodIsLeftAloneUntilItCommits) {
 TEST_F(NameBoxTest, TheWidestNameIsSeenWhole) {
     for (const QSize size : ScreenSizes) {
         UseScreen(size);
-        NameBox wide(nullptr, *services, "Txt_Nombre_1", "Nombre");
-        wide.resize(InToolkit({74, 20}).x(), InToolkit({74, 20}).y());
-        wide.ShowName("Wwwwwwwww");
-        EXPECT_LE(QFontMetricsF(wide.font()).horizontalAdvance(wide.text()), wide.width() - 4)
-            << size.width();
+        for (const bool typed : {false, true}) {
+            NameBox wide(nullptr, *services, "Txt_Nombre_1", "Nombre");
+            wide.resize(InToolkit({74, 20}).x(), InToolkit({74, 20}).y());
+            typed ? wide.setText("Wwwwwwwww") : wide.ShowName("Wwwwwwwww");
+            EXPECT_LE(QFontMetricsF(wide.font()).horizontalAdvance(wide.text()), wide.width() - 4)
+                << size.width();
+        }
     }
 }
 
