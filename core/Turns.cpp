@@ -215,10 +215,24 @@ bool PlayThrow(const Table& table) {
     }
 }
 
+// Moves are numbered with 16 bits, and no game comes near; but pieces can be dragged by hand for ever.
+void EndLongestGame(const Table& table) {
+    table.outside.ShowMessage("Partida demasiado larga",
+                              "La partida ha llegado a las 32.700 jugadas y no caben más en la cinta. "
+                              "Termina aquí, sin ganador.",
+                              2, MessageButtons::Acknowledge);
+    table.state.GameInProgress = No;
+    table.state.MoveRecordCount = 0;
+}
+
 // One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the
 // game is over or was abandoned.
 bool PlayTurn(const Table& table) {
     GameState& state = table.state;
+    if (state.MoveRecordCount >= LongestGame) {
+        EndLongestGame(table);
+        return false;
+    }
     BeginTurn(table);
     if (!state.GameInProgress) return false;
     table.outside.PositionReached();

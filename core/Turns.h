@@ -4,6 +4,10 @@
 
 namespace zorva {
 
+/// No turn begins in a game with that many moves, since they are numbered with 16 bits: it is told and
+/// ends without a winner.
+inline constexpr Short LongestGame = 32'700;
+
 /// Plays a game from the position in the table to its end, turn after turn. Returns when
 /// GameInProgress has become false: the game ended, or a handler abandoned it during a wait. Handlers
 /// run in the waits only; everywhere else the tables are in the middle of something.

@@ -184,6 +184,22 @@ TEST(Turns, ShowAndSoundAThrow) {
     EXPECT_EQ(Notes(seen.begin(), seen.begin() + static_cast<long>(wanted.size())), wanted);
 }
 
+TEST(Turns, EndBeforeTheNumbersOfTheMovesDo) {
+    GameState state = Position("1:10 0 0 0  2:30 0 0 0");
+    state.GameInProgress = Yes;
+    state.CurrentColour = 1;
+    state.MoveRecordCount = LongestGame - 1;
+    state.MoveRecords.resize(LongestGame + 1);
+    NotingOutside outside(state, {1, 2});
+    RunTurns({state, PlainSettings(), outside});
+    EXPECT_EQ(outside.Only({"log", "message"}),
+              (Notes{"log 32700 Azul cuenta 1",
+                     "message Partida demasiado larga|La partida ha llegado a las 32.700 jugadas y no "
+                     "caben más en la cinta. Termina aquí, sin ganador.|2"}));
+    EXPECT_EQ(state.MoveRecordCount, 0);
+    EXPECT_EQ(state.GameInProgress, No);
+}
+
 TEST(Turns, LeaveASixOnTheTableForTheThrowThatFollows) {
     for (const char* position : {"", "1:10 0 0 0"}) {
         for (const Short thrown : {1, 6}) {
