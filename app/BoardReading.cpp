@@ -9,9 +9,9 @@ namespace {
 
 QString PlaceText(Colour colour, Square square) {
     if (square == 0) return "en el cuadro de espera";
-    if (square == GoalSquare[colour]) return "en casa";
+    if (square == GoalSquare[colour]) return "en la meta";
     if (square > LastRingSquare) {
-        return QStringLiteral("pasillo, casilla %1").arg(square - FirstColumnSquare[colour] + 1);
+        return QStringLiteral("columna, casilla %1").arg(square - FirstColumnSquare[colour] + 1);
     }
     return QStringLiteral("casilla %1").arg(square);
 }
@@ -20,8 +20,8 @@ QString SquareName(Square square) {
     if (square <= LastRingSquare) return QStringLiteral("Casilla %1").arg(square);
     const Colour colour = ToShort((square - FirstColumnSquare[1]) / 8 + 1);
     const QString of = QString::fromStdString(DefaultName(colour)).toLower();
-    if (square == GoalSquare[colour]) return "Casa del " + of;
-    return QStringLiteral("Pasillo del %1, casilla %2")
+    if (square == GoalSquare[colour]) return "Meta del " + of;
+    return QStringLiteral("Columna del %1, casilla %2")
         .arg(of)
         .arg(square - FirstColumnSquare[colour] + 1);
 }
@@ -49,7 +49,7 @@ QString SquareText(const GameState& state, const Settings& settings, Square squa
             pieces << QStringLiteral("ficha %1 de %2").arg(piece).arg(PlayerText(settings, colour));
         }
     }
-    const QString safe = IsSafeSquare(square) ? QStringLiteral(", seguro") : QString();
+    const QString safe = IsSafeSquare(square) ? QStringLiteral(", segura") : QString();
     return SquareName(square) + safe + ": " + (pieces.isEmpty() ? "libre" : pieces.join(", "));
 }
 
