@@ -130,6 +130,7 @@ TEST_F(HistoricTest, AnEmptyPageHasItsRulesAndAHeadingBetweenThem) {
     for (const int x : {84, 122, 282}) {
         EXPECT_EQ(picture.pixelColor(x, 100), QColor(255, 0, 0)) << x;
         EXPECT_NE(picture.pixelColor(x, 3), QColor(255, 0, 0)) << "the rules begin at 5";
+        EXPECT_EQ(picture.pixelColor(x, HistoricSheet::Height - 1), QColor(255, 0, 0)) << "to the end";
         EXPECT_FALSE(HasInk(picture, QRect(x + 1, 6, 1, 13))) << "a word touches the rule at " << x;
     }
     int horizontal = 0;
