@@ -164,7 +164,10 @@ void Program::SeatPiecesOfContinuedGame() {
 void Program::ComeToFront() {
     mesa_.showFullScreen();
     mesa_.raise();
-    mesa_.activateWindow();
+    // A window that waits for an answer lies above the board, and the keys are for it.
+    QWidget* asking = QApplication::activeModalWidget();
+    if (asking != nullptr) asking->raise();
+    (asking != nullptr ? asking : &mesa_)->activateWindow();
 }
 
 // -------------------------------------------------------------------------------------- messages
