@@ -37,6 +37,9 @@ struct DieMotion {
     /// How the die lies when that face of a throw comes up, the first being 1: it is thrown in from
     /// above, jumps about the tray lower and lower, and comes to rest upright with the last.
     static BoardView::DiePose PoseOfRoll(int roll);
+
+    /// How the die lies that waits to be thrown.
+    static BoardView::DiePose PoseOfReady();
 };
 
 }  // namespace zorva

@@ -17,6 +17,17 @@ constexpr double boardCell = 33;  // the cell of the largest board, which most m
 constexpr double pieceDrawingSide = 40;
 constexpr double pieceDrawingBody = 28;
 
+// Rings around a piece and dots between, in the measures of a piece's drawing.
+struct RingShape {
+    double radius;
+    double width;
+};
+constexpr RingShape dotOnTheWay{2.4, 4.8};
+constexpr RingShape targetOfMove{15, 3};
+constexpr RingShape advisedPiece{16, 3.4};
+constexpr RingShape movablePiece{15.6, 3.2};
+constexpr RingShape markedPiece{16.4, 4.4};
+
 constexpr double dieOfTray = 64.0 / 72;  // the die's picture beside its tray
 
 constexpr double lightAround = 10;  // pixels of the layout that a lit house shines beyond its edge
@@ -31,7 +42,7 @@ void PaintCentred(QPainter& painter, const QPixmap& picture, QPointF centre) {
     painter.drawPixmap((centre - QPointF(size.width() / 2, size.height() / 2)).toPoint(), picture);
 }
 
-// The squares a shown move passes and, last, the one it ends on.
+// The squares a shown move passes and, last, the place where it ends.
 std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& move) {
     std::vector<QPointF> way;
     if (move.piece == 0 || move.to == 0 || move.to == move.from) return way;
@@ -45,7 +56,7 @@ std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& mov
         add(square);
         square = AdvanceSquare(square, 1, colour);
     }
-    add(move.to);
+    way.push_back(move.place);
     return way;
 }
 
@@ -143,17 +154,19 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
         if (DieArea(colour, view.diePose[colour]).intersects(part)) PaintDie(painter, view, colour);
     }
     PaintBonus(painter, view);
-    PaintShownMove(painter, view, view.preview.piece != 0 ? view.preview : view.shown, part);
+    if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
+    const BoardView::ShownMove& shown = view.preview.piece != 0 ? view.preview : view.shown;
+    PaintShownMove(painter, view, shown, part);
+    std::vector<PieceCode> pieces;
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             const PieceCode code = CodeOf(colour, piece);
-            if (code != view.inAir && PieceArea(view, code).intersects(part)) {
-                PaintPickable(painter, view, code);
-                PaintPiece(painter, view, code);
-            }
+            if (code != view.inAir && PieceArea(view, code).intersects(part)) pieces.push_back(code);
         }
     }
-    if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
+    // The rings first, or the ring of one piece would lie on the piece beside it.
+    for (const PieceCode code : pieces) PaintRingOf(painter, view, shown, code);
+    for (const PieceCode code : pieces) PaintPiece(painter, view, code);
     if (view.manualMode) PaintBanner(painter);
     if (view.inAir == 0) return;
     PaintPiece(painter, view, view.inAir);
@@ -236,13 +249,11 @@ void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour col
     const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
     const QPixmap picture = artwork_.Picture(QStringLiteral("die_%1").arg(face), SideBySide(side));
     const BoardView::DiePose& pose = view.diePose[colour];
-    if (view.dieReady[colour]) painter.setOpacity(0.82);
     if (pose.tilt == 0 && pose.size == 1) {
         PaintCentred(painter, picture, DiePlace(colour, pose).center());
     } else {
         PaintTumblingDie(painter, picture, DiePlace(colour, pose).center(), pose);
     }
-    painter.setOpacity(1);
 }
 
 // The toolkit hands whatever is turned to threads of its own and waits for them, which costs more than
@@ -281,45 +292,49 @@ void BoardPainter::PaintBonus(QPainter& painter, const BoardView& view) {
 // A light ring between dark edges is seen on every colour of the board.
 void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, double width,
                              const QColor& colour) {
-    const double unit = layout_.Unit;
+    const double scale = PieceSide() / pieceDrawingSide;
     const QString name = QStringLiteral("ring %1 %2 %3").arg(radius).arg(width).arg(colour.rgba());
-    const double side = 2 * std::ceil((radius + width) * unit) + 2;
+    const double side = 2 * std::ceil((radius + width) * scale) + 2;
     PaintCentred(painter,
                  Stamp(name, SideBySide(side),
                        [&](QPainter& ring) {
                            const QPointF middle(side / 2, side / 2);
-                           ring.setPen(QPen(palette::DarkWood, (width + 1.6) * unit));
-                           ring.drawEllipse(middle, radius * unit, radius * unit);
-                           ring.setPen(QPen(colour, width * unit));
-                           ring.drawEllipse(middle, radius * unit, radius * unit);
+                           ring.setPen(QPen(palette::DarkWood, (width + 1.6) * scale));
+                           ring.drawEllipse(middle, radius * scale, radius * scale);
+                           ring.setPen(QPen(colour, width * scale));
+                           ring.drawEllipse(middle, radius * scale, radius * scale);
                        }),
                  Device(centre));
 }
 
+// The dots that a piece on its way has passed are gone.
 void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
                                   const BoardView::ShownMove& move, const QRect& part) {
     const std::vector<QPointF> way = WayOf(layout_, move);
     if (way.empty()) return;
-    for (std::size_t step = 0; step + 1 < way.size(); ++step) {
+    const std::size_t passed = move.piece == view.inAir ? static_cast<std::size_t>(view.counted) : 0;
+    for (std::size_t step = passed; step + 1 < way.size(); ++step) {
         if (PieceArea(way[step]).intersects(part))
-            PaintRing(painter, way[step], 1.8, 3.6, palette::Mark);
+            PaintRing(painter, way[step], dotOnTheWay.radius, dotOnTheWay.width, palette::Mark);
     }
-    PaintRing(painter, way.back(), layout_.PieceSize / 2.0 + 1, 3, palette::Mark);
-    if (move.piece == view.inAir) return;
-    PaintRing(painter, view.at[move.piece], layout_.PieceSize / 2.0 + 3.2, 2.2, Qt::white);
+    PaintRing(painter, way.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
+}
+
+// White tells the piece of the shown move from the others that may move.
+void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
+                               const BoardView::ShownMove& shown, PieceCode code) {
+    const bool isShown = shown.piece == code && shown.to != 0;
+    const bool isMarked = view.marked == code;
+    if (!isShown && !view.movable[code]) return;
+    const RingShape& shape = isMarked ? markedPiece : isShown ? advisedPiece : movablePiece;
+    PaintRing(painter, view.at[code], shape.radius, shape.width,
+              isShown ? QColor(Qt::white) : palette::Mark);
 }
 
 QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {
     QRect area;
     for (const QPointF& point : WayOf(layout_, move)) area |= PieceArea(point);
     return area;
-}
-
-void BoardPainter::PaintPickable(QPainter& painter, const BoardView& view, PieceCode code) {
-    if (!view.movable[code] || code == view.inAir) return;
-    const bool marked = view.marked == code;
-    const double radius = layout_.PieceSize / 2.0 + (marked ? 2.4 : 1.6);
-    PaintRing(painter, view.at[code], radius, marked ? 4.4 : 3.2, palette::Mark);
 }
 
 // Between the buttons and the recorder, where nothing else ever is.

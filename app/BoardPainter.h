@@ -62,7 +62,8 @@ private:
     void PaintBonus(QPainter& painter, const BoardView& view);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
                         const QRect& part);
-    void PaintPickable(QPainter& painter, const BoardView& view, PieceCode code);
+    void PaintRingOf(QPainter& painter, const BoardView& view, const BoardView::ShownMove& shown,
+                     PieceCode code);
     void PaintBanner(QPainter& painter);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintGroundShadow(QPainter& painter, QPointF at, double height);

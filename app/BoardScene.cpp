@@ -189,7 +189,7 @@ void BoardScene::ShowDie(Colour colour, Short face, bool ready) {
         PoseDie(colour, pose);
         dieMotions_.push_back({colour, pose, DieMotion::PoseOfRoll(roll + 1)});
     } else if (!same) {
-        PoseDie(colour, {});
+        PoseDie(colour, ready ? DieMotion::PoseOfReady() : BoardView::DiePose{});
     }
 }
 
@@ -221,17 +221,28 @@ void BoardScene::RepaintPiece(PieceCode piece) {
     if (piece != 0) Repaint(AreaOf(piece));
 }
 
+// Where a move ends: on the piece that it captures, else where there is room.
+QPointF BoardScene::EndOf(const BoardView::ShownMove& move) const {
+    if (move.to == 0) return {};
+    const auto& occupants = state_.SquareOccupants[move.to];
+    const bool captures = occupants[1] != 0 && occupants[2] == 0 && move.to <= LastRingSquare &&
+                          !IsSafeSquare(move.to) && ColourOf(occupants[1]) != ColourOf(move.piece);
+    return captures ? PlaceOf(occupants[1]) : PlaceOnStep(move.piece, move.to);
+}
+
 void BoardScene::ShowMove(const BoardView::ShownMove& move) {
     const BoardView::ShownMove before = std::exchange(view_.shown, move);
+    view_.shown.place = EndOf(move);
     RepaintMove(before);
-    RepaintMove(move);
+    RepaintMove(view_.shown);
 }
 
 void BoardScene::ShowPreview(const BoardView::ShownMove& move) {
     const BoardView::ShownMove before = std::exchange(view_.preview, move);
+    view_.preview.place = EndOf(move);
     RepaintMove(before);
     RepaintMove(view_.shown);
-    RepaintMove(move);
+    RepaintMove(view_.preview);
 }
 
 void BoardScene::ShowMovable(const std::array<bool, BoardView::CodeCount>& movable) {

@@ -66,6 +66,7 @@ private:
     void ForgetMotion();
     void Repaint(const QRect& device);
     void RepaintHouse(Colour colour);
+    QPointF EndOf(const BoardView::ShownMove& move) const;
     void RepaintMove(const BoardView::ShownMove& move);
     void RepaintPiece(PieceCode piece);
 

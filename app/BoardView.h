@@ -30,6 +30,7 @@ struct BoardView {
         PieceCode piece = 0;  ///< 0 when none is shown
         Square from = 0;
         Square to = 0;
+        QPointF place{};  ///< where it ends, in pixels of the layout
     };
 
     std::array<bool, CodeCount> present{};   ///< pieces that have been put on the board

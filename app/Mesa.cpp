@@ -114,6 +114,16 @@ void Mesa::paintEvent(QPaintEvent* event) {
 
 // --------------------------------------------------------------------------------------- input
 
+// Nothing can be done on the board while a window waits for an answer, and the pointer says so.
+bool Mesa::event(QEvent* event) {
+    const bool isBlocked = event->type() == QEvent::WindowBlocked;
+    if (isBlocked || event->type() == QEvent::WindowUnblocked) {
+        isBlocked_ = isBlocked;
+        RefreshPointer();
+    }
+    return QWidget::event(event);
+}
+
 void Mesa::mousePressEvent(QMouseEvent* event) {
     if (BoardPressed) BoardPressed(LayoutPoint(event->position()), event->button());
 }
@@ -148,7 +158,7 @@ void Mesa::SetScreenPointer(ScreenPointer pointer) {
 
 void Mesa::RefreshPointer() {
     const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
-    const QCursor wanted = PointerAt ? PointerAt(at) : QCursor(Qt::ArrowCursor);
+    const QCursor wanted = PointerAt && !isBlocked_ ? PointerAt(at) : QCursor(Qt::ArrowCursor);
     if (wanted != cursor()) setCursor(wanted);
 }
 

@@ -73,6 +73,7 @@ class Mesa : public QWidget {
     Point LayoutPoint(QPointF position) const;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -98,6 +99,7 @@ private:
     std::unique_ptr<MenuButtons> buttons_;
     RecorderStrip* strip_;  // owned by the window, as the log
     MoveLog* log_;
+    bool isBlocked_ = false;  // by a window that waits for an answer
 };
 
 }  // namespace zorva

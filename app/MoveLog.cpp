@@ -115,7 +115,7 @@ void MoveLog::paintEvent(QPaintEvent*) {
         const QRectF row(left, left + (line - top_) * pitch, width() - 2 * left, pitch);
         if (line == selected_) {
             painter.fillRect(row.adjusted(-left, 0, left, 0), palette::Brass);
-            painter.fillRect(QRectF(0, row.y(), 3 * unit, pitch), palette::DarkWood);
+            painter.fillRect(QRectF(0, row.y(), 3 * unit, pitch), palette::Mark);
         }
         painter.setFont(line == 0 ? TextFont(size, QFont::Bold) : ColumnFont(size));
         painter.setPen(palette::Ink);

@@ -57,6 +57,7 @@ void RecorderControl::ShowKey(RecorderKey key, bool pressed) {
 
 void RecorderControl::ShowPosition() {
     mesa_.Scene().ShowTurn(table_.state.CurrentColour, 0);
+    mesa_.RefreshPointer();
     if (Changed) Changed();
 }
 

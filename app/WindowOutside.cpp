@@ -111,7 +111,12 @@ void WindowOutside::EmptyBoard() {
 }
 
 void WindowOutside::RefreshBoard() {
+    if (IsWon()) scene_.ShowTurn(0, 0);
     scene_.Refresh();
+}
+
+bool WindowOutside::IsWon() const {
+    return state_.PiecesHome[state_.CurrentColour] == PiecesPerColour;
 }
 
 void WindowOutside::SetScreenPointer(ScreenPointer pointer) {
@@ -137,8 +142,10 @@ void WindowOutside::CutLogFrom(Short line) {
 
 MessageAnswer WindowOutside::ShowMessage(std::string_view title, std::string_view text, Short lineCount,
                                          MessageButtons buttons) {
-    // At the end of the draw the light goes from who threw last to who begins.
-    if (state_.GameInProgress && state_.MoveRecordCount == 0) scene_.ShowTurn(state_.CurrentColour, 0);
+    // At the end of the draw the light goes from who threw last to who begins, and it stays with who
+    // won.
+    const bool isDraw = state_.GameInProgress && state_.MoveRecordCount == 0;
+    if (isDraw || IsWon()) scene_.ShowTurn(state_.CurrentColour, 0);
     return mesa_.Ask(FromUtf8(title), FromUtf8(text), lineCount, buttons);
 }
 

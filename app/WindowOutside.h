@@ -47,6 +47,8 @@ public:
 
 private:
     void Wait(double milliseconds);
+    /// Whether the colour on turn has won, from the last step to the end of the celebration.
+    bool IsWon() const;
 
     Mesa& mesa_;
     BoardScene& scene_;

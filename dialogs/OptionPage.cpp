@@ -179,8 +179,16 @@ void OptionPage::mousePressEvent(QMouseEvent* event) {
 }
 
 void OptionPage::mouseMoveEvent(QMouseEvent* event) {
-    setCursor(OptionAt(ToLayout(event->position(), services_)) ? services_.pointers.Hand()
-                                                               : Qt::ArrowCursor);
+    ShowPointerAt(event->position());
+}
+
+// The page comes up under a pointer that was a hand on what was there before.
+void OptionPage::showEvent(QShowEvent*) {
+    ShowPointerAt(mapFromGlobal(QPointF(QCursor::pos())));
+}
+
+void OptionPage::ShowPointerAt(QPointF position) {
+    setCursor(OptionAt(ToLayout(position, services_)) ? services_.pointers.Hand() : Qt::ArrowCursor);
 }
 
 Short OptionPage::AnswerOf(const OptionPlace& place) const {

@@ -74,8 +74,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
+    void ShowPointerAt(QPointF position);
     Short AnswerOf(const OptionPlace& place) const;
 
     const Services& services_;

@@ -46,7 +46,7 @@ struct OptionPlace {
     Box Question() const { return {at.x, ToShort(at.y - 8), width, 17}; }
     Box Answer() const { return {ToShort(at.x + 41), ToShort(at.y + 11), ToShort(width - 41), 21}; }
     /// All of it.
-    Box Whole() const { return {at.x, ToShort(at.y - 8), width, 42}; }
+    Box Whole() const { return {at.x, ToShort(at.y - 8), width, 44}; }
 };
 
 }  // namespace zorva

@@ -19,9 +19,10 @@ void DrawBevel(QPainter& painter, const QRectF& area) {
                      palette::DarkWood.darker(140));
 }
 
-// A piece of the table top, so that windows are of the wood they lie on.
+// A piece of the table top, so that windows are of the wood they lie on. It begins where two planks
+// meet, so that no joint runs through a small window.
 QRectF PieceOfTable(QSizeF size) {
-    return {QPointF(250, 370), size};
+    return {QPointF(250, 538), size};
 }
 
 QSize DevicePixels(QSizeF size, const Services& services) {

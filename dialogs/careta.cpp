@@ -28,6 +28,7 @@ careta::careta(QWidget* parent, const Services& services)
     area_->installEventFilter(this);
     Place(area_, areaBox);
     area_->setFocus();
+    setCursor(Qt::BlankCursor);
     // The board opens behind the title and may have the keyboard for a moment: its keys end the title
     // too.
     QCoreApplication::instance()->installEventFilter(this);
