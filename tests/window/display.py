@@ -144,7 +144,14 @@ class Display:
 
     def active_window(self):
         """The window that the keys go to; None when it is the manager's own."""
-        answer = self._run("xdotool", "getwindowfocus", "getwindowname", "getwindowgeometry", "--shell")
+        return self._window("getwindowfocus")
+
+    def window_named(self, title):
+        """The window of that title, whether or not the keys go to it; None when none is seen."""
+        return self._window("search", "--onlyvisible", "--limit", "1", "--name", "^" + title)
+
+    def _window(self, *choice):
+        answer = self._run("xdotool", *choice, "getwindowname", "getwindowgeometry", "--shell")
         title, _, rest = answer.partition("\n")
         values = dict(re.findall(r"^(\w+)=(-?\d+)$", rest, re.MULTILINE))
         sizes = [int(values.get(key, 0)) for key in ("X", "Y", "WIDTH", "HEIGHT")]

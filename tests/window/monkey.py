@@ -17,7 +17,7 @@ import time
 
 import inifile
 from display import Display
-from driver import Program
+from driver import ABOVE_EDGE, MESSAGE_BUTTONS, Program
 from layout import BUTTONS, COLOURS, PIECES, RECORDER_KEYS, Layout
 
 ROUND = 15    # seconds of nonsense before the program is left
@@ -162,8 +162,7 @@ class Monkey:
             window = self.display.active_window()
             title = window.title if window else None
             if step % 20 == 19:
-                # A player whose keys go nowhere clicks on what lies on top, and has its attention.
-                self.display.click(self.display.width // 2, self.display.height // 2)
+                self.click_what_lies_on_top()
             if title in YES:
                 # A notice that the recorder is on has the same title: it goes with the same key.
                 self.display.act("key Return")
@@ -185,6 +184,16 @@ class Monkey:
             time.sleep(0.1)
             if time.monotonic() > end:
                 raise Finding("cannot be left within %d s; on top is %s" % (TO_LEAVE, title))
+
+    def click_what_lies_on_top(self):
+        """What a player does whose keys go nowhere: the yes of a question, or else the middle of the screen."""
+        for title in YES:
+            window = self.display.window_named(title)
+            if window:
+                self.display.click(round(window.x + window.width / 2 + MESSAGE_BUTTONS["yes"] * self.layout.unit),
+                                   round(window.y + window.height - ABOVE_EDGE * self.layout.unit))
+                return
+        self.display.click(self.display.width // 2, self.display.height // 2)
 
     def check(self):
         status = self.program.process.returncode
