@@ -307,13 +307,14 @@ void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, d
                  Device(centre));
 }
 
-// The dots that a piece on its way has passed are gone.
+// The dots that a piece on its way has reached are gone.
 void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
                                   const BoardView::ShownMove& move, const QRect& part) {
     const std::vector<QPointF> way = WayOf(layout_, move);
     if (way.empty()) return;
-    const std::size_t passed = move.piece == view.inAir ? static_cast<std::size_t>(view.counted) : 0;
-    for (std::size_t step = passed; step + 1 < way.size(); ++step) {
+    const int steps = view.counted - (move.from == 0 ? 0 : 1);  // the exit is not counted
+    const int reached = move.piece == view.inAir ? std::max(steps, 0) : 0;
+    for (std::size_t step = static_cast<std::size_t>(reached); step + 1 < way.size(); ++step) {
         if (PieceArea(way[step]).intersects(part))
             PaintRing(painter, way[step], dotOnTheWay.radius, dotOnTheWay.width, palette::Mark);
     }
