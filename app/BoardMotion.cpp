@@ -48,7 +48,7 @@ BoardView::DiePose DieMotion::PoseAt(double progress) const {
 
 // Askew, as no throw ends.
 BoardView::DiePose DieMotion::PoseOfReady() {
-    return {-24, 1.06, {0, 0}};
+    return {-24, 0.94, {0, 0}};
 }
 
 BoardView::DiePose DieMotion::PoseOfRoll(int roll) {
