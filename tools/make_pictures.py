@@ -26,7 +26,7 @@ from inifile import COMPUTER, ON, PERSON, Settings, game_at  # noqa: E402
 
 FOLDER = ROOT / "assets/manual"
 WIDEST = 440  # pixels of the layout, so that a picture fits on every page
-COLOURS = 160
+COLOURS = 256
 
 POSITIONS = {1: [76, 68, 20, 0], 2: [84, 22, 41, 0], 3: [92, 39, 8, 47], 4: [100, 56, 33, 0]}
 PEOPLE = Settings(names=("Ana", "Azul", "Luis", "Verde"), types=(PERSON, COMPUTER, PERSON, COMPUTER),
