@@ -271,7 +271,7 @@ void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& picture, Q
         painter.translate(centre);
         painter.rotate(pose.tilt);
         painter.scale(pose.size, pose.size);
-        painter.drawPixmap(QPointF(-picture.width() / 2, -picture.height() / 2), picture);
+        painter.drawPixmap(QPointF(picture.width(), picture.height()) / -2, picture);
         painter.restore();
     }
 }

@@ -86,7 +86,7 @@ fs::path WindowsFolder() {
 
 fs::path ChooseDataFolder(const fs::path& programFolder) {
     if (!IsInstalled(programFolder) && IsWritable(programFolder)) return programFolder;
-    const fs::path folder = FallbackFolder();
+    fs::path folder = FallbackFolder();
     std::error_code ignored;
     fs::create_directories(folder, ignored);
     CopyFilesOfFirstRun(programFolder, folder);

@@ -44,7 +44,7 @@ void PlaceBoard(Layout& layout) {
     layout.Margin = ToShort(std::lround(std::floor((layout.ScreenHeight - 21 * layout.Cell) / 2.0)));
     layout.BoardExtent = ToShort(2 * layout.Margin + 21 * layout.Cell);
     layout.PieceSize = ToShort(layout.Cell - 5);
-    layout.BoxSide = ToShort(3 * layout.Block);
+    layout.BoxSide = ToShort(3L * layout.Block);
     const Short near = layout.Margin;
     const Short far = ToShort(6 * layout.Block + layout.Margin);
     layout.CornerBox = {Point{}, {far, far}, {far, near}, {near, near}, {near, far}};

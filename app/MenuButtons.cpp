@@ -60,7 +60,8 @@ void MenuButton::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && Pressed) Pressed();
 }
 
-MenuButtons::MenuButtons(QWidget* window, const Services& services, std::function<void(int)> chosen) {
+MenuButtons::MenuButtons(QWidget* window, const Services& services,
+                         const std::function<void(int)>& chosen) {
     auto* panel = new QWidget(window);
     panel->setObjectName("Pic_Botones");
     panel->setAccessibleName("Menú");

@@ -40,7 +40,7 @@ class MenuButtons {
 public:
     enum Index { Help, NewGame, Personalize, History, Advice, Leave, Count };
 
-    MenuButtons(QWidget* window, const Services& services, std::function<void(int index)> chosen);
+    MenuButtons(QWidget* window, const Services& services, const std::function<void(int index)>& chosen);
 
     MenuButton& Button(int index) { return *buttons_[index]; }
 

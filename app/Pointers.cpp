@@ -42,7 +42,7 @@ QCursor Pointers::Named(const QString& name) {
     QPixmap picture = artwork_.Picture("cursors/" + name, {side, side});
     picture.setDevicePixelRatio(ratio_);
     const QPointF hot = QPointF(HotSpotOf(name)) * (unit_ / ratio_);
-    const QCursor cursor(picture, qRound(hot.x()), qRound(hot.y()));
+    QCursor cursor(picture, qRound(hot.x()), qRound(hot.y()));
     cursors_.insert(name, cursor);
     return cursor;
 }
