@@ -154,7 +154,8 @@ int Appraisal::ThreatsTo(int step) const {
 double Appraisal::ContestedValueAt(int step, RingSet shelters, int perThreat) const {
     const RingSet exposed = ~shelters & way::unsafeSteps;
     const int threats = static_cast<int>(exposed >> (step % way::ringSteps) & 1) * ThreatsTo(step);
-    return attackValues[AttackFrom(step)] - riskValues[threats * perThreat];
+    const int risk = threats * perThreat;
+    return attackValues[AttackFrom(step)] - riskValues[risk];
 }
 
 double Appraisal::ValueAt(int step, RingSet shelters, int perThreat) const {

@@ -14,7 +14,7 @@ struct Standing {
     /// The step of a piece in its box: behind the goal, where no way is open and nobody asks.
     static constexpr int InBox = 72;
 
-    PerPiece<std::int8_t> steps{};
+    PerPiece<std::uint8_t> steps{};
     std::uint8_t columnPairs = 0;  ///< bit n: two pieces stand on step 64 + n; the goal has room for all
     std::uint64_t pieces = 0;      ///< bit n: at least one piece stands on step n, 0..63
     std::uint64_t pairs = 0;       ///< bit n: two pieces do

@@ -32,9 +32,9 @@ template <typename Value>
 using ByStep = std::array<Value, boxStep + 1>;
 
 /// The colour that follows in number so many times.
-constexpr Colour ColourAfter(int colour, int turns) {
-    constexpr std::array<std::int8_t, 2 * ColourCount> colours{4, 1, 2, 3, 4, 1, 2, 3};
-    return colours[static_cast<std::size_t>(colour + turns)];
+constexpr Colour ColourAfter(Colour colour, int turns) {
+    constexpr std::array<std::int8_t, 8> colours{4, 1, 2, 3, 4, 1, 2, 3};
+    return colours[static_cast<unsigned>(colour + turns)];
 }
 
 /// The set of the colour that follows so many times, told by one's own steps; what stands beyond one's
@@ -64,11 +64,11 @@ constexpr PerColour<ByStep<std::uint8_t>> MakeSquares() {
     return squares;
 }
 
-constexpr BySquare<std::int8_t> MakeSteps() {
-    BySquare<std::int8_t> steps{};
+constexpr BySquare<std::uint8_t> MakeSteps() {
+    BySquare<std::uint8_t> steps{};
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (int step = 0; step <= boxStep; ++step) {
-            steps[colour][SquareOfStep(colour, step)] = static_cast<std::int8_t>(step);
+            steps[colour][SquareOfStep(colour, step)] = static_cast<std::uint8_t>(step);
         }
     }
     return steps;
