@@ -187,6 +187,7 @@ class Monkey:
 
     def click_what_lies_on_top(self):
         """What a player does whose keys go nowhere: the yes of a question, or else the middle of the screen."""
+        self.display.act("key Escape")  # ends what the window manager may be in the middle of
         for title in YES:
             window = self.display.window_named(title)
             if window:
