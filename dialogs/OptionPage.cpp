@@ -16,7 +16,7 @@ namespace zorva {
 namespace {
 
 QString NameOf(const OptionPlace& place) {
-    const QString question = QuestionText(place.option);
+    QString question = QuestionText(place.option);
     if (place.player == 0) return question;
     return QString::fromStdString(DefaultName(place.player)) + ": " + question;
 }
