@@ -252,23 +252,22 @@ void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour col
     if (pose.tilt == 0 && pose.size == 1) {
         PaintCentred(painter, picture, DiePlace(colour, pose).center());
     } else {
-        PaintTumblingDie(painter, picture, DiePlace(colour, pose).center(), pose);
+        PaintTumblingDie(painter, picture, colour, pose);
     }
 }
 
 // The toolkit hands whatever is turned to threads of its own and waits for them, which costs more than
 // the turning; it does so for no less than 96 lines. The picture's edge is transparent and needs no
 // smoothing.
-void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& picture, QPointF centre,
+void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& picture, Colour colour,
                                     const BoardView::DiePose& pose) {
     constexpr int lines = 95;
-    const double reach = M_SQRT1_2 * picture.width() * pose.size + 1;
-    const QRect area = QRectF(centre - QPointF(reach, reach), QSizeF(2, 2) * reach).toAlignedRect();
+    const QRect area = DieArea(colour, pose);
     for (int top = area.top(); top <= area.bottom(); top += lines) {
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing, false);
         painter.setClipRect(QRect(area.left(), top, area.width(), lines), Qt::IntersectClip);
-        painter.translate(centre);
+        painter.translate(DiePlace(colour, pose).center());
         painter.rotate(pose.tilt);
         painter.scale(pose.size, pose.size);
         painter.drawPixmap(QPointF(picture.width(), picture.height()) / -2, picture);

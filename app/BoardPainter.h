@@ -57,8 +57,8 @@ private:
     const QPixmap& Stamp(const QString& name, QSize size, const std::function<void(QPainter&)>& draw);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
     void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
-    static void PaintTumblingDie(QPainter& painter, const QPixmap& picture, QPointF centre,
-                                 const BoardView::DiePose& pose);
+    void PaintTumblingDie(QPainter& painter, const QPixmap& picture, Colour colour,
+                          const BoardView::DiePose& pose);
     void PaintBonus(QPainter& painter, const BoardView& view);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
                         const QRect& part);

@@ -1,5 +1,6 @@
 #include "app/Mesa.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -114,13 +115,9 @@ void Mesa::paintEvent(QPaintEvent* event) {
 
 // --------------------------------------------------------------------------------------- input
 
-// Nothing can be done on the board while a window waits for an answer, and the pointer says so.
 bool Mesa::event(QEvent* event) {
-    const bool isBlocked = event->type() == QEvent::WindowBlocked;
-    if (isBlocked || event->type() == QEvent::WindowUnblocked) {
-        isBlocked_ = isBlocked;
-        RefreshPointer();
-    }
+    const QEvent::Type type = event->type();
+    if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshPointer();
     return QWidget::event(event);
 }
 
@@ -156,9 +153,11 @@ void Mesa::SetScreenPointer(ScreenPointer pointer) {
     }
 }
 
+// Nothing can be done on the board while a window waits for an answer, and the pointer says so.
 void Mesa::RefreshPointer() {
     const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
-    const QCursor wanted = PointerAt && !isBlocked_ ? PointerAt(at) : QCursor(Qt::ArrowCursor);
+    const bool isBlocked = QApplication::activeModalWidget() != nullptr;
+    const QCursor wanted = PointerAt && !isBlocked ? PointerAt(at) : QCursor(Qt::ArrowCursor);
     if (wanted != cursor()) setCursor(wanted);
 }
 

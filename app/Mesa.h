@@ -99,7 +99,6 @@ private:
     std::unique_ptr<MenuButtons> buttons_;
     RecorderStrip* strip_;  // owned by the window, as the log
     MoveLog* log_;
-    bool isBlocked_ = false;  // by a window that waits for an answer
 };
 
 }  // namespace zorva

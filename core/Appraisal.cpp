@@ -1,6 +1,9 @@
 #include "core/Appraisal.h"
 
+#include <bit>
+
 #include "core/Rules.h"
+#include "core/ScoreTerms.h"
 #include "core/WayTables.h"
 
 namespace zorva {

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <array>
-#include <bit>
 #include <cstdint>
 
 #include "core/Board.h"
-#include "core/ScoreTerms.h"
 #include "core/Standing.h"
 
 // Facts about the steps of a way, laid out for looking up: 0 is a colour's exit, 63 its home entry, 71
