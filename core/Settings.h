@@ -31,8 +31,8 @@ struct Settings {
     bool operator==(const Settings&) const = default;
 };
 
-/// Whether the colour takes part in games. Four colours switched off, which only a damaged file can
-/// say, count as four taking part: a game without players would never end.
+/// Whether the colour takes part in games. Four colours switched off, as they can be for a moment while
+/// the settings are chosen, count as four taking part: a game without players would never end.
 bool IsTakingPart(const Settings& settings, Colour colour);
 
 /// -1 for "Directo" (colours follow 4, 3, 2, 1), +1 for "Inverso".

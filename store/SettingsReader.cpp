@@ -45,6 +45,14 @@ void ReadColour(FieldReader& reader, SettingsContent& content, Colour colour) {
     content.settings.PlayerActive[colour] = ReadChoice(reader);
 }
 
+// A game among nobody cannot be played, and during a game nobody can be switched on: such a file is
+// read as that of a first start.
+void LetSomebodyPlay(PerColour<Short>& active) {
+    if (std::all_of(active.begin() + 1, active.end(), [](Short state) { return state == 2; })) {
+        active = Settings{}.PlayerActive;
+    }
+}
+
 void ReadBoard(FieldReader& reader, GameState& state) {
     reader.NextLine();
     std::string_view cells = reader.Text();
@@ -116,6 +124,7 @@ SettingsReading ReadSettings(std::string_view bytes) {
     FieldReader reader(bytes);
     SettingsContent content;
     for (Colour colour = 1; colour <= ColourCount; ++colour) ReadColour(reader, content, colour);
+    LetSomebodyPlay(content.settings.PlayerActive);
     ReadBoard(reader, content.state);
     ReadTurn(reader, content);
     ReadRecords(reader, content.state);

@@ -147,6 +147,10 @@ TEST(SettingsFile, IsGoodWithSmallLiberties) {
     EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "0,-7,0,-1")).state.MoveRecordCount, 1);
     EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "-1,1,2,-1")).state.GameInProgress, No)
         << "a game without a move";
+    const std::string nobody =
+        Replaced(Replaced(SmallGame(), ",100,2,1", ",100,2,2"), ",7,1,1", ",7,1,2");
+    EXPECT_EQ(Loaded(nobody).settings.PlayerActive, Settings{}.PlayerActive)
+        << "a game that nobody plays, and in which nobody could be switched on";
 }
 
 TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
