@@ -76,7 +76,8 @@ class Display:
         # Without a session bus of its own the screen would get one started, at a moment of its own.
         self.environment = dict(os.environ, DISPLAY=self.name, HOME=self._folder.name,
                                 DBUS_SESSION_BUS_ADDRESS="unix:path=%s/none" % self._folder.name)
-        self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self._empty_menu()
+        self._manager = self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         # A window that is older than the manager would never get the keyboard.
         self._wait_for_manager()
         # One line at a time, so that each answer arrives when its command is done.
@@ -100,6 +101,19 @@ class Display:
         if not number:
             raise RuntimeError("the virtual screen does not start")
         return ":" + number
+
+    def _empty_menu(self):
+        """The manager's own menu of the bare screen could end the manager, which a stray click would find."""
+        folder = os.path.join(self._folder.name, "openbox")
+        os.mkdir(folder)
+        with open(os.path.join(folder, "menu.xml"), "w") as file:
+            file.write('<openbox_menu xmlns="http://openbox.org/3.4/menu"><menu id="root-menu" label=""/>'
+                       '</openbox_menu>')
+        self.environment["XDG_CONFIG_HOME"] = self._folder.name
+
+    @property
+    def has_manager(self):
+        return self._manager.poll() is None
 
     def _wait_for_manager(self):
         end = time.monotonic() + 20

@@ -159,6 +159,8 @@ class Monkey:
         end = time.monotonic() + TO_LEAVE
         step = 0
         while self.program.is_running():
+            if not self.display.has_manager:
+                raise Finding("the window manager has ended")
             window = self.display.active_window()
             title = window.title if window else None
             if step % 20 == 19:
