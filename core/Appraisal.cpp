@@ -11,6 +11,8 @@ namespace {
 
 using way::RingSet;
 
+constexpr double worstScore = -999;
+
 // --------------------------------------------------------------------- tables, made by the compiler
 
 // How far a rival's set, one step on, has to be shifted so that the squares behind a step of ours end
@@ -18,7 +20,7 @@ using way::RingSet;
 constexpr auto MakeShifts() {
     std::array<way::ByStep<std::uint8_t>, ColourCount> shifts{};
     for (int turns = 1; turns < ColourCount; ++turns) {
-        for (int step = 0; step <= way::boxStep; ++step) {
+        for (int step = 0; step < Standing::StepCount; ++step) {
             const int theirs = (step - way::quarter * turns + LastRingSquare) % LastRingSquare;
             const bool meets = step < way::ringSteps && theirs < way::ringSteps;
             shifts[turns][step] = static_cast<std::uint8_t>(meets ? way::ringSteps - 1 - theirs : 63);
@@ -50,20 +52,26 @@ constexpr auto shifts = MakeShifts();
 constexpr auto bitCounts = MakeBitCounts();
 constexpr auto attackValues = MakeQuotients<mostAttack>(terms::attackPerPoint);
 constexpr auto riskValues = MakeQuotients<mostRisk>(terms::riskPerPoint);
-constexpr auto progressOf =
-    way::MakeByStep<std::uint8_t>([](int step, Square) { return step == way::boxStep ? 0 : step; });
-constexpr auto progressTerms = way::MakeByStep<double>(
-    [](int step, Square) { return (step == way::boxStep ? 0 : step) / terms::progressPerPoint; });
-constexpr auto nearHomeTerms = way::MakeByStep<double>(
-    [](int, Square from) { return terms::IsNearHome(1, from) ? terms::nearHome : 0; });
-constexpr auto leavingShelterTerms = way::MakeByStep<double>(
-    [](int, Square from) { return terms::IsShelter(1, from) ? terms::leavingShelter : 0; });
+// What is asked of the square that a move leaves.
+struct Leaving {
+    double progress;
+    double nearHome;
+    double shelter;
+    int perThreat;  // what each rival that threatens the piece would win
+};
+
+constexpr auto leavings = way::MakeByStep<Leaving>([](int step, Square from) {
+    const int progress = step > way::goalStep ? 0 : step;
+    return Leaving{progress / terms::progressPerPoint, terms::IsNearHome(1, from) ? terms::nearHome : 0,
+                   terms::IsShelter(1, from) ? terms::leavingShelter : 0, CaptureBonus + progress};
+});
+
 // The square left counts by its number, so the colours differ; it matters where the move ends in the
 // home column alone, and nobody leaves the box for that.
 constexpr PerColour<way::ByStep<std::uint8_t>> MakeComesEarly() {
     PerColour<way::ByStep<std::uint8_t>> early{};
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        for (int step = 0; step <= way::boxStep; ++step) {
+        for (int step = 0; step < Standing::StepCount; ++step) {
             const Square from = way::SquareOfStep(colour, step);
             early[colour][step] = terms::ReachesShelter(colour, from, FirstColumnSquare[colour]);
         }
@@ -87,6 +95,10 @@ constexpr std::array<way::ByStep<double>, 2> reachingShelterTerms{
 RingSet ThrowsWithSix(int six) {
     constexpr RingSet oneToFive = way::Lowest(5) << (way::ringSteps - 5);
     return oneToFive | RingSet{1} << (way::ringSteps - six);
+}
+
+unsigned BitOf(RingSet set, unsigned step) {
+    return static_cast<unsigned>(set >> (step % way::ringSteps) & 1);
 }
 
 int CountWithin(RingSet set, int shift, RingSet throws) {
@@ -113,8 +125,8 @@ Appraisal::Appraisal(const Outlook& outlook, Short level) : outlook_(outlook), l
     const RingSet preys = outlook.theirs_ & way::unsafeSteps & ~outlook.full_;
     preys_ = {preys, preys >> 32, 0};
     const RingSet oneOrTwo = preys >> 1 | preys >> 2;
-    contested_ =
-        (reached & way::unsafeSteps & ~outlook.full_) | oneOrTwo | oneOrTwo >> 2 | oneOrTwo >> 4;
+    hunting_ = oneOrTwo | oneOrTwo >> 2 | oneOrTwo >> 4;
+    threatened_ = reached & way::unsafeSteps & ~outlook.full_;
 }
 
 bool Appraisal::CanAnyWalk(int count, Short exceptPiece) const {
@@ -154,23 +166,35 @@ int Appraisal::ThreatsTo(int step) const {
     return threats;
 }
 
-double Appraisal::ContestedValueAt(int step, RingSet shelters, int perThreat) const {
-    const RingSet exposed = ~shelters & way::unsafeSteps;
-    const int threats = static_cast<int>(exposed >> (step % way::ringSteps) & 1) * ThreatsTo(step);
-    const int risk = threats * perThreat;
-    return attackValues[AttackFrom(step)] - riskValues[risk];
-}
-
-double Appraisal::ValueAt(int step, RingSet shelters, int perThreat) const {
-    const bool isContested = (contested_ >> (step % way::ringSteps) & 1) != 0;
-    return isContested ? ContestedValueAt(step, shelters, perThreat) : 0.0;
-}
-
-double Appraisal::SquareValue(Short piece, Square square) const {
-    const int step = way::stepsOf[outlook_.colour_][square];
-    const RingSet shelters =
-        step == outlook_.own_.steps[piece] ? outlook_.full_ : outlook_.full_ | outlook_.own_.pieces;
-    return ValueAt(step, shelters, CaptureBonus + progressOf[outlook_.own_.steps[piece]]);
+// Most squares are worth nothing, and which are not cannot be foreseen: those are gathered first, so
+// that no branch asks for each.
+Appraisal::Ends Appraisal::EndsOf(unsigned movable) const {
+    constexpr unsigned target = Ends::target;
+    Ends ends;
+    const RingSet threatenedTargets = threatened_ & ~outlook_.own_.pieces;
+    const unsigned count = static_cast<unsigned>(outlook_.state_.MoveCount);
+    unsigned threatened = 0, hunting = 0;
+    for (unsigned piece = 1; piece <= PiecesPerColour; ++piece) {
+        const unsigned from = outlook_.own_.steps[piece];
+        const unsigned to = (from + count) % Standing::StepCount;
+        ends.steps[piece] = static_cast<std::uint8_t>(from);
+        ends.steps[target + piece] = static_cast<std::uint8_t>(to);
+        threatened |= BitOf(threatened_, from) << piece;
+        threatened |= BitOf(threatenedTargets, to) << (target + piece);
+        hunting |= BitOf(hunting_, from) << piece | BitOf(hunting_, to) << (target + piece);
+        ends.values[piece] = ends.values[target + piece] = 0;
+    }
+    const unsigned asked = movable | movable << target;
+    for (hunting &= asked; hunting != 0; hunting &= hunting - 1) {
+        const int end = std::countr_zero(hunting);
+        ends.values[end] = attackValues[AttackFrom(ends.steps[end])];
+    }
+    for (threatened &= asked; threatened != 0; threatened &= threatened - 1) {
+        const int end = std::countr_zero(threatened);
+        const int perThreat = leavings[ends.steps[end % target]].perThreat;
+        ends.values[end] -= riskValues[ThreatsTo(ends.steps[end]) * perThreat];
+    }
+    return ends;
 }
 
 bool Appraisal::HoldsPrey(int step) const {
@@ -188,25 +212,41 @@ void Appraisal::AddExitTerms(double& score) const {
     if ((outlook_.full_ & 1) != 0) score += terms::exitWithCapture;
 }
 
-double Appraisal::ScoreOfMove(Short piece) const {
-    const int from = outlook_.own_.steps[piece];
-    const int to = from == way::boxStep ? 0 : from + outlook_.state_.MoveCount;
-    const int perThreat = CaptureBonus + progressOf[from];
-    const double gain = ValueAt(to, outlook_.full_ | outlook_.own_.pieces, perThreat) -
-                        ValueAt(from, outlook_.full_, perThreat);
+double Appraisal::ScoreOfMove(const Ends& ends, Short piece) const {
+    const int from = ends.steps[piece], to = ends.steps[Ends::target + piece];
+    const double gain = ends.values[Ends::target + piece] - ends.values[piece];
+    const Leaving& leaving = leavings[from];
     double score = gain * 10 * level_ / 100;
-    score += progressTerms[from];
+    score += leaving.progress;
     if (level_ >= terms::captureLevel && HoldsPrey(to)) score += CaptureTerm(to);
     if (level_ >= terms::arrivalLevel && to == way::goalStep && CanAnyWalk(ArrivalBonus, piece)) {
         score += terms::arrival;
     }
-    if (level_ >= terms::nearHomeLevel) score += nearHomeTerms[from];
-    if (level_ >= terms::leavingShelterLevel) score += leavingShelterTerms[from];
+    if (level_ >= terms::nearHomeLevel) score += leaving.nearHome;
+    if (level_ >= terms::leavingShelterLevel) score += leaving.shelter;
     if (level_ >= terms::reachingShelterLevel) {
         score += reachingShelterTerms[comesEarly[outlook_.colour_][from]][to];
     }
     if (level_ >= terms::exitLevel && from == way::boxStep) AddExitTerms(score);
     return score;
+}
+
+double Appraisal::ScoreOfMove(Short piece) const {
+    return ScoreOfMove(EndsOf(1U << piece), piece);
+}
+
+Short Appraisal::BestOf(unsigned movable) const {
+    const Ends ends = EndsOf(movable);
+    Short bestPiece = 0;
+    double best = worstScore;
+    for (; movable != 0; movable &= movable - 1) {
+        const Short piece = static_cast<Short>(std::countr_zero(movable));
+        const double score = ScoreOfMove(ends, piece);
+        const bool isBetter = score > best;
+        best = isBetter ? score : best;
+        bestPiece = isBetter ? piece : bestPiece;
+    }
+    return bestPiece;
 }
 
 }  // namespace zorva

@@ -4,8 +4,8 @@
 
 namespace zorva {
 
-/// The scores of the moves that the colour on turn may make, as its level of play sees them. It answers
-/// as ScoreOfMove and SquareValue do, to the last bit; they say what the answers mean.
+/// The moves of the colour on turn as its level of play sees them. It answers as ScoreOfMove and
+/// SquareValue do, to the last bit; they say what the answers mean.
 class Appraisal {
 public:
     /// `outlook` has to outlive it.
@@ -14,8 +14,9 @@ public:
     /// What ScoreOfMove says of a legal move of that piece with MoveCount squares.
     double ScoreOfMove(Short piece) const;
 
-    /// What SquareValue says of a piece and a square of its way, which may be the one it stands on.
-    double SquareValue(Short piece, Square square) const;
+    /// The piece whose legal move scores most, of those that bits 1..4 stand for, at least one; the
+    /// lowest number when several do.
+    Short BestOf(unsigned movable) const;
 
 private:
     using RingSet = Outlook::RingSet;
@@ -27,23 +28,32 @@ private:
         RingSet throws;  ///< the distances one throw can count: bit 64 - d for distance d
     };
 
+    /// Where the moves begin and end: [n] where piece n stands, [target + n] where it comes to. What
+    /// piece n has not been asked for is not told.
+    struct Ends {
+        static constexpr unsigned target = 8;
+        std::array<std::uint8_t, target + PiecesPerColour + 1> steps;
+        std::array<double, target + PiecesPerColour + 1> values;
+    };
+
     template <int Turns>
     void AddRival(RingSet& reached);
     bool CanAnyWalk(int count, Short exceptPiece) const;
     int ProgressOfPreyAt(int step) const;
     int AttackFrom(int step) const;
     int ThreatsTo(int step) const;
-    double ContestedValueAt(int step, RingSet shelters, int perThreat) const;
-    double ValueAt(int step, RingSet shelters, int perThreat) const;
+    Ends EndsOf(unsigned movable) const;
     bool HoldsPrey(int step) const;
     double CaptureTerm(int to) const;
     void AddExitTerms(double& score) const;
+    double ScoreOfMove(const Ends& ends, Short piece) const;
 
     const Outlook& outlook_;
     const Short level_;
     std::array<Rival, ColourCount> rivals_;  // [1] the colour that follows in number, to [3]
     Outlook::WaySet preys_;                  // a lone rival on an unsafe square
-    RingSet contested_;  // where a throw of a rival may capture, or with a prey ahead; elsewhere worth 0
+    RingSet hunting_;                        // a prey stands one to six squares ahead
+    RingSet threatened_;                     // one throw of a rival captures a lone piece there
 };
 
 }  // namespace zorva

@@ -16,7 +16,7 @@ struct Window {
 };
 
 constexpr auto windows = way::MakeByStep<Window>([](int step, Square) {
-    if (step == way::boxStep) return Window{2, 0};
+    if (step > way::goalStep) return Window{2, 0};
     return step < 31 ? Window{0, static_cast<std::uint8_t>(step + 1)}
                      : Window{1, static_cast<std::uint8_t>(step - 31)};
 });
@@ -59,7 +59,7 @@ Outlook::Outlook(GameState& state)
     barriers_ = WayOf(ring.pairs, own_.columnPairs, 0);
     // Out of the box one count alone is open, unless two own pieces stand on the exit.
     const std::uint64_t exitOpen = ~own_.pairs & 1;
-    closed_ = WayOf(full_, own_.columnPairs | ~Lowest(way::boxStep - way::ringSteps),
+    closed_ = WayOf(full_, own_.columnPairs | ~Lowest(way::goalStep + 1 - way::ringSteps),
                     ~(exitOpen << (ExitCount - 1)));
 }
 
@@ -81,6 +81,10 @@ unsigned Outlook::MovablePieces(int count) const {
         movable |= static_cast<unsigned>(IsMoveLegal(count, piece)) << piece;
     }
     return movable;
+}
+
+Square Outlook::DestinationOf(int count, Short piece) const {
+    return way::squares[colour_][(own_.steps[piece] + count) % Standing::StepCount];
 }
 
 }  // namespace zorva

@@ -25,6 +25,9 @@ public:
     /// The same of all four pieces: bit n stands for piece n.
     unsigned MovablePieces(int count) const;
 
+    /// What DestinationOf says of a piece that may walk so far.
+    Square DestinationOf(int count, Short piece) const;
+
 private:
     friend class Appraisal;
 

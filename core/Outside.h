@@ -120,6 +120,13 @@ public:
     void ShowChosenMove(PieceCode piece, Square from, Square to) const {
         if (watched_) watched_->ShowChosenMove(piece, from, to);
     }
+    void AddLogLine(Short moveNumber, const MoveRecord& record) const {
+        if (watched_) watched_->AddLogLine(moveNumber, record);
+    }
+    /// What nobody sees nobody wants to continue another day.
+    void PositionReached() const {
+        if (watched_) watched_->PositionReached();
+    }
     void SetScreenPointer(ScreenPointer pointer) const {
         if (watched_) watched_->SetScreenPointer(pointer);
     }

@@ -13,8 +13,6 @@
 namespace zorva {
 namespace {
 
-constexpr double worstScore = -999;
-
 bool IsRival(PieceCode code, Colour colour) {
     return code != 0 && ColourOf(code) != colour;
 }
@@ -212,19 +210,6 @@ constexpr auto MakePieceSets() {
 
 constexpr auto pieceSets = MakePieceSets();
 
-Short BestOf(unsigned movable, const Appraisal& appraisal) {
-    Short bestPiece = 0;
-    double best = worstScore;
-    for (; movable != 0; movable &= movable - 1) {
-        const Short piece = static_cast<Short>(std::countr_zero(movable));
-        const double score = appraisal.ScoreOfMove(piece);
-        const bool isBetter = score > best;
-        best = isBetter ? score : best;
-        bestPiece = isBetter ? piece : bestPiece;
-    }
-    return bestPiece;
-}
-
 void ChooseBestScore(GameState& state, const Settings& settings) {
     const Colour colour = state.CurrentColour;
     const Outlook outlook(state);
@@ -238,9 +223,9 @@ void ChooseBestScore(GameState& state, const Settings& settings) {
     // A single one is taken whatever its score.
     const bool isOnlyOne = (movable & (movable - 1)) == 0;
     state.BestPiece = isOnlyOne ? static_cast<Short>(std::countr_zero(movable))
-                                : BestOf(movable, Appraisal(outlook, settings.PlayerLevel[colour]));
+                                : Appraisal(outlook, settings.PlayerLevel[colour]).BestOf(movable);
     state.BestFrom = state.PiecePosition[colour][state.BestPiece];
-    state.BestTo = DestinationOf(colour, state.MoveCount, state.BestFrom);
+    state.BestTo = outlook.DestinationOf(state.MoveCount, state.BestPiece);
 }
 
 }  // namespace

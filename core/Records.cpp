@@ -34,11 +34,16 @@ void FillKindOfMove(MoveRecord& record, const GameState& state) {
     FillOrdinaryMove(record, state);
 }
 
+[[gnu::cold]] void MakeRoom(std::vector<MoveRecord>& records) {
+    records.resize(records.size() + recordsAtOnce);
+}
+
 // Whether the move goes on with a turn that an earlier record began; a restored game never starts
 // in front of such a record.
 bool GoesOnWithTurn(const MoveRecord& record, Short secondMovePending) {
-    return record.Count == ArrivalBonus || record.Count == CaptureBonus || record.RepeatState >= 2 ||
-           record.OnBehalf != 0 || (secondMovePending == 2 && !record.Manual);
+    const bool isBonus = (record.Count == ArrivalBonus) | (record.Count == CaptureBonus);
+    const bool isSecond = (secondMovePending == 2) & !record.Manual;
+    return isBonus | isSecond | (record.RepeatState >= 2) | (record.OnBehalf != 0);
 }
 
 const char* Abbreviation(Colour colour) {
@@ -56,12 +61,9 @@ std::string ActionText(const MoveRecord& record) {
 
 void NewMoveRecord(GameState& state) {
     state.MoveRecordCount = ToShort(state.MoveRecordCount + 1);
-    auto record = state.MoveRecords.begin() + state.MoveRecordCount;
-    if (record + 1 >= state.MoveRecords.end()) {
-        state.MoveRecords.resize(state.MoveRecords.size() + recordsAtOnce);
-        record = state.MoveRecords.begin() + state.MoveRecordCount;
-    }
-    *record = {};
+    const auto next = state.MoveRecords.begin() + state.MoveRecordCount + 1;
+    if (next >= state.MoveRecords.end()) [[unlikely]]
+        MakeRoom(state.MoveRecords);
 }
 
 void LogMove(const Table& table) {
@@ -74,7 +76,7 @@ void LogMove(const Table& table) {
     record.To = state.MoveTo;
     record.RepeatState = state.SixesInRow == 3 ? Short{0} : state.SixesInRow;
     record.TurnEnd = GoesOnWithTurn(record, state.SecondMovePending) ? No : Yes;
-    table.outside.AddLogLine(state.MoveRecordCount, record);
+    table.show.AddLogLine(state.MoveRecordCount, record);
 }
 
 std::string LogLineText(Short moveNumber, const MoveRecord& record) {

@@ -6,8 +6,8 @@
 
 namespace zorva {
 
-/// Opens the record of the next move: MoveRecordCount rises by one, and the table by 40 records
-/// whenever it is full.
+/// Opens the record of the next move, which is empty as all behind it: MoveRecordCount rises by one, and
+/// the table by 40 records whenever it is full.
 void NewMoveRecord(GameState& state);
 
 /// Fills the record of the move about to be made from the turn fields and adds its log line.

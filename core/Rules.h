@@ -4,8 +4,6 @@
 
 namespace zorva {
 
-/// The count with which a piece leaves the waiting box.
-inline constexpr Short ExitCount = 5;
 /// Squares of the extra move that a capture earns.
 inline constexpr Short CaptureBonus = 20;
 /// Squares of the extra move that a piece earns by reaching its goal.

@@ -11,8 +11,11 @@ namespace zorva {
 /// Where the four pieces of a colour stand, read off their squares once and kept until one moves.
 /// Squares are told by their step on the colour's way: 0 the exit, 63 the home entry, 71 the goal.
 struct Standing {
-    /// The step of a piece in its box: behind the goal, where no way is open and nobody asks.
-    static constexpr int InBox = 72;
+    /// Steps are kept in seven bits; whoever counts further begins again at 0.
+    static constexpr int StepCount = 128;
+
+    /// The step of a piece in its box: behind the goal, and ExitCount squares before the exit.
+    static constexpr int InBox = StepCount - ExitCount;
 
     PerPiece<std::uint8_t> steps{};
     std::uint8_t columnPairs = 0;  ///< bit n: two pieces stand on step 64 + n; the goal has room for all

@@ -235,7 +235,7 @@ bool PlayTurn(const Table& table) {
     }
     BeginTurn(table);
     if (!state.GameInProgress) return false;
-    table.outside.PositionReached();
+    table.show.PositionReached();
     if (state.ThrowNext) {
         OfferThrow(table);
         if (!state.GameInProgress) return false;

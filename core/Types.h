@@ -26,6 +26,9 @@ inline constexpr Short PiecesPerColour = 4;
 inline constexpr Square LastRingSquare = 68;
 inline constexpr Square LastSquare = 100;
 
+/// The count with which a piece leaves its waiting box.
+inline constexpr Short ExitCount = 5;
+
 /// Tables by colour and by piece are indexed 1..4; index 0 exists and is not used.
 template <typename T>
 using PerColour = std::array<T, ColourCount + 1>;

@@ -7,8 +7,8 @@
 #include "core/Standing.h"
 
 // Facts about the steps of a way, laid out for looking up: 0 is a colour's exit, 63 its home entry, 71
-// its goal, and one more stands for its box. Made by the compiler from the functions that define them.
-// Readers: Standing, Outlook and Appraisal.
+// its goal; what lies behind the goal counts as the box. Made by the compiler from the functions that
+// define them. Readers: Standing, Outlook and Appraisal.
 
 namespace zorva::way {
 
@@ -17,7 +17,7 @@ using RingSet = std::uint64_t;
 
 inline constexpr int ringSteps = 64;
 inline constexpr int goalStep = StepsToGoal;
-/// Behind the goal: from there no way is open, nothing is attacked and nothing threatens.
+/// From there no way is open, nothing is attacked and nothing threatens.
 inline constexpr int boxStep = Standing::InBox;
 /// From one colour's exit to the next one's.
 inline constexpr int quarter = LastRingSquare / ColourCount;
@@ -27,12 +27,11 @@ inline constexpr int reach = 12;
 template <typename Value>
 using BySquare = PerColour<std::array<Value, LastSquare + 1>>;
 template <typename Value>
-using ByStep = std::array<Value, boxStep + 1>;
+using ByStep = std::array<Value, Standing::StepCount>;
 
 /// The colour that follows in number so many times.
 constexpr Colour ColourAfter(Colour colour, int turns) {
-    constexpr std::array<std::int8_t, 8> colours{4, 1, 2, 3, 4, 1, 2, 3};
-    return colours[static_cast<unsigned>(colour + turns)];
+    return static_cast<Colour>(static_cast<unsigned>(colour + turns - 1) % ColourCount + 1);
 }
 
 /// The set of the colour that follows so many times, told by one's own steps; what stands beyond one's
@@ -48,14 +47,14 @@ constexpr std::uint64_t Lowest(int count) {
 }
 
 constexpr Square SquareOfStep(Colour colour, int step) {
-    return step == boxStep ? Square{0}
+    return step > goalStep ? Square{0}
                            : AdvanceSquare(ExitSquare[colour], static_cast<Short>(step), colour);
 }
 
 constexpr PerColour<ByStep<std::uint8_t>> MakeSquares() {
     PerColour<ByStep<std::uint8_t>> squares{};
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        for (int step = 0; step <= boxStep; ++step) {
+        for (int step = 0; step <= goalStep; ++step) {
             squares[colour][step] = static_cast<std::uint8_t>(SquareOfStep(colour, step));
         }
     }
@@ -65,34 +64,12 @@ constexpr PerColour<ByStep<std::uint8_t>> MakeSquares() {
 constexpr BySquare<std::uint8_t> MakeSteps() {
     BySquare<std::uint8_t> steps{};
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        for (int step = 0; step <= boxStep; ++step) {
+        steps[colour][0] = boxStep;
+        for (int step = 0; step <= goalStep; ++step) {
             steps[colour][SquareOfStep(colour, step)] = static_cast<std::uint8_t>(step);
         }
     }
     return steps;
-}
-
-// The bit of a piece in the ring set of its colour; none in the box and in the home column.
-constexpr BySquare<RingSet> MakeRingBits() {
-    BySquare<RingSet> bits{};
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        for (int step = 0; step < ringSteps; ++step) {
-            bits[colour][SquareOfStep(colour, step)] = RingSet{1} << step;
-        }
-    }
-    return bits;
-}
-
-// The same of its home column, from the first square on; the goal has room for all.
-constexpr BySquare<std::uint8_t> MakeColumnBits() {
-    BySquare<std::uint8_t> bits{};
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        for (int step = ringSteps; step < goalStep; ++step) {
-            bits[colour][SquareOfStep(colour, step)] =
-                static_cast<std::uint8_t>(1U << (step - ringSteps));
-        }
-    }
-    return bits;
 }
 
 // What is true of a square of yellow's way is true of the same step of every other: the board looks
@@ -100,7 +77,8 @@ constexpr BySquare<std::uint8_t> MakeColumnBits() {
 template <typename Value, typename Fact>
 constexpr ByStep<Value> MakeByStep(Fact fact) {
     ByStep<Value> values{};
-    for (int step = 0; step <= boxStep; ++step) values[step] = fact(step, SquareOfStep(1, step));
+    for (int step = 0; step < Standing::StepCount; ++step)
+        values[step] = fact(step, SquareOfStep(1, step));
     return values;
 }
 
@@ -114,8 +92,6 @@ constexpr RingSet MakeUnsafe() {
 
 inline constexpr auto squares = MakeSquares();
 inline constexpr auto stepsOf = MakeSteps();
-inline constexpr auto ringBits = MakeRingBits();
-inline constexpr auto columnBits = MakeColumnBits();
 inline constexpr RingSet unsafeSteps = MakeUnsafe();
 
 }  // namespace zorva::way

@@ -24,8 +24,8 @@ constexpr auto progressInterval = std::chrono::milliseconds(250);
 /// The world of one game of a match: it throws by chance and counts.
 class MatchWorld final : public SilentOutside {
 public:
-    MatchWorld(std::uint64_t seed, std::uint64_t number, MatchTotals& totals)
-        : chance_(seed, number), totals_(totals) {}
+    MatchWorld(const GameState& state, std::uint64_t seed, std::uint64_t number, MatchTotals& totals)
+        : state_(state), chance_(seed, number), totals_(totals) {}
 
     bool IsWatched() const override { return false; }
     Short RollFace() override { return chance_.Face(); }
@@ -38,7 +38,19 @@ public:
         return colours[chance_.Below(static_cast<std::uint32_t>(colours.size()))];
     }
 
-    void AddLogLine(Short, const MoveRecord& record) override {
+    /// The result is wanted; the game is told in full at that moment.
+    MessageAnswer ShowMessage(std::string_view, std::string_view, Short, MessageButtons) override {
+        return MessageAnswer::Accepted;
+    }
+    void KeepResult(const GameResult& result) override {
+        ++totals_.games;
+        ++totals_.colours[result.winner].wins;
+        totals_.colours[result.winner].points += static_cast<std::uint64_t>(result.points);
+        for (Short move = 1; move <= state_.MoveRecordCount; ++move) Count(state_.MoveRecords[move]);
+    }
+
+private:
+    void Count(const MoveRecord& record) {
         ++totals_.moves;
         const bool isCaptured = record.OnBehalf != 0;
         totals_.captures += isCaptured;
@@ -47,7 +59,7 @@ public:
         totals_.decisions += !(isCaptured | isThirdSix);
     }
 
-private:
+    const GameState& state_;
     Chance chance_;
     MatchTotals& totals_;
 };
@@ -134,16 +146,12 @@ void MatchPlayer::Play(std::uint64_t number, MatchTotals& totals) {
     GameState fresh;
     fresh.MoveRecords = std::move(state_.MoveRecords);
     state_ = std::move(fresh);
-    MatchWorld world(seed_, number, totals);
+    MatchWorld world(state_, seed_, number, totals);
     const Table table{state_, settings_, world};
     ResetGame(table);
     const Colour first = world.DrawFirst(settings_);
     PlayFrom(table, first);
-    const GameResult result = ResultOf(state_, settings_);
-    ++totals.games;
-    ++totals.winsByTurn[TurnsBetween(table, first, result.winner)];
-    ++totals.colours[result.winner].wins;
-    totals.colours[result.winner].points += static_cast<std::uint64_t>(result.points);
+    ++totals.winsByTurn[TurnsBetween(table, first, state_.CurrentColour)];
 }
 
 MatchTotals PlayMatch(const MatchPlan& plan, const std::function<void(std::uint64_t)>& progress) {

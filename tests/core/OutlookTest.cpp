@@ -68,10 +68,9 @@ private:
             const Square from = state_.PiecePosition[colour][piece];
             const bool legal = IsMoveLegal(state_, colour, count, from);
             if (outlook.IsMoveLegal(count, piece) != legal) return About("legality", piece);
-            if (!HasSameValue(appraisal, piece, from)) return About("value of the square of", piece);
             if (!legal) continue;
             const Square to = DestinationOf(colour, count, from);
-            if (!HasSameValue(appraisal, piece, to)) return About("value of the target of", piece);
+            if (outlook.DestinationOf(count, piece) != to) return About("target", piece);
             const double score = ScoreOfMove(state_, settings_, piece);
             if (!IsSameDouble(appraisal.ScoreOfMove(piece), score)) return About("score", piece);
             ++scores_;
@@ -80,12 +79,6 @@ private:
         }
         ChooseComputerMove(state_, settings_);
         return state_.BestPiece == best ? "" : About("choice", best);
-    }
-
-    bool HasSameValue(const Appraisal& appraisal, Short piece, Square square) const {
-        const Colour colour = state_.CurrentColour;
-        return IsSameDouble(appraisal.SquareValue(piece, square),
-                            SquareValue(state_, colour, CodeOf(colour, piece), square));
     }
 
     std::string About(const char* what, Short piece) const {
