@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include "app/PaintAside.h"
+
 namespace zorva {
 namespace {
 
@@ -22,14 +24,27 @@ QString PathOf(const QString& name) {
     return ":/" + (name.contains('/') ? name : "bitmaps/" + name) + ".svg";
 }
 
+// A picture may be a part of a larger one.
+bool IsInSight(const QPainter& painter, const QRectF& target) {
+    const QPaintDevice& picture = *painter.device();
+    const QRectF seen(0, 0, picture.width(), picture.height());
+    return painter.transform().mapRect(target).intersects(seen);
+}
+
+void RenderPart(QPainter& painter, QSvgRenderer& drawing, const QRectF& part, const QRect& place) {
+    painter.translate(place.topLeft());
+    painter.scale(place.width() / part.width(), place.height() / part.height());
+    painter.translate(-part.topLeft());
+    drawing.render(&painter, drawing.viewBoxF());
+}
+
+// The whole drawing when the part is null.
 QPixmap Rendered(QSvgRenderer& drawing, const QRectF& part, QSize size) {
     QPixmap picture(size);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(size.width() / part.width(), size.height() / part.height());
-    painter.translate(-part.topLeft());
-    drawing.render(&painter, drawing.viewBoxF());
+    RenderPart(painter, drawing, part.isNull() ? drawing.viewBoxF() : part, picture.rect());
     return picture;
 }
 
@@ -45,7 +60,7 @@ QSvgRenderer& Artwork::Drawing(const QString& name) {
 }
 
 QPixmap Artwork::Picture(const QString& name, QSize devicePixels) {
-    return PictureOf(name, Drawing(name).viewBoxF(), devicePixels);
+    return PictureOf(name, QRectF(), devicePixels);
 }
 
 QPixmap Artwork::PictureOf(const QString& name, const QRectF& part, QSize devicePixels) {
@@ -58,16 +73,29 @@ QPixmap Artwork::PictureOf(const QString& name, const QRectF& part, QSize device
     return picture;
 }
 
-void Artwork::Prepare(const QString& name, const QRectF& part, QSize devicePixels) {
+void Artwork::Prepare(const QString& name, QSize devicePixels) {
+    PrepareOf(name, QRectF(), devicePixels);
+}
+
+void Artwork::PrepareOf(const QString& name, const QRectF& part, QSize devicePixels) {
     const QSize size = devicePixels.expandedTo({1, 1});
-    prepared_[KeyOf(name, part, size)] = std::async(std::launch::async, [name, part, size] {
+    prepared_[KeyOf(name, part, size)] = PaintAside([name, part, size] {
         QSvgRenderer drawing(PathOf(name));
         return Rendered(drawing, part, size);
     });
 }
 
 void Artwork::Paint(QPainter& painter, const QString& name, const QRectF& target) {
+    if (!IsInSight(painter, target)) return;
     Drawing(name).render(&painter, target);
+}
+
+void Artwork::PaintPart(QPainter& painter, const QString& name, const QRectF& part, const QRect& place) {
+    if (!IsInSight(painter, place)) return;
+    painter.save();
+    painter.setClipRect(place);
+    RenderPart(painter, Drawing(name), part, place);
+    painter.restore();
 }
 
 void Artwork::ForgetPictures() {

@@ -9,6 +9,7 @@
 #include <memory>
 
 class QPainter;
+class QRect;
 class QRectF;
 class QSvgRenderer;
 
@@ -29,11 +30,14 @@ public:
     /// A part of the drawing, given in its own units, as a picture of that many device pixels.
     QPixmap PictureOf(const QString& name, const QRectF& part, QSize devicePixels);
 
-    /// Begins to render a picture in a thread of its own: PictureOf() waits for it.
-    void Prepare(const QString& name, const QRectF& part, QSize devicePixels);
+    /// Begin to render such a picture beside the window's thread; who asks for it then waits for it.
+    void Prepare(const QString& name, QSize devicePixels);
+    void PrepareOf(const QString& name, const QRectF& part, QSize devicePixels);
 
     /// Draws without keeping a picture: for what is drawn once, such as the table top.
     void Paint(QPainter& painter, const QString& name, const QRectF& target);
+    /// The same of a part of the drawing, stretched over that place and nowhere else.
+    void PaintPart(QPainter& painter, const QString& name, const QRectF& part, const QRect& place);
 
     /// Forgets all rendered pictures; the screen has another scale now.
     void ForgetPictures();

@@ -1,6 +1,7 @@
 #include "app/BoardPainter.h"
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "app/Artwork.h"
@@ -135,8 +136,9 @@ QRect BoardPainter::PulseArea(const BoardView::Pulse& pulse) const {
 
 void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
     layout_ = layout;
-    Pic_TableroVacio = emptyBoard_.PictureFor(layout, devicePixels);
-    Pic_TableroLleno = Pic_TableroVacio.copy();
+    BoardPictures pictures = emptyBoard_.PicturesFor(layout, devicePixels);
+    Pic_TableroVacio = std::move(pictures.empty);
+    Pic_TableroLleno = std::move(pictures.full);
     stamps_.clear();
 }
 

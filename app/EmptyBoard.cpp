@@ -1,9 +1,12 @@
 #include "app/EmptyBoard.h"
 
 #include <QPainter>
+#include <QThread>
 #include <algorithm>
+#include <utility>
 
 #include "app/Artwork.h"
+#include "app/PaintAside.h"
 #include "app/Palette.h"
 #include "app/PanelPainter.h"
 
@@ -15,6 +18,8 @@ constexpr double boardDrawingSide = 725;
 constexpr double boardFrame = 16;
 constexpr double shadowAround = 32;
 constexpr double boardCell = 33;
+
+constexpr int mostBands = 4;  // each reads the drawings anew
 
 QRectF BoardWithFrame(const Layout& layout) {
     const double unit = layout.Cell / boardCell * layout.Unit;
@@ -37,57 +42,73 @@ void PaintShadow(QPainter& painter, Artwork& artwork, const QRectF& board) {
     artwork.Paint(painter, "board_shadow", board.adjusted(-around, -around, around, around));
 }
 
-/// Everything but the board, of which only the frame's edge is left out: it is not quite square.
-QPixmap PaintTable(const Layout& layout, QSize devicePixels, const QRectF& board) {
-    QPixmap table(devicePixels);
-    // Where two planks meet between pixels, a little of what lies below shows through.
-    table.fill(palette::DarkWood);
+void PaintAll(QPainter& painter, const Layout& layout, const QRect& screen) {
     Artwork artwork;
-    QPainter painter(&table);
     painter.setRenderHint(QPainter::Antialiasing);
+    // Where two planks meet between pixels, a little of what lies below shows through.
+    painter.fillRect(screen, palette::DarkWood);
+    // Below the board nothing is painted, but for the frame's edge: it is not quite square.
+    const QRectF board = BoardWithFrame(layout);
     const double edge = boardFrame / 2 * board.width() / boardDrawingSide;
     const QRect hidden = board.adjusted(edge, edge, -edge, -edge).toAlignedRect();
-    painter.setClipRegion(QRegion(table.rect()) - hidden);
-    PaintTableTop(painter, artwork, table.rect());
+    painter.setClipRegion(QRegion(screen) - hidden);
+    PaintTableTop(painter, artwork, screen);
     PaintShadow(painter, artwork, board);
     painter.setClipping(false);
     PaintInstrumentPanel(painter, artwork, layout);
-    return table;
+    artwork.Paint(painter, "board", board);
 }
 
-/// The board on nothing, `area` being the part of the screen it is for.
-QPixmap PaintBoard(const QRectF& board, const QRect& area) {
-    QPixmap picture(area.size());
-    picture.fill(Qt::transparent);
-    Artwork artwork;
+// Some lines of a picture that others paint on beside them.
+struct Band {
+    uchar* bytes;
+    qsizetype bytesPerLine;
+    int width, first, count;
+
+    QImage Image() const { return {bytes, width, count, bytesPerLine, QImage::Format_RGB32}; }
+};
+
+Band LinesOf(QImage& picture, int first, int count) {
+    return {picture.scanLine(first), picture.bytesPerLine(), picture.width(), first, count};
+}
+
+void PaintBand(const Layout& layout, QSize devicePixels, const Band& empty, const Band& full) {
+    QImage picture = empty.Image();
     QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    artwork.Paint(painter, "board", board.translated(-area.topLeft()));
-    return picture;
+    painter.translate(0, -empty.first);
+    PaintAll(painter, layout, {QPoint(), devicePixels});
+    painter.end();
+    std::copy_n(empty.bytes, empty.bytesPerLine * empty.count, full.bytes);
 }
 
 }  // namespace
 
-// The two parts take about as long as each other and are painted side by side.
-QPixmap PaintEmptyBoard(const Layout& layout, QSize devicePixels) {
-    const QRectF board = BoardWithFrame(layout);
-    const QRect area = board.toAlignedRect() & QRect(QPoint(), devicePixels);
-    std::future<QPixmap> upper = std::async(std::launch::async, PaintBoard, board, area);
-    QPixmap picture = PaintTable(layout, devicePixels, board);
-    QPainter painter(&picture);
-    painter.drawPixmap(area.topLeft(), upper.get());
-    return picture;
+EmptyBoard::~EmptyBoard() {
+    WaitForBands();
+}
+
+void EmptyBoard::WaitForBands() {
+    for (const std::future<void>& band : bands_) band.wait();
+    bands_.clear();
 }
 
 void EmptyBoard::Prepare(const Layout& layout, QSize devicePixels) {
-    preparedSize_ = devicePixels;
-    prepared_ = std::async(std::launch::async, PaintEmptyBoard, layout, devicePixels);
+    WaitForBands();
+    empty_ = QImage(devicePixels, QImage::Format_RGB32);
+    full_ = QImage(devicePixels, QImage::Format_RGB32);
+    const int bands = std::clamp(QThread::idealThreadCount(), 1, mostBands);
+    for (int band = 0; band < bands; ++band) {
+        const int first = empty_.height() * band / bands;
+        const int count = empty_.height() * (band + 1) / bands - first;
+        const Band below = LinesOf(empty_, first, count), above = LinesOf(full_, first, count);
+        bands_.push_back(PaintAside([=] { PaintBand(layout, devicePixels, below, above); }));
+    }
 }
 
-QPixmap EmptyBoard::PictureFor(const Layout& layout, QSize devicePixels) {
-    if (!prepared_.valid()) return PaintEmptyBoard(layout, devicePixels);
-    const QPixmap prepared = prepared_.get();
-    return preparedSize_ == devicePixels ? prepared : PaintEmptyBoard(layout, devicePixels);
+BoardPictures EmptyBoard::PicturesFor(const Layout& layout, QSize devicePixels) {
+    if (empty_.size() != devicePixels) Prepare(layout, devicePixels);
+    WaitForBands();
+    return {QPixmap::fromImage(std::exchange(empty_, {})), QPixmap::fromImage(std::exchange(full_, {}))};
 }
 
 }  // namespace zorva

@@ -1,29 +1,42 @@
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 #include <QSize>
 #include <future>
+#include <vector>
 
 #include "app/Layout.h"
 
 namespace zorva {
 
-/// What lies below everything that changes, as a picture of that many device pixels: the table, the
-/// empty board and the panel with the recorder. It is the program's largest drawing (a tenth of a
-/// second of one processor at 1920x1080) and may be made in a thread of its own.
-QPixmap PaintEmptyBoard(const Layout& layout, QSize devicePixels);
+/// What lies below everything that changes, as a picture of the whole window: the table, the empty
+/// board and the panel with the recorder.
+struct BoardPictures {
+    QPixmap empty;
+    QPixmap full;  ///< the same once more, to paint on
+};
 
-/// The empty board for the screen the program starts on, made beside the rest of the start.
+/// Makes them: the program's largest drawing, a tenth of a second of one processor at 1920x1080. It is
+/// painted in bands side by side, for the screen the program starts on beside the rest of the start.
 class EmptyBoard {
 public:
+    EmptyBoard() = default;
+    ~EmptyBoard();
+    EmptyBoard(const EmptyBoard&) = delete;
+    EmptyBoard& operator=(const EmptyBoard&) = delete;
+
     /// Begins to paint it.
     void Prepare(const Layout& layout, QSize devicePixels);
-    /// The picture for a screen: the prepared one when it is of that size, else painted now.
-    QPixmap PictureFor(const Layout& layout, QSize devicePixels);
+    /// The pictures for a window of that many device pixels: the prepared ones when they are of that
+    /// size, else painted now.
+    BoardPictures PicturesFor(const Layout& layout, QSize devicePixels);
 
 private:
-    std::future<QPixmap> prepared_;
-    QSize preparedSize_;
+    void WaitForBands();
+
+    QImage empty_, full_;                   // painted on by the bands
+    std::vector<std::future<void>> bands_;  // while they are under way
 };
 
 }  // namespace zorva

@@ -34,6 +34,18 @@ void MenuButton::ShowPressed(bool pressed) {
     repaint();
 }
 
+QString MenuButton::PictureName() const {
+    return QStringLiteral("button_%1%2").arg(index_).arg(pressed_ ? "_pressed" : "");
+}
+
+QSize MenuButton::PictureSize() const {
+    return (QSizeF(size()) * services_.devicePixelRatio).toSize();
+}
+
+void MenuButton::PreparePicture() {
+    services_.artwork.Prepare(PictureName(), PictureSize());
+}
+
 void MenuButton::ShowGlow(bool glows) {
     glows_ = glows;
     update();
@@ -48,10 +60,8 @@ void MenuButton::paintEvent(QPaintEvent*) {
         const double radius = services_.ToToolkit(10);
         painter.drawRoundedRect(rect(), radius, radius);
     }
-    const double ratio = services_.devicePixelRatio;
-    const QString name = QStringLiteral("button_%1%2").arg(index_).arg(pressed_ ? "_pressed" : "");
-    QPixmap picture = services_.artwork.Picture(name, (QSizeF(size()) * ratio).toSize());
-    picture.setDevicePixelRatio(ratio);
+    QPixmap picture = services_.artwork.Picture(PictureName(), PictureSize());
+    picture.setDevicePixelRatio(services_.devicePixelRatio);
     painter.drawPixmap(QPointF(), picture);
 }
 
@@ -70,6 +80,10 @@ MenuButtons::MenuButtons(QWidget* window, const Services& services,
         buttons_[index] = new MenuButton(panel, services, index);
         buttons_[index]->Pressed = [chosen, index] { chosen(index); };
     }
+}
+
+void MenuButtons::PreparePictures() {
+    for (MenuButton* button : buttons_) button->PreparePicture();
 }
 
 void MenuButtons::Explain(bool explains) {

@@ -16,6 +16,8 @@ public:
     /// Called when the button is pressed.
     std::function<void()> Pressed;
 
+    /// Begins to draw it as it is now, for a window that will open.
+    void PreparePicture();
     /// Draws the button pressed or not, at once.
     void ShowPressed(bool pressed);
     /// Lets the button glow, or stops it.
@@ -29,6 +31,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    QString PictureName() const;
+    QSize PictureSize() const;
+
     const Services& services_;
     int index_;
     bool pressed_ = false;
@@ -43,6 +48,9 @@ public:
     MenuButtons(QWidget* window, const Services& services, const std::function<void(int index)>& chosen);
 
     MenuButton& Button(int index) { return *buttons_[index]; }
+
+    /// Begins to draw them, for a window that will open.
+    void PreparePictures();
 
     /// Shows the button's explanation when the pointer rests on it, or does not.
     void Explain(bool explains);

@@ -67,6 +67,8 @@ void Mesa::PlaceControls() {
 }
 
 void Mesa::AdoptScreen(QSize device, double ratio) {
+    if (device == adopted_ && ratio == services_.devicePixelRatio) return;
+    adopted_ = device;
     services_.devicePixelRatio = ratio;
     services_.layout = LayoutFor(device.width(), device.height());
     artwork_.ForgetPictures();
@@ -80,6 +82,13 @@ void Mesa::PrepareFor(const QScreen& screen) {
     const QSize device = (QSizeF(screen.size()) * screen.devicePixelRatio()).toSize();
     AdoptScreen(device, screen.devicePixelRatio());
     scene_->Prepare(services_.layout, device);
+}
+
+void Mesa::PrepareControls() {
+    PlaceControls();
+    buttons_->PreparePictures();
+    strip_->PreparePicture();
+    PrepareTypefaces();
 }
 
 void Mesa::resizeEvent(QResizeEvent*) {

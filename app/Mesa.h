@@ -22,13 +22,17 @@ class RecorderStrip;
 /// The board window. It shows the board, the menu, the recorder and the log over the whole screen
 /// and hands on what the mouse and the keyboard do; it knows no rules.
 class Mesa : public QWidget {
-    Q_OBJECT  // screen readers' interface is found by the class's name
+    // Screen readers' interface is found by the class's name.
+    Q_OBJECT
 
-        public : Mesa(const GameState& state, const Settings& settings);
+public:
+    Mesa(const GameState& state, const Settings& settings);
     ~Mesa() override;
 
     /// Makes the window ready for that screen before it is shown: other windows may open first.
     void PrepareFor(const QScreen& screen);
+    /// Begins to draw what lies beside the board, shortly before the window is shown.
+    void PrepareControls();
 
     const GameState& State() const { return state_; }
     const Settings& CurrentSettings() const { return settings_; }
@@ -91,6 +95,7 @@ private:
     const GameState& state_;
     const Settings& settings_;
     QString news_;
+    QSize adopted_;  // device pixels of the window that all pictures are for
     Artwork artwork_;
     Pointers pointers_{artwork_};
     Pacer pacer_;

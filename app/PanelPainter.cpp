@@ -48,8 +48,8 @@ void PaintStretched(QPainter& painter, Artwork& artwork, const QString& name, co
             const QSize size(x[column + 1] - x[column], y[row + 1] - y[row]);
             const QRectF part(from[column], from[row], from[column + 1] - from[column],
                               from[row + 1] - from[row]);
-            if (!size.isEmpty())
-                painter.drawPixmap(x[column], y[row], artwork.PictureOf(name, part, size));
+            const QRect place(QPoint(x[column], y[row]), size);
+            if (!place.isEmpty()) artwork.PaintPart(painter, name, part, place);
         }
     }
 }

@@ -117,6 +117,7 @@ void Program::Start() {
 }
 
 void Program::OpenBoard() {
+    mesa_.PrepareControls();
     LoadGame();
     mesa_.showFullScreen();
     QTimer::singleShot(iconMilliseconds, &mesa_, [] { QApplication::setWindowIcon(ProgramIcon()); });

@@ -23,6 +23,7 @@ struct KeyPlace {
     Short pictureWidth;
 };
 constexpr Short keyHeight = 13;
+const char* const drawing = "recorder";
 
 constexpr KeyPlace places[RecorderKeyCount] = {
     {" Encender/Apagar mando ", 6, 6, 38, 42}, {" Retroceder 1 jugada ", 4, 25, 21, 21},
@@ -32,6 +33,10 @@ constexpr KeyPlace places[RecorderKeyCount] = {
 
 const KeyPlace& PlaceOf(RecorderKey key) {
     return places[static_cast<int>(key)];
+}
+
+QRectF HalfFrom(int left) {
+    return QRectF(left, 0, stripWidth, stripHeight);
 }
 
 // Both ends of a key's area belong to it; where two touch, the first has it.
@@ -86,6 +91,14 @@ Box RecorderStrip::KeyBox(RecorderKey key) {
     return {place.x, place.y, place.clickWidth, keyHeight};
 }
 
+QSize RecorderStrip::PictureSize() const {
+    return (QSizeF(size()) * services_.devicePixelRatio).toSize();
+}
+
+void RecorderStrip::PreparePicture() {
+    services_.artwork.PrepareOf(drawing, HalfFrom(0), PictureSize());
+}
+
 void RecorderStrip::ShowPressed(RecorderKey key, bool pressed) {
     pressed_[static_cast<int>(key)] = pressed;
     repaint();
@@ -99,11 +112,11 @@ void RecorderStrip::Explain(bool explains) {
 void RecorderStrip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const double ratio = services_.devicePixelRatio;
-    const QSize device = (QSizeF(size()) * ratio).toSize();
+    const QSize device = PictureSize();
     const double unit = device.width() / static_cast<double>(stripWidth);
     painter.scale(1 / ratio, 1 / ratio);
     const auto sheet = [&](int left) {
-        return services_.artwork.PictureOf("recorder", QRectF(left, 0, stripWidth, stripHeight), device);
+        return services_.artwork.PictureOf(drawing, HalfFrom(left), device);
     };
     painter.drawPixmap(0, 0, sheet(0));
     for (int index = 0; index < RecorderKeyCount; ++index) {

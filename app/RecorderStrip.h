@@ -24,6 +24,9 @@ public:
     /// Whether a key does something now: over such a key the pointer is a hand.
     std::function<bool(RecorderKey key)> IsLive;
 
+    /// Begins to draw the strip, for a window that will open.
+    void PreparePicture();
+
     /// Draws a key pressed or at rest, at once.
     void ShowPressed(RecorderKey key, bool pressed);
     /// Shows the keys' explanations when the pointer rests on them, or does not.
@@ -51,6 +54,7 @@ private:
     };
 
     Point StripPoint(QPointF position) const;
+    QSize PictureSize() const;
 
     const Services& services_;
     std::array<Stop*, RecorderKeyCount> stops_{};  // owned by the strip

@@ -1,7 +1,6 @@
 #include "app/Typeface.h"
 
-#include <QStringList>
-
+#include <QFontMetricsF>
 #include <QStringList>
 
 namespace zorva {
@@ -25,6 +24,12 @@ QFont TextFont(double pixelSize, QFont::Weight weight) {
 
 QFont ColumnFont(double pixelSize) {
     return Sized(QStringList{"DejaVu Sans Mono", "Monospace"}, pixelSize);
+}
+
+void PrepareTypefaces() {
+    for (const QFont& font : {TextFont(15), TextFont(15, QFont::DemiBold), ColumnFont(12)}) {
+        QFontMetricsF(font).horizontalAdvance('M');
+    }
 }
 
 }  // namespace zorva

@@ -10,4 +10,7 @@ QFont TextFont(double pixelSize, QFont::Weight weight = QFont::Normal);
 /// Letters of equal width, for the columns of the move log.
 QFont ColumnFont(double pixelSize);
 
+/// Looks for them, which takes a hundredth of a second at the first text.
+void PrepareTypefaces();
+
 }  // namespace zorva

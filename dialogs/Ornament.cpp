@@ -36,7 +36,7 @@ QPixmap PanelWood(QSizeF size, const Services& services) {
 }
 
 void PreparePanelWood(QSizeF size, const Services& services) {
-    services.artwork.Prepare("surface", PieceOfTable(size), DevicePixels(size, services));
+    services.artwork.PrepareOf("surface", PieceOfTable(size), DevicePixels(size, services));
 }
 
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) {

@@ -80,7 +80,7 @@ void careta::DrawTitle() {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(QPointF(), Ground());
     // The first picture shows the wood alone, and the title is drawn after it.
-    if (!logo_ && clock_.isValid()) logo_.emplace(TheServices());
+    if (!logo_ && clock_.isValid() && !scroll_.IsOver()) logo_.emplace(TheServices());
     if (logo_) logo_->Draw(painter, scroll_.Position(), TheServices());
     wasPainted_ = true;
 }
