@@ -4,6 +4,7 @@
 
 #include "app/PiecePlaces.h"
 #include "core/Board.h"
+#include "core/Rules.h"
 
 namespace zorva {
 namespace {
@@ -226,10 +227,8 @@ void BoardScene::RepaintPiece(PieceCode piece) {
 // Where a move ends: on the piece that it captures, else where there is room.
 QPointF BoardScene::EndOf(const BoardView::ShownMove& move) const {
     if (move.to == 0) return {};
-    const auto& occupants = state_.SquareOccupants[move.to];
-    const bool captures = occupants[1] != 0 && occupants[2] == 0 && move.to <= LastRingSquare &&
-                          !IsSafeSquare(move.to) && ColourOf(occupants[1]) != ColourOf(move.piece);
-    return captures ? PlaceOf(occupants[1]) : PlaceOnStep(move.piece, move.to);
+    const PieceCode prey = PreyOn(state_, ColourOf(move.piece), move.to);
+    return prey != 0 ? PlaceOf(prey) : PlaceOnStep(move.piece, move.to);
 }
 
 void BoardScene::ShowMove(const BoardView::ShownMove& move) {

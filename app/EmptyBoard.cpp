@@ -96,6 +96,7 @@ void EmptyBoard::Prepare(const Layout& layout, QSize devicePixels) {
     WaitForBands();
     empty_ = QImage(devicePixels, QImage::Format_RGB32);
     full_ = QImage(devicePixels, QImage::Format_RGB32);
+    if (full_.isNull()) return;  // no memory for a screen of that size
     const int bands = std::clamp(QThread::idealThreadCount(), 1, mostBands);
     for (int band = 0; band < bands; ++band) {
         const int first = empty_.height() * band / bands;

@@ -109,9 +109,9 @@ double ProgressTerm(const Candidate& move) {
 }
 
 double CaptureTerm(const Candidate& move) {
-    if (move.level < terms::captureLevel || IsSafeSquare(move.to)) return 0;
-    const PieceCode victim = move.state.SquareOccupants[move.to][1];
-    if (!IsRival(victim, move.colour)) return 0;
+    if (move.level < terms::captureLevel) return 0;
+    const PieceCode victim = PreyOn(move.state, move.colour, move.to);
+    if (victim == 0) return 0;
     // The bonus may be walked by the capturing piece too, from where it stands now.
     const int factor = CanAnyWalk(move, CaptureBonus, 0) ? terms::withBonus : terms::withoutBonus;
     return ProgressOf(move.state, victim) / terms::capturePerPoint * factor;

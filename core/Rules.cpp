@@ -40,6 +40,12 @@ Square DestinationOf(Colour colour, Short steps, Square square) {
     return square == 0 ? ExitSquare[colour] : AdvanceSquare(square, steps, colour);
 }
 
+PieceCode PreyOn(const GameState& state, Colour colour, Square square) {
+    const auto& occupants = state.SquareOccupants[square];
+    const bool isOpen = square <= LastRingSquare && !IsSafeSquare(square) && occupants[2] == 0;
+    return isOpen && ColourOf(occupants[1]) != colour ? occupants[1] : PieceCode{0};
+}
+
 Capture CaptureOn(const GameState& state, Colour colour, Square square) {
     const auto& occupants = state.SquareOccupants[square];
     if (occupants[2] == 0) return {};  // the newcomer is alone

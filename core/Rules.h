@@ -22,6 +22,10 @@ inline bool IsBarrier(const GameState& state, Square square) {
 /// Where a move of `steps` squares from `square` ends: out of the box it is the exit square.
 Square DestinationOf(Colour colour, Short steps, Square square);
 
+/// The piece that a piece of `colour` would capture by walking to `square`: a lone rival where none is
+/// safe; 0 when there is none.
+PieceCode PreyOn(const GameState& state, Colour colour, Square square);
+
 /// What landing on a square did.
 struct Capture {
     Short report = 0;      ///< 0 nothing, 1 ordinary capture, 2 capture on one's own exit square
