@@ -46,17 +46,22 @@ public:
         ++totals_.games;
         ++totals_.colours[result.winner].wins;
         totals_.colours[result.winner].points += static_cast<std::uint64_t>(result.points);
-        for (Short move = 1; move <= state_.MoveRecordCount; ++move) Count(state_.MoveRecords[move]);
+        CountMoves();
     }
 
 private:
-    void Count(const MoveRecord& record) {
-        ++totals_.moves;
-        const bool isCaptured = record.OnBehalf != 0;
-        totals_.captures += isCaptured;
-        // The way home after a third six is nobody's decision either.
-        const bool isThirdSix = (record.Die == 6) & (record.RepeatState == 0);
-        totals_.decisions += !(isCaptured | isThirdSix);
+    void CountMoves() {
+        std::uint64_t captures = 0, thirdSixes = 0;
+        for (Short move = 1; move <= state_.MoveRecordCount; ++move) {
+            const MoveRecord& record = state_.MoveRecords[move];
+            captures += record.OnBehalf != 0;
+            thirdSixes += (record.Die == 6) & (record.RepeatState == 0);
+        }
+        const auto moves = static_cast<std::uint64_t>(state_.MoveRecordCount);
+        totals_.moves += moves;
+        totals_.captures += captures;
+        // The way home of a piece is nobody's decision, whether it was captured or a third six sent it.
+        totals_.decisions += moves - captures - thirdSixes;
     }
 
     const GameState& state_;
