@@ -24,7 +24,7 @@ QString PathOf(const QString& name) {
     return ":/" + (name.contains('/') ? name : "bitmaps/" + name) + ".svg";
 }
 
-// A picture may be a part of a larger one.
+// The painter may paint a part of a larger picture: what lies outside it is not drawn.
 bool IsInSight(const QPainter& painter, const QRectF& target) {
     const QPaintDevice& picture = *painter.device();
     const QRectF seen(0, 0, picture.width(), picture.height());
@@ -79,7 +79,9 @@ void Artwork::Prepare(const QString& name, QSize devicePixels) {
 
 void Artwork::PrepareOf(const QString& name, const QRectF& part, QSize devicePixels) {
     const QSize size = devicePixels.expandedTo({1, 1});
-    prepared_[KeyOf(name, part, size)] = PaintAside([name, part, size] {
+    const QString key = KeyOf(name, part, size);
+    if (pictures_.contains(key)) return;
+    prepared_[key] = PaintAside([name, part, size] {
         QSvgRenderer drawing(PathOf(name));
         return Rendered(drawing, part, size);
     });

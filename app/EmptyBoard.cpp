@@ -96,13 +96,16 @@ void EmptyBoard::Prepare(const Layout& layout, QSize devicePixels) {
     WaitForBands();
     empty_ = QImage(devicePixels, QImage::Format_RGB32);
     full_ = QImage(devicePixels, QImage::Format_RGB32);
-    if (full_.isNull()) return;  // no memory for a screen of that size
-    const int bands = std::clamp(QThread::idealThreadCount(), 1, mostBands);
+    if (empty_.isNull() || full_.isNull()) {  // no memory for a screen of that size
+        empty_ = full_ = {};
+        return;
+    }
+    const int bands = std::clamp(QThread::idealThreadCount(), 1, std::min(mostBands, empty_.height()));
     for (int band = 0; band < bands; ++band) {
         const int first = empty_.height() * band / bands;
         const int count = empty_.height() * (band + 1) / bands - first;
-        const Band below = LinesOf(empty_, first, count), above = LinesOf(full_, first, count);
-        bands_.push_back(PaintAside([=] { PaintBand(layout, devicePixels, below, above); }));
+        const Band empty = LinesOf(empty_, first, count), full = LinesOf(full_, first, count);
+        bands_.push_back(PaintAside([=] { PaintBand(layout, devicePixels, empty, full); }));
     }
 }
 

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QThreadPool>
 #include <QTimer>
 #include <cstdlib>
 
@@ -41,5 +42,8 @@ int main(int argc, char** argv) {
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&program] { program.SaveNow(); });
     QTimer::singleShot(0, &program.Window(), [&program] { program.Start(); });
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    // A picture that nobody waits for any more must not be painted while the toolkit ends.
+    QThreadPool::globalInstance()->waitForDone();
+    return status;
 }

@@ -231,10 +231,6 @@ double Appraisal::ScoreOfMove(const Ends& ends, Short piece) const {
     return score;
 }
 
-double Appraisal::ScoreOfMove(Short piece) const {
-    return ScoreOfMove(EndsOf(1U << piece), piece);
-}
-
 Short Appraisal::BestOf(unsigned movable) const {
     const Ends ends = EndsOf(movable);
     Short bestPiece = 0;

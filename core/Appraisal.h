@@ -4,15 +4,26 @@
 
 namespace zorva {
 
-/// The moves of the colour on turn as its level of play sees them. It answers as ScoreOfMove and
-/// SquareValue do, to the last bit; they say what the answers mean.
+/// The moves of the colour on turn as its level of play sees them. It answers as ScoreOfMove does, to
+/// the last bit, which says what the answers mean.
 class Appraisal {
 public:
     /// `outlook` has to outlive it.
     Appraisal(const Outlook& outlook, Short level);
 
-    /// What ScoreOfMove says of a legal move of that piece with MoveCount squares.
-    double ScoreOfMove(Short piece) const;
+    /// Both ends of the moves with MoveCount squares: [n] where piece n stands, [target + n] where it
+    /// comes to. The values are those of the pieces asked for; elements of no piece are not set.
+    struct Ends {
+        static constexpr unsigned target = 8;
+        std::array<std::uint8_t, target + PiecesPerColour + 1> steps;
+        std::array<double, target + PiecesPerColour + 1> values;
+    };
+
+    /// The ends of the legal moves of some pieces, told by bits 1..4.
+    Ends EndsOf(unsigned movable) const;
+
+    /// What ScoreOfMove says of the move of one of them.
+    double ScoreOfMove(const Ends& ends, Short piece) const;
 
     /// The piece whose legal move scores most, of those that bits 1..4 stand for, at least one; the
     /// lowest number when several do.
@@ -28,25 +39,15 @@ private:
         RingSet throws;  ///< the distances one throw can count: bit 64 - d for distance d
     };
 
-    /// Where the moves begin and end: [n] where piece n stands, [target + n] where it comes to. What
-    /// piece n has not been asked for is not told.
-    struct Ends {
-        static constexpr unsigned target = 8;
-        std::array<std::uint8_t, target + PiecesPerColour + 1> steps;
-        std::array<double, target + PiecesPerColour + 1> values;
-    };
-
     template <int Turns>
     void AddRival(RingSet& reached);
     bool CanAnyWalk(int count, Short exceptPiece) const;
     int ProgressOfPreyAt(int step) const;
     int AttackFrom(int step) const;
     int ThreatsTo(int step) const;
-    Ends EndsOf(unsigned movable) const;
     bool HoldsPrey(int step) const;
     double CaptureTerm(int to) const;
     void AddExitTerms(double& score) const;
-    double ScoreOfMove(const Ends& ends, Short piece) const;
 
     const Outlook& outlook_;
     const Short level_;

@@ -33,6 +33,10 @@ public:
     /// out: the faces that roll by before a throw, and the squares that a walk passes.
     virtual bool IsWatched() const { return true; }
 
+    /// Whether anybody follows the game move by move. When nobody does, its log lines and the positions
+    /// it reaches are not told; its result always is.
+    virtual bool IsFollowed() const { return true; }
+
     // Time.
     /// Runs the handlers that are due and returns at once.
     virtual void YieldToEvents() = 0;
@@ -67,7 +71,7 @@ public:
     // The move log.
     /// Empties the log and writes its heading.
     virtual void BeginLog(std::string_view heading) = 0;
-    /// Adds the line of a move whose record has just been filled.
+    /// Adds the line of a move whose record has just been filled; for those who follow the game.
     virtual void AddLogLine(Short moveNumber, const MoveRecord& record) = 0;
     /// Selects a line, 0 being the heading and n the line of move n; -1 selects none.
     virtual void SelectLogLine(Short line) = 0;
@@ -78,17 +82,20 @@ public:
     /// Shows a message of lineCount lines and returns when it was answered.
     virtual MessageAnswer ShowMessage(std::string_view title, std::string_view text, Short lineCount,
                                       MessageButtons buttons) = 0;
-    /// The turn is chosen and nothing is thrown or moved yet: the game is whole and can be kept.
+    /// The turn is chosen and nothing is thrown or moved yet: the game is whole and can be kept. For
+    /// those who follow the game.
     virtual void PositionReached() = 0;
     /// A game has ended and the players want it in the history.
     virtual void KeepResult(const GameResult& result) = 0;
 };
 
-/// What of the world is only there to be seen and heard. A game that nobody watches asks for none of it:
-/// thousands of them are played a second.
+/// What of the world is only there for those who see, hear or follow a game. A game that nobody watches
+/// asks for none of it: thousands of them are played a second.
 class Show {
 public:
-    explicit Show(Outside& outside) : watched_(outside.IsWatched() ? &outside : nullptr) {}
+    explicit Show(Outside& outside)
+        : watched_(outside.IsWatched() ? &outside : nullptr),
+          followed_(outside.IsFollowed() ? &outside : nullptr) {}
 
     bool IsWatched() const { return watched_ != nullptr; }
 
@@ -121,11 +128,10 @@ public:
         if (watched_) watched_->ShowChosenMove(piece, from, to);
     }
     void AddLogLine(Short moveNumber, const MoveRecord& record) const {
-        if (watched_) watched_->AddLogLine(moveNumber, record);
+        if (followed_) followed_->AddLogLine(moveNumber, record);
     }
-    /// What nobody sees nobody wants to continue another day.
     void PositionReached() const {
-        if (watched_) watched_->PositionReached();
+        if (followed_) followed_->PositionReached();
     }
     void SetScreenPointer(ScreenPointer pointer) const {
         if (watched_) watched_->SetScreenPointer(pointer);
@@ -138,6 +144,7 @@ public:
 
 private:
     Outside* watched_;
+    Outside* followed_;
 };
 
 /// A game on the table: its value, the players' settings and the world around it. Handed from

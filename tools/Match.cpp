@@ -28,6 +28,7 @@ public:
         : state_(state), chance_(seed, number), totals_(totals) {}
 
     bool IsWatched() const override { return false; }
+    bool IsFollowed() const override { return false; }
     Short RollFace() override { return chance_.Face(); }
 
     Colour DrawFirst(const Settings& settings) {
@@ -155,7 +156,9 @@ void MatchPlayer::Play(std::uint64_t number, MatchTotals& totals) {
     const Table table{state_, settings_, world};
     ResetGame(table);
     const Colour first = world.DrawFirst(settings_);
+    const std::uint64_t before = totals.games;
     PlayFrom(table, first);
+    if (totals.games == before) return;  // it was too long to be finished
     ++totals.winsByTurn[TurnsBetween(table, first, state_.CurrentColour)];
 }
 
