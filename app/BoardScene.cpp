@@ -114,7 +114,9 @@ void BoardScene::StartStep(PieceCode piece, Square from, Square to) {
     if (to == 0) StartPulse(start, 1.1 * layout_.Cell);
     view_.counted = from == 0 || to == 0 ? Short{0} : ToShort(view_.counted + 1);
     // The dot that was reached is gone; it may show beside the piece.
-    if (view_.counted != 0) Repaint(painter_.PieceArea(AsPointF(layout_.SquarePosition(from))));
+    if (view_.counted != 0) {
+        Repaint(painter_.PieceArea(AsPointF(layout_.SquarePosition(from))) | AreaOf(piece));
+    }
 }
 
 void BoardScene::ShowStep(double progress) {

@@ -191,6 +191,7 @@ public:
     void LiftPiece(PieceCode piece, Square) override { board_.scene.Lift(piece); }
     void StepPiece(PieceCode piece, Square from, Square to) override {
         board_.scene.StartStep(piece, from, to);
+        if (chance_.Below(30) == 0) Look("the beginning of a step");
     }
     void StepDelay(Short) override { Glide(); }
     void Pause(Short) override { Glide(); }
