@@ -97,6 +97,7 @@ RingSet ThrowsWithSix(int six) {
     return oneToFive | RingSet{1} << (way::ringSteps - six);
 }
 
+// Beyond the ring it speaks of some other step: nothing is attacked from there and nothing threatens.
 unsigned BitOf(RingSet set, unsigned step) {
     return static_cast<unsigned>(set >> (step % way::ringSteps) & 1);
 }
@@ -192,7 +193,8 @@ Appraisal::Ends Appraisal::EndsOf(unsigned movable) const {
     for (threatened &= asked; threatened != 0; threatened &= threatened - 1) {
         const int end = std::countr_zero(threatened);
         const int perThreat = leavings[ends.steps[end % target]].perThreat;
-        ends.values[end] -= riskValues[ThreatsTo(ends.steps[end]) * perThreat];
+        const int risk = ThreatsTo(ends.steps[end]) * perThreat;
+        ends.values[end] -= riskValues[risk];
     }
     return ends;
 }
