@@ -18,8 +18,7 @@ auto PaintAside(Paint paint) -> std::future<decltype(paint())> {
     auto result = task->get_future();
     QThreadPool* pool = QThreadPool::globalInstance();
     pool->start([task, pool] {
-        // What the window paints meanwhile needs the pool too, and one painting may wait for another:
-        // none of them takes a place from the rest.
+        // What the window paints meanwhile needs the pool too: no painting takes a place from it.
         pool->releaseThread();
         (*task)();
         pool->reserveThread();

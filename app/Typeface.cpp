@@ -27,7 +27,8 @@ QFont ColumnFont(double pixelSize) {
 }
 
 void PrepareTypefaces() {
-    for (const QFont& font : {TextFont(15), TextFont(15, QFont::DemiBold), ColumnFont(12)}) {
+    for (const QFont& font :
+         {TextFont(15, QFont::DemiBold), TextFont(12, QFont::Bold), ColumnFont(12)}) {
         QFontMetricsF(font).horizontalAdvance('M');
     }
 }
