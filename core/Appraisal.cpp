@@ -97,9 +97,10 @@ RingSet ThrowsWithSix(int six) {
     return oneToFive | RingSet{1} << (way::ringSteps - six);
 }
 
-// Beyond the ring it speaks of some other step: nothing is attacked from there and nothing threatens.
-unsigned BitOf(RingSet set, unsigned step) {
-    return static_cast<unsigned>(set >> (step % way::ringSteps) & 1);
+// Turned round so that each step comes to lie so many places lower. Beyond the ring a place speaks of
+// some other step: nothing is attacked from there and nothing threatens.
+RingSet Lowered(RingSet set, unsigned places) {
+    return std::rotr(set, static_cast<int>(places % way::ringSteps));
 }
 
 int CountWithin(RingSet set, int shift, RingSet throws) {
@@ -168,21 +169,25 @@ int Appraisal::ThreatsTo(int step) const {
 }
 
 // Most squares are worth nothing, and which are not cannot be foreseen: those are gathered first, so
-// that no branch asks for each.
+// that no branch asks for each. Bit n stands for an end, as in Ends.
 Appraisal::Ends Appraisal::EndsOf(unsigned movable) const {
     constexpr unsigned target = Ends::target;
     Ends ends;
-    const RingSet threatenedTargets = threatened_ & ~outlook_.own_.pieces;
-    const unsigned count = static_cast<unsigned>(outlook_.state_.MoveCount);
-    unsigned threatened = 0, hunting = 0;
+    const auto count = static_cast<unsigned>(outlook_.state_.MoveCount);
+    // Where a move comes to, told by the step where it begins.
+    const RingSet threatenedTargets = Lowered(threatened_ & ~outlook_.own_.pieces, count - target);
+    const RingSet huntingTargets = Lowered(hunting_, count - target);
+    RingSet threatened = 0, hunting = 0;
     for (unsigned piece = 1; piece <= PiecesPerColour; ++piece) {
         const unsigned from = outlook_.own_.steps[piece];
         const unsigned to = (from + count) % Standing::StepCount;
         ends.steps[piece] = static_cast<std::uint8_t>(from);
         ends.steps[target + piece] = static_cast<std::uint8_t>(to);
-        threatened |= BitOf(threatened_, from) << piece;
-        threatened |= BitOf(threatenedTargets, to) << (target + piece);
-        hunting |= BitOf(hunting_, from) << piece | BitOf(hunting_, to) << (target + piece);
+        const RingSet here = RingSet{1} << piece, there = here << target;
+        threatened |= Lowered(threatened_, from - piece) & here;
+        threatened |= Lowered(threatenedTargets, from - piece) & there;
+        hunting |= Lowered(hunting_, from - piece) & here;
+        hunting |= Lowered(huntingTargets, from - piece) & there;
         ends.values[piece] = ends.values[target + piece] = 0;
     }
     const unsigned asked = movable | movable << target;

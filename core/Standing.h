@@ -43,7 +43,9 @@ public:
     bool operator==(const Standings&) const { return true; }
 
 private:
-    static void Read(Standing& standing, Colour colour, const PerPiece<Square>& positions);
+    // Apart from the decision that asks: together they would have too few registers.
+    [[gnu::noinline]] static void Read(Standing& standing, Colour colour,
+                                       const PerPiece<Square>& positions);
 
     static constexpr std::uint64_t unknown = ~std::uint64_t{0};
     PerColour<std::uint64_t> squares_{unknown, unknown, unknown, unknown, unknown};
