@@ -21,6 +21,9 @@ constexpr double boardCell = 33;
 
 constexpr int mostBands = 4;  // each reads the drawings anew
 
+constexpr auto format = QImage::Format_RGB32;
+constexpr int bytesPerPixel = 4;
+
 QRectF BoardWithFrame(const Layout& layout) {
     const double unit = layout.Cell / boardCell * layout.Unit;
     const QPointF squares(layout.DeviceLeft + layout.Margin * layout.Unit,
@@ -42,43 +45,61 @@ void PaintShadow(QPainter& painter, Artwork& artwork, const QRectF& board) {
     artwork.Paint(painter, "board_shadow", board.adjusted(-around, -around, around, around));
 }
 
-void PaintAll(QPainter& painter, const Layout& layout, const QRect& screen) {
-    Artwork artwork;
-    painter.setRenderHint(QPainter::Antialiasing);
-    // Where two planks meet between pixels, a little of what lies below shows through.
-    painter.fillRect(screen, palette::DarkWood);
-    // Below the board nothing is painted, but for the frame's edge: it is not quite square.
-    const QRectF board = BoardWithFrame(layout);
+// But for the frame's edge: it is not quite square.
+QRect HiddenByBoard(const QRectF& board) {
     const double edge = boardFrame / 2 * board.width() / boardDrawingSide;
-    const QRect hidden = board.adjusted(edge, edge, -edge, -edge).toAlignedRect();
-    painter.setClipRegion(QRegion(screen) - hidden);
-    PaintTableTop(painter, artwork, screen);
-    PaintShadow(painter, artwork, board);
-    painter.setClipping(false);
-    PaintInstrumentPanel(painter, artwork, layout);
-    artwork.Paint(painter, "board", board);
+    return board.adjusted(edge, edge, -edge, -edge).toAlignedRect();
 }
 
-// Some lines of a picture that others paint on beside them.
-struct Band {
+// A part of a picture, while others paint on beside it.
+struct Part {
     uchar* bytes;
     qsizetype bytesPerLine;
-    int width, first, count;
+    QRect area;
 
-    QImage Image() const { return {bytes, width, count, bytesPerLine, QImage::Format_RGB32}; }
+    Part Within(const QRect& smaller) const {
+        const QPoint at = smaller.topLeft() - area.topLeft();
+        return {bytes + at.y() * bytesPerLine + at.x() * bytesPerPixel, bytesPerLine, smaller};
+    }
 };
 
-Band LinesOf(QImage& picture, int first, int count) {
-    return {picture.scanLine(first), picture.bytesPerLine(), picture.width(), first, count};
+Part Whole(QImage& picture) {
+    return {picture.bits(), picture.bytesPerLine(), picture.rect()};
 }
 
-void PaintBand(const Layout& layout, QSize devicePixels, const Band& empty, const Band& full) {
-    QImage picture = empty.Image();
+template <typename Paint>
+void PaintOn(const Part& part, Paint paint) {
+    QImage picture(part.bytes, part.area.width(), part.area.height(), part.bytesPerLine, format);
     QPainter painter(&picture);
-    painter.translate(0, -empty.first);
-    PaintAll(painter, layout, {QPoint(), devicePixels});
-    painter.end();
-    std::copy_n(empty.bytes, empty.bytesPerLine * empty.count, full.bytes);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-part.area.topLeft());
+    paint(painter);
+}
+
+// Below the board and the panel nothing is painted. What is left of the table is painted piece by piece,
+// each a picture of its own: what lies outside a picture costs almost nothing, what a clip leaves out
+// almost as much as the rest.
+void PaintTable(const Part& part, Artwork& artwork, const Layout& layout, const QRect& screen) {
+    const QRectF board = BoardWithFrame(layout);
+    const QRegion inSight = QRegion(part.area) - HiddenByBoard(board) - HiddenByPanel(layout);
+    for (const QRect& piece : inSight) {
+        PaintOn(part.Within(piece), [&](QPainter& painter) {
+            // Where two planks meet between pixels, a little of what lies below shows through.
+            painter.fillRect(piece, palette::DarkWood);
+            PaintTableTop(painter, artwork, screen);
+            PaintShadow(painter, artwork, board);
+        });
+    }
+}
+
+void PaintBand(const Layout& layout, const QRect& screen, const Part& empty, const Part& full) {
+    Artwork artwork;
+    PaintTable(empty, artwork, layout, screen);
+    PaintOn(empty, [&](QPainter& painter) {
+        PaintInstrumentPanel(painter, artwork, layout);
+        artwork.Paint(painter, "board", BoardWithFrame(layout));
+    });
+    std::copy_n(empty.bytes, empty.bytesPerLine * empty.area.height(), full.bytes);
 }
 
 }  // namespace
@@ -94,18 +115,20 @@ void EmptyBoard::WaitForBands() {
 
 void EmptyBoard::Prepare(const Layout& layout, QSize devicePixels) {
     WaitForBands();
-    empty_ = QImage(devicePixels, QImage::Format_RGB32);
-    full_ = QImage(devicePixels, QImage::Format_RGB32);
+    empty_ = QImage(devicePixels, format);
+    full_ = QImage(devicePixels, format);
     if (empty_.isNull() || full_.isNull()) {  // no memory for a screen of that size
         empty_ = full_ = {};
         return;
     }
+    const Part empty = Whole(empty_), full = Whole(full_);
     const int bands = std::clamp(QThread::idealThreadCount(), 1, std::min(mostBands, empty_.height()));
     for (int band = 0; band < bands; ++band) {
-        const int first = empty_.height() * band / bands;
-        const int count = empty_.height() * (band + 1) / bands - first;
-        const Band empty = LinesOf(empty_, first, count), full = LinesOf(full_, first, count);
-        bands_.push_back(PaintAside([=] { PaintBand(layout, devicePixels, empty, full); }));
+        const int top = empty_.height() * band / bands, below = empty_.height() * (band + 1) / bands;
+        const QRect lines(0, top, empty_.width(), below - top);
+        bands_.push_back(
+            PaintAside([layout, screen = empty.area, empty = empty.Within(lines),
+                        full = full.Within(lines)] { PaintBand(layout, screen, empty, full); }));
     }
 }
 

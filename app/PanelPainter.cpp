@@ -15,6 +15,7 @@ constexpr double besideBand = 2;
 constexpr double widestBand = 248;
 constexpr double beyondBand = 16;  // how far the band reaches over the log's ends where there is room
 constexpr double bandCorner = 24;  // of the drawing, the part that is not stretched
+constexpr double opaqueBand = 8;   // ... within which its round corners end
 constexpr double caseCorner = 14;
 constexpr double widestCase = 196;
 constexpr double besideCase = 12;
@@ -97,14 +98,25 @@ void PaintCup(QPainter& painter, Artwork& artwork, const Layout& layout, const Q
     artwork.Paint(painter, "panel_cup", OnDevice(layout, cup));
 }
 
+// How large the band's border is drawn, of its own size.
+double BorderScale(const Layout& layout, const QRectF& band) {
+    const int held = std::max(layout.LogPaper.width, layout.Buttons.width);
+    return std::clamp((band.width() - held) / (2 * widestBorder), 0.3, 1.0);
+}
+
 }  // namespace
+
+QRect HiddenByPanel(const Layout& layout) {
+    const QRectF band = Band(layout);
+    const double edge = opaqueBand * BorderScale(layout, band);
+    return OnDevice(layout, band.adjusted(edge, edge, -edge, -edge)).toAlignedRect();
+}
 
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
     const double unit = layout.Unit;
     const QRectF band = Band(layout);
     const Box& log = layout.LogPaper;
-    const double held = std::max(log.width, layout.Buttons.width);
-    const double border = std::clamp((band.width() - held) / (2 * widestBorder), 0.3, 1.0);
+    const double border = BorderScale(layout, band);
     PaintStretched(painter, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
     const QRectF paper = QRectF(log.x, log.y, log.width, log.height)
                              .adjusted(-paperShadow, -paperShadow, paperShadow, paperShadow);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QRect>
+
 class QPainter;
 
 namespace zorva {
@@ -11,5 +13,8 @@ struct Layout;
 /// right of the board, and on it the case of the recorder, out of which the log's paper comes. In
 /// device pixels, for a picture of the whole window.
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
+
+/// Device pixels of the window below which nothing is seen of what lies under the band.
+QRect HiddenByPanel(const Layout& layout);
 
 }  // namespace zorva
