@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include "app/Canvas.h"
 #include "app/PaintAside.h"
 
 namespace zorva {
@@ -22,13 +23,6 @@ QString KeyOf(const QString& name, const QRectF& part, QSize size) {
 QString PathOf(const QString& name) {
     // Pointers and the icon live in folders of their own: their names hold the folder.
     return ":/" + (name.contains('/') ? name : "bitmaps/" + name) + ".svg";
-}
-
-// The painter may paint a part of a larger picture: what lies outside it is not drawn.
-bool IsInSight(const QPainter& painter, const QRectF& target) {
-    const QPaintDevice& picture = *painter.device();
-    const QRectF seen(0, 0, picture.width(), picture.height());
-    return painter.transform().mapRect(target).intersects(seen);
 }
 
 void RenderPart(QPainter& painter, QSvgRenderer& drawing, const QRectF& part, const QRect& place) {
@@ -88,16 +82,19 @@ void Artwork::PrepareOf(const QString& name, const QRectF& part, QSize devicePix
 }
 
 void Artwork::Paint(QPainter& painter, const QString& name, const QRectF& target) {
-    if (!IsInSight(painter, target)) return;
     Drawing(name).render(&painter, target);
 }
 
-void Artwork::PaintPart(QPainter& painter, const QString& name, const QRectF& part, const QRect& place) {
-    if (!IsInSight(painter, place)) return;
-    painter.save();
-    painter.setClipRect(place);
-    RenderPart(painter, Drawing(name), part, place);
-    painter.restore();
+void Artwork::Paint(const Canvas& canvas, const QString& name, const QRectF& target) {
+    canvas.Within(target.toAlignedRect()).PaintBy([&](QPainter& painter) {
+        Paint(painter, name, target);
+    });
+}
+
+void Artwork::PaintPart(const Canvas& canvas, const QString& name, const QRectF& part,
+                        const QRect& place) {
+    canvas.Within(place).PaintBy(
+        [&](QPainter& painter) { RenderPart(painter, Drawing(name), part, place); });
 }
 
 void Artwork::ForgetPictures() {

@@ -15,6 +15,8 @@ class QSvgRenderer;
 
 namespace zorva {
 
+class Canvas;
+
 /// The program's drawings, by name: "board" is assets/bitmaps/board.svg. Each is parsed once and
 /// rendered once for each size it is wanted in, at the device's resolution.
 class Artwork {
@@ -36,8 +38,9 @@ public:
 
     /// Draws without keeping a picture: for what is drawn once, such as the table top.
     void Paint(QPainter& painter, const QString& name, const QRectF& target);
+    void Paint(const Canvas& canvas, const QString& name, const QRectF& target);
     /// The same of a part of the drawing, stretched over that place and nowhere else.
-    void PaintPart(QPainter& painter, const QString& name, const QRectF& part, const QRect& place);
+    void PaintPart(const Canvas& canvas, const QString& name, const QRectF& part, const QRect& place);
 
     /// Forgets all rendered pictures; the screen has another scale now.
     void ForgetPictures();

@@ -20,8 +20,8 @@ public:
 
     BoardScene(const GameState& state, const Settings& settings, Artwork& artwork, Changed changed);
 
-    /// Begins to paint the empty board for that screen, beside the rest of the start.
-    void Prepare(const Layout& layout, QSize devicePixels) { painter_.Prepare(layout, devicePixels); }
+    /// The empty board, which may be begun before the screen is set.
+    EmptyBoard& Empty() { return painter_.Empty(); }
     void SetScreen(const Layout& layout, QSize devicePixels);
     const QPixmap& Picture() const { return painter_.Picture(); }
     const BoardView& View() const { return view_; }

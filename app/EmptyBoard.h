@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QPixmap>
 #include <QSize>
+#include <functional>
 #include <future>
 #include <vector>
 
@@ -26,17 +27,24 @@ public:
     EmptyBoard(const EmptyBoard&) = delete;
     EmptyBoard& operator=(const EmptyBoard&) = delete;
 
-    /// Begins to paint it.
-    void Prepare(const Layout& layout, QSize devicePixels);
+    /// Begins to paint it, with one processor left to whatever else has to be done. `painted` is called
+    /// when all of it is there, by a thread of painting.
+    void Prepare(const Layout& layout, QSize devicePixels, const std::function<void()>& painted = {});
+    /// Takes that processor too: it is waited for now.
+    void Hurry();
+    /// Whether it is still being painted.
+    bool IsUnderWay() const;
     /// The pictures for a window of that many device pixels: the prepared ones when they are of that
     /// size, else painted now.
     BoardPictures PicturesFor(const Layout& layout, QSize devicePixels);
 
 private:
+    void BeginBands(std::size_t count);
     void WaitForBands();
 
-    QImage empty_, full_;                   // painted on by the bands
-    std::vector<std::future<void>> bands_;  // while they are under way
+    QImage empty_, full_;                         // painted on by the bands
+    std::vector<std::function<void()>> waiting_;  // bands that are not begun
+    std::vector<std::future<void>> bands_;        // bands that are under way
 };
 
 }  // namespace zorva

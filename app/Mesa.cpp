@@ -1,6 +1,7 @@
 #include "app/Mesa.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -81,21 +82,43 @@ void Mesa::PrepareFor(const QScreen& screen) {
     winId();  // a window that opens over this one finds it
     const QSize device = (QSizeF(screen.size()) * screen.devicePixelRatio()).toSize();
     AdoptScreen(device, screen.devicePixelRatio());
-    scene_->Prepare(services_.layout, device);
+    awaitsBoard_ = true;
+    setUpdatesEnabled(false);
+    scene_->Empty().Prepare(services_.layout, device, [this] {
+        QMetaObject::invokeMethod(this, &Mesa::BoardPainted, Qt::QueuedConnection);
+    });
+}
+
+void Mesa::BoardPainted() {
+    if (!awaitsBoard_ || !isVisible()) return;
+    TakeBoard();
+}
+
+void Mesa::TakeBoard() {
+    awaitsBoard_ = false;
+    setUpdatesEnabled(true);
+    scene_->SetScreen(services_.layout, adopted_);
 }
 
 void Mesa::PrepareControls() {
+    scene_->Empty().Hurry();
     PlaceControls();
     buttons_->PreparePictures();
     strip_->PreparePicture();
     PrepareTypefaces();
+    QBackingStore* store = backingStore();
+    store->resize(size());
+    store->beginPaint(rect());
+    QPainter(store->paintDevice()).fillRect(rect(), palette::DarkWood);
+    store->endPaint();
 }
 
 void Mesa::resizeEvent(QResizeEvent*) {
     const double ratio = devicePixelRatioF();
     const QSize device = (QSizeF(size()) * ratio).toSize();
+    const bool isPrepared = awaitsBoard_ && device == adopted_ && ratio == services_.devicePixelRatio;
     AdoptScreen(device, ratio);
-    scene_->SetScreen(services_.layout, device);
+    if (!isPrepared || !scene_->Empty().IsUnderWay()) TakeBoard();
     PlaceControls();
     RefreshPointer();
 }

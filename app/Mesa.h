@@ -29,8 +29,11 @@ public:
     Mesa(const GameState& state, const Settings& settings);
     ~Mesa() override;
 
-    /// Makes the window ready for that screen before it is shown: other windows may open first.
+    /// Makes the window ready for that screen before it is shown: other windows may open first. The
+    /// board is painted meanwhile; a window shown before it is there shows the bare table.
     void PrepareFor(const QScreen& screen);
+    /// Whether the window shows its board, or would.
+    bool IsBoardThere() const { return !awaitsBoard_; }
     /// Begins to draw what lies beside the board, shortly before the window is shown.
     void PrepareControls();
 
@@ -89,13 +92,16 @@ protected:
 
 private:
     void AdoptScreen(QSize device, double ratio);
+    void BoardPainted();
+    void TakeBoard();
     void PlaceControls();
     QRect ToolkitRect(const Box& box) const;
 
     const GameState& state_;
     const Settings& settings_;
     QString news_;
-    QSize adopted_;  // device pixels of the window that all pictures are for
+    QSize adopted_;             // device pixels of the window that all pictures are for
+    bool awaitsBoard_ = false;  // it is being painted for the first time
     Artwork artwork_;
     Pointers pointers_{artwork_};
     Pacer pacer_;

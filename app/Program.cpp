@@ -110,7 +110,8 @@ void Program::ConnectGame() {
 // What needs no answer is done behind the title; what has to be told waits for its end.
 void Program::Start() {
     mesa_.PrepareFor(ScreenOfPointer());
-    ShowSplash(&mesa_, mesa_.Shared(), [this] { OpenBoard(); });
+    ShowSplash(&mesa_, mesa_.Shared(),
+               {[this] { OpenBoard(); }, [this] { return mesa_.IsBoardThere(); }});
     mesa_.activateWindow();
     TellAboutFiles();
     if (state_.GameInProgress) ContinueGame();

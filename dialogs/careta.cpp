@@ -16,7 +16,8 @@ namespace {
 
 constexpr QSize windowSize(460, 190);
 constexpr Box areaBox{20, 20, TitleArtwork::Width, TitleScroll::First};
-constexpr int tick = 8;  // milliseconds, a little less than a step
+constexpr int tick = 8;       // milliseconds, a little less than a step
+constexpr int shortTick = 1;  // when a person waits for the end
 
 }  // namespace
 
@@ -63,7 +64,7 @@ const QPixmap& careta::Ground() {
 bool careta::EndsTitle(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress || !watched->isWindowType() || !isVisible()) return false;
     if (watched == static_cast<QObject*>(windowHandle())) return false;
-    if (IsKeyStroke(static_cast<QKeyEvent&>(*event))) scroll_.Stop();
+    if (IsKeyStroke(static_cast<QKeyEvent&>(*event))) Stop();
     return true;
 }
 
@@ -79,8 +80,8 @@ void careta::DrawTitle() {
     QPainter painter(area_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(QPointF(), Ground());
-    // The first picture shows the wood alone, and the title is drawn after it.
-    if (!logo_ && clock_.isValid() && !scroll_.IsOver()) logo_.emplace(TheServices());
+    // The first pictures show the wood alone: the title is drawn when nobody waits for the board.
+    if (!logo_ && clock_.isValid() && !scroll_.IsOver() && IsFreeToGo()) logo_.emplace(TheServices());
     if (logo_) logo_->Draw(painter, scroll_.Position(), TheServices());
     wasPainted_ = true;
 }
@@ -97,34 +98,51 @@ void careta::MakeSteps() {
          --due) {
         scroll_.Step();
     }
+    if (scroll_.IsOver()) return Go();
+    // The board that has opened behind it took the keyboard.
+    if (!std::exchange(wasActivated_, true)) activateWindow();
     area_->update();
-    if (!scroll_.IsOver()) return;
+}
+
+bool careta::IsFreeToGo() const {
+    return !MayGo || MayGo();
+}
+
+void careta::Go() {
+    if (!IsFreeToGo()) return;
     timer_.stop();
     accept();
 }
 
-void careta::KeyPressed(QKeyEvent*) {
+void careta::Stop() {
+    if (scroll_.IsOver()) return;
     scroll_.Stop();
+    timer_.setInterval(shortTick);
+}
+
+void careta::KeyPressed(QKeyEvent*) {
+    Stop();
 }
 
 void careta::Leave() {
-    scroll_.Stop();
+    Stop();
 }
 
 void careta::mousePressEvent(QMouseEvent*) {
-    scroll_.Stop();
+    Stop();
 }
 
-void ShowSplash(QWidget* parent, const Services& services, const std::function<void()>& meanwhile) {
+void ShowSplash(QWidget* parent, const Services& services, const WorkBehind& work) {
     ornament::PreparePanelWood(windowSize, services);
     careta window(parent, services);
-    bool done = false;
+    bool hasBegun = false;
     window.Appeared = [&] {
-        if (!std::exchange(done, true)) meanwhile();
-        window.activateWindow();
+        hasBegun = true;
+        work.begin();
     };
+    window.MayGo = work.isDone;
     RunModal(window);
-    if (!done) meanwhile();
+    if (!hasBegun) work.begin();
 }
 
 }  // namespace zorva

@@ -19,6 +19,8 @@ public:
 
     /// Called once, when the window is on the screen.
     std::function<void()> Appeared;
+    /// Whether the title may go when it is over; asked again and again.
+    std::function<bool()> MayGo;
 
     const TitleScroll& Scroll() const { return scroll_; }
 
@@ -32,6 +34,9 @@ protected:
 
 private:
     void MakeSteps();
+    void Stop();
+    bool IsFreeToGo() const;
+    void Go();
     bool EndsTitle(QObject* watched, QEvent* event);
     void DrawTitle();
     const QPixmap& Ground();
@@ -44,10 +49,16 @@ private:
     QWidget* area_;  // Pic_Careta
     QPixmap ground_;
     bool wasPainted_ = false;
+    bool wasActivated_ = false;
 };
 
-/// Shows the title and returns when it has gone. `meanwhile` is called once while it scrolls, at the
-/// latest before the return.
-void ShowSplash(QWidget* parent, const Services& services, const std::function<void()>& meanwhile);
+/// What goes on behind the title.
+struct WorkBehind {
+    std::function<void()> begin;   ///< called once while it scrolls, at the latest when it has gone
+    std::function<bool()> isDone;  ///< a title that is over stays until then
+};
+
+/// Shows the title and returns when it has gone.
+void ShowSplash(QWidget* parent, const Services& services, const WorkBehind& work);
 
 }  // namespace zorva

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QPainter>
 
 #include "app/Artwork.h"
+#include "app/Canvas.h"
 #include "app/Layout.h"
 
 namespace zorva::test {
@@ -19,10 +19,7 @@ TEST(Panel, LiesUnderTheInstrumentsAndNotOnTheBoard) {
         const Layout layout = LayoutFor(screen.width(), screen.height());
         QImage picture(screen, QImage::Format_RGB32);
         picture.fill(Qt::magenta);
-        QPainter painter(&picture);
-        painter.setRenderHint(QPainter::Antialiasing);
-        PaintInstrumentPanel(painter, artwork, layout);
-        painter.end();
+        PaintInstrumentPanel(Canvas(picture), artwork, layout);
         const auto isPainted = [&](double x, double y) {
             const QPoint at(qRound(layout.DeviceLeft + x * layout.Unit),
                             qRound(layout.DeviceTop + y * layout.Unit));
@@ -38,6 +35,13 @@ TEST(Panel, LiesUnderTheInstrumentsAndNotOnTheBoard) {
         const Box& paper = layout.LogPaper;
         EXPECT_TRUE(isPainted(paper.x + paper.width / 2.0, paper.y - 2))
             << "nothing that the paper comes out of";
+        // The table is not painted where the panel says that it is not seen.
+        QImage other(screen, QImage::Format_RGB32);
+        other.fill(Qt::green);
+        PaintInstrumentPanel(Canvas(other), artwork, layout);
+        const QRect hidden = HiddenByPanel(layout) & picture.rect();
+        EXPECT_GT(hidden.height(), screen.height() / 3);
+        EXPECT_EQ(picture.copy(hidden), other.copy(hidden));
     }
 }
 

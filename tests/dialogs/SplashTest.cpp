@@ -45,7 +45,7 @@ TEST_F(SplashTest, RunsThroughAndLetsOtherWorkGoOn) {
     other.start(20);
     QElapsedTimer clock;
     clock.start();
-    ShowSplash(&board, *services, [&worked] { ++worked; });
+    ShowSplash(&board, *services, {[&worked] { ++worked; }, {}});
     EXPECT_GT(clock.elapsed(), 4500);
     EXPECT_LT(clock.elapsed(), 30000) << "six seconds, and what a busy machine adds";
     EXPECT_EQ(worked, 1);
@@ -71,9 +71,11 @@ TEST_F(SplashTest, AnyKeyOrClickOrCloseEndsItButNoModifier) {
     QElapsedTimer clock;
     clock.start();
     Person person([](QWidget&) {});
-    ShowSplash(nullptr, *services, [&worked] { ++worked; });
+    int asked = 0;
+    ShowSplash(nullptr, *services, {[&worked] { ++worked; }, [&asked] { return ++asked > 20; }});
     EXPECT_LT(clock.elapsed(), 1500);
     EXPECT_EQ(worked, 1) << "the work is done once, also when the title was ended at once";
+    EXPECT_GT(asked, 20) << "the title stays until the board is there";
 }
 
 // The window is empty at the first position and shows letters of the four colours half way.

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <QRect>
+#include <algorithm>
+
+namespace zorva {
+
+/// A rectangle of a large picture, to be painted on while others paint beside it. It is in the whole
+/// picture's pixels, and the picture has to outlive it.
+///
+/// What lies outside a canvas costs almost nothing, what a painter's clip leaves out almost as much as
+/// what it lets through: a drawing that is seen in parts is painted on a canvas for each.
+class Canvas {
+public:
+    static constexpr auto Format = QImage::Format_RGB32;
+
+    /// The whole picture, which is of that format.
+    explicit Canvas(QImage& picture)
+        : bytes_(picture.bits()), bytesPerLine_(picture.bytesPerLine()), area_(picture.rect()) {}
+
+    const QRect& Area() const { return area_; }
+
+    /// As much of that part as lies on this canvas.
+    Canvas Within(const QRect& part) const {
+        Canvas smaller = *this;
+        smaller.area_ = area_ & part;
+        if (smaller.area_.isEmpty()) return smaller;
+        const QPoint at = smaller.area_.topLeft() - area_.topLeft();
+        smaller.bytes_ += at.y() * bytesPerLine_ + at.x() * bytesPerPixel;
+        return smaller;
+    }
+
+    /// Calls `paint` with a painter for it, unless nothing of it is left.
+    template <typename Paint>
+    void PaintBy(Paint paint) const {
+        if (area_.isEmpty()) return;
+        QImage picture(bytes_, area_.width(), area_.height(), bytesPerLine_, Format);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(-area_.topLeft());
+        paint(painter);
+    }
+
+    /// Copies whole lines of it to the same lines of another picture of that size.
+    void CopyLinesTo(const Canvas& other) const {
+        std::copy_n(bytes_, bytesPerLine_ * area_.height(), other.bytes_);
+    }
+
+private:
+    static constexpr int bytesPerPixel = 4;
+
+    uchar* bytes_;
+    qsizetype bytesPerLine_;
+    QRect area_;
+};
+
+}  // namespace zorva
