@@ -43,9 +43,12 @@ public:
         paint(painter);
     }
 
-    /// Copies whole lines of it to the same lines of another picture of that size.
-    void CopyLinesTo(const Canvas& other) const {
-        std::copy_n(bytes_, bytesPerLine_ * area_.height(), other.bytes_);
+    /// Copies what is on it to a canvas of the same size.
+    void CopyTo(const Canvas& other) const {
+        for (int line = 0; line < area_.height(); ++line) {
+            std::copy_n(bytes_ + line * bytesPerLine_, area_.width() * bytesPerPixel,
+                        other.bytes_ + line * other.bytesPerLine_);
+        }
     }
 
 private:

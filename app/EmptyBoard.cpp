@@ -22,7 +22,7 @@ constexpr double boardFrame = 16;
 constexpr double shadowAround = 32;
 constexpr double boardCell = 33;
 
-constexpr int mostBands = 4;  // each reads the drawings anew
+constexpr int mostShares = 4;  // each reads the drawings anew
 
 QRectF BoardWithFrame(const Layout& layout) {
     const double unit = layout.Cell / boardCell * layout.Unit;
@@ -64,71 +64,92 @@ void PaintTable(const Canvas& canvas, Artwork& artwork, const Layout& layout, co
     }
 }
 
-void PaintBand(const Layout& layout, QSize screen, const Canvas& empty, const Canvas& full) {
+void PaintShare(const Layout& layout, QSize screen, const Canvas& empty, const Canvas& full) {
     Artwork artwork;
     PaintTable(empty, artwork, layout, QRectF(QPointF(), screen));
     PaintInstrumentPanel(empty, artwork, layout);
     artwork.Paint(empty, "board", BoardWithFrame(layout));
-    empty.CopyLinesTo(full);
+    empty.CopyTo(full);
+}
+
+// Some of the lines of an area, which is cut into as many parts as alike as can be.
+std::vector<QRect> CutAcross(const QRect& area, int parts) {
+    std::vector<QRect> cut;
+    for (int part = 0; part < parts; ++part) {
+        const int top = area.height() * part / parts, below = area.height() * (part + 1) / parts;
+        cut.push_back({area.left(), area.top() + top, area.width(), below - top});
+    }
+    return cut;
+}
+
+// A picture cut for so many processors: beside the board, so that few drawings are in two parts, and
+// then across.
+std::vector<QRect> SharesOf(const QRect& picture, const Layout& layout, int processors) {
+    const int most = std::clamp(processors, 1, std::min(mostShares, picture.height()));
+    const int seam = HiddenByBoard(BoardWithFrame(layout)).right() + 1;
+    const QRect right = picture.adjusted(seam, 0, 0, 0);
+    if (most == 1 || right.isEmpty()) return CutAcross(picture, most);
+    std::vector<QRect> shares = CutAcross(right, most / 2);
+    const QRect left(picture.topLeft(), QSize(seam, picture.height()));
+    for (const QRect& share : CutAcross(left, most - most / 2)) shares.push_back(share);
+    return shares;
 }
 
 }  // namespace
 
 EmptyBoard::~EmptyBoard() {
-    WaitForBands();
+    WaitForShares();
 }
 
-void EmptyBoard::BeginBands(std::size_t count) {
+void EmptyBoard::BeginShares(std::size_t count) {
     for (; count > 0 && !waiting_.empty(); --count) {
-        bands_.push_back(PaintAside(std::move(waiting_.back())));
+        shares_.push_back(PaintAside(std::move(waiting_.back())));
         waiting_.pop_back();
     }
 }
 
 void EmptyBoard::Hurry() {
-    BeginBands(waiting_.size());
+    BeginShares(waiting_.size());
 }
 
-void EmptyBoard::WaitForBands() {
+void EmptyBoard::WaitForShares() {
     Hurry();
-    for (const std::future<void>& band : bands_) band.wait();
-    bands_.clear();
+    for (const std::future<void>& share : shares_) share.wait();
+    shares_.clear();
 }
 
 bool EmptyBoard::IsUnderWay() const {
     return !waiting_.empty() ||
-           std::any_of(bands_.begin(), bands_.end(), [](const std::future<void>& band) {
-               return band.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+           std::any_of(shares_.begin(), shares_.end(), [](const std::future<void>& share) {
+               return share.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
            });
 }
 
 void EmptyBoard::Prepare(const Layout& layout, QSize devicePixels,
                          const std::function<void()>& painted) {
-    WaitForBands();
+    WaitForShares();
     empty_ = QImage(devicePixels, Canvas::Format);
     full_ = QImage(devicePixels, Canvas::Format);
     if (empty_.isNull() || full_.isNull()) {  // no memory for a screen of that size
         empty_ = full_ = {};
         return;
     }
-    const Canvas empty(empty_), full(full_);
     const int processors = QThread::idealThreadCount();
-    const int bands = std::clamp(processors, 1, std::min(mostBands, empty_.height()));
-    const auto left = std::make_shared<std::atomic<int>>(bands);
-    for (int band = 0; band < bands; ++band) {
-        const int top = empty_.height() * band / bands, below = empty_.height() * (band + 1) / bands;
-        const QRect lines(0, top, empty_.width(), below - top);
-        waiting_.push_back([=, emptyLines = empty.Within(lines), fullLines = full.Within(lines)] {
-            PaintBand(layout, devicePixels, emptyLines, fullLines);
+    const std::vector<QRect> shares = SharesOf(empty_.rect(), layout, processors);
+    const Canvas empty(empty_), full(full_);
+    const auto left = std::make_shared<std::atomic<std::size_t>>(shares.size());
+    for (const QRect& share : shares) {
+        waiting_.push_back([=, emptyShare = empty.Within(share), fullShare = full.Within(share)] {
+            PaintShare(layout, devicePixels, emptyShare, fullShare);
             if (--*left == 0 && painted) painted();
         });
     }
-    BeginBands(static_cast<std::size_t>(std::max(processors - 1, 1)));
+    BeginShares(static_cast<std::size_t>(std::max(processors - 1, 1)));
 }
 
 BoardPictures EmptyBoard::PicturesFor(const Layout& layout, QSize devicePixels) {
     if (empty_.size() != devicePixels) Prepare(layout, devicePixels);
-    WaitForBands();
+    WaitForShares();
     return {QPixmap::fromImage(std::exchange(empty_, {})), QPixmap::fromImage(std::exchange(full_, {}))};
 }
 

@@ -19,7 +19,7 @@ struct BoardPictures {
 };
 
 /// Makes them: the program's largest drawing, a tenth of a second of one processor at 1920x1080. It is
-/// painted in bands side by side, for the screen the program starts on beside the rest of the start.
+/// painted in parts side by side, for the screen the program starts on beside the rest of the start.
 class EmptyBoard {
 public:
     EmptyBoard() = default;
@@ -39,12 +39,12 @@ public:
     BoardPictures PicturesFor(const Layout& layout, QSize devicePixels);
 
 private:
-    void BeginBands(std::size_t count);
-    void WaitForBands();
+    void BeginShares(std::size_t count);
+    void WaitForShares();
 
-    QImage empty_, full_;                         // painted on by the bands
-    std::vector<std::function<void()>> waiting_;  // bands that are not begun
-    std::vector<std::future<void>> bands_;        // bands that are under way
+    QImage empty_, full_;                         // painted on by all of them
+    std::vector<std::function<void()>> waiting_;  // parts that are not begun
+    std::vector<std::future<void>> shares_;       // parts that are under way
 };
 
 }  // namespace zorva

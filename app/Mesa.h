@@ -88,6 +88,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    // Nothing looks different for them, and the toolkit would paint the whole window anew.
+    void focusInEvent(QFocusEvent*) override {}
+    void focusOutEvent(QFocusEvent*) override {}
     bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the board
 
 private:
