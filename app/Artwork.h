@@ -38,6 +38,7 @@ public:
 
     /// Draws without keeping a picture: for what is drawn once, such as the table top.
     void Paint(QPainter& painter, const QString& name, const QRectF& target);
+    /// The same with nothing outside the target.
     void Paint(const Canvas& canvas, const QString& name, const QRectF& target);
     /// The same of a part of the drawing, stretched over that place and nowhere else.
     void PaintPart(const Canvas& canvas, const QString& name, const QRectF& part, const QRect& place);

@@ -21,8 +21,8 @@ class BoardPainter {
 public:
     explicit BoardPainter(Artwork& artwork) : artwork_(artwork) {}
 
-    /// The empty board of a window that will open, which is begun to be painted before.
-    EmptyBoard& Empty() { return emptyBoard_; }
+    /// The empty board, to be painted ahead for a window that will open.
+    EmptyBoard& TheEmptyBoard() { return emptyBoard_; }
 
     /// Makes the pictures for a window of that many device pixels and paints the empty board.
     void SetScreen(const Layout& layout, QSize devicePixels);

@@ -20,8 +20,8 @@ public:
 
     BoardScene(const GameState& state, const Settings& settings, Artwork& artwork, Changed changed);
 
-    /// The empty board, which may be begun before the screen is set.
-    EmptyBoard& Empty() { return painter_.Empty(); }
+    /// The empty board, to be painted ahead of SetScreen.
+    EmptyBoard& TheEmptyBoard() { return painter_.TheEmptyBoard(); }
     void SetScreen(const Layout& layout, QSize devicePixels);
     const QPixmap& Picture() const { return painter_.Picture(); }
     const BoardView& View() const { return view_; }

@@ -5,6 +5,8 @@
 #include <QRect>
 #include <algorithm>
 
+#include "core/Types.h"
+
 namespace zorva {
 
 /// A rectangle of a large picture, to be painted on while others paint beside it. It is in the whole
@@ -16,9 +18,11 @@ class Canvas {
 public:
     static constexpr auto Format = QImage::Format_RGB32;
 
-    /// The whole picture, which is of that format.
+    /// The whole picture, which has to be of that format.
     explicit Canvas(QImage& picture)
-        : bytes_(picture.bits()), bytesPerLine_(picture.bytesPerLine()), area_(picture.rect()) {}
+        : bytes_(picture.bits()), bytesPerLine_(picture.bytesPerLine()), area_(picture.rect()) {
+        Insist(picture.format() == Format, "a canvas for a picture of another format");
+    }
 
     const QRect& Area() const { return area_; }
 

@@ -1,10 +1,8 @@
 #include "app/EmptyBoard.h"
 
+#include <QScopeGuard>
 #include <QThread>
 #include <algorithm>
-#include <atomic>
-#include <chrono>
-#include <memory>
 #include <utility>
 
 #include "app/Artwork.h"
@@ -45,7 +43,7 @@ void PaintShadow(const Canvas& canvas, Artwork& artwork, const QRectF& board) {
     artwork.Paint(canvas, "board_shadow", board.adjusted(-around, -around, around, around));
 }
 
-// But for the frame's edge: it is not quite square.
+// Without the outer half of the frame: it is round at its corners and not opaque at its edge.
 QRect HiddenByBoard(const QRectF& board) {
     const double edge = boardFrame / 2 * board.width() / boardDrawingSide;
     return board.adjusted(edge, edge, -edge, -edge).toAlignedRect();
@@ -64,15 +62,7 @@ void PaintTable(const Canvas& canvas, Artwork& artwork, const Layout& layout, co
     }
 }
 
-void PaintShare(const Layout& layout, QSize screen, const Canvas& empty, const Canvas& full) {
-    Artwork artwork;
-    PaintTable(empty, artwork, layout, QRectF(QPointF(), screen));
-    PaintInstrumentPanel(empty, artwork, layout);
-    artwork.Paint(empty, "board", BoardWithFrame(layout));
-    empty.CopyTo(full);
-}
-
-// Some of the lines of an area, which is cut into as many parts as alike as can be.
+// An area cut across into so many parts, as alike as can be.
 std::vector<QRect> CutAcross(const QRect& area, int parts) {
     std::vector<QRect> cut;
     for (int part = 0; part < parts; ++part) {
@@ -82,9 +72,17 @@ std::vector<QRect> CutAcross(const QRect& area, int parts) {
     return cut;
 }
 
-// A picture cut for so many processors: beside the board, so that few drawings are in two parts, and
-// then across.
-std::vector<QRect> SharesOf(const QRect& picture, const Layout& layout, int processors) {
+}  // namespace
+
+void PaintEmptyBoard(const Canvas& canvas, const Layout& layout, QSize devicePixels) {
+    Artwork artwork;
+    PaintTable(canvas, artwork, layout, QRectF(QPointF(), devicePixels));
+    PaintInstrumentPanel(canvas, artwork, layout);
+    artwork.Paint(canvas, "board", BoardWithFrame(layout));
+}
+
+std::vector<QRect> SharesOf(const Layout& layout, QSize devicePixels, int processors) {
+    const QRect picture(QPoint(), devicePixels);
     const int most = std::clamp(processors, 1, std::min(mostShares, picture.height()));
     const int seam = HiddenByBoard(BoardWithFrame(layout)).right() + 1;
     const QRect right = picture.adjusted(seam, 0, 0, 0);
@@ -95,9 +93,8 @@ std::vector<QRect> SharesOf(const QRect& picture, const Layout& layout, int proc
     return shares;
 }
 
-}  // namespace
-
 EmptyBoard::~EmptyBoard() {
+    waiting_.clear();
     WaitForShares();
 }
 
@@ -118,31 +115,31 @@ void EmptyBoard::WaitForShares() {
     shares_.clear();
 }
 
-bool EmptyBoard::IsUnderWay() const {
-    return !waiting_.empty() ||
-           std::any_of(shares_.begin(), shares_.end(), [](const std::future<void>& share) {
-               return share.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
-           });
-}
-
 void EmptyBoard::Prepare(const Layout& layout, QSize devicePixels,
                          const std::function<void()>& painted) {
+    waiting_.clear();  // nobody wants that picture any more
     WaitForShares();
+    left_.reset();
     empty_ = QImage(devicePixels, Canvas::Format);
     full_ = QImage(devicePixels, Canvas::Format);
     if (empty_.isNull() || full_.isNull()) {  // no memory for a screen of that size
         empty_ = full_ = {};
+        if (painted) painted();
         return;
     }
     const int processors = QThread::idealThreadCount();
-    const std::vector<QRect> shares = SharesOf(empty_.rect(), layout, processors);
+    const std::vector<QRect> shares = SharesOf(layout, devicePixels, processors);
     const Canvas empty(empty_), full(full_);
-    const auto left = std::make_shared<std::atomic<std::size_t>>(shares.size());
+    left_ = std::make_shared<std::atomic<std::size_t>>(shares.size());
     for (const QRect& share : shares) {
-        waiting_.push_back([=, emptyShare = empty.Within(share), fullShare = full.Within(share)] {
-            PaintShare(layout, devicePixels, emptyShare, fullShare);
-            if (--*left == 0 && painted) painted();
-        });
+        waiting_.push_back(
+            [=, left = left_, emptyShare = empty.Within(share), fullShare = full.Within(share)] {
+                const auto end = qScopeGuard([&] {
+                    if (--*left == 0 && painted) painted();
+                });
+                PaintEmptyBoard(emptyShare, layout, devicePixels);
+                emptyShare.CopyTo(fullShare);
+            });
     }
     BeginShares(static_cast<std::size_t>(std::max(processors - 1, 1)));
 }

@@ -78,15 +78,26 @@ void Mesa::AdoptScreen(QSize device, double ratio) {
 }
 
 void Mesa::PrepareFor(const QScreen& screen) {
+    if (isVisible()) return;  // the program was started again meanwhile, and shows itself
     setGeometry(screen.geometry());
     winId();  // a window that opens over this one finds it
     const QSize device = (QSizeF(screen.size()) * screen.devicePixelRatio()).toSize();
     AdoptScreen(device, screen.devicePixelRatio());
     awaitsBoard_ = true;
     setUpdatesEnabled(false);
-    scene_->Empty().Prepare(services_.layout, device, [this] {
+    scene_->TheEmptyBoard().Prepare(services_.layout, device, [this] {
         QMetaObject::invokeMethod(this, &Mesa::BoardPainted, Qt::QueuedConnection);
     });
+}
+
+// The system hands the memory of a window out when it is written to for the first time, which takes
+// several times as long as the writing. Here nobody waits for it.
+void Mesa::TouchMemory() {
+    QBackingStore* memory = backingStore();
+    memory->resize(size());
+    memory->beginPaint(rect());
+    QPainter(memory->paintDevice()).fillRect(rect(), palette::DarkWood);
+    memory->endPaint();
 }
 
 void Mesa::BoardPainted() {
@@ -101,16 +112,12 @@ void Mesa::TakeBoard() {
 }
 
 void Mesa::PrepareControls() {
-    scene_->Empty().Hurry();
+    scene_->TheEmptyBoard().Hurry();
     PlaceControls();
     buttons_->PreparePictures();
     strip_->PreparePicture();
     PrepareTypefaces();
-    QBackingStore* store = backingStore();
-    store->resize(size());
-    store->beginPaint(rect());
-    QPainter(store->paintDevice()).fillRect(rect(), palette::DarkWood);
-    store->endPaint();
+    if (awaitsBoard_ && !isVisible()) TouchMemory();
 }
 
 void Mesa::resizeEvent(QResizeEvent*) {
@@ -118,7 +125,12 @@ void Mesa::resizeEvent(QResizeEvent*) {
     const QSize device = (QSizeF(size()) * ratio).toSize();
     const bool isPrepared = awaitsBoard_ && device == adopted_ && ratio == services_.devicePixelRatio;
     AdoptScreen(device, ratio);
-    if (!isPrepared || !scene_->Empty().IsUnderWay()) TakeBoard();
+    EmptyBoard& board = scene_->TheEmptyBoard();
+    if (isPrepared && board.IsUnderWay()) {
+        board.Hurry();  // it comes by BoardPainted, and nobody stands still for it
+    } else {
+        TakeBoard();
+    }
     PlaceControls();
     RefreshPointer();
 }

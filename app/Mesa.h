@@ -30,11 +30,11 @@ public:
     ~Mesa() override;
 
     /// Makes the window ready for that screen before it is shown: other windows may open first. The
-    /// board is painted meanwhile; a window shown before it is there shows the bare table.
+    /// board is painted meanwhile; a window that is shown before paints nothing until then.
     void PrepareFor(const QScreen& screen);
-    /// Whether the window shows its board, or would.
-    bool IsBoardThere() const { return !awaitsBoard_; }
-    /// Begins to draw what lies beside the board, shortly before the window is shown.
+    /// Whether the board that was begun so is not there yet.
+    bool AwaitsBoard() const { return awaitsBoard_; }
+    /// Prepares the rest of the window, shortly before it is shown, and hurries the board.
     void PrepareControls();
 
     const GameState& State() const { return state_; }
@@ -95,6 +95,7 @@ protected:
 
 private:
     void AdoptScreen(QSize device, double ratio);
+    void TouchMemory();
     void BoardPainted();
     void TakeBoard();
     void PlaceControls();

@@ -111,7 +111,7 @@ void Program::ConnectGame() {
 void Program::Start() {
     mesa_.PrepareFor(ScreenOfPointer());
     ShowSplash(&mesa_, mesa_.Shared(),
-               {[this] { OpenBoard(); }, [this] { return mesa_.IsBoardThere(); }});
+               {[this] { OpenBoard(); }, [this] { return !mesa_.AwaitsBoard(); }});
     mesa_.activateWindow();
     TellAboutFiles();
     if (state_.GameInProgress) ContinueGame();

@@ -24,7 +24,6 @@ constexpr int framesOfAStep = 5;  // a step takes 80 ms at speed 50
 class Walk {
 public:
     Walk() : mesa_(state_, settings_) {
-        mesa_.PrepareFor(*QGuiApplication::primaryScreen());
         mesa_.showFullScreen();
         for (Colour colour = 1; colour <= ColourCount; ++colour) {
             for (Short piece = 1; piece <= PiecesPerColour; ++piece) {

@@ -21,8 +21,10 @@ constexpr int shortTick = 1;  // when a person waits for the end
 
 }  // namespace
 
-careta::careta(QWidget* parent, const Services& services)
-    : BoardDialog(parent, services, "careta", "Zorva", windowSize), area_(new QWidget(this)) {
+careta::careta(QWidget* parent, const Services& services, WorkBehind work)
+    : BoardDialog(parent, services, "careta", "Zorva", windowSize),
+      work_(std::move(work)),
+      area_(new QWidget(this)) {
     area_->setObjectName("Pic_Careta");
     area_->setAccessibleName("Zorva, Parchís");
     area_->setFocusPolicy(Qt::StrongFocus);
@@ -80,36 +82,34 @@ void careta::DrawTitle() {
     QPainter painter(area_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(QPointF(), Ground());
-    // The first pictures show the wood alone: the title is drawn when nobody waits for the board.
-    if (!logo_ && clock_.isValid() && !scroll_.IsOver() && IsFreeToGo()) logo_.emplace(TheServices());
+    // The first pictures show the wood alone: nobody waits for the letters before the board.
+    if (!logo_ && HasAppeared() && IsWorkDone() && !scroll_.IsOver()) logo_.emplace(TheServices());
     if (logo_) logo_->Draw(painter, scroll_.Position(), TheServices());
     wasPainted_ = true;
 }
 
-// The clock starts with the first picture, and what is to be done meanwhile begins after it.
+bool careta::IsWorkDone() const {
+    return !work_.isDone || work_.isDone();
+}
+
+// What is to be done behind the title begins after its first picture. A key that came meanwhile goes
+// before the first step.
+void careta::Begin() {
+    clock_.start();
+    if (work_.begin) work_.begin();
+}
+
 void careta::MakeSteps() {
     if (!wasPainted_) return;
-    if (!clock_.isValid()) {
-        clock_.start();
-        if (Appeared) Appeared();
-        return;  // a key that came meanwhile goes first
-    }
+    if (!HasAppeared()) return Begin();
+    // The board that has opened behind it took the keyboard.
+    if (!scroll_.IsOver() && !std::exchange(wasActivated_, true)) activateWindow();
+    if (!IsWorkDone()) return;
     for (int due = steps_.Due(static_cast<double>(clock_.elapsed())); due > 0 && !scroll_.IsOver();
          --due) {
         scroll_.Step();
     }
-    if (scroll_.IsOver()) return Go();
-    // The board that has opened behind it took the keyboard.
-    if (!std::exchange(wasActivated_, true)) activateWindow();
-    area_->update();
-}
-
-bool careta::IsFreeToGo() const {
-    return !MayGo || MayGo();
-}
-
-void careta::Go() {
-    if (!IsFreeToGo()) return;
+    if (!scroll_.IsOver()) return area_->update();
     timer_.stop();
     accept();
 }
@@ -134,15 +134,9 @@ void careta::mousePressEvent(QMouseEvent*) {
 
 void ShowSplash(QWidget* parent, const Services& services, const WorkBehind& work) {
     ornament::PreparePanelWood(windowSize, services);
-    careta window(parent, services);
-    bool hasBegun = false;
-    window.Appeared = [&] {
-        hasBegun = true;
-        work.begin();
-    };
-    window.MayGo = work.isDone;
+    careta window(parent, services, work);
     RunModal(window);
-    if (!hasBegun) work.begin();
+    if (!window.HasAppeared()) work.begin();
 }
 
 }  // namespace zorva

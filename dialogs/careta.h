@@ -11,17 +11,21 @@
 
 namespace zorva {
 
+/// What goes on behind the title.
+struct WorkBehind {
+    std::function<void()> begin;  ///< called once when it is on the screen, at the latest when it goes
+    std::function<bool()>
+        isDone;  ///< asked again and again; until then the title neither scrolls nor goes
+};
+
 /// The title at the start. It scrolls through its window twice and goes; any key or click ends it.
 /// The program's other work goes on meanwhile, between its steps.
 class careta : public BoardDialog {
 public:
-    careta(QWidget* parent, const Services& services);
+    careta(QWidget* parent, const Services& services, WorkBehind work = {});
 
-    /// Called once, when the window is on the screen.
-    std::function<void()> Appeared;
-    /// Whether the title may go when it is over; asked again and again.
-    std::function<bool()> MayGo;
-
+    /// Whether it was on the screen, and the work behind it was begun.
+    bool HasAppeared() const { return clock_.isValid(); }
     const TitleScroll& Scroll() const { return scroll_; }
 
 protected:
@@ -34,14 +38,15 @@ protected:
 
 private:
     void MakeSteps();
+    void Begin();
     void Stop();
-    bool IsFreeToGo() const;
-    void Go();
+    bool IsWorkDone() const;
     bool EndsTitle(QObject* watched, QEvent* event);
     void DrawTitle();
     const QPixmap& Ground();
 
-    std::optional<TitleArtwork> logo_;  // drawn when it comes into sight
+    WorkBehind work_;
+    std::optional<TitleArtwork> logo_;  // drawn when the work is done
     TitleScroll scroll_;
     StepClock steps_;
     QElapsedTimer clock_;
@@ -50,12 +55,6 @@ private:
     QPixmap ground_;
     bool wasPainted_ = false;
     bool wasActivated_ = false;
-};
-
-/// What goes on behind the title.
-struct WorkBehind {
-    std::function<void()> begin;   ///< called once while it scrolls, at the latest when it has gone
-    std::function<bool()> isDone;  ///< a title that is over stays until then
 };
 
 /// Shows the title and returns when it has gone.

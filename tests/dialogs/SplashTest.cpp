@@ -78,6 +78,17 @@ TEST_F(SplashTest, AnyKeyOrClickOrCloseEndsItButNoModifier) {
     EXPECT_GT(asked, 20) << "the title stays until the board is there";
 }
 
+TEST_F(SplashTest, WaitsForTheBoardBehindIt) {
+    bool hasBegun = false, isDone = false;
+    careta window(nullptr, *services, {[&] { hasBegun = true; }, [&] { return isDone; }});
+    Show(window);
+    QTest::qWait(200);
+    EXPECT_TRUE(hasBegun);
+    EXPECT_EQ(window.Scroll().Position(), TitleScroll::First);
+    isDone = true;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.Scroll().Position() < TitleScroll::First - 5; }));
+}
+
 // The window is empty at the first position and shows letters of the four colours half way.
 TEST_F(SplashTest, TheTitleMovesThroughItsWindow) {
     TitleArtwork title(*services);

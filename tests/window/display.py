@@ -174,6 +174,9 @@ class Display:
         # The toolkit adds the program's name to every title but the program's own.
         return Window(values["WINDOW"], title.removesuffix(" — Zorva"), *sizes)
 
+    def is_shown(self, window):
+        return window.id in self._run("xdotool", "search", "--onlyvisible", "--name", "^Zorva").split()
+
     def is_dialog(self, window):
         """Whether it belongs to another window."""
         return "window id" in self._run("xprop", "-id", window.id, "WM_TRANSIENT_FOR")
