@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QScreen>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -24,6 +25,7 @@ constexpr int framesOfAStep = 5;  // a step takes 80 ms at speed 50
 class Walk {
 public:
     Walk() : mesa_(state_, settings_) {
+        mesa_.setGeometry(QGuiApplication::primaryScreen()->geometry());
         mesa_.showFullScreen();
         for (Colour colour = 1; colour <= ColourCount; ++colour) {
             for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
