@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QScreen>
 #include <QThread>
+#include <functional>
 
 #include "app/BoardScene.h"
 #include "app/Canvas.h"
@@ -47,60 +48,55 @@ TEST(EmptyBoard, CoversTheWholeWindowHoweverItIsCut) {
     }
 }
 
-/// A board window that was prepared for the screen.
-struct PreparedWindow : testing::Test {
-    void SetUp() override { mesa.PrepareFor(*QGuiApplication::primaryScreen()); }
+void WaitUntilPainted(Mesa& mesa) {
+    while (mesa.Scene().TheEmptyBoard().IsUnderWay()) QThread::msleep(1);
+    QApplication::processEvents();
+}
 
-    void ExpectBoard() {
-        QElapsedTimer clock;
-        for (clock.start(); mesa.AwaitsBoard() && clock.elapsed() < 20000;) {
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+void WaitForBoard(Mesa& mesa) {
+    QElapsedTimer clock;
+    for (clock.start(); mesa.AwaitsBoard() && clock.elapsed() < 20000;) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+}
+
+TEST(PreparedWindow, GetsItsBoardWhateverComesFirst) {
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    struct Order {
+        const char* name;
+        bool isThereAtOnce;
+        std::function<void(Mesa&)> open;
+    };
+    const Order orders[] = {
+        {"shown, then painted", false, [](Mesa& mesa) { mesa.PrepareControls(), mesa.show(); }},
+        {"hurried by nobody", false, [](Mesa& mesa) { mesa.show(); }},
+        {"painted, then shown", true,
+         [](Mesa& mesa) { mesa.PrepareControls(), WaitUntilPainted(mesa), mesa.show(); }},
+        {"in another size", true,
+         [](Mesa& mesa) { mesa.PrepareControls(), mesa.resize(700, 500), mesa.show(); }},
+        {"prepared once more while it is shown", true,
+         [&](Mesa& mesa) {
+             mesa.show();
+             WaitForBoard(mesa);
+             mesa.PrepareFor(screen);
+             mesa.PrepareControls();
+         }},
+    };
+    for (const auto& [name, isThereAtOnce, open] : orders) {
+        SCOPED_TRACE(name);
+        GameState state;
+        Settings settings;
+        Mesa mesa(state, settings);
+        mesa.PrepareFor(screen);
+        open(mesa);
+        if (isThereAtOnce) {
+            EXPECT_FALSE(mesa.AwaitsBoard());
         }
+        WaitForBoard(mesa);
         EXPECT_FALSE(mesa.AwaitsBoard());
         EXPECT_TRUE(mesa.updatesEnabled());
         EXPECT_EQ(mesa.Scene().Picture().size(), mesa.size() * mesa.devicePixelRatio());
     }
-
-    GameState state;
-    Settings settings;
-    Mesa mesa{state, settings};
-};
-
-TEST_F(PreparedWindow, GetsItsBoardAfterItWasShown) {
-    mesa.PrepareControls();
-    mesa.show();
-    ExpectBoard();
-}
-
-TEST_F(PreparedWindow, GetsItsBoardAlsoWhenNobodyHurriesIt) {
-    mesa.show();
-    ExpectBoard();
-}
-
-TEST_F(PreparedWindow, HasItsBoardAtOnceWhenThatIsPainted) {
-    mesa.PrepareControls();
-    while (mesa.Scene().TheEmptyBoard().IsUnderWay()) QThread::msleep(1);
-    QApplication::processEvents();
-    mesa.show();
-    EXPECT_FALSE(mesa.AwaitsBoard());
-    ExpectBoard();
-}
-
-TEST_F(PreparedWindow, HasItsBoardAtOnceInAnotherSize) {
-    mesa.PrepareControls();
-    mesa.resize(700, 500);
-    mesa.show();
-    EXPECT_FALSE(mesa.AwaitsBoard());
-    ExpectBoard();
-}
-
-TEST_F(PreparedWindow, KeepsTheBoardItShowsWhenItIsPreparedOnceMore) {
-    mesa.show();
-    ExpectBoard();
-    mesa.PrepareFor(*QGuiApplication::primaryScreen());
-    mesa.PrepareControls();
-    EXPECT_FALSE(mesa.AwaitsBoard());
-    ExpectBoard();
 }
 
 }  // namespace
