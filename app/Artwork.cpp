@@ -21,7 +21,7 @@ QString KeyOf(const QString& name, const QRectF& part, QSize size) {
 }
 
 QString PathOf(const QString& name) {
-    // Pointers and the icon live in folders of their own: their names hold the folder.
+    // Cursors and the icon live in folders of their own: their names hold the folder.
     return ":/" + (name.contains('/') ? name : "bitmaps/" + name) + ".svg";
 }
 

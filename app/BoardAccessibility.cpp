@@ -33,7 +33,7 @@ public:
 
     QRect rect() const override {
         const QRectF area = Area();
-        const double pixel = mesa_.Shared().ToToolkit(1);
+        const double pixel = mesa_.Shared().ToLogical(1);
         const Layout& layout = mesa_.Shared().layout;
         const QPointF origin(layout.DeviceLeft / mesa_.Shared().devicePixelRatio,
                              layout.DeviceTop / mesa_.Shared().devicePixelRatio);

@@ -120,7 +120,7 @@ void BoardInput::Throw() {
     state_.WaitingForThrow = No;
 }
 
-// Under the pointer a piece shows where it would go.
+// Under the cursor a piece shows where it would go.
 void BoardInput::Preview(Short piece) {
     if (piece == previewed_) return;
     previewed_ = piece;
@@ -141,20 +141,20 @@ void BoardInput::ToggleManualMode() {
     } else {
         EnterManualMode(state_);
         mesa_.Scene().ShowManualMode(true);
-        mesa_.RefreshPointer();
+        mesa_.RefreshCursor();
     }
 }
 
 void BoardInput::LeaveManual() {
     LeaveManualMode(state_);
     mesa_.Scene().ShowManualMode(false);
-    mesa_.RefreshPointer();
+    mesa_.RefreshCursor();
 }
 
 void BoardInput::StartDrag(Point at) {
     dragged_ = DraggablePieceAt(at);
     if (dragged_ == 0) return;
-    mesa_.Shared().PlaySound(15);
+    mesa_.Shared().PlaySound(Sound::MoveByHand);
     mesa_.Scene().Drag(dragged_, AsPointF(at));
 }
 
@@ -163,7 +163,7 @@ void BoardInput::LetGlideBack(PieceCode piece) {
     mesa_.Waits().Wait(glideBackMilliseconds,
                        [this](double progress) { mesa_.Scene().ShowStep(progress); });
     mesa_.Scene().PutDown(piece);
-    mesa_.RefreshPointer();
+    mesa_.RefreshCursor();
 }
 
 void BoardInput::CancelDrag() {
@@ -175,7 +175,7 @@ void BoardInput::EndDrag(Point at) {
     const bool accepted = MayDropAt(at) && state_.WaitingForThrow;
     const PieceCode piece = std::exchange(dragged_, PieceCode{0});
     const bool isWhereItStood = to == state_.PositionOf(piece);
-    mesa_.Shared().PlaySound(accepted || isWhereItStood ? 15 : 10);
+    mesa_.Shared().PlaySound(accepted || isWhereItStood ? Sound::MoveByHand : Sound::Refusal);
     if (!accepted) {
         LetGlideBack(piece);
         return;
@@ -243,25 +243,25 @@ void BoardInput::ShowWhatCanBePicked() {
     mesa_.Scene().ShowMovable(movable);
 }
 
-// ----------------------------------------------------------------------------------- the pointer
+// ----------------------------------------------------------------------------------- the cursor
 
-QCursor BoardInput::ManualPointerAt(Point at) const {
-    Pointers& pointers = mesa_.Shared().pointers;
-    if (dragged_ != 0) return pointers.Named(MayDropAt(at) ? "ManoVerde" : "ManoRoja");
-    return pointers.Named(DraggablePieceAt(at) != 0 ? "ManoAbie" : "ManoBlan");
+QCursor BoardInput::ManualCursorAt(Point at) const {
+    Cursors& cursors = mesa_.Shared().cursors;
+    if (dragged_ != 0) return cursors.Named(MayDropAt(at) ? "ManoVerde" : "ManoRoja");
+    return cursors.Named(DraggablePieceAt(at) != 0 ? "ManoAbie" : "ManoBlan");
 }
 
-QCursor BoardInput::OrdinaryPointerAt(Point at) const {
-    Pointers& pointers = mesa_.Shared().pointers;
-    if (state_.WaitingForThrow) return pointers.Die(state_.CurrentColour);
-    if (IsPersonsPick() && MovablePieceAt(at) != 0) return pointers.ClosedHand(state_.CurrentColour);
+QCursor BoardInput::OrdinaryCursorAt(Point at) const {
+    Cursors& cursors = mesa_.Shared().cursors;
+    if (state_.WaitingForThrow) return cursors.Die(state_.CurrentColour);
+    if (IsPersonsPick() && MovablePieceAt(at) != 0) return cursors.ClosedHand(state_.CurrentColour);
     return Qt::ArrowCursor;
 }
 
-QCursor BoardInput::PointerAt(Point at) const {
+QCursor BoardInput::CursorAt(Point at) const {
     if (recorder_.RecorderOn) return Qt::ArrowCursor;
-    if (state_.WaitingForThrow && state_.ManualMode) return ManualPointerAt(at);
-    return OrdinaryPointerAt(at);
+    if (state_.WaitingForThrow && state_.ManualMode) return ManualCursorAt(at);
+    return OrdinaryCursorAt(at);
 }
 
 }  // namespace zorva

@@ -32,8 +32,8 @@ public:
     /// Marks the next movable piece of the person on turn, or the one before.
     void MarkNext(int direction);
 
-    /// The pointer that belongs to that point now.
-    QCursor PointerAt(Point at) const;
+    /// The cursor that belongs to that point now.
+    QCursor CursorAt(Point at) const;
 
     /// Shows what can be picked now; call when a wait begins or ends.
     void ShowWhatCanBePicked();
@@ -45,8 +45,8 @@ private:
     PieceCode DraggablePieceAt(Point at) const;
     Square DropSquareAt(Point at) const;
     bool MayDropAt(Point at) const;
-    QCursor ManualPointerAt(Point at) const;
-    QCursor OrdinaryPointerAt(Point at) const;
+    QCursor ManualCursorAt(Point at) const;
+    QCursor OrdinaryCursorAt(Point at) const;
 
     void Click(Point at);
     void Pick(Short piece);
@@ -66,7 +66,7 @@ private:
     Mesa& mesa_;
     Qt::MouseButton PressedButton = Qt::NoButton;
     PieceCode dragged_ = 0;  // in manual mode
-    Short previewed_ = 0;    // piece under the pointer
+    Short previewed_ = 0;    // piece under the cursor
     Short marked_ = 0;       // piece marked by the keyboard
 };
 

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "app/Artwork.h"
+#include "app/Fonts.h"
 #include "app/Palette.h"
-#include "app/Typeface.h"
 #include "core/Board.h"
 
 namespace zorva {
@@ -258,7 +258,7 @@ void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour col
     }
 }
 
-// The toolkit hands whatever is turned to threads of its own and waits for them, which costs more than
+// Qt hands whatever is turned to threads of its own and waits for them, which costs more than
 // the turning; it does so for no less than 96 lines. The picture's edge is transparent and needs no
 // smoothing.
 void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& picture, Colour colour,

@@ -229,7 +229,7 @@ void BoardScene::RepaintPiece(PieceCode piece) {
 // Where a move ends: on the piece that it captures, else where there is room.
 QPointF BoardScene::EndOf(const BoardView::ShownMove& move) const {
     if (move.to == 0) return {};
-    const PieceCode prey = PreyOn(state_, ColourOf(move.piece), move.to);
+    const PieceCode prey = CapturableOn(state_, ColourOf(move.piece), move.to);
     return prey != 0 ? PlaceOf(prey) : PlaceOnStep(move.piece, move.to);
 }
 

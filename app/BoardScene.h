@@ -34,7 +34,7 @@ public:
     /// Whether pieces are on their way: the next wait is to show it.
     bool HasMotion() const { return !motions_.empty() || !dieMotions_.empty(); }
     void PutDown(PieceCode piece);
-    /// The piece hangs on the pointer.
+    /// The piece hangs on the cursor.
     void Drag(PieceCode piece, QPointF at);
     /// A dragged piece goes back to where it stands, by ShowStep.
     void StartGlideBack(PieceCode piece);

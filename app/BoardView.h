@@ -48,7 +48,7 @@ struct BoardView {
     Colour onTurn = 0;  ///< whose house is lit
     Colour winner = 0;  ///< whose display blinks
     ShownMove shown;
-    ShownMove preview;                      ///< where the piece under the pointer would go
+    ShownMove preview;                      ///< where the piece under the cursor would go
     std::array<bool, CodeCount> movable{};  ///< pieces that a person may pick now
     PieceCode marked = 0;                   ///< the one marked by the keyboard
     bool manualMode = false;

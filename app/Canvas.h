@@ -21,7 +21,7 @@ public:
     /// The whole picture, which has to be of that format.
     explicit Canvas(QImage& picture)
         : bytes_(picture.bits()), bytesPerLine_(picture.bytesPerLine()), area_(picture.rect()) {
-        Insist(picture.format() == Format, "a canvas for a picture of another format");
+        Require(picture.format() == Format, "a canvas for a picture of another format");
     }
 
     const QRect& Area() const { return area_; }

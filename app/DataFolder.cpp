@@ -5,8 +5,8 @@
 #include <system_error>
 
 #include "store/HistoryFile.h"
-#include "store/PosixFile.h"
 #include "store/SettingsFile.h"
+#include "store/SystemFile.h"
 
 namespace zorva {
 namespace {

@@ -1,15 +1,15 @@
 #include "app/GameRunner.h"
 
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "core/Turns.h"
 
 namespace zorva {
 
 // The driver finds the flags cleared at its next look and returns.
 void GameRunner::Abandon() {
-    table_.state.WaitingForThrow = No;
-    table_.state.WaitingForMove = No;
-    table_.state.GameInProgress = No;
+    game_.state.WaitingForThrow = No;
+    game_.state.WaitingForMove = No;
+    game_.state.GameInProgress = No;
 }
 
 void GameRunner::TellGameOver() {
@@ -22,7 +22,7 @@ void GameRunner::Run(const std::function<void()>& play) {
     TellGameOver();
     while (wish_ == Wish::NewGame) {
         wish_ = Wish::None;
-        const StartOutcome outcome = StartGame(table_);
+        const StartOutcome outcome = StartGame(game_);
         TellGameOver();
         if (outcome == StartOutcome::Cancelled && wish_ == Wish::None && SettingsWanted)
             SettingsWanted();
@@ -38,7 +38,7 @@ void GameRunner::StartNewGame() {
 }
 
 void GameRunner::Continue() {
-    Run([this] { RunTurns(table_); });
+    Run([this] { RunTurns(game_); });
 }
 
 void GameRunner::Leave() {

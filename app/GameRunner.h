@@ -12,7 +12,7 @@ namespace zorva {
 class GameRunner {
 public:
     GameRunner(GameState& state, const Settings& settings, Outside& outside)
-        : table_{state, settings, outside} {}
+        : game_{state, settings, outside} {}
 
     /// What happens when the players cancel the first question to change settings.
     std::function<void()> SettingsWanted;
@@ -37,7 +37,7 @@ private:
     void Abandon();
     void TellGameOver();
 
-    Table table_;
+    GameContext game_;
     bool running_ = false;
     Wish wish_ = Wish::None;
 };

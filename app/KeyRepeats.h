@@ -4,7 +4,7 @@
 
 namespace zorva {
 
-/// Recognises the automatic repeat of a held key where the toolkit does not: on a busy machine it
+/// Recognises the automatic repeat of a held key where Qt does not: on a busy machine it
 /// reads the release and the press of a repeat apart and takes the press for a new one. Both carry the
 /// same time. To be installed as an event filter of the application.
 class KeyRepeats : public QObject {

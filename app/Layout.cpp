@@ -111,7 +111,7 @@ const Run& RunOf(Square square) {
     const auto* run = std::find_if(std::begin(runs), std::end(runs), [square](const Run& r) {
         return square >= r.first && square <= r.last;
     });
-    Insist(run != std::end(runs), "a square without a place on the board");
+    Require(run != std::end(runs), "a square without a place on the board");
     return *run;
 }
 

@@ -57,7 +57,7 @@ void MenuButton::paintEvent(QPaintEvent*) {
     if (glows_) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette::Light);
-        const double radius = services_.ToToolkit(10);
+        const double radius = services_.ToLogical(10);
         painter.drawRoundedRect(rect(), radius, radius);
     }
     QPixmap picture = services_.artwork.Picture(PictureName(), PictureSize());

@@ -52,7 +52,7 @@ public:
     /// Begins to draw them, for a window that will open.
     void PreparePictures();
 
-    /// Shows the button's explanation when the pointer rests on it, or does not.
+    /// Shows the button's explanation when the cursor rests on it, or does not.
     void Explain(bool explains);
 
 private:

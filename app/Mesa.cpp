@@ -9,17 +9,17 @@
 #include <QToolTip>
 #include <cmath>
 
+#include "app/Fonts.h"
 #include "app/KeyStrokes.h"
 #include "app/MenuButtons.h"
 #include "app/MoveLog.h"
 #include "app/Palette.h"
 #include "app/RecorderStrip.h"
-#include "app/Typeface.h"
 
 namespace zorva {
 
 Mesa::Mesa(const GameState& state, const Settings& settings)
-    : state_(state), settings_(settings), services_{artwork_, pointers_, {}, 1, {}, {}, &pacer_} {
+    : state_(state), settings_(settings), services_{artwork_, cursors_, {}, 1, {}, {}, &pacer_} {
     setAccessibleName("Tablero de parchís");
     setObjectName("Mesa");
     setWindowTitle("Zorva");
@@ -41,7 +41,7 @@ Mesa::~Mesa() = default;
 
 // ------------------------------------------------------------------------------------- layout
 
-QRect Mesa::ToolkitRect(const Box& box) const {
+QRect Mesa::LogicalRect(const Box& box) const {
     const Layout& layout = services_.layout;
     const double ratio = services_.devicePixelRatio;
     const auto place = [&](double start, double pixels) {
@@ -56,15 +56,15 @@ QRect Mesa::ToolkitRect(const Box& box) const {
 void Mesa::PlaceControls() {
     const Layout& layout = services_.layout;
     auto* panel = findChild<QWidget*>("Pic_Botones");
-    const QRect area = ToolkitRect(layout.Buttons);
+    const QRect area = LogicalRect(layout.Buttons);
     panel->setGeometry(area);
     for (int index = 0; index < MenuButtons::Count; ++index) {
         buttons_->Button(index).setGeometry(
-            ToolkitRect(layout.Button[index]).translated(-area.topLeft()));
-        buttons_->Button(index).setCursor(pointers_.Hand());
+            LogicalRect(layout.Button[index]).translated(-area.topLeft()));
+        buttons_->Button(index).setCursor(cursors_.Hand());
     }
-    strip_->setGeometry(ToolkitRect(layout.Recorder));
-    log_->setGeometry(ToolkitRect(layout.LogPaper));
+    strip_->setGeometry(LogicalRect(layout.Recorder));
+    log_->setGeometry(LogicalRect(layout.LogPaper));
 }
 
 void Mesa::AdoptScreen(QSize device, double ratio) {
@@ -73,8 +73,8 @@ void Mesa::AdoptScreen(QSize device, double ratio) {
     services_.devicePixelRatio = ratio;
     services_.layout = LayoutFor(device.width(), device.height());
     artwork_.ForgetPictures();
-    pointers_.SetScale(services_.layout.Unit, ratio);
-    QToolTip::setFont(TextFont(services_.ToToolkit(13)));
+    cursors_.SetScale(services_.layout.Unit, ratio);
+    QToolTip::setFont(TextFont(services_.ToLogical(13)));
 }
 
 void Mesa::PrepareFor(const QScreen& screen) {
@@ -116,7 +116,7 @@ void Mesa::PrepareControls() {
     PlaceControls();
     buttons_->PreparePictures();
     strip_->PreparePicture();
-    PrepareTypefaces();
+    PrepareFonts();
     if (awaitsBoard_ && !isVisible()) TouchMemory();
 }
 
@@ -132,7 +132,7 @@ void Mesa::resizeEvent(QResizeEvent*) {
         TakeBoard();
     }
     PlaceControls();
-    RefreshPointer();
+    RefreshCursor();
 }
 
 Point Mesa::LayoutPoint(QPointF position) const {
@@ -161,7 +161,7 @@ void Mesa::paintEvent(QPaintEvent* event) {
 
 bool Mesa::event(QEvent* event) {
     const QEvent::Type type = event->type();
-    if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshPointer();
+    if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshCursor();
     return QWidget::event(event);
 }
 
@@ -171,12 +171,12 @@ void Mesa::mousePressEvent(QMouseEvent* event) {
 
 void Mesa::mouseMoveEvent(QMouseEvent* event) {
     if (BoardMoved) BoardMoved(LayoutPoint(event->position()));
-    RefreshPointer();
+    RefreshCursor();
 }
 
 void Mesa::mouseReleaseEvent(QMouseEvent* event) {
     if (BoardReleased) BoardReleased(LayoutPoint(event->position()));
-    RefreshPointer();
+    RefreshCursor();
 }
 
 void Mesa::keyPressEvent(QKeyEvent* event) {
@@ -188,20 +188,20 @@ void Mesa::closeEvent(QCloseEvent* event) {
     if (CloseWanted) CloseWanted();
 }
 
-void Mesa::SetScreenPointer(ScreenPointer pointer) {
+void Mesa::SetScreenCursor(ScreenCursor cursor) {
     if (WaitChanged) WaitChanged();
-    if (pointer == ScreenPointer::Hourglass) {
+    if (cursor == ScreenCursor::Hourglass) {
         setCursor(Qt::WaitCursor);
     } else {
-        RefreshPointer();
+        RefreshCursor();
     }
 }
 
-// Nothing can be done on the board while a window waits for an answer, and the pointer says so.
-void Mesa::RefreshPointer() {
+// Nothing can be done on the board while a window waits for an answer, and the cursor says so.
+void Mesa::RefreshCursor() {
     const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
     const bool isBlocked = QApplication::activeModalWidget() != nullptr;
-    const QCursor wanted = PointerAt && !isBlocked ? PointerAt(at) : QCursor(Qt::ArrowCursor);
+    const QCursor wanted = CursorAt && !isBlocked ? CursorAt(at) : QCursor(Qt::ArrowCursor);
     if (wanted != cursor()) setCursor(wanted);
 }
 

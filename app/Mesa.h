@@ -6,8 +6,8 @@
 
 #include "app/Artwork.h"
 #include "app/BoardScene.h"
+#include "app/Cursors.h"
 #include "app/Pacer.h"
-#include "app/Pointers.h"
 #include "app/Services.h"
 #include "core/Outside.h"
 
@@ -65,16 +65,16 @@ public:
     std::function<void(const QKeyEvent& key)> KeyPressed;
     /// The window manager wants the window closed.
     std::function<void()> CloseWanted;
-    /// The pointer the board shows at a point of the layout, by its state.
-    std::function<QCursor(Point at)> PointerAt;
+    /// The cursor the board shows at a point of the layout, by its state.
+    std::function<QCursor(Point at)> CursorAt;
 
-    /// The screen pointer was set by the game: a wait begins or ends.
+    /// The screen cursor was set by the game: a wait begins or ends.
     std::function<void()> WaitChanged;
 
-    /// The pointer of the game: an hourglass while it prepares, else that of the board.
-    void SetScreenPointer(ScreenPointer pointer);
-    /// Shows the pointer that belongs to where the mouse is now.
-    void RefreshPointer();
+    /// The cursor of the game: an hourglass while it prepares, else that of the board.
+    void SetScreenCursor(ScreenCursor cursor);
+    /// Shows the cursor that belongs to where the mouse is now.
+    void RefreshCursor();
 
     /// The point of the layout under a position of the window.
     Point LayoutPoint(QPointF position) const;
@@ -88,7 +88,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    // Nothing looks different for them, and the toolkit would paint the whole window anew.
+    // Nothing looks different for them, and Qt would paint the whole window anew.
     void focusInEvent(QFocusEvent*) override {}
     void focusOutEvent(QFocusEvent*) override {}
     bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the board
@@ -99,7 +99,7 @@ private:
     void BoardPainted();
     void TakeBoard();
     void PlaceControls();
-    QRect ToolkitRect(const Box& box) const;
+    QRect LogicalRect(const Box& box) const;
 
     const GameState& state_;
     const Settings& settings_;
@@ -107,7 +107,7 @@ private:
     QSize adopted_;             // device pixels of the window that all pictures are for
     bool awaitsBoard_ = false;  // it is being painted for the first time
     Artwork artwork_;
-    Pointers pointers_{artwork_};
+    Cursors cursors_{artwork_};
     Pacer pacer_;
     Services services_;
     std::unique_ptr<BoardScene> scene_;

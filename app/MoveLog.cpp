@@ -4,8 +4,8 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "app/Fonts.h"
 #include "app/Palette.h"
-#include "app/Typeface.h"
 
 namespace zorva {
 namespace {
@@ -25,11 +25,11 @@ MoveLog::MoveLog(QWidget* parent, const Services& services) : QWidget(parent), s
 }
 
 double MoveLog::LineHeight() const {
-    return services_.ToToolkit(linePitch);
+    return services_.ToLogical(linePitch);
 }
 
 int MoveLog::VisibleLines() const {
-    return std::max(1, static_cast<int>((height() - services_.ToToolkit(2 * padding)) / LineHeight()));
+    return std::max(1, static_cast<int>((height() - services_.ToLogical(2 * padding)) / LineHeight()));
 }
 
 void MoveLog::ScrollTo(int line) {
@@ -83,7 +83,7 @@ void MoveLog::wheelEvent(QWheelEvent* event) {
 // Ruled paper: every other line lies on a tint, which moves with the lines. The upper edge is in the
 // shadow of the slit that the paper comes out of.
 void MoveLog::PaintPaper(QPainter& painter) const {
-    const double unit = services_.ToToolkit(1);
+    const double unit = services_.ToLogical(1);
     painter.fillRect(rect(), palette::Paper);
     const double pitch = LineHeight();
     const double top = padding * unit;
@@ -106,7 +106,7 @@ void MoveLog::PaintPaper(QPainter& painter) const {
 void MoveLog::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     PaintPaper(painter);
-    const double unit = services_.ToToolkit(1);
+    const double unit = services_.ToLogical(1);
     const double pitch = LineHeight();
     const double left = padding * unit;
     const double size = typeSize * std::min(unit, width() / paperWidth);

@@ -26,7 +26,7 @@ public:
     const QStringList& Lines() const { return lines_; }
     int Selected() const { return selected_; }
 
-    /// The height of a line in pixels of the toolkit.
+    /// The height of a line in pixels of Qt.
     double LineHeight() const;
 
 protected:

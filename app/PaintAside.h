@@ -9,7 +9,7 @@ namespace zorva {
 
 /// Does a piece of painting in a thread beside the window's, and hands its result over later.
 ///
-/// The thread belongs to the toolkit's own pool, because in any other the toolkit (Qt 6.4) gives each
+/// The thread belongs to the Qt's pool, because in any other Qt (Qt 6.4) gives each
 /// area of more than 95 lines to that pool, part by part, and waits for the parts: a drawing of many
 /// areas takes longer in waiting than in painting.
 template <typename Paint>

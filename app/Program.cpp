@@ -25,19 +25,22 @@ namespace zorva {
 namespace {
 
 // What is heard when a menu button is pressed, by its index.
-constexpr Short buttonSounds[MenuButtons::Count] = {2, 1, 3, 9, 6, 1};
+constexpr Sound buttonSounds[MenuButtons::Count] = {Sound::PageOpens,    Sound::MenuKey,
+                                                    Sound::SettingsOpen, Sound::HistoryPage,
+                                                    Sound::Advice,       Sound::MenuKey};
 
 // When the program's icon is drawn: nobody waits for it.
 constexpr int iconMilliseconds = 300;
 
-// Where the player is looking: where the pointer is, if the desktop tells.
-const QScreen& ScreenOfPointer() {
+// Where the player is looking: where the cursor is, if the desktop tells.
+const QScreen& ScreenOfCursor() {
     const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
     return screen != nullptr ? *screen : *QGuiApplication::primaryScreen();
 }
 
-std::vector<std::uint8_t> BytesOfRecording(Short id) {
-    QFile file(QStringLiteral(":/sounds/%1.wav").arg(id, 2, 10, QLatin1Char('0')));
+std::vector<std::uint8_t> BytesOfRecording(Sound sound) {
+    QFile file(
+        QStringLiteral(":/sounds/%1.wav").arg(static_cast<Short>(sound), 2, 10, QLatin1Char('0')));
     if (!file.open(QFile::ReadOnly)) return {};
     const QByteArray bytes = file.readAll();
     return {bytes.begin(), bytes.end()};
@@ -70,8 +73,8 @@ Program::Program(const std::filesystem::path& programFolder)
 
 void Program::ConnectServices() {
     Services& shared = mesa_.Shared();
-    shared.PlaySound = [this](Short id) {
-        if (settings_.SoundOn == 1) sounds_.Play(id);
+    shared.PlaySound = [this](Sound sound) {
+        if (settings_.SoundOn == 1) sounds_.Play(sound);
     };
     shared.Pause = [this](Short n) { outside_.Pause(n); };
     mesa_.Ask = [this](const QString& title, const QString& text, Short lineCount,
@@ -90,7 +93,7 @@ void Program::ConnectWindow() {
     mesa_.BoardReleased = [this](Point at) { input_.Release(at); };
     mesa_.KeyPressed = [this](const QKeyEvent& key) { KeyPressed(key); };
     mesa_.CloseWanted = [this] { Leave(); };
-    mesa_.PointerAt = [this](Point at) { return input_.PointerAt(at); };
+    mesa_.CursorAt = [this](Point at) { return input_.CursorAt(at); };
     mesa_.WaitChanged = [this] { input_.ShowWhatCanBePicked(); };
     mesa_.Strip().Pressed = [this](RecorderKey key) { recorderControl_.Press(key); };
     mesa_.Strip().IsLive = [this](RecorderKey key) { return recorderControl_.IsLive(key); };
@@ -109,7 +112,7 @@ void Program::ConnectGame() {
 
 // What needs no answer is done behind the title; what has to be told waits for its end.
 void Program::Start() {
-    mesa_.PrepareFor(ScreenOfPointer());
+    mesa_.PrepareFor(ScreenOfCursor());
     ShowSplash(&mesa_, mesa_.Shared(),
                {[this] { OpenBoard(); }, [this] { return !mesa_.AwaitsBoard(); }});
     mesa_.activateWindow();
@@ -157,7 +160,7 @@ void Program::SeatPiecesOfContinuedGame() {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             const PieceCode code = CodeOf(colour, piece);
             outside_.PutDownPiece(code, state_.PositionOf(code));
-            outside_.PlaySound(7);
+            outside_.PlaySound(Sound::Box);
             outside_.Pause(15);
         }
     }
@@ -253,7 +256,7 @@ void Program::Personalize() {
     if (state_.WaitingForMove && settings_.PlayerType[state_.CurrentColour] == 1)
         TakeAdvisedMove(state_);
     input_.ShowWhatCanBePicked();
-    mesa_.RefreshPointer();
+    mesa_.RefreshCursor();
 }
 
 void Program::ShowManual() {

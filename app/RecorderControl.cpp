@@ -5,31 +5,28 @@
 namespace zorva {
 namespace {
 
-constexpr Short keySound = 16;
-
 bool GoesBack(RecorderKey key) {
     return key == RecorderKey::BackOne || key == RecorderKey::AutoBack;
 }
 
 }  // namespace
 
-RecorderControl::RecorderControl(Table table, RecorderState& recorder, Mesa& mesa)
-    : table_(table), recorder_(recorder), mesa_(mesa) {}
+RecorderControl::RecorderControl(GameContext game, RecorderState& recorder, Mesa& mesa)
+    : game_(game), recorder_(recorder), mesa_(mesa) {}
 
 bool RecorderControl::CanStep(RecorderKey key) const {
-    return GoesBack(key) ? CanStepBack(table_.state, recorder_)
-                         : CanStepForward(table_.state, recorder_);
+    return GoesBack(key) ? CanStepBack(game_.state, recorder_) : CanStepForward(game_.state, recorder_);
 }
 
 bool RecorderControl::IsLive(RecorderKey key) const {
     switch (key) {
         case RecorderKey::OnOff:
-            return recorder_.RecorderOn ? !IsReplaying(recorder_) : CanSwitchOn(table_.state, recorder_);
+            return recorder_.RecorderOn ? !IsReplaying(recorder_) : CanSwitchOn(game_.state, recorder_);
         case RecorderKey::BackOne:
         case RecorderKey::ForwardOne: return CanStep(key) && !IsReplaying(recorder_);
         case RecorderKey::AutoBack: return CanStep(key) && !recorder_.AutoAdvanceActive;
         case RecorderKey::AutoForward: return CanStep(key) && !recorder_.AutoRewindActive;
-        case RecorderKey::Restore: return CanRestore(table_.state, recorder_) && !IsReplaying(recorder_);
+        case RecorderKey::Restore: return CanRestore(game_.state, recorder_) && !IsReplaying(recorder_);
     }
     return false;
 }
@@ -52,12 +49,12 @@ void RecorderControl::Press(RecorderKey key) {
 
 void RecorderControl::ShowKey(RecorderKey key, bool pressed) {
     mesa_.Strip().ShowPressed(key, pressed);
-    table_.outside.PlaySound(keySound);
+    game_.outside.PlaySound(Sound::RecorderKey);
 }
 
 void RecorderControl::ShowPosition() {
-    mesa_.Scene().ShowTurn(table_.state.CurrentColour, 0);
-    mesa_.RefreshPointer();
+    mesa_.Scene().ShowTurn(game_.state.CurrentColour, 0);
+    mesa_.RefreshCursor();
     if (Changed) Changed();
 }
 
@@ -68,25 +65,25 @@ void RecorderControl::SwitchOnOff() {
     if (recorder_.RecorderOn) {
         SwitchOff();
     } else {
-        RecorderSwitchOn(table_, recorder_);
+        RecorderSwitchOn(game_, recorder_);
         ShowKey(RecorderKey::OnOff, true);
         ShowPosition();
     }
 }
 
 void RecorderControl::SwitchOff() {
-    RecorderSwitchOff(table_, recorder_);
+    RecorderSwitchOff(game_, recorder_);
     ShowKey(RecorderKey::OnOff, false);
-    table_.outside.Pause(10);
+    game_.outside.Pause(10);
     ShowPosition();
-    table_.outside.SetScreenPointer(ScreenPointer::OfTheBoard);
+    game_.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
 }
 
 void RecorderControl::Step(RecorderKey key) {
     if (GoesBack(key)) {
-        StepBack(table_, recorder_);
+        StepBack(game_, recorder_);
     } else {
-        StepForward(table_, recorder_);
+        StepForward(game_, recorder_);
     }
     ShowPosition();
 }
@@ -109,8 +106,8 @@ void RecorderControl::RunAutomatic(RecorderKey key, Short& active) {
     active = Yes;
     while (active && CanStep(key)) {
         Step(key);
-        table_.outside.Pause(5);
-        table_.outside.YieldToEvents();
+        game_.outside.Pause(5);
+        game_.outside.YieldToEvents();
     }
     active = No;
     ShowKey(key, false);
@@ -118,8 +115,8 @@ void RecorderControl::RunAutomatic(RecorderKey key, Short& active) {
 
 void RecorderControl::Restore() {
     if (IsReplaying(recorder_)) return;
-    if (!CanRestore(table_.state, recorder_)) {
-        table_.outside.ShowMessage(
+    if (!CanRestore(game_.state, recorder_)) {
+        game_.outside.ShowMessage(
             "Tecla no activa",
             "La tecla Restaurar no está activa, ya que la situación de la partida no se ha alterado. "
             "Esta tecla "
@@ -129,18 +126,18 @@ void RecorderControl::Restore() {
         return;
     }
     ShowKey(RecorderKey::Restore, true);
-    table_.outside.Pause(8);
-    RestorePosition(table_, recorder_);
+    game_.outside.Pause(8);
+    RestorePosition(game_, recorder_);
     ShowKey(RecorderKey::Restore, false);
-    table_.outside.Pause(8);
+    game_.outside.Pause(8);
     ShowKey(RecorderKey::OnOff, false);
     ShowPosition();
-    table_.outside.SetScreenPointer(ScreenPointer::OfTheBoard);
+    game_.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
 }
 
 void RecorderControl::TakeTapeOut() {
     if (!recorder_.RecorderOn) return;
-    RecorderSwitchOff(table_, recorder_);
+    RecorderSwitchOff(game_, recorder_);
     mesa_.Strip().ShowPressed(RecorderKey::OnOff, false);
     ShowPosition();
 }

@@ -12,7 +12,7 @@ class Mesa;
 /// What the recorder's keys do: each checks whether it is live and does nothing when it is not.
 class RecorderControl {
 public:
-    RecorderControl(Table table, RecorderState& recorder, Mesa& mesa);
+    RecorderControl(GameContext game, RecorderState& recorder, Mesa& mesa);
 
     /// Another position is on the board, or the recorder went on or off.
     std::function<void()> Changed;
@@ -34,7 +34,7 @@ private:
     void ShowKey(RecorderKey key, bool pressed);
     void ShowPosition();
 
-    Table table_;
+    GameContext game_;
     RecorderState& recorder_;
     Mesa& mesa_;
 };

@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "app/Artwork.h"
+#include "app/Cursors.h"
 #include "app/Pacer.h"
-#include "app/Pointers.h"
 
 namespace zorva {
 namespace {
@@ -60,24 +60,24 @@ RecorderStrip::RecorderStrip(QWidget* parent, const Services& services)
     setMouseTracking(true);
     for (int index = 0; index < RecorderKeyCount; ++index) {
         const auto key = static_cast<RecorderKey>(index);
-        auto* stop = new Stop(this);
-        stop->setAccessibleName(HoverText(key).trimmed());
-        stop->setFocusPolicy(Qt::NoFocus);
-        stop->setAttribute(Qt::WA_TransparentForMouseEvents);
-        connect(stop, &QAbstractButton::clicked, this, [this, key] {
+        auto* button = new KeyButton(this);
+        button->setAccessibleName(HoverText(key).trimmed());
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setAttribute(Qt::WA_TransparentForMouseEvents);
+        connect(button, &QAbstractButton::clicked, this, [this, key] {
             services_.pacer->AfterWait(this, [this, key] {
                 if (Pressed) Pressed(key);
             });
         });
-        stops_[index] = stop;
+        keyButtons_[index] = button;
     }
 }
 
 void RecorderStrip::resizeEvent(QResizeEvent*) {
-    const double unit = services_.ToToolkit(1);
+    const double unit = services_.ToLogical(1);
     for (int index = 0; index < RecorderKeyCount; ++index) {
         const Box box = KeyBox(static_cast<RecorderKey>(index));
-        stops_[index]->setGeometry(
+        keyButtons_[index]->setGeometry(
             QRectF(box.x * unit, box.y * unit, box.width * unit, box.height * unit).toAlignedRect());
     }
 }
@@ -130,7 +130,7 @@ void RecorderStrip::paintEvent(QPaintEvent*) {
 }
 
 Point RecorderStrip::StripPoint(QPointF position) const {
-    const double unit = services_.ToToolkit(1);
+    const double unit = services_.ToLogical(1);
     return {ToShort(std::lround(std::floor(position.x() / unit))),
             ToShort(std::lround(std::floor(position.y() / unit)))};
 }
@@ -143,7 +143,7 @@ void RecorderStrip::mousePressEvent(QMouseEvent* event) {
 void RecorderStrip::mouseMoveEvent(QMouseEvent* event) {
     const auto key = KeyAt(StripPoint(event->position()));
     const bool live = key && IsLive && IsLive(*key);
-    setCursor(live ? services_.pointers.Hand() : QCursor(Qt::ArrowCursor));
+    setCursor(live ? services_.cursors.Hand() : QCursor(Qt::ArrowCursor));
     if (explains_) setToolTip(key ? HoverText(*key) : QString());
 }
 

@@ -21,7 +21,7 @@ public:
 
     /// A key was pressed with the mouse, live or not.
     std::function<void(RecorderKey key)> Pressed;
-    /// Whether a key does something now: over such a key the pointer is a hand.
+    /// Whether a key does something now: over such a key the cursor is a hand.
     std::function<bool(RecorderKey key)> IsLive;
 
     /// Begins to draw the strip, for a window that will open.
@@ -29,7 +29,7 @@ public:
 
     /// Draws a key pressed or at rest, at once.
     void ShowPressed(RecorderKey key, bool pressed);
-    /// Shows the keys' explanations when the pointer rests on them, or does not.
+    /// Shows the keys' explanations when the cursor rests on them, or does not.
     void Explain(bool explains);
 
     /// The text that explains a key.
@@ -45,7 +45,7 @@ protected:
 
 private:
     // A key as screen readers find it; it draws nothing and lets the mouse through.
-    class Stop : public QAbstractButton {
+    class KeyButton : public QAbstractButton {
     public:
         using QAbstractButton::QAbstractButton;
 
@@ -57,7 +57,7 @@ private:
     QSize PictureSize() const;
 
     const Services& services_;
-    std::array<Stop*, RecorderKeyCount> stops_{};  // owned by the strip
+    std::array<KeyButton*, RecorderKeyCount> keyButtons_{};  // owned by the strip
     std::array<bool, RecorderKeyCount> pressed_{};
     bool explains_ = true;
 };

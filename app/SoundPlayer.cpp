@@ -59,13 +59,12 @@ void SoundPlayer::Prepare() {
     RequestDevice(milliseconds(0));
 }
 
-void SoundPlayer::Play(Short id) {
-    if (id < FirstSound || id > LastSound) return;
+void SoundPlayer::Play(Sound sound) {
     {
         const std::lock_guard lock(shared_->mutex);
         if (shared_->failed) return;
     }
-    std::shared_ptr<const Samples> recording = RecordingOf(id);
+    std::shared_ptr<const Samples> recording = RecordingOf(sound);
     const milliseconds length(recording->size() * 1000 / SampleRate);
     const std::lock_guard lock(shared_->mutex);
     shared_->mixer.Start(std::move(recording));
@@ -73,10 +72,10 @@ void SoundPlayer::Play(Short id) {
     RequestDevice(length);
 }
 
-std::shared_ptr<const Samples> SoundPlayer::RecordingOf(Short id) {
-    std::shared_ptr<const Samples>& recording = recordings_[static_cast<std::size_t>(id)];
+std::shared_ptr<const Samples> SoundPlayer::RecordingOf(Sound sound) {
+    std::shared_ptr<const Samples>& recording = recordings_[static_cast<std::size_t>(sound)];
     if (recording == nullptr) {
-        recording = std::make_shared<const Samples>(ReadRecording(provider_(id)));
+        recording = std::make_shared<const Samples>(ReadRecording(provider_(sound)));
     }
     return recording;
 }

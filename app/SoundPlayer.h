@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/Recording.h"
-#include "core/Types.h"
+#include "core/Sound.h"
 
 namespace zorva {
 
@@ -20,12 +20,9 @@ namespace zorva {
 /// sound costs one attempt; from then on the player is silent for good.
 class SoundPlayer {
 public:
-    static constexpr Short FirstSound = 1;
-    static constexpr Short LastSound = 19;
-
-    /// The bytes of a recording's wave file. Asked once for each id that is played, in the thread
+    /// The bytes of a sound's wave file. Asked once for each sound that is played, in the thread
     /// that plays it; what is no recording of ours is silence.
-    using Provider = std::function<std::vector<std::uint8_t>(Short id)>;
+    using Provider = std::function<std::vector<std::uint8_t>(Sound sound)>;
 
     /// `keepOpen` is how long the device stays open after the end of a sound.
     explicit SoundPlayer(Provider provider,
@@ -39,8 +36,8 @@ public:
     /// Has the device opened, so that the first sound is not late. Call it after the first paint.
     void Prepare();
 
-    /// Plays sound 1..LastSound and returns at once; other ids are silence.
-    void Play(Short id);
+    /// Plays a sound and returns at once.
+    void Play(Sound sound);
 
 private:
     struct Shared;
@@ -52,7 +49,7 @@ private:
     std::shared_ptr<Shared> shared_;
     std::thread thread_;
 
-    std::shared_ptr<const Samples> RecordingOf(Short id);
+    std::shared_ptr<const Samples> RecordingOf(Sound sound);
     void RequestDevice(std::chrono::milliseconds length);
     static void Run(const std::shared_ptr<Shared>& shared);
 };

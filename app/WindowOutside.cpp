@@ -70,8 +70,8 @@ void WindowOutside::StepDelay(Short n) {
     Wait(StepMilliseconds(n, settings_.Speed));
 }
 
-void WindowOutside::PlaySound(Short id) {
-    mesa_.Shared().PlaySound(id);
+void WindowOutside::PlaySound(Sound sound) {
+    mesa_.Shared().PlaySound(sound);
 }
 
 void WindowOutside::LiftPiece(PieceCode piece, Square) {
@@ -119,8 +119,8 @@ bool WindowOutside::IsWon() const {
     return state_.PiecesHome[state_.CurrentColour] == PiecesPerColour;
 }
 
-void WindowOutside::SetScreenPointer(ScreenPointer pointer) {
-    mesa_.SetScreenPointer(pointer);
+void WindowOutside::SetScreenCursor(ScreenCursor cursor) {
+    mesa_.SetScreenCursor(cursor);
 }
 
 void WindowOutside::BeginLog(std::string_view heading) {

@@ -26,7 +26,7 @@ public:
     void WaitForInput() override;
     void Pause(Short n) override;
     void StepDelay(Short n) override;
-    void PlaySound(Short id) override;
+    void PlaySound(Sound sound) override;
     void LiftPiece(PieceCode piece, Square from) override;
     void StepPiece(PieceCode piece, Square from, Square to) override;
     void PutDownPiece(PieceCode piece, Square at) override;
@@ -35,7 +35,7 @@ public:
     void DrawWinner(Colour colour, bool visible) override;
     void EmptyBoard() override;
     void RefreshBoard() override;
-    void SetScreenPointer(ScreenPointer pointer) override;
+    void SetScreenCursor(ScreenCursor cursor) override;
     void BeginLog(std::string_view heading) override;
     void AddLogLine(Short moveNumber, const MoveRecord& record) override;
     void SelectLogLine(Short line) override;

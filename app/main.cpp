@@ -43,7 +43,7 @@ int main(int argc, char** argv) {
                      [&program] { program.SaveNow(); });
     QTimer::singleShot(0, &program.Window(), [&program] { program.Start(); });
     const int status = QApplication::exec();
-    // A picture that nobody waits for any more must not be painted while the toolkit ends.
+    // A picture that nobody waits for any more must not be painted while Qt ends.
     QThreadPool::globalInstance()->waitForDone();
     return status;
 }

@@ -5,7 +5,7 @@
 #include "core/Board.h"
 #include "core/Chance.h"
 #include "core/DecidedThrows.h"
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "core/Player.h"
 #include "core/Rules.h"
 #include "tools/Match.h"
@@ -22,9 +22,9 @@ public:
         for (std::uint64_t game = 0; game < 20; ++game) {
             GameState state;
             PositionCollector collector(state, game, positions);
-            const Table table{state, settings, collector};
-            ResetGame(table);
-            PlayFrom(table, 1);
+            const GameContext game{state, settings, collector};
+            ResetGame(game);
+            PlayFrom(game, 1);
         }
         return positions;
     }

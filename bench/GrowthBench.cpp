@@ -9,7 +9,7 @@
 #include "core/Chance.h"
 #include "core/DecidedThrows.h"
 #include "core/Displacement.h"
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "core/Recorder.h"
 #include "core/Turns.h"
 #include "store/HistoryFile.h"
@@ -33,16 +33,16 @@ public:
     /// Plays until the state has that many records.
     void PlayUntil(Short records) {
         wanted_ = records;
-        const Table table{state_, settings_, *this};
+        const GameContext game{state_, settings_, *this};
         if (!state_.GameInProgress) {
-            ResetGame(table);
-            PlayFrom(table, 1);
+            ResetGame(game);
+            PlayFrom(game, 1);
         } else {
-            RunTurns(table);
+            RunTurns(game);
         }
         // The turn that has begun is offered again.
         --state_.MoveRecordCount;
-        if (!state_.RepeatTurn) PreviousColour(table);
+        if (!state_.RepeatTurn) PreviousColour(game);
         state_.GameInProgress = Yes;
     }
 
@@ -126,14 +126,14 @@ void StepRecorder(benchmark::State& run) {
     EndlessGame game(state);
     game.PlayUntil(static_cast<Short>(run.range(0)));
     ++state.MoveRecordCount;  // the unfinished move, which the recorder counts
-    const Table table{state, game.PlayedWith(), game};
+    const GameContext game{state, game.PlayedWith(), game};
     RecorderState recorder;
-    RecorderSwitchOn(table, recorder);
+    RecorderSwitchOn(game, recorder);
     const Short steps = movesAtOnce / 2;
     for (auto _ : run) {
         const double start = Seconds();
-        for (Short step = 0; step < steps; ++step) StepBack(table, recorder);
-        for (Short step = 0; step < steps; ++step) StepForward(table, recorder);
+        for (Short step = 0; step < steps; ++step) StepBack(game, recorder);
+        for (Short step = 0; step < steps; ++step) StepForward(game, recorder);
         run.SetIterationTime((Seconds() - start) / (2 * steps));
     }
 }

@@ -11,21 +11,21 @@ Short RollOtherFace(Outside& outside, Short shown) {
 }
 
 void PlayRollSound(const Show& show, Short roll) {
-    if (roll == 1 || roll == 3) show.PlaySound(17);
-    if (roll == 5) show.PlaySound(18);
-    if (roll == 7) show.PlaySound(19);
+    if (roll == 1 || roll == 3) show.PlaySound(Sound::DieRattles);
+    if (roll == 5) show.PlaySound(Sound::DieBounces);
+    if (roll == 7) show.PlaySound(Sound::DieComesToRest);
 }
 
 }  // namespace
 
-void ShowThrow(const Table& table) {
-    GameState& state = table.state;
+void ShowThrow(const GameContext& game) {
+    GameState& state = game.state;
     state.DieValue = 0;
     for (Short roll = 1; roll <= RollsOfAThrow; ++roll) {
-        state.DieValue = RollOtherFace(table.outside, state.DieValue);
-        PlayRollSound(table.show, roll);
-        table.show.DrawDie(state.CurrentColour, state.DieValue);
-        table.show.Pause(static_cast<Short>(RollsOfAThrow - roll));
+        state.DieValue = RollOtherFace(game.outside, state.DieValue);
+        PlayRollSound(game.show, roll);
+        game.show.DrawDie(state.CurrentColour, state.DieValue);
+        game.show.Pause(static_cast<Short>(RollsOfAThrow - roll));
     }
 }
 

@@ -8,14 +8,14 @@ namespace zorva {
 inline constexpr Short RollsOfAThrow = 10;
 
 /// Ten faces shown one after another; two in a row always differ. The tenth stays in DieValue.
-void ShowThrow(const Table& table);
+void ShowThrow(const GameContext& game);
 
 /// Rolls the die of CurrentColour into DieValue: as ShowThrow does, or one face when nobody watches.
-inline void ThrowDie(const Table& table) {
-    if (table.show.IsWatched()) {
-        ShowThrow(table);
+inline void ThrowDie(const GameContext& game) {
+    if (game.show.IsWatched()) {
+        ShowThrow(game);
     } else {
-        table.state.DieValue = table.outside.RollFace();
+        game.state.DieValue = game.outside.RollFace();
     }
 }
 

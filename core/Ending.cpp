@@ -27,14 +27,14 @@ Short PointsOf(const GameState& state, const std::vector<Colour>& losers) {
     return ToShort(std::min(static_cast<long>(value), 999L));
 }
 
-void Celebrate(const Table& table) {
-    table.outside.PlaySound(14);
-    table.outside.Pause(45);
+void Celebrate(const GameContext& game) {
+    game.outside.PlaySound(Sound::Victory);
+    game.outside.Pause(45);
     for (int blink = 0; blink < 4; ++blink) {
-        table.outside.DrawWinner(table.state.CurrentColour, true);
-        table.outside.Pause(55);
-        table.outside.DrawWinner(table.state.CurrentColour, false);
-        table.outside.Pause(20);
+        game.outside.DrawWinner(game.state.CurrentColour, true);
+        game.outside.Pause(55);
+        game.outside.DrawWinner(game.state.CurrentColour, false);
+        game.outside.Pause(20);
     }
 }
 
@@ -60,17 +60,17 @@ std::string ResultText(const GameResult& result, const Settings& settings) {
            settings.PlayerName[result.winner];
 }
 
-void EndOfGame(const Table& table) {
-    GameState& state = table.state;
-    Celebrate(table);
-    const GameResult result = ResultOf(state, table.settings);
-    table.outside.ShowMessage("Final de la Partida", ResultText(result, table.settings), 2,
-                              MessageButtons::Acknowledge);
+void EndOfGame(const GameContext& game) {
+    GameState& state = game.state;
+    Celebrate(game);
+    const GameResult result = ResultOf(state, game.settings);
+    game.outside.ShowMessage("Final de la Partida", ResultText(result, game.settings), 2,
+                             MessageButtons::Acknowledge);
     const MessageAnswer keep =
-        table.outside.ShowMessage("Histórico de partidas jugadas",
-                                  "¿Se actualiza el Histórico de partidas?", 1, MessageButtons::YesNo);
-    if (keep == MessageAnswer::Accepted) table.outside.KeepResult(result);
-    table.outside.RefreshBoard();
+        game.outside.ShowMessage("Histórico de partidas jugadas",
+                                 "¿Se actualiza el Histórico de partidas?", 1, MessageButtons::YesNo);
+    if (keep == MessageAnswer::Accepted) game.outside.KeepResult(result);
+    game.outside.RefreshBoard();
     state.GameInProgress = No;
     state.MoveRecordCount = 0;
 }

@@ -7,7 +7,7 @@
 
 namespace zorva {
 
-struct Table;
+struct GameContext;
 
 /// What is told and kept of a finished game.
 struct GameResult {
@@ -30,6 +30,6 @@ std::string PointsText(Short hundredths);
 std::string ResultText(const GameResult& result, const Settings& settings);
 
 /// Celebrates the winner, tells the result, offers it to the history and ends the game.
-void EndOfGame(const Table& table);
+void EndOfGame(const GameContext& game);
 
 }  // namespace zorva

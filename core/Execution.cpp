@@ -41,43 +41,43 @@ void PutIntoFirstEmptySlot(Slots& slots, PieceCode code) {
 
 // ---------------------------------------------------------------------------------- forwards
 
-void Lift(const Table& table, Colour colour, PieceCode code, Square from) {
-    GameState& state = table.state;
+void Lift(const GameContext& game, Colour colour, PieceCode code, Square from) {
+    GameState& state = game.state;
     if (from == 0) {
         --state.PiecesInBox[colour];
-        table.show.PlaySound(7);
+        game.show.PlaySound(Sound::Box);
     } else {
         TakeFromSlots(state.SquareOccupants[from], code);
     }
-    table.show.LiftPiece(code, from);
+    game.show.LiftPiece(code, from);
 }
 
-void StepTo(const Table& table, PieceCode code, Square from, Square to) {
-    table.show.PlaySound(13);
-    table.show.StepPiece(code, from, to);
-    table.show.StepDelay(80);
+void StepTo(const GameContext& game, PieceCode code, Square from, Square to) {
+    game.show.PlaySound(Sound::Step);
+    game.show.StepPiece(code, from, to);
+    game.show.StepDelay(80);
 }
 
-void Walk(const Table& table, Colour colour, PieceCode code, Square from, Square to) {
+void Walk(const GameContext& game, Colour colour, PieceCode code, Square from, Square to) {
     Square square = from;
     if (from == 0) {
         square = ExitSquare[colour];
-        StepTo(table, code, 0, square);
+        StepTo(game, code, 0, square);
     }
     while (square != to) {
         const Square next = AdvanceSquare(square, 1, colour);
-        Insist(next <= GoalSquare[colour], "a piece walks past its goal");
-        StepTo(table, code, square, next);
+        Require(next <= GoalSquare[colour], "a piece walks past its goal");
+        StepTo(game, code, square, next);
         square = next;
     }
 }
 
-void PutDown(const Table& table, Colour colour, PieceCode code, Square to) {
-    GameState& state = table.state;
+void PutDown(const GameContext& game, Colour colour, PieceCode code, Square to) {
+    GameState& state = game.state;
     state.PiecePosition[colour][PieceOf(code)] = to;
     PutIntoFirstEmptySlot(state.SquareOccupants[to], code);
     if (to == GoalSquare[colour]) ++state.PiecesHome[colour];
-    table.show.PutDownPiece(code, to);
+    game.show.PutDownPiece(code, to);
 }
 
 void CheckCapture(GameState& state, Colour colour, Square to) {
@@ -93,21 +93,21 @@ void CheckCapture(GameState& state, Colour colour, Square to) {
 }
 
 // The way home is shown as one step from the square into the box.
-void ReturnToBox(const Table& table, Colour colour, PieceCode code, Square from) {
-    GameState& state = table.state;
+void ReturnToBox(const GameContext& game, Colour colour, PieceCode code, Square from) {
+    GameState& state = game.state;
     const bool isPenalty = state.SixesInRow == 3;
-    if (isPenalty) table.show.Pause(45);
-    table.show.PlaySound(11);
-    table.show.StepPiece(code, from, 0);
-    table.show.Pause(isPenalty ? 55 : 45);
-    table.show.Pause(20);
+    if (isPenalty) game.show.Pause(45);
+    game.show.PlaySound(Sound::SentHome);
+    game.show.StepPiece(code, from, 0);
+    game.show.Pause(isPenalty ? 55 : 45);
+    game.show.Pause(20);
     state.PiecePosition[colour][PieceOf(code)] = 0;
     ++state.PiecesInBox[colour];
-    table.show.PutDownPiece(code, 0);
+    game.show.PutDownPiece(code, 0);
 }
 
-void PlayForward(const Table& table, const MoveRecord& record) {
-    GameState& state = table.state;
+void PlayForward(const GameContext& game, const MoveRecord& record) {
+    GameState& state = game.state;
     state.CaptureReport = 0;
     if (record.Piece == 0) return;
     // Read at once: while the piece walks, the window may be painted, and nothing is to hang on the
@@ -116,13 +116,13 @@ void PlayForward(const Table& table, const MoveRecord& record) {
     const PieceCode code = CodeOf(colour, record.Piece);
     const Square from = record.From, to = record.To;
     const bool byHand = record.Manual != No;
-    Lift(table, colour, code, from);
+    Lift(game, colour, code, from);
     if (to == 0) {
-        ReturnToBox(table, colour, code, from);
+        ReturnToBox(game, colour, code, from);
         return;
     }
-    if (!byHand && table.show.IsWatched()) Walk(table, colour, code, from, to);
-    PutDown(table, colour, code, to);
+    if (!byHand && game.show.IsWatched()) Walk(game, colour, code, from, to);
+    PutDown(game, colour, code, to);
     if (!byHand) CheckCapture(state, colour, to);
 }
 
@@ -194,26 +194,26 @@ void TakeOff(GameState& state, const MoveRecord& record, PieceCode code) {
     slots[3] = 0;
 }
 
-void TakeBack(const Table& table, const MoveRecord& record) {
-    GameState& state = table.state;
+void TakeBack(const GameContext& game, const MoveRecord& record) {
+    GameState& state = game.state;
     state.CaptureReport = 0;
     if (record.Piece == 0) return;
     const PieceCode code = CodeOf(record.MoverColour, record.Piece);
     TakeOff(state, record, code);
-    table.show.LiftPiece(code, record.To);
+    game.show.LiftPiece(code, record.To);
     PutBack(state, record, code);
     state.PiecePosition[record.MoverColour][record.Piece] = record.From;
-    table.show.PutDownPiece(code, record.From);
+    game.show.PutDownPiece(code, record.From);
 }
 
 }  // namespace
 
-void ExecuteMove(const Table& table, ExecutionMode mode) {
-    const MoveRecord& record = table.state.MoveRecords[table.state.MoveRecordCount];
+void ExecuteMove(const GameContext& game, ExecutionMode mode) {
+    const MoveRecord& record = game.state.MoveRecords[game.state.MoveRecordCount];
     if (mode == ExecutionMode::Forward) {
-        PlayForward(table, record);
+        PlayForward(game, record);
     } else {
-        TakeBack(table, record);
+        TakeBack(game, record);
     }
 }
 

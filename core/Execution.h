@@ -15,6 +15,6 @@ enum class ExecutionMode : Short { Forward = 1, Backward = 2 };
 /// Backward: puts the piece back at once. Taking back the records one after another restores every
 /// table exactly, the order of the slots included; the records alone are enough for that.
 /// A record without a piece changes no table.
-void ExecuteMove(const Table& table, ExecutionMode mode);
+void ExecuteMove(const GameContext& game, ExecutionMode mode);
 
 }  // namespace zorva

@@ -4,6 +4,7 @@
 
 #include "core/Ending.h"
 #include "core/GameState.h"
+#include "core/Sound.h"
 
 namespace zorva {
 
@@ -13,8 +14,8 @@ enum class MessageButtons : Short { Acknowledge = 1, YesNo = 2 };
 /// What a person answered; closing a question without a button refuses.
 enum class MessageAnswer : Short { Accepted = -1, Refused = 0 };
 
-/// Pointers the game itself asks for; all others follow from where the mouse is.
-enum class ScreenPointer { Default, Hourglass, OfTheBoard };
+/// Cursors the game itself asks for; all others follow from where the mouse is.
+enum class ScreenCursor { Default, Hourglass, OfTheBoard };
 
 /// Everything a game procedure may ask of the world. The board window answers with pixels, sounds
 /// and waits; the windowless player answers with nothing; tests answer with a list of notes.
@@ -48,8 +49,8 @@ public:
     virtual void StepDelay(Short n) = 0;
 
     // Sound.
-    /// Starts sound 1..19 and returns at once; it cuts off the one that is playing.
-    virtual void PlaySound(Short id) = 0;
+    /// Starts a sound and returns at once; it cuts off the one that is playing.
+    virtual void PlaySound(Sound sound) = 0;
 
     // The board. A piece is lifted, steps from square to square, and is put down; while it is in the
     // air it stands in no table. Square 0 is its waiting box.
@@ -66,7 +67,7 @@ public:
     virtual void EmptyBoard() = 0;
     /// The tables were changed as a whole: draws all of the board again.
     virtual void RefreshBoard() = 0;
-    virtual void SetScreenPointer(ScreenPointer pointer) = 0;
+    virtual void SetScreenCursor(ScreenCursor cursor) = 0;
 
     // The move log.
     /// Empties the log and writes its heading.
@@ -109,8 +110,8 @@ public:
     void StepDelay(Short n) const {
         if (watched_) watched_->StepDelay(n);
     }
-    void PlaySound(Short id) const {
-        if (watched_) watched_->PlaySound(id);
+    void PlaySound(Sound sound) const {
+        if (watched_) watched_->PlaySound(sound);
     }
     void LiftPiece(PieceCode piece, Square from) const {
         if (watched_) watched_->LiftPiece(piece, from);
@@ -133,8 +134,8 @@ public:
     void PositionReached() const {
         if (followed_) followed_->PositionReached();
     }
-    void SetScreenPointer(ScreenPointer pointer) const {
-        if (watched_) watched_->SetScreenPointer(pointer);
+    void SetScreenCursor(ScreenCursor cursor) const {
+        if (watched_) watched_->SetScreenCursor(cursor);
     }
     /// Shows the die boxes of all four colours empty.
     void ClearDice() const {
@@ -149,7 +150,7 @@ private:
 
 /// A game on the table: its value, the players' settings and the world around it. Handed from
 /// procedure to procedure; owns nothing.
-struct Table {
+struct GameContext {
     GameState& state;
     const Settings& settings;
     Outside& outside;

@@ -110,7 +110,7 @@ double ProgressTerm(const Candidate& move) {
 
 double CaptureTerm(const Candidate& move) {
     if (move.level < terms::captureLevel) return 0;
-    const PieceCode victim = PreyOn(move.state, move.colour, move.to);
+    const PieceCode victim = CapturableOn(move.state, move.colour, move.to);
     if (victim == 0) return 0;
     // The bonus may be walked by the capturing piece too, from where it stands now.
     const int factor = CanAnyWalk(move, CaptureBonus, 0) ? terms::withBonus : terms::withoutBonus;

@@ -11,7 +11,7 @@ namespace {
 class Unseen : public SilentOutside {
 public:
     bool IsWatched() const override { return false; }
-    Short RollFace() override { StopOnFault("a replayed move throws no die"); }
+    Short RollFace() override { Fatal("a replayed move throws no die"); }
 };
 
 const MoveRecord& RecordAt(const GameState& state, int move) {
@@ -23,9 +23,9 @@ Colour ColourOnTurn(const MoveRecord& record) {
     return record.FollowingColour != 0 ? record.FollowingColour : record.MoverColour;
 }
 
-void Replay(const Table& table, RecorderState& recorder) {
-    GameState& state = table.state;
-    ExecuteMove(table, ExecutionMode::Forward);
+void Replay(const GameContext& game, RecorderState& recorder) {
+    GameState& state = game.state;
+    ExecuteMove(game, ExecutionMode::Forward);
     state.CaptureReport = 0;  // the next move that is logged has nothing to do with it
     ++state.MoveRecordCount;
     state.CurrentColour = state.MoveRecordCount < recorder.RecorderEnd
@@ -33,43 +33,43 @@ void Replay(const Table& table, RecorderState& recorder) {
                               : recorder.RecorderResumeColour;
 }
 
-void TakeBack(const Table& table) {
-    GameState& state = table.state;
+void TakeBack(const GameContext& game) {
+    GameState& state = game.state;
     --state.MoveRecordCount;
-    ExecuteMove(table, ExecutionMode::Backward);
+    ExecuteMove(game, ExecutionMode::Backward);
     state.CurrentColour = RecordAt(state, state.MoveRecordCount).MoverColour;
 }
 
-void ShowReadyDie(const Table& table) {
-    table.show.ClearDice();
-    table.state.DieValue = 0;
-    table.outside.DrawDie(table.state.CurrentColour, table.state.RepeatTurn ? Short{6} : Short{5});
+void ShowReadyDie(const GameContext& game) {
+    game.show.ClearDice();
+    game.state.DieValue = 0;
+    game.outside.DrawDie(game.state.CurrentColour, game.state.RepeatTurn ? Short{6} : Short{5});
 }
 
 // The dice show the throw of the last move on the board, and the ready die at the end of the tape.
-void ShowDiceOfPosition(const Table& table, const RecorderState& recorder) {
-    GameState& state = table.state;
+void ShowDiceOfPosition(const GameContext& game, const RecorderState& recorder) {
+    GameState& state = game.state;
     if (state.MoveRecordCount == recorder.RecorderEnd) {
-        ShowReadyDie(table);
+        ShowReadyDie(game);
         return;
     }
-    table.show.ClearDice();
+    game.show.ClearDice();
     const MoveRecord& last = RecordAt(state, state.MoveRecordCount - 1);
     state.DieValue = last.Die;
-    if (last.Die != 0) table.outside.DrawDie(last.MoverColour, last.Die);
+    if (last.Die != 0) game.outside.DrawDie(last.MoverColour, last.Die);
     state.DieValue = 0;
 }
 
-void ShowPosition(const Table& table, const RecorderState& recorder) {
-    ShowDiceOfPosition(table, recorder);
-    table.outside.SelectLogLine(ToShort(table.state.MoveRecordCount - 1));
+void ShowPosition(const GameContext& game, const RecorderState& recorder) {
+    ShowDiceOfPosition(game, recorder);
+    game.outside.SelectLogLine(ToShort(game.state.MoveRecordCount - 1));
 }
 
-void TakeTapeOut(const Table& table, RecorderState& recorder) {
+void TakeTapeOut(const GameContext& game, RecorderState& recorder) {
     recorder = RecorderState{};
-    table.outside.SelectLogLine(-1);
-    table.outside.RefreshBoard();
-    ShowReadyDie(table);
+    game.outside.SelectLogLine(-1);
+    game.outside.RefreshBoard();
+    ShowReadyDie(game);
 }
 
 // The turn as it stood before the move at the position: whether it went on after a six, and whose.
@@ -109,45 +109,45 @@ bool CanRestore(const GameState& state, const RecorderState& recorder) {
     return CanStepForward(state, recorder);
 }
 
-void RecorderSwitchOn(const Table& table, RecorderState& recorder) {
-    table.outside.SelectLogLine(ToShort(table.state.MoveRecordCount - 1));
+void RecorderSwitchOn(const GameContext& game, RecorderState& recorder) {
+    game.outside.SelectLogLine(ToShort(game.state.MoveRecordCount - 1));
     recorder.RecorderOn = Yes;
-    recorder.RecorderEnd = table.state.MoveRecordCount;
-    recorder.RecorderResumeColour = table.state.CurrentColour;
+    recorder.RecorderEnd = game.state.MoveRecordCount;
+    recorder.RecorderResumeColour = game.state.CurrentColour;
 }
 
-void StepForward(const Table& table, RecorderState& recorder) {
-    Replay(table, recorder);
-    ShowPosition(table, recorder);
+void StepForward(const GameContext& game, RecorderState& recorder) {
+    Replay(game, recorder);
+    ShowPosition(game, recorder);
 }
 
-void StepBack(const Table& table, RecorderState& recorder) {
-    TakeBack(table);
-    ShowPosition(table, recorder);
+void StepBack(const GameContext& game, RecorderState& recorder) {
+    TakeBack(game);
+    ShowPosition(game, recorder);
 }
 
-void RecorderSwitchOff(const Table& table, RecorderState& recorder) {
+void RecorderSwitchOff(const GameContext& game, RecorderState& recorder) {
     Unseen unseen;
-    while (table.state.MoveRecordCount < recorder.RecorderEnd) {
-        Replay({table.state, table.settings, unseen}, recorder);
+    while (game.state.MoveRecordCount < recorder.RecorderEnd) {
+        Replay({game.state, game.settings, unseen}, recorder);
     }
-    table.state.CurrentColour = recorder.RecorderResumeColour;
-    TakeTapeOut(table, recorder);
+    game.state.CurrentColour = recorder.RecorderResumeColour;
+    TakeTapeOut(game, recorder);
 }
 
-void RestorePosition(const Table& table, RecorderState& recorder) {
-    GameState& state = table.state;
+void RestorePosition(const GameContext& game, RecorderState& recorder) {
+    GameState& state = game.state;
     Unseen unseen;
     while (state.MoveRecordCount > 1 && !RecordAt(state, state.MoveRecordCount).TurnEnd) {
-        TakeBack({state, table.settings, unseen});
+        TakeBack({state, game.settings, unseen});
     }
     RestoreTurn(state);
-    table.outside.CutLogFrom(state.MoveRecordCount);
+    game.outside.CutLogFrom(state.MoveRecordCount);
     for (Short move = state.MoveRecordCount; move <= recorder.RecorderEnd; ++move) {
         state.MoveRecords[move] = MoveRecord{};
     }
-    TakeTapeOut(table, recorder);
-    table.outside.PositionReached();
+    TakeTapeOut(game, recorder);
+    game.outside.PositionReached();
 }
 
 }  // namespace zorva

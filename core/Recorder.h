@@ -23,20 +23,20 @@ bool CanRestore(const GameState& state, const RecorderState& recorder);
 bool IsReplaying(const RecorderState& recorder);
 
 /// Puts the tape in: the position is its end.
-void RecorderSwitchOn(const Table& table, RecorderState& recorder);
+void RecorderSwitchOn(const GameContext& game, RecorderState& recorder);
 
 /// Goes to the end of the tape at once, without walk, sound or pause, and takes the tape out: the
 /// game stands exactly where it stood.
-void RecorderSwitchOff(const Table& table, RecorderState& recorder);
+void RecorderSwitchOff(const GameContext& game, RecorderState& recorder);
 
 /// Plays the move at the position and advances it. The position must not be the end of the tape.
-void StepForward(const Table& table, RecorderState& recorder);
+void StepForward(const GameContext& game, RecorderState& recorder);
 
 /// Takes the move before the position back. The position must be above 1.
-void StepBack(const Table& table, RecorderState& recorder);
+void StepBack(const GameContext& game, RecorderState& recorder);
 
 /// Forgets the moves from the position on; where it is inside a turn, from the beginning of that turn
 /// on. The game plays on as if the forgotten moves had never been made. Takes the tape out.
-void RestorePosition(const Table& table, RecorderState& recorder);
+void RestorePosition(const GameContext& game, RecorderState& recorder);
 
 }  // namespace zorva

@@ -66,8 +66,8 @@ void NewMoveRecord(GameState& state) {
         MakeRoom(state.MoveRecords);
 }
 
-void LogMove(const Table& table) {
-    GameState& state = table.state;
+void LogMove(const GameContext& game) {
+    GameState& state = game.state;
     MoveRecord& record = state.MoveRecords[state.MoveRecordCount];
     record = {};
     FillKindOfMove(record, state);
@@ -76,7 +76,7 @@ void LogMove(const Table& table) {
     record.To = state.MoveTo;
     record.RepeatState = state.SixesInRow == 3 ? Short{0} : state.SixesInRow;
     record.TurnEnd = GoesOnWithTurn(record, state.SecondMovePending) ? No : Yes;
-    table.show.AddLogLine(state.MoveRecordCount, record);
+    game.show.AddLogLine(state.MoveRecordCount, record);
 }
 
 std::string LogLineText(Short moveNumber, const MoveRecord& record) {
@@ -86,10 +86,10 @@ std::string LogLineText(Short moveNumber, const MoveRecord& record) {
     return number + " " + Abbreviation(record.MoverColour) + " " + ActionText(record);
 }
 
-void RebuildLog(const Table& table) {
-    table.outside.BeginLog(ContinuedGameHeading);
-    for (Short move = 1; move < table.state.MoveRecordCount; ++move) {
-        table.outside.AddLogLine(move, table.state.MoveRecords[move]);
+void RebuildLog(const GameContext& game) {
+    game.outside.BeginLog(ContinuedGameHeading);
+    for (Short move = 1; move < game.state.MoveRecordCount; ++move) {
+        game.outside.AddLogLine(move, game.state.MoveRecords[move]);
     }
 }
 

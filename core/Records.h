@@ -11,7 +11,7 @@ namespace zorva {
 void NewMoveRecord(GameState& state);
 
 /// Fills the record of the move about to be made from the turn fields and adds its log line.
-void LogMove(const Table& table);
+void LogMove(const GameContext& game);
 
 /// The log line of a move, such as "  7 Ama. cuenta 5".
 std::string LogLineText(Short moveNumber, const MoveRecord& record);
@@ -21,6 +21,6 @@ inline constexpr const char* NewGameHeading = "Inicio de la partida";
 inline constexpr const char* ContinuedGameHeading = "Inicio de partida";
 
 /// Builds the log again from the records of a game that was loaded.
-void RebuildLog(const Table& table);
+void RebuildLog(const GameContext& game);
 
 }  // namespace zorva

@@ -40,7 +40,7 @@ Square DestinationOf(Colour colour, Short steps, Square square) {
     return square == 0 ? ExitSquare[colour] : AdvanceSquare(square, steps, colour);
 }
 
-PieceCode PreyOn(const GameState& state, Colour colour, Square square) {
+PieceCode CapturableOn(const GameState& state, Colour colour, Square square) {
     const auto& occupants = state.SquareOccupants[square];
     const bool isOpen = square <= LastRingSquare && !IsSafeSquare(square) && occupants[2] == 0;
     return isOpen && ColourOf(occupants[1]) != colour ? occupants[1] : PieceCode{0};

@@ -24,7 +24,7 @@ Square DestinationOf(Colour colour, Short steps, Square square);
 
 /// The piece that a piece of `colour` would capture by walking to `square`: a lone rival where none is
 /// safe; 0 when there is none.
-PieceCode PreyOn(const GameState& state, Colour colour, Square square);
+PieceCode CapturableOn(const GameState& state, Colour colour, Square square);
 
 /// What landing on a square did.
 struct Capture {

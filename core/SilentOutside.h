@@ -9,10 +9,10 @@ namespace zorva {
 class SilentOutside : public Outside {
 public:
     void YieldToEvents() override {}
-    void WaitForInput() override { StopOnFault("a game without players waits for one"); }
+    void WaitForInput() override { Fatal("a game without players waits for one"); }
     void Pause(Short) override {}
     void StepDelay(Short) override {}
-    void PlaySound(Short) override {}
+    void PlaySound(Sound) override {}
     void LiftPiece(PieceCode, Square) override {}
     void StepPiece(PieceCode, Square, Square) override {}
     void PutDownPiece(PieceCode, Square) override {}
@@ -21,7 +21,7 @@ public:
     void DrawWinner(Colour, bool) override {}
     void EmptyBoard() override {}
     void RefreshBoard() override {}
-    void SetScreenPointer(ScreenPointer) override {}
+    void SetScreenCursor(ScreenCursor) override {}
     void BeginLog(std::string_view) override {}
     void AddLogLine(Short, const MoveRecord&) override {}
     void SelectLogLine(Short) override {}

@@ -14,20 +14,20 @@ namespace {
 /// How the driver goes on after a move was carried out.
 enum class AfterMove { NextTurn, SecondPiece, GameOver };
 
-void PassTurn(const Table& table, Short direction) {
-    Colour colour = table.state.CurrentColour;
+void PassTurn(const GameContext& game, Short direction) {
+    Colour colour = game.state.CurrentColour;
     do {
         colour = static_cast<Colour>(static_cast<unsigned>(colour - 1 + direction) % ColourCount + 1);
-    } while (!IsTakingPart(table.settings, colour));
-    table.state.CurrentColour = colour;
+    } while (!IsTakingPart(game.settings, colour));
+    game.state.CurrentColour = colour;
 }
 
-void BeginTurn(const Table& table) {
-    GameState& state = table.state;
-    table.show.YieldToEvents();
-    table.show.SetScreenPointer(ScreenPointer::Default);
+void BeginTurn(const GameContext& game) {
+    GameState& state = game.state;
+    game.show.YieldToEvents();
+    game.show.SetScreenCursor(ScreenCursor::Default);
     if (!state.RepeatTurn) {
-        NextColour(table);
+        NextColour(game);
         state.SixesInRow = 0;
     }
     if (state.SixesInRow == 0) state.RepeatTurn = No;
@@ -36,26 +36,26 @@ void BeginTurn(const Table& table) {
 }
 
 // The ready die shows a five at the start of a turn and a six when the throw follows a six.
-void OfferThrow(const Table& table) {
-    GameState& state = table.state;
-    table.show.DrawDie(state.CurrentColour, state.RepeatTurn ? Short{6} : Short{5});
-    table.show.PlaySound(5);
+void OfferThrow(const GameContext& game) {
+    GameState& state = game.state;
+    game.show.DrawDie(state.CurrentColour, state.RepeatTurn ? Short{6} : Short{5});
+    game.show.PlaySound(Sound::DieReady);
     state.ManualShiftMade = No;
     state.ManualMode = No;
-    state.WaitingForThrow = table.settings.PauseBetweenMoves == 1 ? Yes : No;
-    table.show.SetScreenPointer(ScreenPointer::OfTheBoard);
-    table.show.YieldToEvents();
-    while (state.WaitingForThrow) table.outside.WaitForInput();
+    state.WaitingForThrow = game.settings.PauseBetweenMoves == 1 ? Yes : No;
+    game.show.SetScreenCursor(ScreenCursor::OfTheBoard);
+    game.show.YieldToEvents();
+    while (state.WaitingForThrow) game.outside.WaitForInput();
 }
 
 // A piece was dragged outside the rules: it is logged, and the turn is offered again.
-void PlayManualShift(const Table& table) {
-    GameState& state = table.state;
-    LogMove(table);
-    ExecuteMove(table, ExecutionMode::Forward);
+void PlayManualShift(const GameContext& game) {
+    GameState& state = game.state;
+    LogMove(game);
+    ExecuteMove(game, ExecutionMode::Forward);
     state.ManualShiftMade = No;
     state.CurrentColour = state.ManualShiftColour;
-    if (!state.RepeatTurn) PreviousColour(table);
+    if (!state.RepeatTurn) PreviousColour(game);
 }
 
 // Returns true when this throw was the third six in a row.
@@ -84,34 +84,34 @@ const MoveRecord& LastThrownMove(const GameState& state) {
     return state.MoveRecords[move > 0 ? move : 0];
 }
 
-void TellThirdSix(const Table& table, const char* text, Short lineCount) {
-    table.outside.ShowMessage("Ha sacado 3 seises", text, lineCount, MessageButtons::Acknowledge);
+void TellThirdSix(const GameContext& game, const char* text, Short lineCount) {
+    game.outside.ShowMessage("Ha sacado 3 seises", text, lineCount, MessageButtons::Acknowledge);
 }
 
 // The third six sends the piece moved last back to its box, unless it is home. Returns false when
 // the turn leaves no record at all.
-bool PrepareThirdSixReturn(const Table& table) {
-    GameState& state = table.state;
+bool PrepareThirdSixReturn(const GameContext& game) {
+    GameState& state = game.state;
     const Colour colour = state.CurrentColour;
     const Short piece = LastThrownMove(state).Piece;
     const Square square = state.PiecePosition[colour][piece];
     state.RepeatTurn = No;
     if (piece != 0 && square == GoalSquare[colour]) {
-        TellThirdSix(table,
+        TellThirdSix(game,
                      "Este jugador ha sacado un 6 por tercera vez. Como la ficha que ha movido en la  "
                      "jugada  anterior ha llegado a casa no vuelve al cuadro de espera.",
                      3);
-        table.show.ClearDice();
+        game.show.ClearDice();
         --state.MoveRecordCount;
         return false;
     }
     if (piece == 0 || square == 0) {
-        TellThirdSix(table,
+        TellThirdSix(game,
                      "Este jugador ha sacado un 6 por tercera vez. Como en el turno anterior no pudo "
                      "mover, no vuelve ninguna ficha al cuadro de espera.",
                      3);
     } else {
-        TellThirdSix(table,
+        TellThirdSix(game,
                      "Este jugador ha sacado un 6 por tercera vez y la ficha que ha movido en la "
                      "jugada anterior vuelve al cuadro de espera.",
                      2);
@@ -122,37 +122,37 @@ bool PrepareThirdSixReturn(const Table& table) {
     return true;
 }
 
-void MakeMoveForPlayer(const Table& table) {
-    TakeAdvisedMove(table.state);
-    table.show.Pause(15);
-    ShowChosenMove(table);
+void MakeMoveForPlayer(const GameContext& game) {
+    TakeAdvisedMove(game.state);
+    game.show.Pause(15);
+    ShowChosenMove(game);
 }
 
 // Finds the move of this throw, or waits until the person has chosen one. Returns false when the
 // game was abandoned.
-bool DecideMove(const Table& table) {
-    GameState& state = table.state;
-    ChooseComputerMove(state, table.settings);
+bool DecideMove(const GameContext& game) {
+    GameState& state = game.state;
+    ChooseComputerMove(state, game.settings);
     if (!state.GameInProgress) return false;
     state.WaitingForMove = Yes;
-    const bool byPerson = table.settings.PlayerType[state.CurrentColour] == 2;
+    const bool byPerson = game.settings.PlayerType[state.CurrentColour] == 2;
     if (state.BestPiece == 0) {
         state.WaitingForMove = No;
         state.MovePiece = state.MoveFrom = state.MoveTo = 0;
     } else if (!byPerson || state.LegalMoveCount == 1) {
-        MakeMoveForPlayer(table);
-    } else if (table.settings.Tutor == 1) {
-        ShowChosenMove(table);
+        MakeMoveForPlayer(game);
+    } else if (game.settings.Tutor == 1) {
+        ShowChosenMove(game);
     }
-    if (state.WaitingForMove) table.show.SetScreenPointer(ScreenPointer::OfTheBoard);
-    while (state.WaitingForMove) table.outside.WaitForInput();
-    table.show.SetScreenPointer(ScreenPointer::Default);
+    if (state.WaitingForMove) game.show.SetScreenCursor(ScreenCursor::OfTheBoard);
+    while (state.WaitingForMove) game.outside.WaitForInput();
+    game.show.SetScreenCursor(ScreenCursor::Default);
     return state.GameInProgress != No;
 }
 
 // The captured piece goes home by a record of its own.
-void SendCapturedHome(const Table& table) {
-    GameState& state = table.state;
+void SendCapturedHome(const GameContext& game) {
+    GameState& state = game.state;
     const Short report = state.CaptureReport;
     NewMoveRecord(state);
     state.MovePiece = PieceOf(state.SquareOccupants[state.MoveTo][report == 1 ? 1 : 3]);
@@ -160,29 +160,29 @@ void SendCapturedHome(const Table& table) {
     state.MoveTo = 0;
     state.DieValue = 0;
     state.MoveCount = 0;
-    LogMove(table);
-    ExecuteMove(table, ExecutionMode::Forward);
+    LogMove(game);
+    ExecuteMove(game, ExecutionMode::Forward);
     if (report == 1) {
         state.ThrowNext = No;
         state.RepeatTurn = Yes;
         state.MoveCount = CaptureBonus;
     } else {
-        table.show.ClearDice();
+        game.show.ClearDice();
     }
     state.CaptureReport = 0;
 }
 
-AfterMove CarryOutMove(const Table& table) {
-    GameState& state = table.state;
+AfterMove CarryOutMove(const GameContext& game) {
+    GameState& state = game.state;
     const Colour colour = state.CurrentColour;
-    LogMove(table);
-    ExecuteMove(table, ExecutionMode::Forward);
+    LogMove(game);
+    ExecuteMove(game, ExecutionMode::Forward);
     if (state.MovePiece == 0 && state.SixesInRow == 0) {
-        table.show.ClearDice();
+        game.show.ClearDice();
         return AfterMove::NextTurn;
     }
     if (state.CaptureReport != 0) {
-        SendCapturedHome(table);
+        SendCapturedHome(game);
         if (state.SecondMovePending == 0) return AfterMove::NextTurn;
     }
     if (state.MoveTo == GoalSquare[colour] && state.PiecesHome[colour] < PiecesPerColour) {
@@ -192,80 +192,79 @@ AfterMove CarryOutMove(const Table& table) {
         return AfterMove::NextTurn;
     }
     if (state.PiecesHome[colour] == PiecesPerColour) {
-        EndOfGame(table);
+        EndOfGame(game);
         return AfterMove::GameOver;
     }
     if (state.SecondMovePending == 1) return AfterMove::SecondPiece;
-    if (table.show.IsWatched() && !state.RepeatTurn) table.show.ClearDice();
-    table.show.Pause(10);
+    if (game.show.IsWatched() && !state.RepeatTurn) game.show.ClearDice();
+    game.show.Pause(10);
     return AfterMove::NextTurn;
 }
 
 // From the throw to its last move. Returns false when the game is over.
-bool PlayThrow(const Table& table) {
-    GameState& state = table.state;
+bool PlayThrow(const GameContext& game) {
+    GameState& state = game.state;
     const bool isThirdSix = CountSixes(state);
-    if (isThirdSix && !PrepareThirdSixReturn(table)) return true;
+    if (isThirdSix && !PrepareThirdSixReturn(game)) return true;
     if (!isThirdSix) state.SecondMovePending = 0;
     for (bool isChosen = isThirdSix;; isChosen = false) {
-        if (!isChosen && !DecideMove(table)) return false;
-        const AfterMove after = CarryOutMove(table);
+        if (!isChosen && !DecideMove(game)) return false;
+        const AfterMove after = CarryOutMove(game);
         if (after != AfterMove::SecondPiece) return after == AfterMove::NextTurn;
         NewMoveRecord(state);
     }
 }
 
 // Moves are numbered with 16 bits, and no game comes near; but pieces can be dragged by hand for ever.
-void EndLongestGame(const Table& table) {
-    table.outside.ShowMessage("Partida demasiado larga",
-                              "La partida ha llegado a las 32.700 jugadas y no caben más en la cinta. "
-                              "Termina aquí, sin ganador.",
-                              2, MessageButtons::Acknowledge);
-    table.state.GameInProgress = No;
-    table.state.MoveRecordCount = 0;
+void EndLongestGame(const GameContext& game) {
+    game.outside.ShowMessage("Partida demasiado larga",
+                             "La partida ha llegado a las 32.700 jugadas y no caben más en la cinta. "
+                             "Termina aquí, sin ganador.",
+                             2, MessageButtons::Acknowledge);
+    game.state.GameInProgress = No;
+    game.state.MoveRecordCount = 0;
 }
 
 // One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the
 // game is over or was abandoned.
-bool PlayTurn(const Table& table) {
-    GameState& state = table.state;
+bool PlayTurn(const GameContext& game) {
+    GameState& state = game.state;
     if (state.MoveRecordCount >= LongestGame) {
-        EndLongestGame(table);
+        EndLongestGame(game);
         return false;
     }
-    BeginTurn(table);
+    BeginTurn(game);
     if (!state.GameInProgress) return false;
-    table.show.PositionReached();
+    game.show.PositionReached();
     if (state.ThrowNext) {
-        OfferThrow(table);
+        OfferThrow(game);
         if (!state.GameInProgress) return false;
         if (state.ManualShiftMade) {
-            PlayManualShift(table);
+            PlayManualShift(game);
             return true;
         }
-        ThrowDie(table);
+        ThrowDie(game);
         state.MoveCount = state.DieValue;
         if (!state.GameInProgress) return false;
     }
     state.ThrowNext = Yes;
-    return PlayThrow(table);
+    return PlayThrow(game);
 }
 
 }  // namespace
 
-void NextColour(const Table& table) {
-    PassTurn(table, table.state.PlayDirection);
+void NextColour(const GameContext& game) {
+    PassTurn(game, game.state.PlayDirection);
 }
 
-void PreviousColour(const Table& table) {
-    PassTurn(table, static_cast<Short>(-table.state.PlayDirection));
+void PreviousColour(const GameContext& game) {
+    PassTurn(game, static_cast<Short>(-game.state.PlayDirection));
 }
 
-void ShowChosenMove(const Table& table) {
-    const GameState& state = table.state;
+void ShowChosenMove(const GameContext& game) {
+    const GameState& state = game.state;
     if (state.BestPiece == 0) return;
-    table.show.ShowChosenMove(CodeOf(state.CurrentColour, state.BestPiece), state.BestFrom,
-                              state.BestTo);
+    game.show.ShowChosenMove(CodeOf(state.CurrentColour, state.BestPiece), state.BestFrom, state.BestTo);
 }
 
 void TakeAdvisedMove(GameState& state) {
@@ -275,10 +274,10 @@ void TakeAdvisedMove(GameState& state) {
     state.WaitingForMove = No;
 }
 
-void RunTurns(const Table& table) {
-    while (PlayTurn(table)) {
+void RunTurns(const GameContext& game) {
+    while (PlayTurn(game)) {
     }
-    table.outside.RefreshBoard();
+    game.outside.RefreshBoard();
 }
 
 }  // namespace zorva

@@ -5,7 +5,7 @@
 
 namespace zorva {
 
-void StopOnFault(const char* message) {
+void Fatal(const char* message) {
     std::fprintf(stderr, "zorva: %s\n", message);
     std::abort();
 }

@@ -36,16 +36,16 @@ template <typename T>
 using PerPiece = std::array<T, PiecesPerColour + 1>;
 
 /// Stops the program with `message`: a mistake of ours, never of a person or a file.
-[[noreturn]] void StopOnFault(const char* message);
+[[noreturn]] void Fatal(const char* message);
 
 /// Stops the program unless `holds`; kept on in release builds.
-constexpr void Insist(bool holds, const char* message) {
-    if (!holds) StopOnFault(message);
+constexpr void Require(bool holds, const char* message) {
+    if (!holds) Fatal(message);
 }
 
 /// Narrows to 16 bits; a value that does not fit is a fault of the program.
 constexpr Short ToShort(long value) {
-    Insist(value >= INT16_MIN && value <= INT16_MAX, "a game value left the 16-bit range");
+    Require(value >= INT16_MIN && value <= INT16_MAX, "a game value left the 16-bit range");
     return static_cast<Short>(value);
 }
 

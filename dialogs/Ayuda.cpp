@@ -5,12 +5,12 @@
 #include <algorithm>
 
 #include "app/Palette.h"
-#include "dialogs/Lettering.h"
+#include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
 #include "dialogs/ManualText.h"
 #include "dialogs/ManualView.h"
-#include "dialogs/Ornament.h"
 #include "dialogs/PictureButton.h"
-#include "dialogs/Placing.h"
+#include "dialogs/TextStyle.h"
 #include "dialogs/mensajes.h"
 
 namespace zorva {
@@ -21,7 +21,6 @@ constexpr double shareOfScreen = 0.84;  // of either side: some 70 % of the area
 constexpr int widestWindow = 740;       // wider, and the lines would be tiring to read
 constexpr Short edge = 17;
 constexpr Short footHeight = 44;
-constexpr Short soundOfLeaving = 4;
 
 Box WindowBox(const Layout& layout) {
     return {0, 0, ToShort(std::min(qRound(layout.ScreenWidth * shareOfScreen), widestWindow)),
@@ -55,8 +54,8 @@ Ayuda::Ayuda(QWidget* parent, const Services& services, const QString& manual)
 void Ayuda::DrawGround(QPainter& painter) {
     BoardDialog::DrawGround(painter);
     const QRectF paper = ToRect(PaperBox(window_));
-    ornament::DrawSunkenPaper(painter, paper);
-    if (view_->hasFocus()) ornament::DrawFocus(painter, paper.adjusted(-3, -3, 3, 3), 4);
+    decoration::DrawSunkenPaper(painter, paper);
+    if (view_->hasFocus()) decoration::DrawFocus(painter, paper.adjusted(-3, -3, 3, 3), 4);
     const Box button = LeaveButtonBox(window_);
     painter.setPen(palette::Brass);
     DrawLine(painter, QRectF(edge, button.y, button.x - 2 * edge, button.height),
@@ -64,7 +63,7 @@ void Ayuda::DrawGround(QPainter& painter) {
 }
 
 void Ayuda::Leave() {
-    TheServices().PlaySound(soundOfLeaving);
+    TheServices().PlaySound(Sound::Accept);
     accept();
 }
 

@@ -8,8 +8,8 @@
 #include <QScreen>
 
 #include "app/KeyStrokes.h"
-#include "dialogs/Ornament.h"
-#include "dialogs/Placing.h"
+#include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
 
 namespace zorva {
 namespace {
@@ -32,8 +32,8 @@ BoardDialog::BoardDialog(QWidget* parent, const Services& services, const char* 
     setModal(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::ArrowCursor);
-    setFixedSize(qRound(services.ToToolkit(layoutSize.width())),
-                 qRound(services.ToToolkit(layoutSize.height())));
+    setFixedSize(qRound(services.ToLogical(layoutSize.width())),
+                 qRound(services.ToLogical(layoutSize.height())));
 }
 
 void BoardDialog::Place(QWidget* control, const Box& box) const {
@@ -41,7 +41,7 @@ void BoardDialog::Place(QWidget* control, const Box& box) const {
 }
 
 void BoardDialog::DrawGround(QPainter& painter) {
-    ornament::DrawPanel(painter, QRectF(QPointF(), layoutSize_), services_);
+    decoration::DrawPanel(painter, QRectF(QPointF(), layoutSize_), services_);
 }
 
 void BoardDialog::KeyPressed(QKeyEvent* event) {
@@ -55,7 +55,7 @@ void BoardDialog::Leave() {
 void BoardDialog::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
     DrawGround(painter);
 }
 

@@ -5,10 +5,10 @@
 
 #include "app/Artwork.h"
 #include "app/Palette.h"
+#include "dialogs/Geometry.h"
 #include "dialogs/HistoricSheet.h"
-#include "dialogs/Lettering.h"
 #include "dialogs/PictureButton.h"
-#include "dialogs/Placing.h"
+#include "dialogs/TextStyle.h"
 
 namespace zorva {
 namespace {
@@ -19,7 +19,6 @@ constexpr Box sheetBox{205, 39, HistoricSheet::Width, HistoricSheet::Height};  /
 constexpr Box labelBox{44, 77, 124, 44};
 constexpr Box countBox{28, 300, 150, 40};
 constexpr Box leaveButton{468, 370, 96, 30};
-constexpr Short soundOfLeaving = 4;
 
 QString CountText(const HistoricPages& pages) {
     if (pages.Entries() == 0) return {};
@@ -64,7 +63,7 @@ void Historic::KeyPressed(QKeyEvent* event) {
 }
 
 void Historic::Leave() {
-    TheServices().PlaySound(soundOfLeaving);
+    TheServices().PlaySound(Sound::Accept);
     accept();
 }
 

@@ -4,16 +4,15 @@
 #include <QPainter>
 
 #include "app/Artwork.h"
+#include "app/Cursors.h"
 #include "app/Palette.h"
-#include "app/Pointers.h"
-#include "dialogs/Lettering.h"
-#include "dialogs/Ornament.h"
-#include "dialogs/Placing.h"
+#include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
+#include "dialogs/TextStyle.h"
 
 namespace zorva {
 namespace {
 
-constexpr Short soundOfPage = 9;
 constexpr Short pauseOfPage = 10;
 
 // The sheet's columns: edges of the rules between them, and where their texts stand.
@@ -34,8 +33,8 @@ constexpr Box newerCorner{0, 272, 52, 30};
 constexpr Box olderCorner{298, 272, 52, 30};
 
 const char* const heading = "Fecha         Hora    Ganador / Perdedores            Puntos";
-constexpr Letters headingLetters{11.5, QFont::Bold};
-constexpr Letters recordLetters{11.2, QFont::Normal, true};
+constexpr TextStyle headingLetters{11.5, QFont::Bold};
+constexpr TextStyle recordLetters{11.2, QFont::Normal, true};
 
 QString Read(const std::string& utf8) {
     return QString::fromStdString(utf8);
@@ -55,9 +54,9 @@ void PageCorner::paintEvent(QPaintEvent*) {
     if (!hasFocus()) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = services_.ToToolkit(1);
+    const double scale = services_.ToLogical(1);
     painter.scale(scale, scale);
-    ornament::DrawFocus(painter, QRectF(2, 2, width() / scale - 4, height() / scale - 4), 5);
+    decoration::DrawFocus(painter, QRectF(2, 2, width() / scale - 4, height() / scale - 4), 5);
 }
 
 HistoricSheet::HistoricSheet(QWidget* window, const Services& services, const History& history)
@@ -92,7 +91,7 @@ void HistoricSheet::TurnNewer() {
 }
 
 void HistoricSheet::Turn(void (HistoricPages::*turn)()) {
-    services_.PlaySound(soundOfPage);
+    services_.PlaySound(Sound::HistoryPage);
     services_.Pause(pauseOfPage);
     (pages_.*turn)();
     PageChanged();
@@ -117,7 +116,7 @@ void HistoricSheet::PageChanged() {
 void HistoricSheet::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
     DrawRuling(painter);
     DrawHeading(painter);
     painter.setPen(palette::Ink);
@@ -126,7 +125,7 @@ void HistoricSheet::paintEvent(QPaintEvent*) {
         DrawRecord(painter, i, top);
     }
     DrawCorners(painter);
-    if (hasFocus()) ornament::DrawFocus(painter, QRectF(2, 2, Width - 4, Height - 4), 3);
+    if (hasFocus()) decoration::DrawFocus(painter, QRectF(2, 2, Width - 4, Height - 4), 3);
 }
 
 void HistoricSheet::DrawRuling(QPainter& painter) const {
@@ -180,7 +179,7 @@ void HistoricSheet::mouseMoveEvent(QMouseEvent* event) {
     const Point point = ToLayout(event->position(), services_);
     const bool live = (pages_.CanTurnOlder() && olderCorner.Contains(point)) ||
                       (pages_.CanTurnNewer() && newerCorner.Contains(point));
-    setCursor(live ? services_.pointers.Hand() : Qt::ArrowCursor);
+    setCursor(live ? services_.cursors.Hand() : Qt::ArrowCursor);
 }
 
 }  // namespace zorva

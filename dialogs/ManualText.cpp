@@ -10,9 +10,9 @@
 namespace zorva {
 namespace {
 
-// Twice the manual. Whatever so short a text holds, the toolkit sets it within a few seconds.
+// Twice the manual. Whatever so short a text holds, Qt sets it within a few seconds.
 constexpr qint64 longestManual = 64 * 1024;
-constexpr int deepestNesting = 12;  // each level costs the toolkit time and stack
+constexpr int deepestNesting = 12;  // each level costs Qt time and stack
 constexpr int mostCells = 6;        // of a row
 constexpr int mostPictures = 40;
 

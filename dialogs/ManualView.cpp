@@ -7,9 +7,9 @@
 #include <QTextDocument>
 #include <QTextTable>
 
+#include "app/Cursors.h"
+#include "app/Fonts.h"
 #include "app/Palette.h"
-#include "app/Pointers.h"
-#include "app/Typeface.h"
 #include "dialogs/ManualText.h"
 
 namespace zorva {
@@ -51,7 +51,7 @@ QString Scaled(const char* style, const Services& services) {
     static const QRegularExpression length("(\\d+)u\\b");
     QString scaled = QString::fromLatin1(style);
     for (auto found = length.match(scaled); found.hasMatch(); found = length.match(scaled)) {
-        const int pixels = qRound(services.ToToolkit(found.captured(1).toInt()));
+        const int pixels = qRound(services.ToLogical(found.captured(1).toInt()));
         scaled.replace(found.capturedStart(), found.capturedLength(), QString::number(pixels) + "px");
     }
     return scaled;
@@ -67,7 +67,7 @@ QPalette PagePalette() {
 }
 
 /// Marks the link that the keyboard is on like everything else the keyboard is on, with light. The
-/// toolkit's own mark is a dotted line, one device pixel wide on every screen.
+/// Qt's mark is a dotted line, one device pixel wide on every screen.
 class LinkMark : public QProxyStyle {
 public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -95,7 +95,7 @@ ManualView::ManualView(QWidget* parent, const Services& services, const QString&
     setOpenLinks(false);
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { GoTo(url.fragment()); });
     connect(this, &QTextBrowser::highlighted, this, [this](const QUrl& url) {
-        viewport()->setCursor(url.isEmpty() ? QCursor(Qt::ArrowCursor) : services_.pointers.Hand());
+        viewport()->setCursor(url.isEmpty() ? QCursor(Qt::ArrowCursor) : services_.cursors.Hand());
     });
 }
 
@@ -112,10 +112,10 @@ void ManualView::DressUp() {
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     verticalScrollBar()->setStyleSheet(Scaled(scrollBarStyle, services_));
     verticalScrollBar()->setCursor(Qt::ArrowCursor);
-    document()->setDefaultFont(TextFont(services_.ToToolkit(letterSize)));
+    document()->setDefaultFont(TextFont(services_.ToLogical(letterSize)));
     document()->setDefaultStyleSheet(Scaled(pageStyle, services_));
-    document()->setDocumentMargin(services_.ToToolkit(pageMargin));
-    document()->setIndentWidth(services_.ToToolkit(listIndent));
+    document()->setDocumentMargin(services_.ToLogical(pageMargin));
+    document()->setIndentWidth(services_.ToLogical(listIndent));
 }
 
 void ManualView::DressTables() {
@@ -124,14 +124,14 @@ void ManualView::DressTables() {
         if (table == nullptr) continue;
         QTextTableFormat format = table->format();
         format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
-        format.setCellPadding(services_.ToToolkit(cellPadding));
+        format.setCellPadding(services_.ToLogical(cellPadding));
         format.setCellSpacing(0);
         format.setBorderCollapse(true);
-        format.setBorder(services_.ToToolkit(1));
+        format.setBorder(services_.ToLogical(1));
         format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
         format.setBorderBrush(palette::Brass);
-        format.setTopMargin(services_.ToToolkit(8));
-        format.setBottomMargin(services_.ToToolkit(10));
+        format.setTopMargin(services_.ToLogical(8));
+        format.setBottomMargin(services_.ToLogical(10));
         table->setFormat(format);
     }
 }
@@ -150,7 +150,7 @@ void ManualView::GoTo(const QString& anchor) {
     DropMark();
     scrollToAnchor(anchor);
     QScrollBar* bar = verticalScrollBar();
-    bar->setValue(bar->value() - qRound(services_.ToToolkit(roomAboveTarget)));
+    bar->setValue(bar->value() - qRound(services_.ToLogical(roomAboveTarget)));
 }
 
 // Takes the mark off the link that was followed, so that Enter does not follow it unseen.

@@ -13,8 +13,8 @@ constexpr double smallestSize = 10.5;
 constexpr double sizeStep = 0.5;
 constexpr double sideMargin = 4;  // blank paper left and right of the text
 
-int LinesAt(const QString& text, const Letters& letters) {
-    return std::max(1, SetText(text, MessageWidth - 2 * sideMargin, letters).LineCount());
+int LinesAt(const QString& text, const TextStyle& style) {
+    return std::max(1, SetText(text, MessageWidth - 2 * sideMargin, style).LineCount());
 }
 
 }  // namespace
@@ -31,8 +31,8 @@ Short MessageLinesFor(const QString& text) {
 }
 
 MessageLabel::MessageLabel(QWidget* parent, const Services& services, const char* objectName,
-                           const QString& text, const Letters& letters)
-    : QLabel(parent), services_(services), lines_(text, MessageWidth - 2 * sideMargin, letters) {
+                           const QString& text, const TextStyle& style)
+    : QLabel(parent), services_(services), lines_(text, MessageWidth - 2 * sideMargin, style) {
     setObjectName(objectName);
     setTextFormat(Qt::PlainText);
     setText(text);
@@ -40,14 +40,14 @@ MessageLabel::MessageLabel(QWidget* parent, const Services& services, const char
 }
 
 QPointF MessageLabel::TextOrigin() const {
-    const double room = height() / services_.ToToolkit(1) - MessageLinePitch * (lines_.LineCount() - 1);
+    const double room = height() / services_.ToLogical(1) - MessageLinePitch * (lines_.LineCount() - 1);
     return {sideMargin, room / 2 - lines_.MiddleOfInk()};
 }
 
 void MessageLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
     painter.setPen(palette::Ink);
     lines_.Draw(painter, TextOrigin(), MessageLinePitch);
 }

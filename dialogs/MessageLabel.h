@@ -3,7 +3,7 @@
 #include <QLabel>
 
 #include "app/Services.h"
-#include "dialogs/Lettering.h"
+#include "dialogs/TextStyle.h"
 
 namespace zorva {
 
@@ -15,7 +15,7 @@ inline constexpr Short MessageWidth = 365;
 /// How a text is set in a message window.
 struct MessageFit {
     Short lineCount = 1;  ///< lines the label has room for
-    Letters letters;
+    TextStyle style;
 };
 
 /// The setting of a text that was laid out for that many lines: the usual letters where they fit, else
@@ -29,7 +29,7 @@ Short MessageLinesFor(const QString& text);
 class MessageLabel : public QLabel {
 public:
     MessageLabel(QWidget* parent, const Services& services, const char* objectName, const QString& text,
-                 const Letters& letters);
+                 const TextStyle& style);
 
     /// The text as it is painted.
     const SetText& Lines() const { return lines_; }

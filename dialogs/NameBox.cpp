@@ -4,9 +4,9 @@
 #include <QPainter>
 #include <QSignalBlocker>
 
+#include "app/Fonts.h"
 #include "app/Palette.h"
-#include "app/Typeface.h"
-#include "dialogs/Ornament.h"
+#include "dialogs/Decoration.h"
 #include "store/Encoding.h"
 
 namespace zorva {
@@ -73,8 +73,8 @@ void NameBox::Txt_Nombre_Change() {
 
 // Nine wide letters must be seen as a whole, too.
 void NameBox::FitLetters() {
-    const double room = width() - services_.ToToolkit(6);
-    double size = services_.ToToolkit(12.5);
+    const double room = width() - services_.ToLogical(6);
+    double size = services_.ToLogical(12.5);
     const double natural = QFontMetricsF(TextFont(size, QFont::DemiBold)).horizontalAdvance(text());
     if (natural > room && natural > 0) size = std::floor(size * room / natural);
     setFont(TextFont(size, QFont::DemiBold));
@@ -85,9 +85,9 @@ void NameBox::paintEvent(QPaintEvent* event) {
     if (!hasFocus()) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = services_.ToToolkit(1);
+    const double scale = services_.ToLogical(1);
     painter.scale(scale, scale);
-    ornament::DrawFocus(painter, QRectF(1, 1, width() / scale - 2, height() / scale - 2), 2);
+    decoration::DrawFocus(painter, QRectF(1, 1, width() / scale - 2, height() / scale - 2), 2);
 }
 
 void NameBox::keyPressEvent(QKeyEvent* event) {

@@ -5,12 +5,12 @@
 #include <algorithm>
 
 #include "app/Artwork.h"
+#include "app/Cursors.h"
 #include "app/KeyStrokes.h"
 #include "app/Palette.h"
-#include "app/Pointers.h"
-#include "dialogs/Lettering.h"
-#include "dialogs/Ornament.h"
-#include "dialogs/Placing.h"
+#include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
+#include "dialogs/TextStyle.h"
 
 namespace zorva {
 namespace {
@@ -66,10 +66,10 @@ void OptionStop::paintEvent(QPaintEvent*) {
     if (!hasFocus()) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = services_.ToToolkit(1);
+    const double scale = services_.ToLogical(1);
     painter.scale(scale, scale);
     const double answer = WidthOf(AnswerText(option_, isChecked() ? 1 : 2), {size_, QFont::Bold});
-    ornament::DrawFocus(painter, QRectF(2, 17, std::min(answer + 46, width() / scale - 4), 24), 10);
+    decoration::DrawFocus(painter, QRectF(2, 17, std::min(answer + 46, width() / scale - 4), 24), 10);
 }
 
 void OptionStop::keyPressEvent(QKeyEvent* event) {
@@ -120,13 +120,13 @@ const OptionPlace* OptionPage::OptionAt(Point point) const {
 }
 
 void OptionPage::DrawHeading(QPainter& painter, const QString& heading) const {
-    constexpr Letters letters{15, QFont::Bold};
+    constexpr TextStyle style{15, QFont::Bold};
     constexpr double blank = 6;
-    const double windowWidth = width() / services_.ToToolkit(1);
+    const double windowWidth = width() / services_.ToLogical(1);
     const double headingWidth =
-        WidthOf(QString(heading).remove(' '), letters) + blank * static_cast<double>(heading.count(' '));
+        WidthOf(QString(heading).remove(' '), style) + blank * static_cast<double>(heading.count(' '));
     painter.setPen(palette::Light);
-    DrawSpaced(painter, QRectF((windowWidth - headingWidth) / 2, 16, headingWidth, 26), heading, letters,
+    DrawSpaced(painter, QRectF((windowWidth - headingWidth) / 2, 16, headingWidth, 26), heading, style,
                blank);
 }
 
@@ -149,11 +149,11 @@ QWidget* OptionPage::StopOf(Option option, Colour player) const {
     for (std::size_t i = 0; i < places_.size(); ++i) {
         if (places_[i].option == option && places_[i].player == player) return stops_[i];
     }
-    StopOnFault("an option that is not on this page");
+    Fatal("an option that is not on this page");
 }
 
 void OptionPage::Redraw(const Box& box) {
-    const double scale = services_.ToToolkit(1);
+    const double scale = services_.ToLogical(1);
     update(QRectF(box.x * scale, box.y * scale, box.width * scale, box.height * scale).toAlignedRect());
 }
 
@@ -165,7 +165,7 @@ void OptionPage::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setClipRect(event->rect());
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
     DrawPage(painter);
     DrawOptions(painter);
 }
@@ -179,16 +179,16 @@ void OptionPage::mousePressEvent(QMouseEvent* event) {
 }
 
 void OptionPage::mouseMoveEvent(QMouseEvent* event) {
-    ShowPointerAt(event->position());
+    ShowCursorAt(event->position());
 }
 
-// The page comes up under a pointer that was a hand on what was there before.
+// The page comes up under a cursor that was a hand on what was there before.
 void OptionPage::showEvent(QShowEvent*) {
-    ShowPointerAt(mapFromGlobal(QPointF(QCursor::pos())));
+    ShowCursorAt(mapFromGlobal(QPointF(QCursor::pos())));
 }
 
-void OptionPage::ShowPointerAt(QPointF position) {
-    setCursor(OptionAt(ToLayout(position, services_)) ? services_.pointers.Hand() : Qt::ArrowCursor);
+void OptionPage::ShowCursorAt(QPointF position) {
+    setCursor(OptionAt(ToLayout(position, services_)) ? services_.cursors.Hand() : Qt::ArrowCursor);
 }
 
 Short OptionPage::AnswerOf(const OptionPlace& place) const {

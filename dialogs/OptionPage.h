@@ -77,7 +77,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void ShowPointerAt(QPointF position);
+    void ShowCursorAt(QPointF position);
     Short AnswerOf(const OptionPlace& place) const;
 
     const Services& services_;

@@ -52,7 +52,7 @@ auto& FieldOf(AnySettings& settings, Option option, Colour player) {
         case Option::RuleFiveAllInBox: return settings.RuleFiveAllInBox;
         case Option::RuleFiveSomeInBox: return settings.RuleFiveSomeInBox;
     }
-    StopOnFault("an option that the settings do not have");
+    Fatal("an option that the settings do not have");
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ QString QuestionText(Option option) {
 }
 
 QString AnswerText(Option option, Short value) {
-    Insist(value == 1 || value == 2, "an option has two answers");
+    Require(value == 1 || value == 2, "an option has two answers");
     return QString::fromUtf8(answers[static_cast<Short>(option)][value - 1]);
 }
 

@@ -14,7 +14,6 @@ namespace {
 constexpr QSize windowSize(624, 424);
 constexpr Box rulesButton{17, 380, 156, 30};
 constexpr Box leaveButton{511, 380, 96, 30};
-constexpr Short soundOfLeaving = 4;
 
 }  // namespace
 
@@ -113,7 +112,7 @@ void Personal::KeyPressed(QKeyEvent* event) {
 }
 
 void Personal::Leave() {
-    TheServices().PlaySound(soundOfLeaving);
+    TheServices().PlaySound(Sound::Accept);
     const auto& active = settings_.PlayerActive;
     if (std::all_of(active.begin() + 1, active.end(), [](Short state) { return state == 2; })) {
         ShowMessage(this, TheServices(), "Datos incorrectos",

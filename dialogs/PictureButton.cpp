@@ -4,11 +4,11 @@
 #include <QPainter>
 
 #include "app/Artwork.h"
+#include "app/Cursors.h"
 #include "app/KeyStrokes.h"
-#include "app/Pointers.h"
 
-#include "dialogs/Lettering.h"
-#include "dialogs/Ornament.h"
+#include "dialogs/Decoration.h"
+#include "dialogs/TextStyle.h"
 
 namespace zorva {
 namespace {
@@ -25,7 +25,7 @@ PictureButton::PictureButton(QWidget* parent, const Services& services, const ch
     setObjectName(objectName);
     setText(caption);
     setAccessibleName(caption);
-    setCursor(services.pointers.Hand());
+    setCursor(services.cursors.Hand());
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {
@@ -36,17 +36,17 @@ void PictureButton::paintEvent(QPaintEvent*) {
                                                 (QSizeF(size()) * ratio).toSize());
     picture.setDevicePixelRatio(ratio);
     painter.drawPixmap(QPointF(), picture);
-    const double scale = services_.ToToolkit(1);
+    const double scale = services_.ToLogical(1);
     painter.scale(scale, scale);
     const QRectF area(0, 0, width() / scale, height() / scale);
     painter.setPen(isDown() ? ivory.darker(125) : ivory);
     const double shift = isDown() ? 1.2 : 0;
     DrawLine(painter, area.adjusted(emblemWidth, 0, -10, -3).translated(shift, shift), text(),
              {14, QFont::DemiBold}, Qt::AlignHCenter);
-    if (hasFocus()) ornament::DrawFocus(painter, area.adjusted(2, 2, -2, -2), 6);
+    if (hasFocus()) decoration::DrawFocus(painter, area.adjusted(2, 2, -2, -2), 6);
 }
 
-// Enter does what Space does; the toolkit leaves it to dialogs with a default button.
+// Enter does what Space does; Qt leaves it to dialogs with a default button.
 void PictureButton::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isEnter && IsKeyStroke(*event)) {

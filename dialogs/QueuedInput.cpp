@@ -28,7 +28,7 @@ bool IsInput(QEvent::Type type) {
 }
 
 /// Swallows input on its way to the widgets. The windows below them still see it, so that the
-/// toolkit's own account of what is pressed stays right.
+/// Qt's account of what is pressed stays right.
 class InputSink : public QObject {
 public:
     bool eventFilter(QObject* receiver, QEvent* event) override {

@@ -3,9 +3,9 @@
 #include <QPainter>
 
 #include "app/Palette.h"
-#include "dialogs/Lettering.h"
-#include "dialogs/Ornament.h"
-#include "dialogs/Placing.h"
+#include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
+#include "dialogs/TextStyle.h"
 
 namespace zorva {
 namespace {
@@ -46,7 +46,7 @@ const OptionPlace* RulesPage::HaPulsadoEnNormas(Point point) const {
 void RulesPage::DrawPage(QPainter& painter) {
     DrawHeading(painter, "N O R M A S   D E   J U E G O");
     const QRectF area = ToRect(sheet);
-    ornament::DrawSunkenPaper(painter, area);
+    decoration::DrawSunkenPaper(painter, area);
     painter.setPen(QColor(0x96, 0x2a, 0x20));
     DrawLine(painter, QRectF(area.left(), area.top() + 14, area.width(), 22), " S A L I D A S ",
              {14, QFont::Bold}, Qt::AlignHCenter);

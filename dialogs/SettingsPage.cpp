@@ -5,11 +5,11 @@
 
 #include "app/Artwork.h"
 #include "app/Palette.h"
-#include "dialogs/Lettering.h"
+#include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
 #include "dialogs/NameBox.h"
-#include "dialogs/Ornament.h"
-#include "dialogs/Placing.h"
-#include "dialogs/Scale.h"
+#include "dialogs/Slider.h"
+#include "dialogs/TextStyle.h"
 
 namespace zorva {
 namespace {
@@ -23,13 +23,13 @@ constexpr Short headerHeight = 28;
 constexpr Box nameLabel{8, 86, 51, 20};
 constexpr Box nameBox{61, 86, 74, 20};
 constexpr Box levelLabel{8, 111, 127, 17};
-constexpr Box levelScale{8, 129, Scale::Width, Scale::Height};
+constexpr Box levelSlider{8, 129, Slider::Width, Slider::Height};
 constexpr Point playerState{8, 44};
 constexpr Point playerType{8, 164};
 
 constexpr Box commonSheet{17, 266, 590, 104};
 constexpr Box speedLabel{418, 322, 150, 17};
-constexpr Box speedScale{418, 341, Scale::Width, Scale::Height};
+constexpr Box speedSlider{418, 341, Slider::Width, Slider::Height};
 
 Point BlockCorner(Colour player) {
     return {ToShort(17 + (player - 1) * (blockWidth + 6)), blockTop};
@@ -108,9 +108,9 @@ void SettingsPage::AddPlayer(Colour player) {
     name->Renamed = [this, player](const QString& text) {
         if (Renamed) Renamed(player, text);
     };
-    auto* level = new Scale(this, TheServices(), QStringLiteral("Pic_Nivel_%1").arg(player),
-                            colour + ": Nivel de juego");
-    Place(level, InBlock(player, levelScale));
+    auto* level = new Slider(this, TheServices(), QStringLiteral("Pic_Nivel_%1").arg(player),
+                             colour + ": Nivel de juego");
+    Place(level, InBlock(player, levelSlider));
     connect(level, &QAbstractSlider::valueChanged, this, [this, player](int value) {
         if (LevelSet) LevelSet(player, ToShort(value));
         Redraw(InBlock(player, levelLabel));
@@ -120,8 +120,8 @@ void SettingsPage::AddPlayer(Colour player) {
 }
 
 void SettingsPage::AddSpeed() {
-    speed_ = new Scale(this, TheServices(), "Pic_Velocidad", "Velocidad de juego");
-    Place(speed_, speedScale);
+    speed_ = new Slider(this, TheServices(), "Pic_Velocidad", "Velocidad de juego");
+    Place(speed_, speedSlider);
     connect(speed_, &QAbstractSlider::valueChanged, this, [this](int value) {
         if (SpeedSet) SpeedSet(ToShort(value));
         Redraw(speedLabel);
@@ -151,19 +151,19 @@ void SettingsPage::DrawPage(QPainter& painter) {
         if (IsToBeDrawn(painter, {corner.x, corner.y, blockWidth, blockHeight}))
             DrawPlayer(painter, player);
     }
-    ornament::DrawSunkenPaper(painter, ToRect(commonSheet));
+    decoration::DrawSunkenPaper(painter, ToRect(commonSheet));
     DrawScaleLabel(painter, speedLabel, " Velocidad de juego ", Shown().Speed);
 }
 
 void SettingsPage::DrawPlayer(QPainter& painter, Colour player) {
     const Point corner = BlockCorner(player);
     const QRectF block(corner.x, corner.y, blockWidth, blockHeight);
-    ornament::DrawSunkenPaper(painter, block, ColoursOf(player).paper);
+    decoration::DrawSunkenPaper(painter, block, ColoursOf(player).paper);
     DrawHeader(painter, player);
     if (Shown().PlayerActive[player] != 1) return;
     painter.setPen(palette::Ink);
     DrawLine(painter, ToRect(InBlock(player, nameLabel)), "Nombre..:", {letterSize});
-    ornament::DrawSunkenFrame(painter, ToRect(InBlock(player, nameBox)));
+    decoration::DrawSunkenFrame(painter, ToRect(InBlock(player, nameBox)));
     DrawScaleLabel(painter, InBlock(player, levelLabel), " Nivel de juego ",
                    Shown().PlayerLevel[player]);
 }

@@ -5,7 +5,7 @@
 namespace zorva {
 
 class NameBox;
-class Scale;
+class Slider;
 
 /// The page of the settings window with the four players and the common options.
 class SettingsPage : public OptionPage {
@@ -32,8 +32,8 @@ private:
     void DrawScaleLabel(QPainter& painter, const Box& box, const QString& label, Short value);
 
     PerColour<NameBox*> names_{};  // owned by the page, as the scales
-    PerColour<Scale*> levels_{};
-    Scale* speed_ = nullptr;
+    PerColour<Slider*> levels_{};
+    Slider* speed_ = nullptr;
 };
 
 }  // namespace zorva

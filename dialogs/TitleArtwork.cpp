@@ -4,8 +4,8 @@
 
 #include "app/Artwork.h"
 #include "app/Palette.h"
-#include "dialogs/Lettering.h"
-#include "dialogs/Placing.h"
+#include "dialogs/Geometry.h"
+#include "dialogs/TextStyle.h"
 
 namespace zorva {
 namespace {

@@ -18,7 +18,7 @@ public:
     explicit TitleArtwork(const Services& services);
 
     /// Copies every piece to its own place across; `scroll` is where the title's top edge is. The
-    /// painter counts in pixels of the toolkit, from the corner of the title's window.
+    /// painter counts in pixels of Qt, from the corner of the title's window.
     void Draw(QPainter& painter, Short scroll, const Services& services) const;
 
 private:

@@ -8,8 +8,8 @@
 
 #include "app/Artwork.h"
 #include "app/KeyStrokes.h"
-#include "dialogs/Ornament.h"
-#include "dialogs/Placing.h"
+#include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
 
 namespace zorva {
 namespace {
@@ -42,7 +42,7 @@ careta::careta(QWidget* parent, const Services& services, WorkBehind work)
 
 void careta::DrawGround(QPainter& painter) {
     BoardDialog::DrawGround(painter);
-    ornament::DrawSunkenFrame(painter, ToRect(areaBox));
+    decoration::DrawSunkenFrame(painter, ToRect(areaBox));
 }
 
 // The wood that the title passes over: the window's own, sunk a little into it.
@@ -51,12 +51,12 @@ const QPixmap& careta::Ground() {
     const double ratio = TheServices().devicePixelRatio;
     const double unit = TheServices().layout.Unit;
     const QSize size = (QSizeF(area_->size()) * ratio).toSize();
-    ground_ = ornament::PanelWood(windowSize, TheServices())
+    ground_ = decoration::PanelWood(windowSize, TheServices())
                   .copy(QRect((QPointF(areaBox.x, areaBox.y) * unit).toPoint(), size));
     QPainter painter(&ground_);
     painter.scale(unit, unit);
     painter.fillRect(QRectF(0, 0, areaBox.width, areaBox.height), QColor(0, 0, 0, 40));
-    ornament::DrawInnerShadow(painter, QRectF(0, 0, areaBox.width, areaBox.height));
+    decoration::DrawInnerShadow(painter, QRectF(0, 0, areaBox.width, areaBox.height));
     painter.end();
     ground_.setDevicePixelRatio(ratio);
     return ground_;
@@ -133,7 +133,7 @@ void careta::mousePressEvent(QMouseEvent*) {
 }
 
 void ShowSplash(QWidget* parent, const Services& services, const WorkBehind& work) {
-    ornament::PreparePanelWood(windowSize, services);
+    decoration::PreparePanelWood(windowSize, services);
     careta window(parent, services, work);
     RunModal(window);
     if (!window.HasAppeared()) work.begin();

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 
-#include "dialogs/Ornament.h"
+#include "dialogs/Decoration.h"
 #include "dialogs/PictureButton.h"
 #include "dialogs/QueuedInput.h"
 
@@ -13,8 +13,6 @@ namespace {
 constexpr Short windowWidth = 400;
 constexpr Short heightWithoutText = 135;
 constexpr Box titleBox{20, 22, MessageWidth, 15};
-constexpr Short soundOfYes = 4;
-constexpr Short soundOfNo = 12;
 
 Box TextBox(Short lineCount) {
     return {20, 50, MessageWidth, ToShort(lineCount * MessageLinePitch + 3)};
@@ -29,12 +27,12 @@ bool NamesItsButtons(const QString& text) {
     return text.contains("Aceptar") && text.contains("Cancelar");
 }
 
-Letters TitleLetters(const QString& title) {
-    Letters letters{12.5, QFont::Bold};
+TextStyle TitleLetters(const QString& title) {
+    TextStyle style{12.5, QFont::Bold};
     const double room = MessageWidth - 8;
-    const double width = WidthOf(title, letters);
-    if (width > room) letters.size *= room / width * 0.99;
-    return letters;
+    const double width = WidthOf(title, style);
+    if (width > room) style.size *= room / width * 0.99;
+    return style;
 }
 
 }  // namespace
@@ -48,7 +46,7 @@ mensajes::mensajes(QWidget* parent, const Services& services, const QString& tit
       buttons_(buttons) {
     setAccessibleDescription(text);
     Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleLetters(title)), titleBox);
-    Place(new MessageLabel(this, services, "Tex_Mensaje", text, fit_.letters), TextBox(fit_.lineCount));
+    Place(new MessageLabel(this, services, "Tex_Mensaje", text, fit_.style), TextBox(fit_.lineCount));
     AddButtons(text);
     focusHolder_ = new QWidget(this);
     focusHolder_->setObjectName("Pic_Focus");
@@ -78,7 +76,7 @@ void mensajes::AddButtons(const QString& text) {
 void mensajes::DrawGround(QPainter& painter) {
     BoardDialog::DrawGround(painter);
     const auto draw = [&painter](const Box& box) {
-        ornament::DrawSunkenPaper(painter, QRectF(box.x, box.y, box.width, box.height));
+        decoration::DrawSunkenPaper(painter, QRectF(box.x, box.y, box.width, box.height));
     };
     draw(titleBox);
     draw(TextBox(fit_.lineCount));
@@ -99,13 +97,13 @@ bool mensajes::event(QEvent* event) {
 }
 
 void mensajes::Accept() {
-    TheServices().PlaySound(soundOfYes);
+    TheServices().PlaySound(Sound::Accept);
     if (buttons_ == MessageButtons::YesNo) answer_ = MessageAnswer::Accepted;
     accept();
 }
 
 void mensajes::Refuse() {
-    TheServices().PlaySound(soundOfNo);
+    TheServices().PlaySound(Sound::Decline);
     reject();
 }
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "store/FileError.h"
-#include "store/PosixFile.h"
+#include "store/SystemFile.h"
 
 namespace zorva {
 

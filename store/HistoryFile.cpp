@@ -3,7 +3,7 @@
 #include <new>
 
 #include "store/Encoding.h"
-#include "store/PosixFile.h"
+#include "store/SystemFile.h"
 
 namespace zorva {
 namespace {
@@ -100,7 +100,7 @@ std::string LosersText(std::string_view record) {
 }  // namespace
 
 std::string HistoryRecordText(const std::tm& when, const GameResult& result, const Settings& settings) {
-    Insist(result.losers.size() <= loserSlots, "more losers than the history has room for");
+    Require(result.losers.size() <= loserSlots, "more losers than the history has room for");
     std::string text = Digits(when.tm_year + 1900, yearField.length) +
                        Digits(when.tm_mon + 1, monthField.length) +
                        Digits(when.tm_mday, dayField.length) + Digits(when.tm_hour, hourField.length) +
@@ -122,7 +122,7 @@ std::size_t History::Count() const {
 }
 
 std::string_view History::Record(std::size_t index) const {
-    Insist(index < Count(), "no such record in the history");
+    Require(index < Count(), "no such record in the history");
     return std::string_view(bytes_).substr(index * HistoryRecordLength, HistoryRecordLength);
 }
 

@@ -1,4 +1,4 @@
-#include "store/PosixFile.h"
+#include "store/SystemFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -14,7 +14,7 @@ namespace {
 /// The world of a replay: records are carried out, nothing is thrown.
 class ReplayOutside final : public SilentOutside {
 public:
-    Short RollFace() override { StopOnFault("a replayed record throws no die"); }
+    Short RollFace() override { Fatal("a replayed record throws no die"); }
 };
 
 bool IsPieceOf(Colour colour, PieceCode code) {
@@ -97,7 +97,7 @@ bool IsSound(const GameState& state) {
 }
 
 void PrepareToContinue(GameState& state) {
-    Insist(state.GameInProgress && state.MoveRecordCount >= 2, "no game to continue");
+    Require(state.GameInProgress && state.MoveRecordCount >= 2, "no game to continue");
     --state.MoveRecordCount;
     const Short bonus = BonusDueAfter(state.MoveRecords[state.MoveRecordCount]);
     state.ThrowNext = bonus == 0 ? Yes : No;

@@ -1,5 +1,5 @@
-// What store/PosixFile.h promises, on Windows. A file is always opened in a way that lets others replace
-// or delete it meanwhile; where others do not, their file stays as it is and the error says so.
+// What store/SystemFile.h promises, on Windows. A file is always opened in a way that lets others
+// replace or delete it meanwhile; where others do not, their file stays as it is and the error says so.
 
 #define NOMINMAX
 #define WIN32_LEAN_AND_MEAN
@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "store/PosixFile.h"
+#include "store/SystemFile.h"
 
 namespace zorva {
 namespace {

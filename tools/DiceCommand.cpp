@@ -68,10 +68,10 @@ DiceStatistics Throw(std::uint64_t throws, std::function<Short()> rolls) {
     GameState state;
     const Settings settings;
     RollingWorld world(std::move(rolls));
-    const Table table{state, settings, world};
+    const GameContext game{state, settings, world};
     for (std::uint64_t number = 0; number < throws; ++number) {
         state.CurrentColour = static_cast<Colour>(1 + number % ColourCount);
-        ThrowDie(table);
+        ThrowDie(game);
         statistics.Add(state.CurrentColour, state.DieValue);
     }
     return statistics;

@@ -111,7 +111,7 @@ Band BandOf(const DiceCount& count, std::uint64_t total) {
 }
 
 void DiceStatistics::Add(Colour colour, Short face) {
-    Insist(colour >= 1 && colour <= ColourCount && face >= 1 && face <= 6, "no throw of a die");
+    Require(colour >= 1 && colour <= ColourCount && face >= 1 && face <= 6, "no throw of a die");
     ++faces_[face];
     ++ofColour_[colour][face];
     if (before_ != 0) ++pairs_[before_][face];

@@ -10,7 +10,7 @@
 
 #include "core/Chance.h"
 #include "core/Ending.h"
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "core/SilentOutside.h"
 #include "core/Turns.h"
 #include "tools/WithoutPeople.h"
@@ -71,10 +71,9 @@ private:
 };
 
 // How many turns after `first` the colour `last` has its own.
-std::size_t TurnsBetween(Table table, Colour first, Colour last) {
+std::size_t TurnsBetween(GameContext game, Colour first, Colour last) {
     std::size_t turns = 0;
-    for (table.state.CurrentColour = first; table.state.CurrentColour != last; NextColour(table))
-        ++turns;
+    for (game.state.CurrentColour = first; game.state.CurrentColour != last; NextColour(game)) ++turns;
     return turns;
 }
 
@@ -153,13 +152,13 @@ void MatchPlayer::Play(std::uint64_t number, MatchTotals& totals) {
     fresh.MoveRecords = std::move(state_.MoveRecords);
     state_ = std::move(fresh);
     MatchWorld world(state_, seed_, number, totals);
-    const Table table{state_, settings_, world};
-    ResetGame(table);
+    const GameContext game{state_, settings_, world};
+    ResetGame(game);
     const Colour first = world.DrawFirst(settings_);
     const std::uint64_t before = totals.games;
-    PlayFrom(table, first);
+    PlayFrom(game, first);
     if (totals.games == before) return;  // it was too long to be finished
-    ++totals.winsByTurn[TurnsBetween(table, first, state_.CurrentColour)];
+    ++totals.winsByTurn[TurnsBetween(game, first, state_.CurrentColour)];
 }
 
 MatchTotals PlayMatch(const MatchPlan& plan, const std::function<void(std::uint64_t)>& progress) {

@@ -6,7 +6,7 @@
 
 #include "core/DecidedThrows.h"
 #include "core/Ending.h"
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "core/Records.h"
 #include "tools/CommandLine.h"
 #include "tools/Failure.h"
@@ -109,9 +109,9 @@ void PlayScriptedGame(GameState& state, const Settings& settings, Colour first,
                       const std::vector<Short>& throws, ScriptedGameOutput wanted, std::ostream& out) {
     const Settings played = WithoutPeople(settings);
     ScriptedWorld world(state, throws, wanted, out);
-    const Table table{state, played, world};
-    ResetGame(table);
-    PlayFrom(table, first);
+    const GameContext game{state, played, world};
+    ResetGame(game);
+    PlayFrom(game, first);
     if (world.HasStopped()) state.GameInProgress = Yes;
 }
 

@@ -10,7 +10,7 @@ import pathlib
 import sys
 from functools import partial
 
-from art import board, dice, icon, keys, panel, pieces, pointers, recorder, shadow, surface, title, windows
+from art import board, dice, icon, keys, panel, pieces, cursors, recorder, shadow, surface, title, windows
 
 ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 
@@ -41,17 +41,17 @@ def drawings():
 def pointer_drawings():
     for colour, (die, hand) in enumerate((("DadoAmar", "ManoCeAm"), ("DadoAzul", "ManoCeAz"), ("DadoRojo", "ManoCeRo"),
                                           ("DadoVerd", "ManoCeVe")), start=1):
-        yield f"cursors/{die}", partial(pointers.draw_die, die, colour)
-        yield f"cursors/{hand}", partial(pointers.draw_closed, hand, colour)
-    for hand, (skin, cuff) in pointers.OPEN_HANDS.items():
-        yield f"cursors/{hand}", partial(pointers.draw_open, hand, skin, cuff)
-    yield "cursors/ManoIndice", partial(pointers.draw_index, "ManoIndice")
+        yield f"cursors/{die}", partial(cursors.draw_die, die, colour)
+        yield f"cursors/{hand}", partial(cursors.draw_closed, hand, colour)
+    for hand, (skin, cuff) in cursors.OPEN_HANDS.items():
+        yield f"cursors/{hand}", partial(cursors.draw_open, hand, skin, cuff)
+    yield "cursors/ManoIndice", partial(cursors.draw_index, "ManoIndice")
 
 
 def hot_spots():
     """One line per pointer: its name and the point it points at, in units of its drawing."""
     names = sorted(name.split("/")[1] for name, _ in pointer_drawings())
-    return "".join("{} {} {}\n".format(name, *pointers.hot_spot(name)) for name in names)
+    return "".join("{} {} {}\n".format(name, *cursors.hot_spot(name)) for name in names)
 
 
 def files(words):

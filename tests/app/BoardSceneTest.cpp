@@ -10,7 +10,7 @@
 #include "app/PiecePlaces.h"
 #include "core/Board.h"
 #include "core/DecidedThrows.h"
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "tests/support/Positions.h"
 #include "tests/support/RandomGame.h"
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "core/Recorder.h"
 #include "core/Turns.h"
 #include "store/HistoryFile.h"
@@ -31,7 +31,7 @@ protected:
     }
 
     std::string Written() const { return FileBytes(data / SettingsFileName); }
-    Table AsTable() { return {state, settings, *this}; }
+    GameContext AsTable() { return {state, settings, *this}; }
 
     /// Plays from a new game on, until `moves` moves are made or the game has ended.
     void Play(Short moves) {

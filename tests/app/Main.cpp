@@ -9,7 +9,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&argc, argv);
     const int status = RUN_ALL_TESTS();
-    // As in the program: a picture that nobody waits for any more must not be painted while the toolkit
+    // As in the program: a picture that nobody waits for any more must not be painted while Qt
     // ends.
     QThreadPool::globalInstance()->waitForDone();
     return status;

@@ -24,13 +24,14 @@ std::vector<std::uint8_t> BytesOf(const std::filesystem::path& path) {
     return {bytes.begin(), bytes.end()};
 }
 
-std::vector<std::uint8_t> WaveFileOf(Short id) {
+std::vector<std::uint8_t> WaveFileOf(Sound sound) {
+    const auto id = static_cast<Short>(sound);
     const std::string name = (id < 10 ? "0" : "") + std::to_string(id) + ".wav";
     return BytesOf(std::filesystem::path(ZORVA_TEST_DATA "/../../assets/sounds") / name);
 }
 
 Samples RecordingOf(Short id) {
-    return ReadRecording(WaveFileOf(id));
+    return ReadRecording(WaveFileOf(static_cast<Sound>(id)));
 }
 
 /// Where the recording is heard, sample for sample, from `from` on; npos when it is not.
@@ -65,8 +66,7 @@ TEST_P(EachRecording, IsThereAndWellMade) {
     EXPECT_LE(std::abs(samples.back()), 8) << "ends with a click";
 }
 
-INSTANTIATE_TEST_SUITE_P(Sounds, EachRecording,
-                         testing::Range(SoundPlayer::FirstSound, Short(SoundPlayer::LastSound + 1)),
+INSTANTIATE_TEST_SUITE_P(Sounds, EachRecording, testing::Range(FirstSound, Short(LastSound + 1)),
                          testing::PrintToStringParamName());
 
 struct Damage {
@@ -91,7 +91,7 @@ constexpr Damage damages[] = {
 
 TEST(Recording, RefusesWhatItCannotPlay) {
     for (const Damage& damage : damages) {
-        std::vector<std::uint8_t> bytes = WaveFileOf(13);
+        std::vector<std::uint8_t> bytes = WaveFileOf(Sound::Step);
         if (damage.at == npos) bytes.resize(damage.value);
         if (damage.at != npos) bytes.at(damage.at) = damage.value;
         EXPECT_TRUE(ReadRecording(bytes).empty()) << damage.name;
@@ -99,7 +99,7 @@ TEST(Recording, RefusesWhatItCannotPlay) {
 }
 
 TEST(Recording, PassesOverChunksItDoesNotKnow) {
-    std::vector<std::uint8_t> bytes = WaveFileOf(13);
+    std::vector<std::uint8_t> bytes = WaveFileOf(Sound::Step);
     const std::uint8_t note[] = {'n', 'o', 't', 'e', 3, 0, 0, 0, 'a', 'b', 'c', 0};
     bytes.insert(bytes.begin() + 36, std::begin(note), std::end(note));
     EXPECT_EQ(ReadRecording(bytes), RecordingOf(13));
@@ -199,7 +199,7 @@ TEST_F(Loudspeakers, PlayEachSoundAsItWasRecorded) {
         SoundPlayer player(WaveFileOf);
         player.Prepare();
         for (const Short id : {13, 10, 7}) {
-            player.Play(id);
+            player.Play(static_cast<Sound>(id));
             const Samples recording = RecordingOf(id);
             at = WaitFor(recording, at);
             ASSERT_NE(at, npos) << "sound " << id << " was not heard in its turn";
@@ -215,14 +215,14 @@ TEST_F(Loudspeakers, PlayEachSoundAsItWasRecorded) {
 
 TEST_F(Loudspeakers, AreClosedAfterASilenceAndOpenedAgain) {
     SoundPlayer player(WaveFileOf, milliseconds(100));
-    player.Play(13);
+    player.Play(static_cast<Sound>(13));
     EXPECT_TRUE(Wait([&] {
         const std::size_t before = Heard().size();
         std::this_thread::sleep_for(milliseconds(250));
         return before > 0 && Heard().size() == before;
     })) << "not even silence is played any more";
     EXPECT_NE(Find(Heard(), RecordingOf(13)), npos) << "closed before the end of the sound";
-    player.Play(10);
+    player.Play(static_cast<Sound>(10));
     EXPECT_NE(WaitFor(RecordingOf(10)), npos) << "mute after a silence";
 }
 
@@ -230,7 +230,7 @@ TEST_F(Loudspeakers, LeaveTheSignalsThatEndTheProgramAlone) {
     // Whoever started the test may have had them ignored: then nobody would take them over.
     for (const int number : {SIGINT, SIGTERM}) signal(number, SIG_DFL);
     SoundPlayer player(WaveFileOf);
-    player.Play(13);
+    player.Play(static_cast<Sound>(13));
     ASSERT_NE(WaitFor(RecordingOf(13)), npos);
     for (const int number : {SIGINT, SIGTERM}) {
         struct sigaction action {};
@@ -241,16 +241,15 @@ TEST_F(Loudspeakers, LeaveTheSignalsThatEndTheProgramAlone) {
 
 TEST_F(Loudspeakers, AreLeftAloneByWhatIsNoSound) {
     int asked = 0;
-    SoundPlayer player([&asked](Short) {
+    SoundPlayer player([&asked](Sound) {
         ++asked;
         return std::vector<std::uint8_t>{'n', 'o'};
     });
-    for (const Short id : {-1, 0, SoundPlayer::LastSound + 1, 32767, -32768}) player.Play(id);
     EXPECT_EQ(asked, 0) << "an id that has no recording";
     std::this_thread::sleep_for(milliseconds(100));
     EXPECT_FALSE(std::filesystem::exists(file_)) << "opened before there is anything to hear";
-    player.Play(1);
-    player.Play(1);
+    player.Play(static_cast<Sound>(1));
+    player.Play(static_cast<Sound>(1));
     EXPECT_EQ(asked, 1) << "a recording is fetched once";
     ASSERT_TRUE(Wait([&] { return Heard().size() > 1000; }));
     const Samples heard = Heard();
@@ -262,7 +261,7 @@ TEST_F(Loudspeakers, NeverHoldUpSoundsInQuickSuccession) {
     int slow = 0;
     for (int i = 0; i < 400; ++i) {
         const Clock::time_point before = Clock::now();
-        player.Play(13);
+        player.Play(static_cast<Sound>(13));
         slow += Clock::now() - before > milliseconds(10) ? 1 : 0;
         // At times so long that the next sound comes while the device is being closed.
         std::this_thread::sleep_for(milliseconds(i % 20 == 0 ? 92 + i / 20 : 1));
@@ -279,11 +278,11 @@ TEST(NoLoudspeakers, AreSilenceWithoutDelayOrWords) {
         int asked = 0;
         const Clock::time_point before = Clock::now();
         {
-            SoundPlayer player([&asked](Short id) { return ++asked, WaveFileOf(id); });
-            player.Play(5);
+            SoundPlayer player([&asked](Sound sound) { return ++asked, WaveFileOf(sound); });
+            player.Play(static_cast<Sound>(5));
             std::this_thread::sleep_for(milliseconds(200));
             asked = 0;
-            for (Short id = 1; id <= 19; ++id) player.Play(id);
+            for (Short id = 1; id <= 19; ++id) player.Play(static_cast<Sound>(id));
         }
         EXPECT_LT(Clock::now() - before, milliseconds(500));
         EXPECT_EQ(asked, 0) << "fetches recordings that will not be heard";

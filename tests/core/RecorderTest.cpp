@@ -7,7 +7,7 @@
 #include "core/Board.h"
 #include "core/Consistency.h"
 #include "core/Displacement.h"
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "core/Records.h"
 #include "core/Turns.h"
 #include "tests/support/NotingOutside.h"
@@ -38,7 +38,7 @@ public:
     std::map<Short, GameState> beginnings;  ///< of moves: as it stood when the throw was awaited
     std::map<Short, GameState> before;      ///< ... and right before the record
 
-    Table AsTable() { return {state, kind.settings, *this}; }
+    GameContext AsTable() { return {state, kind.settings, *this}; }
 
     void Play() {
         ResetGame(AsTable());
@@ -125,7 +125,7 @@ public:
     }
 
 private:
-    void StepAndLook(void (*step)(const Table&, RecorderState&)) {
+    void StepAndLook(void (*step)(const GameContext&, RecorderState&)) {
         step(game_.AsTable(), recorder_);
         const Short position = game_.state.MoveRecordCount;
         const bool atEnd = position == live_.MoveRecordCount;
@@ -247,11 +247,11 @@ TEST(Recorder, GoesBackToTheBeginningOfATurn) {
         outside.inputs.insert(outside.inputs.end(), row.throws.size() - 1,
                               [](GameState& waiting) { waiting.WaitingForThrow = No; });
         outside.inputs.push_back([&](GameState& waiting) {
-            const Table table{waiting, settings, outside};
+            const GameContext game{waiting, settings, outside};
             RecorderState recorder;
-            RecorderSwitchOn(table, recorder);
-            while (waiting.MoveRecordCount > row.position1) StepBack(table, recorder);
-            RestorePosition(table, recorder);
+            RecorderSwitchOn(game, recorder);
+            while (waiting.MoveRecordCount > row.position1) StepBack(game, recorder);
+            RestorePosition(game, recorder);
             EXPECT_EQ(waiting.WaitingForThrow, Yes);
             waiting.GameInProgress = waiting.WaitingForThrow = No;
         });

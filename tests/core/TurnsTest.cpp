@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "core/Displacement.h"
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "tests/support/NotingOutside.h"
 #include "tests/support/Positions.h"
 

@@ -227,7 +227,7 @@ TEST_F(AyudaTest, EveryWayOutClosesIt) {
         ShowHelp(&board, *services, shippedManual);
         EXPECT_EQ(person.Windows(), 1) << name;
         EXPECT_FALSE(person.LeftOpen()) << name;
-        EXPECT_EQ(sounds, std::vector<Short>{4}) << name;
+        EXPECT_EQ(sounds, std::vector<Sound>{Sound::Accept}) << name;
     }
 }
 
@@ -240,7 +240,7 @@ TEST_F(AyudaTest, IsReadableOnEveryScreen) {
         EXPECT_LE(window->height(), screen.height() * 0.9);
         EXPECT_GE(window->height(), screen.height() * 0.7);
         const QFont font = page->document()->defaultFont();
-        EXPECT_NEAR(font.pixelSize(), 16 * services->ToToolkit(1), 0.6);
+        EXPECT_NEAR(font.pixelSize(), 16 * services->ToLogical(1), 0.6);
         EXPECT_LE(page->viewport()->width() / QFontMetricsF(font).averageCharWidth(), 95)
             << "lines too long to read";
         // A table's lines are whole pixels: it may take one of the margin's.

@@ -77,7 +77,7 @@ TEST_F(HistoricTest, PagesByMouseAndByKey) {
                 EXPECT_EQ(sheet->Pages().Bottom(), row.pages[page].second);
                 EXPECT_EQ(RecordsSeen(), row.pages[page].first - row.pages[page].second + 1);
             }
-            EXPECT_EQ(sounds, std::vector<Short>(row.pages.size() - 1, 9));
+            EXPECT_EQ(sounds, std::vector<Sound>(row.pages.size() - 1, Sound::HistoryPage));
             EXPECT_EQ(pauses.size(), row.pages.size() - 1);
             if (row.games < 100) turn(true);
             EXPECT_EQ(sheet->Pages().Top(), row.pages.back().first) << "there is nothing older";
@@ -106,7 +106,7 @@ TEST_F(HistoricTest, ACornerIsThereOnlyWhileItTurns) {
     EXPECT_FALSE(hand(olderCorner));
     QTest::mouseClick(Control(*window, "Pic_Salir"), Qt::LeftButton);
     EXPECT_FALSE(window->isVisible());
-    EXPECT_EQ(sounds, (std::vector<Short>{9, 4}));
+    EXPECT_EQ(sounds, (std::vector<Sound>{Sound::HistoryPage, Sound::Accept}));
 }
 
 // The names keep between the rules left and right of their column, however wide they are.

@@ -70,7 +70,7 @@ const Text texts[] = {
 
 /// Checks that the label's text lies within it, and that its rim shows no ink.
 void ExpectWhole(const MessageLabel& label, const Services& services) {
-    const double unit = services.ToToolkit(1);
+    const double unit = services.ToLogical(1);
     EXPECT_LE(label.Lines().LineCount() * MessageLinePitch, label.height() / unit + 1.5);
     EXPECT_LE(label.Lines().WidestLine(), label.width() / unit - 4);
     const QImage picture = label.window()->grab(label.geometry()).toImage();
@@ -158,7 +158,7 @@ TEST_F(MessageTest, AnyKeyThatIsAKeyPressAnswersAtOnce) {
         EXPECT_EQ(AnswerAfter(question, press),
                   row.answers ? MessageAnswer::Accepted : MessageAnswer::Refused);
         EXPECT_EQ(leftOpen, !row.answers);
-        EXPECT_EQ(sounds, row.answers ? std::vector<Short>{4} : std::vector<Short>{});
+        EXPECT_EQ(sounds, row.answers ? std::vector<Sound>{Sound::Accept} : std::vector<Sound>{});
         AnswerAfter(notice, press);
         EXPECT_EQ(leftOpen, !row.answers);
     }
@@ -173,7 +173,7 @@ TEST_F(MessageTest, AltF4AndTheWindowManagerRefuse) {
         EXPECT_EQ(AnswerAfter(question, way), MessageAnswer::Refused);
         EXPECT_FALSE(leftOpen);
     }
-    EXPECT_EQ(sounds, std::vector<Short>{});
+    EXPECT_EQ(sounds, std::vector<Sound>{});
 }
 
 TEST_F(MessageTest, ButtonsAnswerWithTheirSounds) {
@@ -184,7 +184,7 @@ TEST_F(MessageTest, ButtonsAnswerWithTheirSounds) {
     EXPECT_EQ(AnswerAfter(question, click("Pic_No")), MessageAnswer::Refused);
     AnswerAfter(notice, click("Pic_Salir"));
     EXPECT_FALSE(leftOpen);
-    EXPECT_EQ(sounds, (std::vector<Short>{4, 12, 4}));
+    EXPECT_EQ(sounds, (std::vector<Sound>{Sound::Accept, Sound::Decline, Sound::Accept}));
 }
 
 TEST_F(MessageTest, WhatWasPressedBeforeItOpenedIsForgotten) {

@@ -23,7 +23,7 @@ const NameRow rows[] = {
     {"accents become small, too", "ÁÉÍÓÚÑÜÇ", "Áéíóúñüç"},
     {"a letter and its accent are one character", "Jose\xCC\x81", "José"},
     {"the file has no quote", "\"Ana\"", "Ana"},
-    {"nor letters of other alphabets", "AnaЖ日\xF0\x9F\x8E\xB2z", "Anaz"},
+    {"nor style of other alphabets", "AnaЖ日\xF0\x9F\x8E\xB2z", "Anaz"},
     {"nor control characters", "A\tn\x01 a", "An a"},
     {"the euro sign and long dashes it has", "€–Š", "€–š"},
 };
@@ -86,7 +86,7 @@ TEST_F(NameBoxTest, TheWidestNameIsSeenWhole) {
         UseScreen(size);
         for (const bool typed : {false, true}) {
             NameBox wide(nullptr, *services, "Txt_Nombre_1", "Nombre");
-            wide.resize(InToolkit({74, 20}).x(), InToolkit({74, 20}).y());
+            wide.resize(InLogical({74, 20}).x(), InLogical({74, 20}).y());
             typed ? wide.setText("Wwwwwwwww") : wide.ShowName("Wwwwwwwww");
             EXPECT_LE(QFontMetricsF(wide.font()).horizontalAdvance(wide.text()), wide.width() - 4)
                 << size.width();

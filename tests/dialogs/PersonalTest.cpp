@@ -64,7 +64,7 @@ protected:
         QWidget* stop = Find(option, player);
         QWidget* page = stop->parentWidget();
         // The question above the option reaches eight pixels higher.
-        const QPoint at = stop->pos() + InToolkit(fromOption + QPointF(0, 8));
+        const QPoint at = stop->pos() + InLogical(fromOption + QPointF(0, 8));
         QTest::mouseClick(page->childAt(at) ? page->childAt(at) : page, Qt::LeftButton, {}, at);
     }
 
@@ -116,7 +116,7 @@ TEST_F(PersonalTest, OnlyTheSelectorItselfCanBeClicked) {
         const Short before = settings.Tutor;
         Press(Option::Tutor, 0, row.point);
         EXPECT_EQ(settings.Tutor != before, row.inside);
-        QTest::mouseMove(page, Find(Option::Tutor)->pos() + InToolkit(row.point + QPointF(0, 8)));
+        QTest::mouseMove(page, Find(Option::Tutor)->pos() + InLogical(row.point + QPointF(0, 8)));
         EXPECT_EQ(page->cursor().shape(), row.inside ? Qt::BitmapCursor : Qt::ArrowCursor);
     }
 }
@@ -182,7 +182,7 @@ TEST_F(PersonalTest, EveryWayOutSavesOnceWithItsSound) {
         leave();
         EXPECT_FALSE(window->isVisible());
         EXPECT_EQ(saved, 1);
-        EXPECT_EQ(sounds, std::vector<Short>{4});
+        EXPECT_EQ(sounds, std::vector<Sound>{Sound::Accept});
     }
 }
 
@@ -240,8 +240,8 @@ struct DragRow {
 };
 
 const DragRow drags[] = {
-    {"follows the pointer", 50, {51, 100, 0, 12}, 12}, {"is taken by its marker only", 5, {26}, 12},
-    {"not right beside it either", 19, {26}, 12},      {"is let go at the left end", 12, {5, -3, 40}, 5},
+    {"follows the cursor", 50, {51, 100, 0, 12}, 12}, {"is taken by its marker only", 5, {26}, 12},
+    {"not right beside it either", 19, {26}, 12},     {"is let go at the left end", 12, {5, -3, 40}, 5},
     {"and at the right end", 5, {97, 104, 60}, 97},
 };
 
@@ -252,7 +252,7 @@ TEST_F(PersonalTest, AScaleIsDraggedUntilThePointerLeavesIt) {
             settings = {};
             Open();
             QWidget* scale = Find(row.name);
-            const auto at = [this](double value) { return InToolkit({6.5 + value, 9}); };
+            const auto at = [this](double value) { return InLogical({6.5 + value, 9}); };
             for (const DragRow& drag : drags) {
                 QTest::mousePress(scale, Qt::LeftButton, {}, at(drag.pressedAt));
                 for (const double value : drag.way) QTest::mouseMove(scale, at(value));

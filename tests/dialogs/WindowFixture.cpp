@@ -8,8 +8,9 @@ namespace zorva {
 
 void WindowFixture::UseScreen(QSize size) {
     const Layout layout = LayoutFor(size.width(), size.height());
-    pointers.SetScale(layout.Unit, 1);
-    services.reset(new Services{artwork, pointers, layout, 1, [this](Short id) { sounds.push_back(id); },
+    cursors.SetScale(layout.Unit, 1);
+    services.reset(new Services{artwork, cursors, layout, 1,
+                                [this](Sound sound) { sounds.push_back(sound); },
                                 [this](Short n) { pauses.push_back(n); }});
     board.resize(size);
 }
@@ -20,12 +21,12 @@ QWidget* WindowFixture::Control(QWidget& window, const QString& name) {
     return control;
 }
 
-QPoint WindowFixture::InToolkit(QPointF point) const {
-    return {qFloor(services->ToToolkit(point.x())), qFloor(services->ToToolkit(point.y()))};
+QPoint WindowFixture::InLogical(QPointF point) const {
+    return {qFloor(services->ToLogical(point.x())), qFloor(services->ToLogical(point.y()))};
 }
 
 void WindowFixture::ClickAt(QWidget* control, QPointF point) const {
-    QTest::mouseClick(control, Qt::LeftButton, {}, InToolkit(point));
+    QTest::mouseClick(control, Qt::LeftButton, {}, InLogical(point));
 }
 
 void WindowFixture::Show(QWidget& window) {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "app/Artwork.h"
-#include "app/Pointers.h"
+#include "app/Cursors.h"
 #include "app/Services.h"
 
 // Let failures show texts as texts.
@@ -44,14 +44,14 @@ protected:
 
     /// Presses and releases the mouse at a point of a control, in pixels of the layout.
     void ClickAt(QWidget* control, QPointF point) const;
-    QPoint InToolkit(QPointF point) const;
+    QPoint InLogical(QPointF point) const;
 
     /// Shows a window and waits until it is there.
     static void Show(QWidget& window);
 
     Artwork artwork;
-    Pointers pointers{artwork};
-    std::vector<Short> sounds;
+    Cursors cursors{artwork};
+    std::vector<Sound> sounds;
     std::vector<Short> pauses;
     std::unique_ptr<Services> services;
     QWidget board;

@@ -15,7 +15,7 @@ namespace {
 constexpr Short movesPlayedOn = 25;
 
 class NoThrows : public SilentOutside {
-    Short RollFace() override { StopOnFault("nothing is thrown here"); }
+    Short RollFace() override { Fatal("nothing is thrown here"); }
 };
 
 /// Players who throw and take the advised move, and stop after a while.
@@ -55,7 +55,7 @@ bool HaveSameTables(const GameState& one, const GameState& other) {
 void InsistOnSoundTables(const GameState& state) {
     if (state.CaptureReport != 0) return;
     const std::string problem = StateProblem(state);
-    Insist(problem.empty(), problem.c_str());
+    Require(problem.empty(), problem.c_str());
 }
 
 void InsistOnWayBack(GameState state) {
@@ -67,13 +67,13 @@ void InsistOnWayBack(GameState state) {
         state.MoveRecordCount = move;
         ExecuteMove({state, settings, silent}, ExecutionMode::Backward);
     }
-    Insist(state.PiecesInBox == GameState{}.PiecesInBox, "a piece is out before the first move");
+    Require(state.PiecesInBox == GameState{}.PiecesInBox, "a piece is out before the first move");
     InsistOnSoundTables(state);
     for (Short move = 1; move <= moves; ++move) {
         state.MoveRecordCount = move;
         ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
     }
-    Insist(HaveSameTables(state, before), "back and forward leads elsewhere");
+    Require(HaveSameTables(state, before), "back and forward leads elsewhere");
 }
 
 void InsistOnGoingOn(GameState state, const Settings& settings, std::uint64_t seed) {

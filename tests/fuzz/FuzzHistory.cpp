@@ -27,11 +27,11 @@ void ReadAll(const std::string& bytes) {
         const HistoryEntry entry = DecodeHistoryRecord(record);
         for (const std::string& text :
              {entry.date, entry.time, entry.winner, entry.points, entry.losers}) {
-            Insist(IsWellFormed(text), "a text that cannot be shown");
+            Require(IsWellFormed(text), "a text that cannot be shown");
         }
-        Insist(entry.points.size() == 4 && entry.points[1] == '.', "points that are no points");
+        Require(entry.points.size() == 4 && entry.points[1] == '.', "points that are no points");
     }
-    Insist(together == bytes, "the records are not the file");
+    Require(together == bytes, "the records are not the file");
 }
 
 // Names of nine bytes each from the input come back as they were written, without their blanks.
@@ -48,13 +48,13 @@ void WriteAndRead(std::string_view bytes) {
     when.tm_year = static_cast<unsigned char>(bytes[38]);
     when.tm_mday = 1;
     const std::string record = HistoryRecordText(when, result, settings);
-    Insist(record.size() == HistoryRecordLength, "a record of another length");
+    Require(record.size() == HistoryRecordLength, "a record of another length");
     const HistoryEntry entry = DecodeHistoryRecord(record);
-    Insist(entry.winner == Trimmed(settings.PlayerName[1]), "the winner's name is another");
-    Insist(entry.points == PointsText(result.points), "other points");
+    Require(entry.winner == Trimmed(settings.PlayerName[1]), "the winner's name is another");
+    Require(entry.points == PointsText(result.points), "other points");
     for (const Colour loser : result.losers) {
         const std::string name = Trimmed(settings.PlayerName[loser]);
-        Insist(entry.losers.find(name) != std::string::npos, "a loser is missing");
+        Require(entry.losers.find(name) != std::string::npos, "a loser is missing");
     }
 }
 

@@ -19,7 +19,7 @@ using namespace zorva;
 constexpr std::size_t bytesOfRecord = 4;
 
 class NoThrows : public SilentOutside {
-    Short RollFace() override { StopOnFault("nothing is thrown here"); }
+    Short RollFace() override { Fatal("nothing is thrown here"); }
 };
 
 /// Takes numbers out of the bytes of one record.
@@ -141,8 +141,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text = SettingsText(content.settings, state);
     const SettingsReading reading = ReadSettings(text);
     const auto* loaded = std::get_if<SettingsContent>(&reading);
-    Insist(loaded != nullptr, "a game of good records is refused");
-    Insist(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
+    Require(loaded != nullptr, "a game of good records is refused");
+    Require(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
     fuzz::InsistOnGoingOn(loaded->state, loaded->settings, static_cast<std::uint64_t>(moves));
     return 0;
 }

@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes = fuzz::AsBytes(data, size);
     const SettingsReading reading = ReadSettings(bytes);
     if (const auto* error = std::get_if<FileError>(&reading)) {
-        Insist(*error != FileError::None, "refused without a reason");
+        Require(*error != FileError::None, "refused without a reason");
         return 0;
     }
     SettingsContent content = std::get<SettingsContent>(reading);
@@ -48,8 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text = SettingsText(content.settings, content.state);
     const SettingsReading again = ReadSettings(text);
     const auto* same = std::get_if<SettingsContent>(&again);
-    Insist(same != nullptr && *same == content, "written and read it is another");
-    Insist(SettingsText(same->settings, same->state) == text, "written twice it differs");
+    Require(same != nullptr && *same == content, "written and read it is another");
+    Require(SettingsText(same->settings, same->state) == text, "written twice it differs");
     if (!content.state.GameInProgress) return 0;
     fuzz::InsistOnWayBack(content.state);
     fuzz::InsistOnGoingOn(content.state, content.settings, std::hash<std::string_view>{}(bytes));

@@ -19,13 +19,13 @@ using namespace zorva;
 class MemoryFile {
 public:
     MemoryFile() : descriptor_(memfd_create("throws", 0)) {
-        Insist(descriptor_ >= 0, "no file in memory");
+        Require(descriptor_ >= 0, "no file in memory");
     }
     std::string Name() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
     void Hold(const std::uint8_t* data, std::size_t size) const {
-        Insist(ftruncate(descriptor_, 0) == 0 &&
-                   pwrite(descriptor_, data, size, 0) == static_cast<ssize_t>(size),
-               "the file in memory cannot be written");
+        Require(ftruncate(descriptor_, 0) == 0 &&
+                    pwrite(descriptor_, data, size, 0) == static_cast<ssize_t>(size),
+                "the file in memory cannot be written");
     }
 
 private:
@@ -48,8 +48,8 @@ void PlayAndKeep(const std::vector<Short>& throws) {
     const std::string text = SettingsText(content.settings, content.state);
     const SettingsReading reading = ReadSettings(text);
     const auto* loaded = std::get_if<SettingsContent>(&reading);
-    Insist(loaded != nullptr, "a game that was stopped cannot be read");
-    Insist(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
+    Require(loaded != nullptr, "a game that was stopped cannot be read");
+    Require(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
     fuzz::InsistOnWayBack(loaded->state);
 }
 
@@ -62,10 +62,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         throws = ReadThrows(file.Name());
     } catch (const Failure& failure) {
-        Insist(failure.what()[0] != '\0', "refused without a word");
+        Require(failure.what()[0] != '\0', "refused without a word");
         return 0;
     }
-    for (const Short face : throws) Insist(face >= 1 && face <= 6, "a throw that no die shows");
+    for (const Short face : throws) Require(face >= 1 && face <= 6, "a throw that no die shows");
     PlayAndKeep(throws);
     return 0;
 }

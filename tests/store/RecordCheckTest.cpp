@@ -12,7 +12,7 @@ namespace zorva::test {
 namespace {
 
 class NoThrows : public SilentOutside {
-    Short RollFace() override { StopOnFault("nothing is thrown here"); }
+    Short RollFace() override { Fatal("nothing is thrown here"); }
 };
 
 // A record as a line of the file has it.

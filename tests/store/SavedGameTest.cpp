@@ -16,7 +16,7 @@ namespace zorva::test {
 namespace {
 
 class NoThrows : public SilentOutside {
-    Short RollFace() override { StopOnFault("nothing is thrown here"); }
+    Short RollFace() override { Fatal("nothing is thrown here"); }
 };
 
 // All moves taken back, last first.

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "store/FileReplacement.h"
-#include "store/PosixFile.h"
+#include "store/SystemFile.h"
 #include "tests/support/Files.h"
 
 // Behind our own headers: it turns names of functions into others.

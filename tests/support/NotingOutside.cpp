@@ -44,7 +44,7 @@ MessageAnswer NotingOutside::ShowMessage(std::string_view title, std::string_vie
 }
 
 Short NotingOutside::NextThrow() {
-    Insist(!throws_.empty(), "a test's script has too few throws");
+    Require(!throws_.empty(), "a test's script has too few throws");
     const Short face = throws_.front();
     throws_.pop_front();
     return face;

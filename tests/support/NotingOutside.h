@@ -32,7 +32,7 @@ public:
     void PositionReached() override;
     void Pause(Short n) override { Note("pause", {n}); }
     void StepDelay(Short n) override { Note("delay", {n}); }
-    void PlaySound(Short id) override { Note("sound", {id}); }
+    void PlaySound(Sound sound) override { Note("sound", {static_cast<int>(sound)}); }
     void LiftPiece(PieceCode piece, Square from) override { Note("lift", {piece, from}); }
     void StepPiece(PieceCode piece, Square from, Square to) override { Note("step", {piece, from, to}); }
     void PutDownPiece(PieceCode piece, Square at) override { Note("put", {piece, at}); }

@@ -10,7 +10,7 @@ namespace {
 
 void Place(GameState& state, Colour colour, Short piece, Square square) {
     if (square == 0) return;
-    Insist(IsOnTrack(colour, square), "a test's position puts a piece off its way");
+    Require(IsOnTrack(colour, square), "a test's position puts a piece off its way");
     state.PiecePosition[colour][piece] = square;
     --state.PiecesInBox[colour];
     if (square == GoalSquare[colour]) ++state.PiecesHome[colour];
@@ -30,8 +30,8 @@ GameState Position(std::string_view text) {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
             Square square = 0;
             in >> square;
-            Insist(!in.fail() && colon == ':' && colour >= 1 && colour <= ColourCount,
-                   "a test's position cannot be read");
+            Require(!in.fail() && colon == ':' && colour >= 1 && colour <= ColourCount,
+                    "a test's position cannot be read");
             Place(state, colour, piece, square);
         }
     }

@@ -2,7 +2,7 @@
 
 #include "core/Board.h"
 #include "core/Displacement.h"
-#include "core/Opening.h"
+#include "core/GameStart.h"
 #include "core/Rules.h"
 #include "core/Turns.h"
 
@@ -123,9 +123,9 @@ Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chanc
         state.SquareOccupants[GoalSquare[colour]][3] = kind.leftovers[colour];
     }
     RandomWorld world(state, kind, chance, beforeRecord, atPosition);
-    const Table table{state, kind.settings, world};
-    ResetGame(table);
-    PlayFrom(table, kind.first);
+    const GameContext game{state, kind.settings, world};
+    ResetGame(game);
+    PlayFrom(game, kind.first);
     return world.Logged();
 }
 

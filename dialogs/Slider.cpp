@@ -1,4 +1,4 @@
-#include "dialogs/Scale.h"
+#include "dialogs/Slider.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -6,12 +6,12 @@
 #include <cmath>
 
 #include "app/Artwork.h"
-#include "app/Pointers.h"
-#include "dialogs/Ornament.h"
+#include "app/Cursors.h"
+#include "dialogs/Decoration.h"
 
 namespace zorva {
 
-Scale::Scale(QWidget* parent, const Services& services, const QString& objectName, const QString& name)
+Slider::Slider(QWidget* parent, const Services& services, const QString& objectName, const QString& name)
     : QAbstractSlider(parent), services_(services) {
     setObjectName(objectName);
     setAccessibleName(name);
@@ -23,35 +23,35 @@ Scale::Scale(QWidget* parent, const Services& services, const QString& objectNam
     setMouseTracking(true);
 }
 
-void Scale::paintEvent(QPaintEvent*) {
+void Slider::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToToolkit(1), services_.ToToolkit(1));
+    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
     services_.artwork.Paint(painter, "personal_scale", QRectF(0, 0, Width, Height));
     services_.artwork.Paint(painter, "personal_marker", MarkerBox());
-    if (hasFocus()) ornament::DrawFocus(painter, QRectF(1.5, 1.5, Width - 3, Height - 3), 5);
+    if (hasFocus()) decoration::DrawFocus(painter, QRectF(1.5, 1.5, Width - 3, Height - 3), 5);
 }
 
-void Scale::mousePressEvent(QMouseEvent* event) {
+void Slider::mousePressEvent(QMouseEvent* event) {
     dragging_ = event->button() == Qt::LeftButton && MarkerBox().contains(LayoutPoint(*event));
 }
 
-void Scale::mouseMoveEvent(QMouseEvent* event) {
+void Slider::mouseMoveEvent(QMouseEvent* event) {
     const QPointF point = LayoutPoint(*event);
     if (dragging_) DragTo(std::floor(point.x() - EndMargin));
-    setCursor(dragging_ || MarkerBox().contains(point) ? services_.pointers.Hand() : Qt::ArrowCursor);
+    setCursor(dragging_ || MarkerBox().contains(point) ? services_.cursors.Hand() : Qt::ArrowCursor);
 }
 
-void Scale::mouseReleaseEvent(QMouseEvent*) {
+void Slider::mouseReleaseEvent(QMouseEvent*) {
     dragging_ = false;
 }
 
 // A wheel turned on its way over the window must not change a player's level.
-void Scale::wheelEvent(QWheelEvent* event) {
+void Slider::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
 
-void Scale::keyPressEvent(QKeyEvent* event) {
+void Slider::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Up: focusNextPrevChild(false); break;
         case Qt::Key_Down: focusNextPrevChild(true); break;
@@ -59,15 +59,15 @@ void Scale::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-QRectF Scale::MarkerBox() const {
+QRectF Slider::MarkerBox() const {
     return {value() + EndMargin - MarkerWidth / 2.0, 0, MarkerWidth, Height};
 }
 
-QPointF Scale::LayoutPoint(const QMouseEvent& event) const {
-    return event.position() / services_.ToToolkit(1);
+QPointF Slider::LayoutPoint(const QMouseEvent& event) const {
+    return event.position() / services_.ToLogical(1);
 }
 
-void Scale::DragTo(double offset) {
+void Slider::DragTo(double offset) {
     if (offset < minimum() || offset > maximum()) {
         dragging_ = false;
         return;

@@ -10,12 +10,12 @@ namespace zorva {
 
 class Artwork;
 
-/// The pointers of the program, drawn at the size that fits the screen.
-class Pointers {
+/// The cursors of the program, drawn at the size that fits the screen.
+class Cursors {
 public:
-    explicit Pointers(Artwork& artwork) : artwork_(artwork) {}
+    explicit Cursors(Artwork& artwork) : artwork_(artwork) {}
 
-    /// The pointer of that name ("ManoIndice", "DadoAmar", ...).
+    /// The cursor of that name ("ManoIndice", "DadoAmar", ...).
     QCursor Named(const QString& name);
 
     /// The pointing hand over whatever can be clicked.
@@ -25,7 +25,7 @@ public:
     /// The closed hand in a colour, over a piece of it that may be moved.
     QCursor ClosedHand(Colour colour);
 
-    /// Sets the scale: device pixels per pixel of the layout, and of these per pixel of the toolkit.
+    /// Sets the scale: device pixels per pixel of the layout, and of these per pixel of Qt.
     void SetScale(double unit, double devicePixelRatio);
 
 private:

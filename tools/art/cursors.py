@@ -1,4 +1,4 @@
-"""The mouse pointers: dice and hands, outlined light and dark so that they stand out on anything."""
+"""The mouse cursors: dice and hands, outlined light and dark so that they stand out on anything."""
 
 from .marks import draw_mark
 from .palette import IVORY, IVORY_LIGHT, TONES
@@ -32,7 +32,7 @@ HOT_SPOTS = {"ManoIndice": (12, 3)}
 
 
 def hot_spot(name):
-    """The point that a pointer points at; most are held by their middle."""
+    """The point that a cursor points at; most are held by their middle."""
     return HOT_SPOTS.get(name, (16, 16))
 
 
@@ -63,7 +63,7 @@ def _cuff(tones):
 
 
 def _drawing(name):
-    return Drawing((0, 0, 32, 32), f"Mouse pointer {name}. Drawn by tools/make_art.py.")
+    return Drawing((0, 0, 32, 32), f"Mouse cursor {name}. Drawn by tools/make_art.py.")
 
 
 def draw_open(name, skin, cuff):

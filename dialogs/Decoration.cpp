@@ -1,10 +1,10 @@
-#include "dialogs/Ornament.h"
+#include "dialogs/Decoration.h"
 
 #include <QLinearGradient>
 #include <QPainter>
 
 #include "app/Artwork.h"
-namespace zorva::ornament {
+namespace zorva::decoration {
 namespace {
 
 const QColor frameGrey(0x80, 0x80, 0x80);
@@ -88,4 +88,4 @@ void DrawFocus(QPainter& painter, const QRectF& area, double radius) {
     painter.drawRoundedRect(area, radius, radius);
 }
 
-}  // namespace zorva::ornament
+}  // namespace zorva::decoration

@@ -1,4 +1,4 @@
-#include "app/Pointers.h"
+#include "app/Cursors.h"
 
 #include <QFile>
 #include <QTextStream>
@@ -8,34 +8,34 @@
 namespace zorva {
 namespace {
 
-constexpr int drawingSide = 32;  // of every pointer's drawing
+constexpr int drawingSide = 32;  // of every cursor's drawing
 
 }  // namespace
 
-void Pointers::SetScale(double unit, double devicePixelRatio) {
+void Cursors::SetScale(double unit, double devicePixelRatio) {
     unit_ = unit;
     ratio_ = devicePixelRatio;
     cursors_.clear();
 }
 
-QPoint Pointers::HotSpotOf(const QString& name) {
+QPoint Cursors::HotSpotOf(const QString& name) {
     if (hotSpots_.isEmpty()) {
         QFile file(":/cursors/hotspots.txt");
         if (file.open(QFile::ReadOnly)) {
             QTextStream lines(&file);
-            QString pointer;
+            QString cursor;
             int x = 0;
             int y = 0;
-            while (!(lines >> pointer >> x >> y).atEnd() || !pointer.isEmpty()) {
-                hotSpots_.insert(pointer, {x, y});
-                pointer.clear();
+            while (!(lines >> cursor >> x >> y).atEnd() || !cursor.isEmpty()) {
+                hotSpots_.insert(cursor, {x, y});
+                cursor.clear();
             }
         }
     }
     return hotSpots_.value(name);
 }
 
-QCursor Pointers::Named(const QString& name) {
+QCursor Cursors::Named(const QString& name) {
     const auto known = cursors_.constFind(name);
     if (known != cursors_.constEnd()) return *known;
     const int side = qRound(drawingSide * unit_);
@@ -47,12 +47,12 @@ QCursor Pointers::Named(const QString& name) {
     return cursor;
 }
 
-QCursor Pointers::Die(Colour colour) {
+QCursor Cursors::Die(Colour colour) {
     static constexpr const char* names[] = {"", "DadoAmar", "DadoAzul", "DadoRojo", "DadoVerd"};
     return Named(names[colour]);
 }
 
-QCursor Pointers::ClosedHand(Colour colour) {
+QCursor Cursors::ClosedHand(Colour colour) {
     static constexpr const char* names[] = {"", "ManoCeAm", "ManoCeAz", "ManoCeRo", "ManoCeVe"};
     return Named(names[colour]);
 }

@@ -17,10 +17,10 @@ inline QRectF ToRect(const Box& box) {
 /// Puts a control at that box of its parent. Edges are rounded one by one, so that boxes that touch
 /// in the layout touch on every screen.
 inline void PlaceControl(QWidget* control, const Box& box, const Services& services) {
-    const int left = qRound(services.ToToolkit(box.x));
-    const int top = qRound(services.ToToolkit(box.y));
-    control->setGeometry(left, top, qRound(services.ToToolkit(box.x + box.width)) - left,
-                         qRound(services.ToToolkit(box.y + box.height)) - top);
+    const int left = qRound(services.ToLogical(box.x));
+    const int top = qRound(services.ToLogical(box.y));
+    control->setGeometry(left, top, qRound(services.ToLogical(box.x + box.width)) - left,
+                         qRound(services.ToLogical(box.y + box.height)) - top);
 }
 
 /// Whether any of that box is to be drawn by a painter with a clip. Drawings that move many times a
@@ -31,7 +31,7 @@ inline bool IsToBeDrawn(const QPainter& painter, const Box& box) {
 
 /// The pixel of the layout that holds a position of a control, from the control's own corner.
 inline Point ToLayout(QPointF position, const Services& services) {
-    const QPointF point = position / services.ToToolkit(1);
+    const QPointF point = position / services.ToLogical(1);
     return {ToShort(std::lround(std::floor(point.x()))), ToShort(std::lround(std::floor(point.y())))};
 }
 

@@ -11,6 +11,6 @@ QFont TextFont(double pixelSize, QFont::Weight weight = QFont::Normal);
 QFont ColumnFont(double pixelSize);
 
 /// Looks for them, which takes a hundredth of a second at the first text.
-void PrepareTypefaces();
+void PrepareFonts();
 
 }  // namespace zorva

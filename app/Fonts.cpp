@@ -1,4 +1,4 @@
-#include "app/Typeface.h"
+#include "app/Fonts.h"
 
 #include <QFontMetricsF>
 #include <QStringList>
@@ -26,7 +26,7 @@ QFont ColumnFont(double pixelSize) {
     return Sized(QStringList{"DejaVu Sans Mono", "Monospace"}, pixelSize);
 }
 
-void PrepareTypefaces() {
+void PrepareFonts() {
     for (const QFont& font :
          {TextFont(15, QFont::DemiBold), TextFont(12, QFont::Bold), ColumnFont(12)}) {
         QFontMetricsF(font).horizontalAdvance('M');

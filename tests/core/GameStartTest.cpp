@@ -1,4 +1,4 @@
-#include "core/Opening.h"
+#include "core/GameStart.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "dialogs/Lettering.h"
+#include "dialogs/TextStyle.h"
 
 #include <QPainter>
 #include <QTextOption>
 #include <algorithm>
 
-#include "app/Typeface.h"
+#include "app/Fonts.h"
 
 namespace zorva {
 namespace {
@@ -12,16 +12,16 @@ namespace {
 // Units of the setting per pixel of the layout.
 constexpr double fine = 16;
 
-QFont FineFont(const Letters& letters) {
-    QFont font = TextFont(letters.size * fine, letters.weight);
-    font.setItalic(letters.italic);
+QFont FineFont(const TextStyle& style) {
+    QFont font = TextFont(style.size * fine, style.weight);
+    font.setItalic(style.italic);
     return font;
 }
 
 }  // namespace
 
-SetText::SetText(const QString& text, double width, const Letters& letters)
-    : layout_(QString(text).replace('\n', QChar::LineSeparator), FineFont(letters)) {
+SetText::SetText(const QString& text, double width, const TextStyle& style)
+    : layout_(QString(text).replace('\n', QChar::LineSeparator), FineFont(style)) {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout_.setTextOption(option);
@@ -54,17 +54,17 @@ void SetText::Draw(QPainter& painter, QPointF top, double pitch) const {
     painter.restore();
 }
 
-double WidthOf(const QString& text, const Letters& letters) {
-    return QFontMetricsF(FineFont(letters)).horizontalAdvance(text) / fine;
+double WidthOf(const QString& text, const TextStyle& style) {
+    return QFontMetricsF(FineFont(style)).horizontalAdvance(text) / fine;
 }
 
-void DrawLine(QPainter& painter, const QRectF& box, const QString& text, Letters letters,
+void DrawLine(QPainter& painter, const QRectF& box, const QString& text, TextStyle style,
               Qt::Alignment alignment) {
-    // Letters that are made smaller stay on the line that the usual ones stand on.
-    const QFontMetricsF usual(FineFont(letters));
+    // TextStyle that are made smaller stay on the line that the usual ones stand on.
+    const QFontMetricsF usual(FineFont(style));
     const double base = box.center().y() + (usual.ascent() - usual.descent()) / fine / 2;
-    const double natural = WidthOf(text, letters);
-    if (natural > box.width()) letters.size *= box.width() / natural;
+    const double natural = WidthOf(text, style);
+    if (natural > box.width()) style.size *= box.width() / natural;
     const double spare = box.width() - std::min(natural, box.width());
     const double indent = alignment & Qt::AlignRight     ? spare
                           : alignment & Qt::AlignHCenter ? spare / 2
@@ -72,24 +72,24 @@ void DrawLine(QPainter& painter, const QRectF& box, const QString& text, Letters
     painter.save();
     painter.translate(box.left() + indent, base);
     painter.scale(1 / fine, 1 / fine);
-    painter.setFont(FineFont(letters));
+    painter.setFont(FineFont(style));
     painter.drawText(QPointF(), text);
     painter.restore();
 }
 
-void DrawSpaced(QPainter& painter, const QRectF& box, const QString& text, const Letters& letters,
+void DrawSpaced(QPainter& painter, const QRectF& box, const QString& text, const TextStyle& style,
                 double blankWidth) {
     double left = box.left();
     for (const QString& word : text.split(' ')) {
-        const double width = WidthOf(word, letters);
-        DrawLine(painter, QRectF(left, box.top(), width + 1, box.height()), word, letters);
+        const double width = WidthOf(word, style);
+        DrawLine(painter, QRectF(left, box.top(), width + 1, box.height()), word, style);
         left += width + blankWidth;
     }
 }
 
-double BlankWidthFor(const QString& text, const Letters& letters, double width) {
+double BlankWidthFor(const QString& text, const TextStyle& style, double width) {
     double words = 0;
-    for (const QString& word : text.split(' ')) words += WidthOf(word, letters);
+    for (const QString& word : text.split(' ')) words += WidthOf(word, style);
     return (width - words) / static_cast<double>(text.count(' '));
 }
 

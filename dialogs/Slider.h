@@ -7,8 +7,8 @@
 namespace zorva {
 
 /// A scale from 0 to 100, one pixel of the layout for each step, with a marker that is dragged. The
-/// drag ends when the pointer leaves the scale's range; the last value in it stays.
-class Scale : public QAbstractSlider {
+/// drag ends when the cursor leaves the scale's range; the last value in it stays.
+class Slider : public QAbstractSlider {
 public:
     /// The value 0 lies that many pixels right of the control's left edge; so much is left at 100.
     static constexpr Short EndMargin = 6;
@@ -16,7 +16,7 @@ public:
     static constexpr Short Height = 18;
     static constexpr Short MarkerWidth = 12;
 
-    Scale(QWidget* parent, const Services& services, const QString& objectName, const QString& name);
+    Slider(QWidget* parent, const Services& services, const QString& objectName, const QString& name);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -8,7 +8,7 @@
 
 class QPainter;
 
-namespace zorva::ornament {
+namespace zorva::decoration {
 
 // The look that all windows share: a walnut panel with a brass inlay, sheets of cream paper set into
 // it, light from the top left. All measures are pixels of the layout.
@@ -33,4 +33,4 @@ void DrawSunkenFrame(QPainter& painter, const QRectF& area);
 /// The mark of what the keyboard acts on, around the area.
 void DrawFocus(QPainter& painter, const QRectF& area, double radius);
 
-}  // namespace zorva::ornament
+}  // namespace zorva::decoration

@@ -1,4 +1,4 @@
-#include "app/Pointers.h"
+#include "app/Cursors.h"
 
 #include <gtest/gtest.h>
 
@@ -20,15 +20,15 @@ QPoint Tip(const QImage& picture) {
     return {-1000, -1000};
 }
 
-TEST(Pointers, PointWithTheirHotSpots) {
+TEST(Cursors, PointWithTheirHotSpots) {
     Artwork artwork;
-    Pointers pointers(artwork);
+    Cursors cursors(artwork);
     for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
-        pointers.SetScale(scale, 1);
+        cursors.SetScale(scale, 1);
         for (const char* name :
              {"DadoAmar", "DadoVerd", "ManoCeAm", "ManoCeVe", "ManoAbie", "ManoBlan", "ManoIndice"}) {
             SCOPED_TRACE(std::string(name) + " at scale " + std::to_string(scale));
-            const QCursor cursor = pointers.Named(name);
+            const QCursor cursor = cursors.Named(name);
             const QImage picture = cursor.pixmap().toImage();
             ASSERT_EQ(picture.width(), qRound(32 * scale));
             const QPoint hot = cursor.hotSpot();
