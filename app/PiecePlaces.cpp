@@ -16,13 +16,6 @@ bool StandsInSlot(const GameState& state, Square square, Short slot) {
     return first && state.PositionOf(code) == square;
 }
 
-Short SlotOf(const GameState& state, Square square, PieceCode code) {
-    for (Short slot = 1; slot <= 3; ++slot) {
-        if (state.SquareOccupants[square][slot] == code) return slot;
-    }
-    return 0;
-}
-
 // The places of a goal that no slot accounts for go to the remaining pieces in their order.
 Short PlaceOnGoal(const GameState& state, Square goal, PieceCode code) {
     const Short slot = SlotOf(state, goal, code);
@@ -52,8 +45,7 @@ Point PlaceOfPiece(const Layout& layout, const GameState& state, PieceCode code)
 Point FreePlaceOn(const Layout& layout, const GameState& state, Square square) {
     Short slot = 1;
     while (slot <= 3 && StandsInSlot(state, square, slot)) ++slot;
-    const bool isGoal = std::find(GoalSquare.begin() + 1, GoalSquare.end(), square) != GoalSquare.end();
-    return layout.SlotPosition(square, isGoal ? slot : std::min<Short>(slot, 3));
+    return layout.SlotPosition(square, IsGoal(square) ? slot : std::min<Short>(slot, 3));
 }
 
 }  // namespace zorva

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "core/Chance.h"
+#include "core/DecidedThrows.h"
 #include "core/Ending.h"
 #include "core/GameStart.h"
-#include "core/SilentOutside.h"
 #include "core/Turns.h"
 #include "tools/WithoutPeople.h"
 
@@ -22,14 +22,12 @@ constexpr std::uint64_t gamesAtOnce = 16;
 constexpr auto progressInterval = std::chrono::milliseconds(250);
 
 /// The world of one game of a match: it throws by chance and counts.
-class MatchWorld final : public SilentOutside {
+class MatchWorld final : public DecidedThrows {
 public:
     MatchWorld(const GameState& state, std::uint64_t seed, std::uint64_t number, MatchTotals& totals)
         : state_(state), chance_(seed, number), totals_(totals) {}
 
-    bool IsWatched() const override { return false; }
-    bool IsFollowed() const override { return false; }
-    Short RollFace() override { return chance_.Face(); }
+    Short NextThrow() override { return chance_.Face(); }
 
     Colour DrawFirst(const Settings& settings) {
         std::vector<Colour> colours;

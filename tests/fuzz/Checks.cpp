@@ -6,17 +6,13 @@
 #include "core/Consistency.h"
 #include "core/DecidedThrows.h"
 #include "core/Execution.h"
+#include "core/GameStart.h"
 #include "core/Turns.h"
-#include "store/SavedGame.h"
 
 namespace zorva::fuzz {
 namespace {
 
 constexpr Short movesPlayedOn = 25;
-
-class NoThrows : public SilentOutside {
-    Short RollFace() override { Fatal("nothing is thrown here"); }
-};
 
 /// Players who throw and take the advised move, and stop after a while.
 class Players : public DecidedThrows {
@@ -24,10 +20,8 @@ public:
     Players(GameState& state, std::uint64_t seed)
         : state_(state), chance_(seed), last_(state.MoveRecordCount + movesPlayedOn) {}
 
-    bool IsWatched() const override { return false; }
-
     void PositionReached() override {
-        InsistOnSoundTables(state_);
+        RequireSoundTables(state_);
         if (state_.MoveRecordCount > last_) state_.GameInProgress = No;
     }
 
@@ -52,34 +46,31 @@ bool HaveSameTables(const GameState& one, const GameState& other) {
 
 }  // namespace
 
-void InsistOnSoundTables(const GameState& state) {
+void RequireSoundTables(const GameState& state) {
     if (state.CaptureReport != 0) return;
     const std::string problem = StateProblem(state);
     Require(problem.empty(), problem.c_str());
 }
 
-void InsistOnWayBack(GameState state) {
+void RequireWayBack(GameState state) {
     const Settings settings;
-    NoThrows silent;
+    SilentOutside silent;
     const GameState before = state;
     const auto moves = static_cast<Short>(state.MoveRecordCount - 1);
     for (Short move = moves; move >= 1; --move) {
-        state.MoveRecordCount = move;
-        ExecuteMove({state, settings, silent}, ExecutionMode::Backward);
+        ExecuteMove({state, settings, silent}, ExecutionMode::Backward, move);
     }
     Require(state.PiecesInBox == GameState{}.PiecesInBox, "a piece is out before the first move");
-    InsistOnSoundTables(state);
+    RequireSoundTables(state);
     for (Short move = 1; move <= moves; ++move) {
-        state.MoveRecordCount = move;
-        ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
+        ExecuteMove({state, settings, silent}, ExecutionMode::Forward, move);
     }
     Require(HaveSameTables(state, before), "back and forward leads elsewhere");
 }
 
-void InsistOnGoingOn(GameState state, const Settings& settings, std::uint64_t seed) {
-    PrepareToContinue(state);
+void RequireGoingOn(GameState state, const Settings& settings, std::uint64_t seed) {
     Players players(state, seed);
-    RunTurns({state, settings, players});
+    ContinueGame({state, settings, players});
 }
 
 }  // namespace zorva::fuzz

@@ -16,12 +16,12 @@ inline std::string_view AsBytes(const std::uint8_t* data, std::size_t size) {
 // Whatever does not hold stops the program, which the fuzzer reports with the bytes that did it.
 
 /// The tables are sound, unless a captured piece is still on its way home.
-void InsistOnSoundTables(const GameState& state);
+void RequireSoundTables(const GameState& state);
 
 /// All moves of the game, made forwards by now, can be taken back to the boxes and made again.
-void InsistOnWayBack(GameState state);
+void RequireWayBack(GameState state);
 
 /// A game in progress that was loaded can be played on for some moves.
-void InsistOnGoingOn(GameState state, const Settings& settings, std::uint64_t seed);
+void RequireGoingOn(GameState state, const Settings& settings, std::uint64_t seed);
 
 }  // namespace zorva::fuzz

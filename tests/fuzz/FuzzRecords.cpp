@@ -18,10 +18,6 @@ using namespace zorva;
 
 constexpr std::size_t bytesOfRecord = 4;
 
-class NoThrows : public SilentOutside {
-    Short RollFace() override { Fatal("nothing is thrown here"); }
-};
-
 /// Takes numbers out of the bytes of one record.
 class Choices {
 public:
@@ -109,7 +105,7 @@ bool IsWon(const GameState& state) {
 
 void PlayRecords(GameState& state, const std::uint8_t* data, std::size_t size) {
     const Settings settings;
-    NoThrows silent;
+    SilentOutside silent;
     for (; size >= bytesOfRecord && !IsWon(state); data += bytesOfRecord, size -= bytesOfRecord) {
         Choices choices(data);
         MoveRecord record = Plausible(state, choices);
@@ -117,8 +113,8 @@ void PlayRecords(GameState& state, const std::uint8_t* data, std::size_t size) {
         if (!CanFollow(state, record)) continue;
         NewMoveRecord(state);
         state.MoveRecords[state.MoveRecordCount] = record;
-        ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
-        fuzz::InsistOnSoundTables(state);
+        ExecuteMove({state, settings, silent}, ExecutionMode::Forward, state.MoveRecordCount);
+        fuzz::RequireSoundTables(state);
     }
 }
 
@@ -132,7 +128,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Short moves = state.MoveRecordCount;
     if (state.CaptureReport != 0 || moves == 0) return 0;
     NewMoveRecord(state);
-    fuzz::InsistOnWayBack(state);
+    fuzz::RequireWayBack(state);
     if (IsWon(state)) return 0;
     state.GameInProgress = Yes;
     state.RepeatTurn = Yes;
@@ -143,6 +139,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto* loaded = std::get_if<SettingsContent>(&reading);
     Require(loaded != nullptr, "a game of good records is refused");
     Require(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
-    fuzz::InsistOnGoingOn(loaded->state, loaded->settings, static_cast<std::uint64_t>(moves));
+    fuzz::RequireGoingOn(loaded->state, loaded->settings, static_cast<std::uint64_t>(moves));
     return 0;
 }

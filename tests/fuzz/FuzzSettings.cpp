@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     SettingsContent content = std::get<SettingsContent>(reading);
-    fuzz::InsistOnSoundTables(content.state);
+    fuzz::RequireSoundTables(content.state);
     content.state.RepeatTurn = Yes;  // it is always written so
     const std::string text = SettingsText(content.settings, content.state);
     const SettingsReading again = ReadSettings(text);
@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(same != nullptr && *same == content, "written and read it is another");
     Require(SettingsText(same->settings, same->state) == text, "written twice it differs");
     if (!content.state.GameInProgress) return 0;
-    fuzz::InsistOnWayBack(content.state);
-    fuzz::InsistOnGoingOn(content.state, content.settings, std::hash<std::string_view>{}(bytes));
+    fuzz::RequireWayBack(content.state);
+    fuzz::RequireGoingOn(content.state, content.settings, std::hash<std::string_view>{}(bytes));
     return 0;
 }

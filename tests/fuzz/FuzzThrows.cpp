@@ -43,14 +43,14 @@ void PlayAndKeep(const std::vector<Short>& throws) {
     ApplySettings(content.state, content.settings);
     std::ostringstream printed;
     PlayScriptedGame(content.state, content.settings, 1, throws, {true, true}, printed);
-    fuzz::InsistOnSoundTables(content.state);
+    fuzz::RequireSoundTables(content.state);
     if (!content.state.GameInProgress || content.state.MoveRecordCount < 2) return;
     const std::string text = SettingsText(content.settings, content.state);
     const SettingsReading reading = ReadSettings(text);
     const auto* loaded = std::get_if<SettingsContent>(&reading);
     Require(loaded != nullptr, "a game that was stopped cannot be read");
     Require(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
-    fuzz::InsistOnWayBack(loaded->state);
+    fuzz::RequireWayBack(loaded->state);
 }
 
 }  // namespace

@@ -15,15 +15,12 @@
 namespace zorva::test {
 namespace {
 
-class NoThrows : public SilentOutside {
-    Short RollFace() override { Fatal("nothing is thrown here"); }
-};
-
 // All moves taken back, last first.
 GameState TakenBack(GameState state) {
     const Settings settings;
-    NoThrows silent;
-    while (--state.MoveRecordCount >= 1) ExecuteMove({state, settings, silent}, ExecutionMode::Backward);
+    SilentOutside silent;
+    while (--state.MoveRecordCount >= 1)
+        ExecuteMove({state, settings, silent}, ExecutionMode::Backward, state.MoveRecordCount);
     return state;
 }
 
@@ -79,13 +76,13 @@ TEST(SavedGame, ComesBackFromEveryPosition) {
 std::string TextAfter(const std::vector<MoveRecord>& records, Colour onTurn) {
     const Settings settings;
     GameState state;
-    NoThrows silent;
+    SilentOutside silent;
     state.GameInProgress = Yes;
     state.CurrentColour = onTurn;
     for (const MoveRecord& record : records) {
         NewMoveRecord(state);
         state.MoveRecords[state.MoveRecordCount] = record;
-        ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
+        ExecuteMove({state, settings, silent}, ExecutionMode::Forward, state.MoveRecordCount);
     }
     NewMoveRecord(state);
     return SettingsText(settings, state);
