@@ -19,7 +19,8 @@ bool IsFull(const GameState& state, Square square) {
 // The squares strictly between the start and the target. The target itself is tested for being full.
 bool IsBarred(const GameState& state, Colour colour, Short steps, Square square) {
     for (Short step = 1; step < steps; ++step) {
-        if (IsBarrier(state, AdvanceSquare(square, step, colour))) return true;
+        square = AdvanceSquare(square, 1, colour);
+        if (IsBarrier(state, square)) return true;
     }
     return false;
 }
