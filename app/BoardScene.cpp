@@ -11,10 +11,6 @@ namespace {
 
 constexpr int pulseMilliseconds = 900;  // at speed 0
 
-QPointF AsPointF(Point p) {
-    return {static_cast<double>(p.x), static_cast<double>(p.y)};
-}
-
 }  // namespace
 
 BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork& artwork,

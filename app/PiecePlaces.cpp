@@ -11,8 +11,8 @@ bool StandsInSlot(const GameState& state, Square square, Short slot) {
     const PieceCode code = state.SquareOccupants[square][slot];
     if (code == 0 || ColourOf(code) < 1 || ColourOf(code) > ColourCount) return false;
     if (PieceOf(code) < 1 || PieceOf(code) > PiecesPerColour) return false;
-    const auto& slots = state.SquareOccupants[square];
-    const bool first = std::find(slots.begin() + 1, slots.begin() + slot, code) == slots.begin() + slot;
+    const auto& occupants = state.SquareOccupants[square];
+    const bool first = std::find(occupants.begin() + 1, occupants.begin() + slot, code) == occupants.begin() + slot;
     return first && state.PositionOf(code) == square;
 }
 
