@@ -8,11 +8,11 @@
 #include <thread>
 #include <vector>
 
-#include "core/Chance.h"
 #include "core/Ending.h"
 #include "core/GameStart.h"
 #include "core/SilentOutside.h"
 #include "core/Turns.h"
+#include "engine/Chance.h"
 #include "tools/WithoutPeople.h"
 
 namespace zorva {

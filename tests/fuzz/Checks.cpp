@@ -2,11 +2,11 @@
 
 #include <cstdio>
 
-#include "core/Chance.h"
 #include "core/Consistency.h"
 #include "core/DecidedThrows.h"
 #include "core/Execution.h"
 #include "core/Turns.h"
+#include "engine/Chance.h"
 #include "store/SavedGame.h"
 
 namespace zorva::fuzz {
