@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+
+#include "core/GameState.h"
+#include "engine/Track.h"
+
+namespace zorva::engine {
+
+/// Where the four pieces of a seat stand, in its own steps. The sets and counts follow from `steps`.
+struct Side {
+    std::array<std::uint8_t, PiecesPerColour> steps{BoxStep, BoxStep, BoxStep, BoxStep};
+    std::uint8_t inBox = PiecesPerColour;
+    std::uint8_t home = 0;
+    RingSet pieces = 0;         ///< at least one of them stands there
+    RingSet pairs = 0;          ///< two of them do: a barrier
+    ColumnSet column = 0;       ///< at least one of them stands there, the goal not counted
+    ColumnSet columnPairs = 0;  ///< two of them do
+
+    /// Takes a piece out of the sets and counts; its step stays until it is put down again.
+    void Lift(unsigned piece);
+    void PutDown(unsigned piece, unsigned step);
+
+    bool operator==(const Side&) const = default;
+};
+
+/// A piece of any seat in one byte: bits 0 and 1 are the piece, bits 2 and 3 its seat, bit 4 is always
+/// set. 0 is nobody.
+using Occupant = std::uint8_t;
+
+constexpr Occupant OccupantOf(Seat seat, unsigned piece) {
+    return static_cast<Occupant>(16 | seat << 2 | piece);
+}
+constexpr Occupant OccupantOf(PieceCode code) {
+    return code == 0 ? Occupant{0}
+                     : OccupantOf(SeatOf(ColourOf(code)), static_cast<unsigned>(PieceOf(code) - 1));
+}
+constexpr Seat SeatOfOccupant(Occupant occupant) {
+    return occupant >> 2 & 3U;
+}
+constexpr unsigned PieceOfOccupant(Occupant occupant) {
+    return occupant & 3U;
+}
+
+/// Where all pieces stand: what a GameState says of the board, in 400 bytes of which a move changes a
+/// few. Pieces are numbered 0..3, one less than in the core.
+class Position {
+public:
+    /// All pieces in their boxes.
+    Position() = default;
+
+    /// The position of `state`. No captured piece may be waiting there for its way home.
+    explicit Position(const GameState& state);
+
+    const Side& SideOf(Seat seat) const { return sides_[seat]; }
+
+    /// Of the pieces on a ring square, the one that came first; 0 when the square is empty.
+    Occupant FirstOn(Square square) const { return occupants_[square].first; }
+
+    /// Moves a piece to a step of its track and carries out the capture that CaptureOn (core/Rules.h)
+    /// defines: the victim is in its box afterwards. Returns the victim, 0 when there is none. Does not
+    /// ask whether the move is legal; a count that begins with all pieces in the box need not be.
+    Occupant Move(Seat seat, unsigned piece, unsigned to);
+
+    /// Puts a piece back into its box, from wherever it stands.
+    void SendToBox(Seat seat, unsigned piece);
+
+    /// Writes to PiecePosition where each piece stands.
+    void WritePiecePositions(GameState& state) const;
+
+    bool operator==(const Position&) const = default;
+
+private:
+    /// The pieces on a ring square in the order of their arrival, as in slots 1 and 2 of
+    /// SquareOccupants. The order decides which of two pieces is captured by a third that comes out of
+    /// its box.
+    struct Occupants {
+        Occupant first = 0;
+        Occupant second = 0;
+
+        bool operator==(const Occupants&) const = default;
+    };
+
+    void PutIntoBox(Occupant occupant);
+    void LeaveSquare(Seat seat, unsigned piece);
+    static Occupant Land(Occupants& here, Occupant newcomer, bool isSafe);
+    static Occupant LandAsThird(Occupants& here, Occupant newcomer, bool isSafe);
+
+    std::array<Side, SeatCount> sides_{};
+    std::array<Occupants, LastRingSquare + 1> occupants_{};
+};
+
+}  // namespace zorva::engine
