@@ -48,6 +48,12 @@ void Side::Lift(unsigned piece) {
     Remove(column, columnPairs, bits.column);
 }
 
+int Side::Walked() const {
+    int walked = 0;
+    for (const unsigned step : steps) walked += step == BoxStep ? 0 : static_cast<int>(step);
+    return walked;
+}
+
 Position::Position(const GameState& state) {
     for (Seat seat = 0; seat < SeatCount; ++seat) {
         for (unsigned piece = 0; piece < PiecesPerColour; ++piece) {
@@ -59,14 +65,6 @@ Position::Position(const GameState& state) {
     for (Square square = 1; square <= LastRingSquare; ++square) {
         const auto& slots = state.SquareOccupants[square];
         occupants_[square] = {OccupantOf(slots[1]), OccupantOf(slots[2])};
-    }
-}
-
-void Position::WritePiecePositions(GameState& state) const {
-    for (Seat seat = 0; seat < SeatCount; ++seat) {
-        for (unsigned piece = 0; piece < PiecesPerColour; ++piece) {
-            state.PiecePosition[ColourAt(seat)][piece + 1] = SquareAt(seat, sides_[seat].steps[piece]);
-        }
     }
 }
 

@@ -21,6 +21,9 @@ struct Side {
     void Lift(unsigned piece);
     void PutDown(unsigned piece, unsigned step);
 
+    /// The steps that its pieces have come from the exit, added up: StepsFromExit (core/Board.h).
+    int Walked() const;
+
     bool operator==(const Side&) const = default;
 };
 
@@ -64,9 +67,6 @@ public:
 
     /// Puts a piece back into its box, from wherever it stands.
     void SendToBox(Seat seat, unsigned piece);
-
-    /// Writes to PiecePosition where each piece stands.
-    void WritePiecePositions(GameState& state) const;
 
     bool operator==(const Position&) const = default;
 
