@@ -11,12 +11,6 @@ namespace {
 constexpr double worstScore = -999;
 constexpr unsigned nobody = PiecesPerColour;
 
-// The distances of Rival::throws.
-RingSet ThrowsWithSix(unsigned six) {
-    constexpr RingSet oneToFive = Lowest(5) << (RingSteps - 5);
-    return oneToFive | RingSet{1} << (RingSteps - six);
-}
-
 // Calls `look` with the number of each bit of a small set.
 template <typename Look>
 void ForEachBit(unsigned set, Look look) {
@@ -25,67 +19,46 @@ void ForEachBit(unsigned set, Look look) {
 
 }  // namespace
 
-// Takes in the pieces of one rival; returns the steps that one throw of theirs can reach.
-template <unsigned Turns>
-RingSet Evaluator::AddRival(unsigned sixValue) {
-    const Side& side = view_.position_.SideOf(SeatAfter(view_.seat_, Turns));
-    const unsigned six = side.inBox == 0 ? sixValue : 6;
-    rivals_[Turns] = {side.pieces << 1, side.pairs << 1, ThrowsWithSix(six)};
-    const RingSet oneOrTwo = side.pieces << 1 | side.pieces << 2;
-    const RingSet oneToFive = oneOrTwo | oneOrTwo << 2 | side.pieces << 5;
-    return Rotated<Turns>(oneToFive | side.pieces << six);
-}
-
 Evaluator::Evaluator(const SeatView& view, const GameRules& rules, unsigned count, unsigned movable)
-    : view_(view), level_(rules.level[view.seat_]), movable_(movable) {
-    const RingSet open = UnsafeSteps & ~view.full_;
-    const RingSet threatened =
-        open & (AddRival<1>(rules.sixValue) | AddRival<2>(rules.sixValue) | AddRival<3>(rules.sixValue));
-    capturable_ = view.rivals_ & open;
-    const RingSet oneOrTwo = capturable_ >> 1 | capturable_ >> 2;
-    const RingSet attacking = oneOrTwo | oneOrTwo >> 2 | oneOrTwo >> 4;
+    : view_(view),
+      level_(rules.level[view.seat_]),
+      movable_(movable),
+      exposed_(UnsafeSteps & ~view.full_),
+      capturable_(view.rivals_ & exposed_) {
+    for (unsigned turns = 1; turns < SeatCount; ++turns) {
+        rivals_[turns] = &view.position_.SideOf(SeatAfter(view.seat_, turns));
+    }
     FindEnds(count);
-    AddAttacks(EndsIn(attacking, attacking));
-    // Where a piece comes to stand beside its own, both are safe.
-    SubtractRisks(EndsIn(threatened, threatened & ~view.own_.pieces));
+    AddAttacks();
 }
 
 void Evaluator::FindEnds(unsigned count) {
     for (unsigned piece = 0; piece < PiecesPerColour; ++piece) {
-        const unsigned from = view_.own_.steps[piece];
+        const unsigned from = view_.own_.StepOf(piece);
         steps_[piece] = static_cast<std::uint8_t>(from);
         steps_[reached + piece] = static_cast<std::uint8_t>(StepAfter(from, count));
-        values_[piece] = values_[reached + piece] = 0;
     }
 }
 
-// Which ends of movable pieces lie in a set: bit n stands for end n. Six in ten ends lie in neither set
-// and have the value 0, but a branch for each end is predicted wrong so often that it costs more than
-// all the rest. So both sets are asked about all ends first, by rotating them until the end's bit is bit
-// n. An end off the ring is asked about some other step: it has no rivals ahead and nothing to fear, so
-// the value stays 0.
-unsigned Evaluator::EndsIn(RingSet whenLeft, RingSet whenReached) const {
+// Which ends of movable pieces lie in a set: bit n stands for end n. The set is rotated until the end's
+// bit is bit n. An end off the ring is asked about some other step: no rivals stand ahead of it, so that
+// nothing comes of it.
+unsigned Evaluator::EndsIn(RingSet set) const {
     RingSet ends = 0;
-    for (unsigned piece = 0; piece < PiecesPerColour; ++piece) {
-        const unsigned end = reached + piece;
-        ends |= std::rotr(whenLeft, static_cast<int>(steps_[piece] - piece)) & RingSet{1} << piece;
-        ends |= std::rotr(whenReached, static_cast<int>(steps_[end] - end)) & RingSet{1} << end;
+    for (unsigned end = 0; end < endCount; ++end) {
+        ends |= std::rotr(set, static_cast<int>(steps_[end] - end)) & RingSet{1} << end;
     }
     return static_cast<unsigned>(ends) & (movable_ | movable_ << reached);
 }
 
-void Evaluator::AddAttacks(unsigned ends) {
-    if (ends == 0) return;
+// Few ends have a rival ahead, and which have cannot be predicted: a branch for each end would cost more
+// than finding those few first.
+void Evaluator::AddAttacks() {
+    const RingSet oneOrTwo = capturable_ >> 1 | capturable_ >> 2;
+    const RingSet attacking = oneOrTwo | oneOrTwo >> 2 | oneOrTwo >> 4;
     const SeatView::TrackSet capturable{capturable_, capturable_ >> 32};
-    ForEachBit(ends, [&](unsigned end) {
-        values_[end] = tables::attackValue[AttackFrom(capturable, steps_[end])];
-    });
-}
-
-void Evaluator::SubtractRisks(unsigned ends) {
-    ForEachBit(ends, [&](unsigned end) {
-        const int perThreat = tables::leaving[steps_[end % reached]].perThreat;
-        values_[end] -= tables::riskValue[ThreatsTo(steps_[end]) * perThreat];
+    ForEachBit(EndsIn(attacking), [&](unsigned end) {
+        attacks_[end] = static_cast<std::uint16_t>(AttackFrom(capturable, steps_[end]));
     });
 }
 
@@ -105,17 +78,30 @@ int Evaluator::AttackFrom(const SeatView::TrackSet& capturable, unsigned step) c
     return attack;
 }
 
-// The rivals behind the step at distances that one throw of theirs counts. A rival that turns into its
-// home column before is not among them: in its own steps the two squares never meet.
-int Evaluator::ThreatsTo(unsigned step) const {
-    int threats = 0;
+// The rivals that could capture on the step with one throw. A rival that turns into its home column
+// before it is not among them: where the tracks do not meet, the rival is asked about its exit, which
+// none of its own threatens.
+unsigned Evaluator::ThreatsTo(unsigned step) const {
+    unsigned threats = 0;
     for (unsigned turns = 1; turns < SeatCount; ++turns) {
-        const Rival& rival = rivals_[turns];
-        const int shift = tables::behindShift[turns][step];
-        threats += tables::CountOfThrows(rival.pieces << shift & rival.throws);
-        threats += tables::CountOfThrows(rival.pairs << shift & rival.throws);
+        threats += rivals_[turns]->Threats(tables::stepOfRival[turns][step]);
     }
     return threats;
+}
+
+// The value of the square reached less that of the square left: SquareValue (core/Player.h). Nothing is
+// at risk on a safe or full square, nor where the piece joins one of its own; no branch asks for that,
+// because the answer cannot be predicted.
+double Evaluator::Gain(unsigned piece) const {
+    const unsigned from = steps_[piece], to = steps_[reached + piece];
+    const unsigned perThreat = tables::leaving[from].perThreat;
+    const bool isExposedBefore = exposed_ >> (from % RingSteps) & 1;
+    const bool isExposedAfter = (exposed_ & ~view_.own_.Pieces()) >> (to % RingSteps) & 1;
+    const unsigned riskBefore = isExposedBefore * ThreatsTo(from) * perThreat;
+    const unsigned riskAfter = isExposedAfter * ThreatsTo(to) * perThreat;
+    const double before = tables::attackValue[attacks_[piece]] - tables::riskValue[riskBefore];
+    const double after = tables::attackValue[attacks_[reached + piece]] - tables::riskValue[riskAfter];
+    return after - before;
 }
 
 bool Evaluator::CanAnyWalk(unsigned count, unsigned exceptPiece) const {
@@ -133,15 +119,14 @@ double Evaluator::CaptureTerm(unsigned to) const {
 
 void Evaluator::AddExitTerms(double& score) const {
     score += terms::exit;
-    if (view_.own_.inBox == 1) score += terms::exitOfTheLast;
+    if (view_.own_.InBox() == 1) score += terms::exitOfTheLast;
     if ((view_.full_ & 1) != 0) score += terms::exitWithCapture;
 }
 
 double Evaluator::ScoreOfMove(unsigned piece) const {
     const unsigned from = steps_[piece], to = steps_[reached + piece];
-    const double gain = values_[reached + piece] - values_[piece];
     const tables::Leaving& leaving = tables::leaving[from];
-    double score = gain * 10 * level_ / 100;
+    double score = Gain(piece) * 10 * level_ / 100;
     score += leaving.progress;
     if (level_ >= terms::captureLevel && HoldsCapturable(to)) score += CaptureTerm(to);
     if (level_ >= terms::arrivalLevel && to == GoalStep && CanAnyWalk(ArrivalBonus, piece)) {

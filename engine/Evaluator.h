@@ -25,35 +25,26 @@ private:
     static constexpr unsigned reached = PiecesPerColour;
     static constexpr unsigned endCount = 2 * PiecesPerColour;
 
-    /// What can capture on this seat's squares: the pieces of one rival, in the rival's own steps but
-    /// moved up by one, so that the square before step n is bit n.
-    struct Rival {
-        RingSet pieces = 0;  ///< squares with at least one piece
-        RingSet pairs = 0;   ///< squares with two
-        RingSet throws = 0;  ///< the distances that one throw can count: bit 64 - d for distance d
-    };
-
-    template <unsigned Turns>
-    RingSet AddRival(unsigned sixValue);
     void FindEnds(unsigned count);
-    unsigned EndsIn(RingSet whenLeft, RingSet whenReached) const;
-    void AddAttacks(unsigned ends);
-    void SubtractRisks(unsigned ends);
+    void AddAttacks();
+    unsigned EndsIn(RingSet set) const;
     int ProgressOfRivalAt(unsigned step) const;
     int AttackFrom(const SeatView::TrackSet& capturable, unsigned step) const;
-    int ThreatsTo(unsigned step) const;
-    bool CanAnyWalk(unsigned count, unsigned exceptPiece) const;
+    unsigned ThreatsTo(unsigned step) const;
+    double Gain(unsigned piece) const;
     bool HoldsCapturable(unsigned step) const;
+    bool CanAnyWalk(unsigned count, unsigned exceptPiece) const;
     double CaptureTerm(unsigned to) const;
     void AddExitTerms(double& score) const;
 
     const SeatView& view_;
     const Short level_;
     const unsigned movable_;
-    RingSet capturable_ = 0;                    // a lone rival on an unsafe square
-    std::array<Rival, SeatCount> rivals_;       // [1] the next seat to [3]
-    std::array<std::uint8_t, endCount> steps_;  // where each end lies
-    std::array<double, endCount> values_;       // SquareValue there; of the movable pieces' ends alone
+    std::array<const Side*, SeatCount> rivals_;      // [1] the next seat to [3]
+    RingSet exposed_;                                // unsafe, and not full
+    RingSet capturable_;                             // a lone rival stands there and can be captured
+    std::array<std::uint8_t, endCount> steps_;       // where each end lies
+    std::array<std::uint16_t, endCount> attacks_{};  // squares that rivals ahead of each end could lose
 };
 
 }  // namespace zorva::engine

@@ -10,7 +10,7 @@ std::optional<Seat> Game::Play(Seat first) {
         PlayTurn();
         if (isOver_) break;
     }
-    if (position_.SideOf(seat_).home < PiecesPerColour) return std::nullopt;
+    if (position_.SideOf(seat_).Home() < PiecesPerColour) return std::nullopt;
     return seat_;
 }
 
@@ -20,7 +20,7 @@ void Game::PlayTurn() {
         const unsigned face = static_cast<unsigned>(chance_.Face());
         if (face != 6) return PlayThrow({face, face});
         if (++sixes == 3) return TakeThirdSix();
-        PlayThrow({face, position_.SideOf(seat_).inBox == 0 ? rules_.sixValue : face});
+        PlayThrow({face, position_.SideOf(seat_).InBox() == 0 ? rules_.sixValue : face});
         if (isOver_) return;
     }
 }
@@ -62,7 +62,7 @@ unsigned Game::MovePiece(unsigned piece, unsigned to) {
         return isOnExit ? 0 : CaptureBonus;
     }
     if (to != GoalStep) return 0;
-    isOver_ = position_.SideOf(seat_).home == PiecesPerColour;
+    isOver_ = position_.SideOf(seat_).Home() == PiecesPerColour;
     return isOver_ ? 0 : ArrivalBonus;
 }
 
@@ -71,7 +71,7 @@ unsigned Game::MovePiece(unsigned piece, unsigned to) {
 void Game::TakeThirdSix() {
     const unsigned piece = latestPiece_[seat_];
     if (piece == NoPiece) return;
-    const unsigned step = position_.SideOf(seat_).steps[piece];
+    const unsigned step = position_.SideOf(seat_).StepOf(piece);
     if (step == GoalStep) --moves_;
     if (step < GoalStep) position_.SendToBox(seat_, piece);
 }

@@ -16,7 +16,8 @@ class Game {
 public:
     /// A game in which all pieces are in their boxes. `rules` and `chance` have to outlive it; one face
     /// is drawn for each throw.
-    Game(const GameRules& rules, Chance& chance) : rules_(rules), chance_(chance) {}
+    Game(const GameRules& rules, Chance& chance)
+        : rules_(rules), chance_(chance), position_(rules.sixValue) {}
 
     /// Plays to the end, begun by that seat. Returns the winner; nobody when the game has reached
     /// LongestGame moves.

@@ -15,7 +15,7 @@ MoveChoice FirstOut(const GameRules& rules, Throw thrown) {
 
 MoveChoice HighestOut(const Side& side) {
     unsigned piece = PiecesPerColour - 1;
-    while (side.steps[piece] != BoxStep) --piece;
+    while (side.StepOf(piece) != BoxStep) --piece;
     return {piece, 0};
 }
 
@@ -27,16 +27,16 @@ MoveChoice BestMove(const Position& position, const GameRules& rules, Seat seat,
     const bool isSingle = (movable & (movable - 1)) == 0;
     const unsigned piece = isSingle ? static_cast<unsigned>(std::countr_zero(movable))
                                     : Evaluator(view, rules, count, movable).BestPiece();
-    return {piece, StepAfter(position.SideOf(seat).steps[piece], count)};
+    return {piece, StepAfter(position.SideOf(seat).StepOf(piece), count)};
 }
 
 }  // namespace
 
 MoveChoice ChooseMove(const Position& position, const GameRules& rules, Seat seat, Throw thrown) {
     const Side& side = position.SideOf(seat);
-    if (side.inBox == PiecesPerColour && rules.countsFromFirstThrow) return FirstOut(rules, thrown);
-    const bool isExitOpen = (side.pairs & 1) == 0;
-    if (thrown.face == ExitCount && rules.fiveMustLeave && side.inBox > 0 && isExitOpen) {
+    if (side.InBox() == PiecesPerColour && rules.countsFromFirstThrow) return FirstOut(rules, thrown);
+    const bool isExitOpen = (side.Pairs() & 1) == 0;
+    if (thrown.face == ExitCount && rules.fiveMustLeave && side.InBox() > 0 && isExitOpen) {
         return HighestOut(side);
     }
     return BestMove(position, rules, seat, thrown.count);

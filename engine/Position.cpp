@@ -1,5 +1,8 @@
 #include "engine/Position.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstring>
 #include <utility>
 
 namespace zorva::engine {
@@ -30,36 +33,70 @@ void Remove(std::uint64_t& pieces, std::uint64_t& pairs, std::uint64_t bit) {
     pairs &= ~bit;
 }
 
+// A one for each of the distances 1 to 5, in the first five of eight bytes.
+constexpr std::array<std::uint8_t, 8> nearThrows{1, 1, 1, 1, 1};
+
 }  // namespace
 
-void Side::PutDown(unsigned piece, unsigned step) {
-    const StepBits& bits = stepBits[step];
-    steps[piece] = static_cast<std::uint8_t>(step);
-    inBox = static_cast<std::uint8_t>(inBox + (step == BoxStep));
-    home = static_cast<std::uint8_t>(home + (step == GoalStep));
-    Add(pieces, pairs, bits.ring);
-    Add(column, columnPairs, bits.column);
-}
-
-void Side::Lift(unsigned piece) {
-    const StepBits& bits = stepBits[steps[piece]];
-    inBox = static_cast<std::uint8_t>(inBox - (steps[piece] == BoxStep));
-    Remove(pieces, pairs, bits.ring);
-    Remove(column, columnPairs, bits.column);
+Side::Side(unsigned sixValue) : sixValue_(static_cast<std::uint8_t>(sixValue)) {
+    for (const unsigned step : steps_) ChangeThreats(step, true);
 }
 
 int Side::Walked() const {
     int walked = 0;
-    for (const unsigned step : steps) walked += step == BoxStep ? 0 : static_cast<int>(step);
+    for (const unsigned step : steps_) walked += step == BoxStep ? 0 : static_cast<int>(step);
     return walked;
 }
 
-Position::Position(const GameState& state) {
+// The distances 1 to 5 are changed in one addition: eight neighbouring counts read as one number. None
+// of them ever carries into the next.
+void Side::ChangeThreats(unsigned step, bool comes) {
+    std::uint8_t* const near = &threats_[step + 1];
+    const auto ones = std::bit_cast<std::uint64_t>(nearThrows);
+    std::uint64_t counts = 0;
+    std::memcpy(&counts, near, sizeof counts);
+    counts += comes ? ones : 0 - ones;
+    std::memcpy(near, &counts, sizeof counts);
+    std::uint8_t& far = threats_[step + six_];
+    far = static_cast<std::uint8_t>(comes ? far + 1 : far - 1);
+}
+
+void Side::SetSix(std::uint8_t six) {
+    for (const unsigned step : steps_) {
+        --threats_[step + six_];
+        ++threats_[step + six];
+    }
+    six_ = six;
+}
+
+void Side::Move(unsigned piece, unsigned to) {
+    const unsigned from = steps_[piece];
+    const StepBits& left = stepBits[from];
+    const StepBits& reached = stepBits[to];
+    ChangeThreats(from, false);
+    Remove(pieces_, pairs_, left.ring);
+    Remove(column_, columnPairs_, left.column);
+    steps_[piece] = static_cast<std::uint8_t>(to);
+    ChangeThreats(to, true);
+    Add(pieces_, pairs_, reached.ring);
+    Add(column_, columnPairs_, reached.column);
+    home_ = static_cast<std::uint8_t>(home_ + (to == GoalStep));
+    if (from == BoxStep || to == BoxStep) CountBox();
+}
+
+void Side::CountBox() {
+    inBox_ = static_cast<std::uint8_t>(std::count(steps_.begin(), steps_.end(), BoxStep));
+    SetSix(inBox_ == 0 ? sixValue_ : std::uint8_t{6});
+}
+
+Position::Position(unsigned sixValue)
+    : sides_{Side(sixValue), Side(sixValue), Side(sixValue), Side(sixValue)} {}
+
+Position::Position(const GameState& state) : Position(static_cast<unsigned>(state.SixValue)) {
     for (Seat seat = 0; seat < SeatCount; ++seat) {
         for (unsigned piece = 0; piece < PiecesPerColour; ++piece) {
             const Square square = state.PiecePosition[ColourAt(seat)][piece + 1];
-            sides_[seat].Lift(piece);
-            sides_[seat].PutDown(piece, StepOf(seat, square));
+            if (square != 0) sides_[seat].Move(piece, StepOf(seat, square));
         }
     }
     for (Square square = 1; square <= LastRingSquare; ++square) {
@@ -70,8 +107,7 @@ Position::Position(const GameState& state) {
 
 Occupant Position::Move(Seat seat, unsigned piece, unsigned to) {
     LeaveSquare(seat, piece);
-    sides_[seat].Lift(piece);
-    sides_[seat].PutDown(piece, to);
+    sides_[seat].Move(piece, to);
     if (to >= RingSteps) return 0;
     const bool isSafe = (UnsafeSteps >> to & 1) == 0;
     const Occupant victim = Land(occupants_[SquareAt(seat, to)], OccupantOf(seat, piece), isSafe);
@@ -85,14 +121,12 @@ void Position::SendToBox(Seat seat, unsigned piece) {
 }
 
 void Position::PutIntoBox(Occupant occupant) {
-    Side& side = sides_[SeatOfOccupant(occupant)];
-    side.Lift(PieceOfOccupant(occupant));
-    side.PutDown(PieceOfOccupant(occupant), BoxStep);
+    sides_[SeatOfOccupant(occupant)].Move(PieceOfOccupant(occupant), BoxStep);
 }
 
 // A piece that stays moves up to the first place.
 void Position::LeaveSquare(Seat seat, unsigned piece) {
-    const unsigned step = sides_[seat].steps[piece];
+    const unsigned step = sides_[seat].StepOf(piece);
     if (step >= RingSteps) return;
     Occupants& here = occupants_[SquareAt(seat, step)];
     if (here.first == OccupantOf(seat, piece)) here.first = here.second;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <bit>
-
 #include "core/Rules.h"
 #include "core/ScoreTerms.h"
 #include "engine/Track.h"
@@ -10,9 +8,6 @@
 // it fits into the processor's first cache.
 
 namespace zorva::engine::tables {
-
-/// The farthest that one throw can count.
-inline constexpr int LongestThrow = 12;
 
 /// Value / divisor for every whole value from 0 to Most. A division takes longer than all else that is
 /// asked about a square.
@@ -34,13 +29,14 @@ struct Leaving {
     double progress;  ///< in points
     double nearHome;
     double shelter;
-    int perThreat;  ///< squares that each rival would win by capturing the piece
+    unsigned perThreat;  ///< squares that each rival would win by capturing the piece
 };
 
 inline constexpr auto leaving = MakeByStep<Leaving>([](unsigned step, Square from) {
     const int progress = step > GoalStep ? 0 : static_cast<int>(step);
     return Leaving{progress / terms::progressPerPoint, terms::IsNearHome(1, from) ? terms::nearHome : 0,
-                   terms::IsShelter(1, from) ? terms::leavingShelter : 0, CaptureBonus + progress};
+                   terms::IsShelter(1, from) ? terms::leavingShelter : 0,
+                   static_cast<unsigned>(CaptureBonus + progress)};
 });
 
 /// Whether a move from a step into the home column reaches shelter. ReachesShelter compares plain square
@@ -73,37 +69,19 @@ constexpr double ReachingShelter(Seat seat, unsigned from, unsigned to) {
     return reachingTerm[reachesColumn[seat][from]][to];
 }
 
-/// [turns][step]: how far the pieces of the seat `turns` places further, in their own steps and moved up
-/// by one, have to be shifted to bring the square before our step into bit 63, the one before that into
-/// bit 62 and so on. 63, which leaves nothing of interest, where the two tracks do not meet.
-constexpr auto MakeBehindShifts() {
-    std::array<ByStep<std::uint8_t>, SeatCount> shifts{};
+/// [turns][step]: the same square in the steps of the seat `turns` places further; 0, its exit, where
+/// the square is not on its ring track.
+constexpr auto MakeStepOfRival() {
+    std::array<ByStep<std::uint8_t>, SeatCount> theirSteps{};
     for (int turns = 1; turns < static_cast<int>(SeatCount); ++turns) {
-        for (int step = 0; step < static_cast<int>(StepCount); ++step) {
+        for (int step = 0; step < RingSteps; ++step) {
             const int theirs = (step - Quarter * turns + LastRingSquare) % LastRingSquare;
-            const bool meets = step < RingSteps && theirs < RingSteps;
-            shifts[turns][step] = static_cast<std::uint8_t>(RingSteps - 1 - (meets ? theirs : 0));
+            theirSteps[turns][step] = static_cast<std::uint8_t>(theirs < RingSteps ? theirs : 0);
         }
     }
-    return shifts;
+    return theirSteps;
 }
 
-inline constexpr auto behindShift = MakeBehindShifts();
-
-constexpr auto MakeBitCounts() {
-    std::array<std::uint8_t, std::size_t{1} << LongestThrow> counts{};
-    for (unsigned set = 0; set < counts.size(); ++set) {
-        counts[set] = static_cast<std::uint8_t>(std::popcount(set));
-    }
-    return counts;
-}
-
-inline constexpr auto bitCount = MakeBitCounts();
-
-/// How many of the twelve highest bits are set. A table, since only newer processors count bits in one
-/// instruction and the program runs on all.
-constexpr int CountOfThrows(RingSet set) {
-    return bitCount[set >> (RingSteps - LongestThrow)];
-}
+inline constexpr auto stepOfRival = MakeStepOfRival();
 
 }  // namespace zorva::engine::tables
