@@ -97,8 +97,8 @@ void WindowOutside::ClearDice() {
 
 void WindowOutside::ShowTurn(Colour colour, TurnIs why) {
     switch (why) {
-        case TurnIs::CaptureBonus: scene_.ShowTurn(colour, CaptureBonus); break;
-        case TurnIs::ArrivalBonus: scene_.ShowTurn(colour, ArrivalBonus); break;
+        case TurnIs::BonusForCapture: scene_.ShowTurn(colour, CaptureBonus); break;
+        case TurnIs::BonusForArrival: scene_.ShowTurn(colour, ArrivalBonus); break;
         case TurnIs::Won: scene_.ShowWinner(colour); break;
         case TurnIs::Over: scene_.ShowTurn(0, 0); break;
         case TurnIs::InDraw:

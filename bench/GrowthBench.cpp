@@ -6,12 +6,12 @@
 #include <fstream>
 
 #include "core/Board.h"
-#include "core/Chance.h"
 #include "core/DecidedThrows.h"
 #include "core/Displacement.h"
 #include "core/GameStart.h"
 #include "core/Recorder.h"
 #include "core/Turns.h"
+#include "engine/Chance.h"
 #include "store/HistoryFile.h"
 #include "store/SettingsFile.h"
 #include "store/SettingsStorage.h"

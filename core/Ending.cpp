@@ -18,16 +18,6 @@ int StepsOf(const GameState& state, Colour colour) {
     return steps;
 }
 
-Short PointsOf(const GameState& state, const std::vector<Colour>& losers) {
-    if (losers.empty()) return 0;
-    const int count = static_cast<int>(losers.size());
-    int walked = 0;
-    for (const Colour loser : losers) walked += StepsOf(state, loser);
-    const double remaining = static_cast<double>(count * wholeTrack - walked) / count;
-    const double value = std::nearbyint(remaining * 1000 / wholeTrack);  // half to even
-    return ToShort(std::min(static_cast<long>(value), 999L));
-}
-
 void Celebrate(const GameContext& game) {
     game.outside.PlaySound(Sound::Victory);
     game.outside.Pause(45);
@@ -41,13 +31,23 @@ void Celebrate(const GameContext& game) {
 
 }  // namespace
 
+Short PointsOf(int losers, int walked) {
+    if (losers == 0) return 0;
+    const double remaining = static_cast<double>(losers * wholeTrack - walked) / losers;
+    const double value = std::nearbyint(remaining * 1000 / wholeTrack);  // half to even
+    return ToShort(std::min(static_cast<long>(value), 999L));
+}
+
 GameResult ResultOf(const GameState& state, const Settings& settings) {
     GameResult result;
+    int walked = 0;
     result.winner = state.CurrentColour;
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (colour != result.winner && IsTakingPart(settings, colour)) result.losers.push_back(colour);
+        if (colour == result.winner || !IsTakingPart(settings, colour)) continue;
+        result.losers.push_back(colour);
+        walked += StepsOf(state, colour);
     }
-    result.points = PointsOf(state, result.losers);
+    result.points = PointsOf(static_cast<int>(result.losers.size()), walked);
     return result;
 }
 

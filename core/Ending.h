@@ -24,6 +24,9 @@ struct GameResult {
 /// without losers is worth 0.
 GameResult ResultOf(const GameState& state, const Settings& settings);
 
+/// The points of a game with so many losers, whose pieces have walked that many steps in all.
+Short PointsOf(int losers, int walked);
+
 /// Hundredths as points: 250 reads "2.50".
 std::string PointsText(Short hundredths);
 

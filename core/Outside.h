@@ -35,11 +35,11 @@ enum class DieIs {
 enum class TurnIs {
     InDraw,  ///< it throws in the draw or has won it; with colour 0 the draw, or a new round, begins
     Throws,  ///< its turn has come to a throw
-    CaptureBonus,  ///< it may walk 20 squares for a capture
-    ArrivalBonus,  ///< it may walk 10 squares for an arrival
-    OnTape,        ///< it is on turn at the recorder's position
-    Won,           ///< it has won
-    Over           ///< the light goes out, whatever the colour
+    BonusForCapture,  ///< it may walk 20 squares for a capture
+    BonusForArrival,  ///< it may walk 10 squares for an arrival
+    OnTape,           ///< it is on turn at the recorder's position
+    Won,              ///< it has won
+    Over              ///< the light goes out, whatever the colour
 };
 
 /// Which pieces a redrawn board shows.

@@ -219,7 +219,7 @@ void EndLongestGame(const GameContext& game) {
 
 TurnIs WhatIsDue(const GameState& state) {
     if (state.ThrowNext) return TurnIs::Throws;
-    return state.MoveCount == CaptureBonus ? TurnIs::CaptureBonus : TurnIs::ArrivalBonus;
+    return state.MoveCount == CaptureBonus ? TurnIs::BonusForCapture : TurnIs::BonusForArrival;
 }
 
 // One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the

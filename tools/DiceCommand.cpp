@@ -10,9 +10,9 @@
 #include <ostream>
 #include <random>
 
-#include "core/Chance.h"
 #include "core/Dice.h"
 #include "core/SilentOutside.h"
+#include "engine/Chance.h"
 #include "tools/CommandLine.h"
 #include "tools/DiceStatistics.h"
 #include "tools/Failure.h"

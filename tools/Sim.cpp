@@ -32,6 +32,8 @@ constexpr const char* usage =
     "               box counting starts at once or after a five; a five with all in the box brings out\n"
     "               two or one; a five with some in the box must bring one out or may\n"
     "    --order    1 the turn goes from green down to yellow, 2 from yellow up to green\n"
+    "    --by-the-book  plays with the code of the window's games, which the fast code must equal:\n"
+    "               the same totals, slower\n"
     "\n"
     "zorva-sim dice --throws N (--seed S | --system)\n"
     "    N throws of the die, counted: faces, pairs, sixes in a row, faces of each colour. Each count\n"

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "core/Chance.h"
 #include "core/DecidedThrows.h"
 #include "core/Turns.h"
+#include "engine/Chance.h"
 
 namespace zorva::test {
 namespace {

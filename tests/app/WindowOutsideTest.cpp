@@ -45,8 +45,12 @@ TEST_F(InTheWindow, TheLightFollowsTheTurn) {
         Colour lit;
         Short bonus;
     } rows[] = {
-        {TurnIs::InDraw, 3, 0},        {TurnIs::Throws, 3, 0}, {TurnIs::CaptureBonus, 3, 20},
-        {TurnIs::ArrivalBonus, 3, 10}, {TurnIs::OnTape, 3, 0}, {TurnIs::Won, 3, 0},
+        {TurnIs::InDraw, 3, 0},
+        {TurnIs::Throws, 3, 0},
+        {TurnIs::BonusForCapture, 3, 20},
+        {TurnIs::BonusForArrival, 3, 10},
+        {TurnIs::OnTape, 3, 0},
+        {TurnIs::Won, 3, 0},
         {TurnIs::Over, 0, 0},
     };
     for (const auto& row : rows) {

@@ -2,12 +2,12 @@
 
 #include <cstdio>
 
-#include "core/Chance.h"
 #include "core/Consistency.h"
 #include "core/DecidedThrows.h"
 #include "core/Execution.h"
 #include "core/GameStart.h"
 #include "core/Turns.h"
+#include "engine/Chance.h"
 
 namespace zorva::fuzz {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <functional>
 
-#include "core/Chance.h"
+#include "engine/Chance.h"
 #include "store/SettingsFile.h"
 #include "tests/fuzz/Checks.h"
 

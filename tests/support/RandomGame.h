@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <functional>
 
-#include "core/Chance.h"
 #include "core/DecidedThrows.h"
 #include "core/GameState.h"
+#include "engine/Chance.h"
 
 namespace zorva::test {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <sstream>
 
-#include "core/Chance.h"
+#include "engine/Chance.h"
 #include "tools/DiceStatistics.h"
 #include "tools/Sim.h"
 

@@ -3,7 +3,7 @@
 #include <QRandomGenerator>
 #include <cstdlib>
 
-#include "core/Chance.h"
+#include "engine/Chance.h"
 
 quint64 QRandomGenerator::_fillRange(void* buffer, qptrdiff count) {
     static zorva::Chance chance(std::strtoull(std::getenv("ZORVA_DICE"), nullptr, 10));
