@@ -118,8 +118,11 @@ protected:
     /// Looks again and again until it is so; false when that does not come.
     static bool Wait(const std::function<bool()>& isSo) {
         const Clock::time_point end = Clock::now() + std::chrono::seconds(20);
-        while (!isSo() && Clock::now() < end) std::this_thread::sleep_for(milliseconds(20));
-        return isSo();
+        while (!isSo()) {
+            if (Clock::now() > end) return false;
+            std::this_thread::sleep_for(milliseconds(20));
+        }
+        return true;
     }
 
     /// Where exactly these samples are heard; npos when they are not.
@@ -134,53 +137,48 @@ protected:
     }
 
     /// Plays a sound until it is heard: on a busy machine the device may open too late for the first.
-    bool IsHeardAgain(SoundPlayer& player) const {
+    bool IsHeard(SoundPlayer& player, Sound sound) const {
+        const SoundClip clip = LoadSoundClip(sound);
         return Wait([&] {
-            player.Play(Sound::Step);
-            std::this_thread::sleep_for(milliseconds(300));
-            return Find(step_) != npos;
+            player.Play(sound);
+            std::this_thread::sleep_for(milliseconds(600));
+            return Find(clip) != npos;
         });
     }
 
     const test::TemporaryFolder folder_;
     const std::filesystem::path file_ = folder_ / "heard.raw";
-    const SoundClip step_ = LoadSoundClip(Sound::Step);
-    const SoundClip refusal_ = LoadSoundClip(Sound::Refusal);
-    const SoundClip victory_ = LoadSoundClip(Sound::Victory);
 };
 
 TEST_F(Loudspeakers, PlayANewSoundInPlaceOfTheOldOneWithoutAClick) {
+    const SoundClip victory = LoadSoundClip(Sound::Victory);
+    const SoundClip refusal = LoadSoundClip(Sound::Refusal);
     SoundPlayer player;
     player.Prepare();
+    ASSERT_TRUE(Wait([this] { return !Heard().empty(); })) << "not open before the first sound";
     player.Play(Sound::Victory);
-    const std::size_t begin = WaitFor(Part(victory_).first(10000));
+    const std::size_t begin = WaitFor(Part(victory).first(10000));
     ASSERT_NE(begin, npos);
     player.Play(Sound::Refusal);
-    const std::size_t faded = WaitFor(Part(refusal_).subspan(Fade));
+    const std::size_t faded = WaitFor(Part(refusal).subspan(Fade));
     ASSERT_NE(faded, npos) << "mixed with the old sound, or the fade is longer than 5 ms";
-    const std::size_t end = faded + refusal_.size() - Fade;
+    const std::size_t end = faded + refusal.size() - Fade;
     ASSERT_TRUE(Wait([&] { return Heard().size() > end + 5000; }));
 
     const SoundClip heard = Heard();
     const std::size_t cut = faded - Fade;
-    ASSERT_LT(cut - begin, victory_.size()) << "waited for the end of the old sound";
-    EXPECT_EQ(heard[cut], victory_[cut - begin] + refusal_[0]) << "the old sound is chopped";
+    ASSERT_LT(cut - begin, victory.size()) << "waited for the end of the old sound";
+    EXPECT_EQ(heard[cut], victory[cut - begin] + refusal[0]) << "the old sound is chopped";
     const bool isSilent = std::all_of(heard.begin() + static_cast<std::ptrdiff_t>(end), heard.end(),
                                       [](std::int16_t sample) { return sample == 0; });
     EXPECT_TRUE(isSilent) << "the old sound goes on after the new one";
 }
 
 TEST_F(Loudspeakers, CloseAfterASilenceAndOpenAgain) {
-    SoundPlayer player(milliseconds(500));
-    player.Play(Sound::Step);
-    EXPECT_NE(WaitFor(step_), npos);
-    EXPECT_TRUE(Wait([this] {
-        const std::size_t before = Heard().size();
-        std::this_thread::sleep_for(milliseconds(300));
-        return Heard().size() == before;
-    })) << "silence is still being played";
-    std::filesystem::remove(file_);
-    EXPECT_TRUE(IsHeardAgain(player)) << "mute after a silence";
+    SoundPlayer player(milliseconds(100));
+    EXPECT_TRUE(IsHeard(player, Sound::Refusal)) << "closed before the end of the sound";
+    std::filesystem::remove(file_);  // a device that stays open does not make it again
+    EXPECT_TRUE(IsHeard(player, Sound::Refusal)) << "not closed, or mute after a silence";
 }
 
 TEST_F(Loudspeakers, AreOpenedAgainWhenTheyWereLost) {
@@ -189,7 +187,7 @@ TEST_F(Loudspeakers, AreOpenedAgainWhenTheyWereLost) {
     player.Play(Sound::Step);
     std::this_thread::sleep_for(milliseconds(500));
     UseFile(file_);
-    EXPECT_TRUE(IsHeardAgain(player));
+    EXPECT_TRUE(IsHeard(player, Sound::Step));
 }
 
 TEST_F(Loudspeakers, ThatAreMissingAreSilenceForGoodWithoutAWord) {
@@ -200,10 +198,10 @@ TEST_F(Loudspeakers, ThatAreMissingAreSilenceForGoodWithoutAWord) {
         testing::internal::CaptureStderr();
         SoundPlayer player;
         player.Play(Sound::Step);
-        std::this_thread::sleep_for(milliseconds(300));
+        std::this_thread::sleep_for(std::chrono::seconds(1));
         setenv("SDL_AUDIODRIVER", "disk", 1);
         player.Play(Sound::Step);
-        std::this_thread::sleep_for(milliseconds(200));
+        std::this_thread::sleep_for(milliseconds(500));
         EXPECT_FALSE(std::filesystem::exists(file_)) << "tried more than once: " << driver;
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << driver;
     }
