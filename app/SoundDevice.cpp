@@ -14,7 +14,7 @@ namespace {
 /// of a walk sound uneven, because a sound begins with the next fetch.
 constexpr Uint16 SamplesAtATime = 512;
 
-/// How long the clip that is cut off stays under the new one: 5 ms.
+/// How long the clip that is cut off fades under the new one: 5 ms. Chopped in mid-swing it would click.
 constexpr std::size_t FadeLength = SampleRate / 200;
 
 void SayNothing(void*, int, SDL_LogPriority, const char*) {}
@@ -28,6 +28,14 @@ void KeepTheTerminalClean() {
     using SetHandler = int (*)(Handler);
     if (void* found = dlsym(RTLD_DEFAULT, "snd_lib_error_set_handler")) {
         reinterpret_cast<SetHandler>(found)(AlsaSaysNothing);
+    }
+}
+
+void Mix(const SoundClip& tail, SoundClip& clip) {
+    using Limits = std::numeric_limits<SoundClip::value_type>;
+    for (std::size_t i = 0; i < std::min(tail.size(), clip.size()); ++i) {
+        const int sum = std::clamp<int>(clip[i] + tail[i], Limits::min(), Limits::max());
+        clip[i] = static_cast<SoundClip::value_type>(sum);
     }
 }
 
@@ -68,27 +76,26 @@ bool SoundDevice::Open() {
 void SoundDevice::Play(SoundClip clip) {
     // Locked, so that the device fetches nothing between the look at what is left and the new clip.
     SDL_LockAudioDevice(device_);
-    FadeInto(clip);
+    CutOff(SDL_GetQueuedAudioSize(device_) / sizeof(SoundClip::value_type));
     SDL_ClearQueuedAudio(device_);
+    Mix(tail_, clip);
     const std::size_t bytes = clip.size() * sizeof(SoundClip::value_type);
     SDL_QueueAudio(device_, clip.data(), static_cast<Uint32>(bytes));
     SDL_UnlockAudioDevice(device_);
     playing_ = std::move(clip);
 }
 
-/// Mixes the next few milliseconds of the clip that is playing, fading, into the beginning of `clip`:
-/// chopped in mid-swing it would crack.
-void SoundDevice::FadeInto(SoundClip& clip) const {
-    const std::size_t left = SDL_GetQueuedAudioSize(device_) / sizeof(SoundClip::value_type);
-    const auto next = playing_.end() - static_cast<std::ptrdiff_t>(left);
-    if (next == playing_.begin()) return;  // nothing of it was heard yet
-    const std::size_t length = std::min({FadeLength, left, clip.size()});
-    using Limits = std::numeric_limits<SoundClip::value_type>;
+/// Makes the tail of the clip that is playing: its next samples, fading to nothing. `left` is how many
+/// samples the device has not fetched yet. When it has fetched none, the tail stays the one that the
+/// clip itself begins with.
+void SoundDevice::CutOff(std::size_t left) {
+    if (left == playing_.size()) return;
+    const std::size_t length = std::min(FadeLength, left);
+    tail_.assign(playing_.end() - static_cast<std::ptrdiff_t>(left),
+                 playing_.end() - static_cast<std::ptrdiff_t>(left - length));
     for (std::size_t i = 0; i < length; ++i) {
-        const int faded = next[static_cast<std::ptrdiff_t>(i)] * static_cast<int>(FadeLength - i) /
-                          static_cast<int>(FadeLength);
-        clip[i] = static_cast<SoundClip::value_type>(
-            std::clamp<int>(clip[i] + faded, Limits::min(), Limits::max()));
+        const int faded = tail_[i] * static_cast<int>(FadeLength - i) / static_cast<int>(FadeLength);
+        tail_[i] = static_cast<SoundClip::value_type>(faded);
     }
 }
 
@@ -97,6 +104,7 @@ void SoundDevice::Close() {
     SDL_CloseAudioDevice(std::exchange(device_, 0));
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
     playing_.clear();
+    tail_.clear();
 }
 
 }  // namespace zorva

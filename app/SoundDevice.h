@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "app/SoundClip.h"
@@ -22,7 +23,8 @@ public:
     /// pulled, is closed and opened again. Returns false when there is no sound to be had.
     bool Open();
 
-    /// Plays a clip on the open device from its beginning, and cuts off the clip that is playing.
+    /// Plays a clip on the open device from its beginning. The clip that is playing is cut off: it fades
+    /// within 5 ms.
     void Play(SoundClip clip);
 
     /// Closes the device and the sound system, which would both wake the processor now and then even
@@ -33,9 +35,10 @@ public:
 
 private:
     std::uint32_t device_ = 0;  ///< SDL's number of the open device; 0: none
-    SoundClip playing_;
+    SoundClip playing_;         ///< as it was queued, with the tail in its beginning
+    SoundClip tail_;            ///< of the clip that was cut off last
 
-    void FadeInto(SoundClip& clip) const;
+    void CutOff(std::size_t left);
 };
 
 }  // namespace zorva
