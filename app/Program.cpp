@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QFile>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QScreen>
@@ -37,14 +36,6 @@ const QScreen& ScreenOfCursor() {
     return screen != nullptr ? *screen : *QGuiApplication::primaryScreen();
 }
 
-std::vector<std::uint8_t> BytesOfRecording(Sound sound) {
-    QFile file(
-        QStringLiteral(":/sounds/%1.wav").arg(static_cast<Short>(sound), 2, 10, QLatin1Char('0')));
-    if (!file.open(QFile::ReadOnly)) return {};
-    const QByteArray bytes = file.readAll();
-    return {bytes.begin(), bytes.end()};
-}
-
 // Its smallest size has a drawing of its own.
 QIcon ProgramIcon() {
     QIcon icon(":/icon/zorva.svg");
@@ -56,7 +47,6 @@ QIcon ProgramIcon() {
 
 Program::Program(const std::filesystem::path& programFolder)
     : programFolder_(programFolder),
-      sounds_(BytesOfRecording),
       mesa_(state_, settings_),
       outside_(mesa_, state_, settings_),
       runner_(state_, settings_, outside_),
