@@ -8,7 +8,6 @@
 namespace zorva {
 namespace {
 
-constexpr std::size_t nameLength = 9;
 constexpr std::size_t loserSlots = 3;
 constexpr std::size_t dataLength = HistoryRecordLength - 2;
 constexpr const char* lineEnd = "\r\n";
@@ -21,10 +20,10 @@ struct Field {
     std::size_t length;
 };
 constexpr Field yearField{0, 4}, monthField{4, 2}, dayField{6, 2}, hourField{8, 2}, minuteField{10, 2};
-constexpr Field winnerField{12, nameLength}, pointsField{48, 3};
+constexpr Field winnerField{12, LongestName}, pointsField{48, 3};
 
 constexpr Field LoserField(std::size_t slot) {
-    return {winnerField.begin + (slot + 1) * nameLength, nameLength};
+    return {winnerField.begin + (slot + 1) * LongestName, LongestName};
 }
 
 // ---------------------------------------------------------------------------------- writing
@@ -37,7 +36,7 @@ std::string Digits(int number, std::size_t width) {
 
 std::string NameText(const std::string& name) {
     std::string text = ToWindows1252(name);
-    text.resize(nameLength, ' ');
+    text.resize(LongestName, ' ');
     return text;
 }
 

@@ -9,7 +9,6 @@
 namespace zorva {
 namespace {
 
-constexpr std::size_t longestName = 9;
 constexpr std::size_t boardLength = 600;
 constexpr std::size_t recordLength = 16;
 /// Many times the longest game, and far enough from the largest number for one to be played to its end.
@@ -22,7 +21,7 @@ bool IsControl(char character) {
 std::string ReadName(FieldReader& reader, Colour colour) {
     const std::string_view bytes = reader.Text();
     if (std::any_of(bytes.begin(), bytes.end(), IsControl)) reader.Refuse(FileError::TypeMismatch);
-    if (bytes.size() > longestName) reader.Refuse(FileError::OutOfRange);
+    if (bytes.size() > LongestName) reader.Refuse(FileError::OutOfRange);
     const std::string name = FromWindows1252(bytes);
     return Trimmed(name).empty() ? DefaultName(colour) : name;
 }
