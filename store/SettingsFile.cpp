@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* lineEnd = "\r\n";
 
-// The number right-aligned in at least that many characters.
+// Right-aligned in at least `width` characters; a longer number is written whole.
 std::string Padded(Short number, std::size_t width) {
     const std::string digits = std::to_string(number);
     return digits.size() < width ? std::string(width - digits.size(), ' ') + digits : digits;
@@ -24,7 +24,8 @@ std::string Joined(std::initializer_list<Short> numbers) {
     return line;
 }
 
-// Nothing can stand for a quote inside quotes; no name that was typed into the game has one.
+// The format has no way to write a quote or a line end inside quotes. The settings window refuses both
+// in names; whatever else calls this loses the character, not the file.
 std::string Quoted(std::string text) {
     for (char& character : text) {
         if (character == '"' || character == '\r' || character == '\n') character = '\'';
@@ -42,6 +43,7 @@ std::string ColourLine(const Settings& settings, const GameState& state, Colour 
            lineEnd;
 }
 
+// Three cells of two characters for each square, 600 in all; an empty slot is " 0".
 std::string BoardLine(const GameState& state) {
     std::string board;
     for (Square square = 1; square <= LastSquare; ++square) {
@@ -50,7 +52,7 @@ std::string BoardLine(const GameState& state) {
     return Quoted(board) + lineEnd;
 }
 
-std::string TurnLine(const Settings& settings, const GameState& state) {
+std::string GameLine(const Settings& settings, const GameState& state) {
     const Short inProgress = state.MoveRecordCount < 2 ? No : state.GameInProgress;
     return Joined({inProgress, state.MoveRecordCount, state.CurrentColour, Yes, state.SixesInRow,
                    settings.PauseBetweenMoves, settings.Tutor, settings.PlayOrder, settings.SoundOn,
@@ -59,7 +61,7 @@ std::string TurnLine(const Settings& settings, const GameState& state) {
            lineEnd;
 }
 
-// Flags are -1 in memory and 1 in the file.
+// Flags of a record are -1 or 0 in memory and 1 or 0 in the file, to keep the cell one character wide.
 Short FlagDigit(Short flag) {
     return flag == Yes ? 1 : 0;
 }
@@ -79,7 +81,8 @@ std::string SettingsText(const Settings& settings, const GameState& state) {
     std::string text;
     for (Colour colour = 1; colour <= ColourCount; ++colour) text += ColourLine(settings, state, colour);
     text += BoardLine(state);
-    text += TurnLine(settings, state);
+    text += GameLine(settings, state);
+    // The record with the number MoveRecordCount belongs to the unfinished move and is not written.
     for (Short move = 1; move < state.MoveRecordCount; ++move) {
         text += RecordLine(state.MoveRecords[move]);
     }
