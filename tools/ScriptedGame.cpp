@@ -16,6 +16,7 @@
 namespace zorva {
 namespace {
 
+// The fields in their order in the file, but flags as they are in memory, -1 for yes.
 void PrintRecord(std::ostream& out, Short moveNumber, const MoveRecord& record) {
     out << moveNumber << ": " << record.MoverColour << ',' << record.FollowingColour << ',' << record.Die
         << ',' << record.Count << ',' << record.Piece << ',' << record.From << ',' << record.To << ','
@@ -23,7 +24,7 @@ void PrintRecord(std::ostream& out, Short moveNumber, const MoveRecord& record) 
         << '\n';
 }
 
-/// The world of a scripted game: it supplies the throws and prints the log.
+/// The world of a scripted game: it supplies the throws, prints the log and stops the game in time.
 class ScriptedWorld : public DecidedThrows {
 public:
     ScriptedWorld(GameState& state, const std::vector<Short>& throws, ScriptedGameOutput wanted,
@@ -39,6 +40,7 @@ public:
         if (wanted_.records) PrintRecord(out_, moveNumber, record);
     }
 
+    // Called before each throw and bonus move. ThrowNext tells them apart: a bonus move needs no throw.
     void PositionReached() override {
         stopped_ = state_.ThrowNext && used_ == throws_.size();
         if (stopped_) state_.GameInProgress = No;
@@ -58,6 +60,7 @@ private:
     bool stopped_ = false;
 };
 
+// The 16 positions, the occupied slots as SQUARE.SLOT=CODE, and whose turn it is.
 void PrintPosition(const GameState& state, std::ostream& out) {
     out << "positions";
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
@@ -96,11 +99,12 @@ Short ThrowOf(const std::string& word, std::size_t number, const std::string& fi
 
 }  // namespace
 
-std::vector<Short> ReadThrows(const std::string& fileName) {
-    std::ifstream file(fileName);
+std::vector<Short> ReadThrows(std::istream& file, const std::string& fileName) {
     std::vector<Short> throws;
     std::string word;
     while (file >> word) throws.push_back(ThrowOf(word, throws.size() + 1, fileName));
+    // Reading ends in good order at the end of the file only: not in one that cannot be opened, nor a
+    // folder.
     if (!file.eof() || file.bad()) throw Failure("cannot read " + fileName);
     return throws;
 }
@@ -112,6 +116,7 @@ void PlayScriptedGame(GameState& state, const Settings& settings, Colour first,
     const GameContext game{state, played, world};
     ResetGame(game);
     PlayFrom(game, first);
+    // Ending the game was only the way out of PlayFrom.
     if (world.HasStopped()) state.GameInProgress = Yes;
 }
 
@@ -120,7 +125,8 @@ void PlayCommand(const std::vector<std::string>& arguments, std::ostream& out) {
                               {"--log", "--records"});
     SettingsContent file = ReadSettingsArgument(options.Text("--settings"));
     const Colour first = FirstColour(options, file.settings);
-    const std::vector<Short> throws = ReadThrows(options.Text("--dice"));
+    std::ifstream dice(options.Text("--dice"));
+    const std::vector<Short> throws = ReadThrows(dice, options.Text("--dice"));
     PlayScriptedGame(file.state, file.settings, first, throws,
                      {options.Has("--log"), options.Has("--records")}, out);
     PrintPosition(file.state, out);

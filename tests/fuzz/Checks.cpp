@@ -1,7 +1,5 @@
 #include "tests/fuzz/Checks.h"
 
-#include <cstdio>
-
 #include "core/Chance.h"
 #include "core/Consistency.h"
 #include "core/DecidedThrows.h"
@@ -18,7 +16,7 @@ class NoThrows : public SilentOutside {
     Short RollFace() override { Fatal("nothing is thrown here"); }
 };
 
-/// Players who throw and take the advised move, and stop after a while.
+/// Persons who throw, take the advised move and stop after some moves.
 class Players : public DecidedThrows {
 public:
     Players(GameState& state, std::uint64_t seed)
@@ -27,7 +25,7 @@ public:
     bool IsWatched() const override { return false; }
 
     void PositionReached() override {
-        InsistOnSoundTables(state_);
+        RequireSoundTables(state_);
         if (state_.MoveRecordCount > last_) state_.GameInProgress = No;
     }
 
@@ -52,13 +50,13 @@ bool HaveSameTables(const GameState& one, const GameState& other) {
 
 }  // namespace
 
-void InsistOnSoundTables(const GameState& state) {
+void RequireSoundTables(const GameState& state) {
     if (state.CaptureReport != 0) return;
     const std::string problem = StateProblem(state);
     Require(problem.empty(), problem.c_str());
 }
 
-void InsistOnWayBack(GameState state) {
+void RequireWayBack(GameState state) {
     const Settings settings;
     NoThrows silent;
     const GameState before = state;
@@ -68,7 +66,7 @@ void InsistOnWayBack(GameState state) {
         ExecuteMove({state, settings, silent}, ExecutionMode::Backward);
     }
     Require(state.PiecesInBox == GameState{}.PiecesInBox, "a piece is out before the first move");
-    InsistOnSoundTables(state);
+    RequireSoundTables(state);
     for (Short move = 1; move <= moves; ++move) {
         state.MoveRecordCount = move;
         ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
@@ -76,10 +74,21 @@ void InsistOnWayBack(GameState state) {
     Require(HaveSameTables(state, before), "back and forward leads elsewhere");
 }
 
-void InsistOnGoingOn(GameState state, const Settings& settings, std::uint64_t seed) {
+SettingsContent RequireReadable(const SettingsContent& content) {
+    const std::string text = SettingsText(content.settings, content.state);
+    const SettingsReading reading = ReadSettings(text);
+    const auto* loaded = std::get_if<SettingsContent>(&reading);
+    Require(loaded != nullptr, "what the game wrote is refused");
+    Require(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
+    return *loaded;
+}
+
+void RequirePlayable(const SettingsContent& content, std::uint64_t seed) {
+    RequireWayBack(content.state);
+    GameState state = content.state;
     PrepareToContinue(state);
     Players players(state, seed);
-    RunTurns({state, settings, players});
+    RunTurns({state, content.settings, players});
 }
 
 }  // namespace zorva::fuzz

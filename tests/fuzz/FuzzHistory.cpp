@@ -1,4 +1,4 @@
-// Any bytes as the history file, and as the names in a record that is written.
+// Feeds any bytes to the reader of the history, and as players' names to its writer.
 
 #include "core/Settings.h"
 #include "store/Encoding.h"
@@ -34,7 +34,8 @@ void ReadAll(const std::string& bytes) {
     Require(together == bytes, "the records are not the file");
 }
 
-// Names of nine bytes each from the input come back as they were written, without their blanks.
+// The input gives four names of nine bytes, the points and the losers. A record of them must be read
+// back as it was written, but for blanks around the names.
 void WriteAndRead(std::string_view bytes) {
     if (bytes.size() < 4 * 9 + 3) return;
     Settings settings;
