@@ -1,6 +1,7 @@
 // Builds games from move records, as a settings file may hold them. Every record that CanFollow accepts
 // must be harmless, even if the game would not have written it.
 
+#include <algorithm>
 #include <cstring>
 
 #include "core/Board.h"
@@ -95,10 +96,7 @@ void Spoil(MoveRecord& record, Choices& choices) {
 }
 
 bool IsWon(const GameState& state) {
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (state.PiecesHome[colour] == PiecesPerColour) return true;
-    }
-    return false;
+    return std::count(state.PiecesHome.begin(), state.PiecesHome.end(), PiecesPerColour) > 0;
 }
 
 void PlayRecords(GameState& state, const std::uint8_t* data, std::size_t size) {
