@@ -20,7 +20,7 @@
 namespace zorva {
 namespace {
 
-constexpr std::uint64_t mostThrows = 10'000'000'000;  // some hours
+constexpr std::uint64_t mostThrows = 10'000'000'000;  // takes about half an hour
 
 /// A world that only rolls the die. As in the window, each throw rolls ten faces of which the last
 /// counts.
