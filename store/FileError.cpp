@@ -45,6 +45,7 @@ FileError FileErrorOf(const std::error_code& error) {
     if (IsOneOf(error, {errc::no_such_file_or_directory, errc::not_a_directory})) {
         return FileError::PathNotFound;
     }
+    // Here the path itself is the obstacle: something else has that name, or the name cannot be used.
     if (IsOneOf(error, {errc::is_a_directory, errc::file_exists, errc::directory_not_empty,
                         errc::too_many_symbolic_link_levels, errc::filename_too_long,
                         errc::invalid_argument, errc::text_file_busy})) {

@@ -103,6 +103,7 @@ std::string LosersText(std::string_view record) {
 
 }  // namespace
 
+// tm counts years from 1900 and months from 0.
 std::string HistoryRecordText(const std::tm& when, const GameResult& result, const Settings& settings) {
     Require(result.losers.size() <= loserSlots, "more losers than the history has room for");
     std::string text = Digits(when.tm_year + 1900, yearField.length) +

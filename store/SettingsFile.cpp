@@ -15,6 +15,7 @@ std::string Padded(Short number, std::size_t width) {
     return digits.size() < width ? std::string(width - digits.size(), ' ') + digits : digits;
 }
 
+// Numbers in decimal with commas between them.
 std::string Joined(std::initializer_list<Short> numbers) {
     std::string line;
     for (const Short number : numbers) {
@@ -52,6 +53,7 @@ std::string BoardLine(const GameState& state) {
     return Quoted(board) + lineEnd;
 }
 
+// The state of the game and the settings that all players share.
 std::string GameLine(const Settings& settings, const GameState& state) {
     const Short inProgress = state.MoveRecordCount < 2 ? No : state.GameInProgress;
     return Joined({inProgress, state.MoveRecordCount, state.CurrentColour, Yes, state.SixesInRow,
@@ -66,6 +68,7 @@ Short FlagDigit(Short flag) {
     return flag == Yes ? 1 : 0;
 }
 
+// ReadRecord in SettingsReader.cpp expects the same widths.
 std::string RecordLine(const MoveRecord& record) {
     const std::string cells = Padded(record.MoverColour, 1) + Padded(record.FollowingColour, 1) +
                               Padded(record.Die, 1) + Padded(record.Count, 2) + Padded(record.Piece, 1) +

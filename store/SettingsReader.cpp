@@ -36,6 +36,7 @@ Short ReadChoice(FieldReader& reader) {
     return reader.Number(1, 2);
 }
 
+// Only the form of the numbers is checked here; IsSound compares them with the board in the end.
 void ReadColour(FieldReader& reader, SettingsContent& content, Colour colour) {
     reader.NextLine();
     content.state.PiecesInBox[colour] = reader.Number(0, PiecesPerColour);
@@ -93,6 +94,8 @@ Short ReadFlag(FieldReader& reader, std::string_view& cells) {
     return reader.Cell(cells, 1, 0, 1) == 1 ? Yes : No;
 }
 
+// Cells of the widths that RecordLine writes. A value that overflowed its cell makes the text longer
+// than 16 characters, and the file is refused: ordinary games have none.
 MoveRecord ReadRecord(FieldReader& reader) {
     reader.NextLine();
     std::string_view cells = reader.Text();

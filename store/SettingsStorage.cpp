@@ -23,6 +23,7 @@ FileError WriteDefaults(const std::filesystem::path& folder) {
     return SaveSettings(folder, defaults.settings, defaults.state, Durability::Flushed);
 }
 
+// A first start. If the defaults cannot be written, the game starts with them all the same.
 LoadedSettings Create(const std::filesystem::path& folder) {
     LoadedSettings created;
     created.outcome = LoadOutcome::Created;
@@ -78,6 +79,7 @@ LoadedSettings LoadSettings(const std::filesystem::path& folder) noexcept {
     try {
         return Load(folder);
     } catch (const std::bad_alloc&) {
+        // The file may be good: it is neither renamed nor replaced.
         return Refused(folder, FileError::OutOfMemory);
     }
 }

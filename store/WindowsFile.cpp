@@ -93,6 +93,7 @@ FileError ReadAll(HANDLE handle, std::string& bytes) {
     return FileError::None;
 }
 
+// The first error counts, but the file is closed in any case.
 FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability durability) {
     FileError error = WriteAll(target.Handle(), bytes);
     if (error == FileError::None && durability == Durability::Flushed &&

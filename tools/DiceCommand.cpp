@@ -65,6 +65,8 @@ std::function<Short()> RollsOf(const CommandLine& options) {
         [chance = Chance(options.Number("--seed", 0, UINT64_MAX))]() mutable { return chance.Face(); };
 }
 
+// Throws through ThrowDie, the procedure of the game, so that its ten faces are part of what is
+// measured.
 DiceStatistics Throw(std::uint64_t throws, std::function<Short()> rolls) {
     DiceStatistics statistics;
     GameState state;
@@ -80,6 +82,7 @@ DiceStatistics Throw(std::uint64_t throws, std::function<Short()> rolls) {
     return statistics;
 }
 
+// One line per count, in columns that tools/measure_dice.py takes apart by their words.
 void Print(std::ostream& out, const DiceTest& test) {
     const std::uint64_t total = test.Total();
     out << test.name << '\n' << std::fixed << std::setprecision(1);

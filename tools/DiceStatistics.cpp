@@ -6,6 +6,7 @@
 namespace zorva {
 namespace {
 
+// Index 0 of the tables of faces is not used.
 DiceTest TestOfFaces(const std::string& name, const std::array<std::uint64_t, 7>& faces) {
     DiceTest test{name, {}};
     for (std::size_t face = 1; face <= 6; ++face) {
@@ -14,6 +15,7 @@ DiceTest TestOfFaces(const std::string& name, const std::array<std::uint64_t, 7>
     return test;
 }
 
+// A face that tends to follow another one would show here, though each face alone comes often enough.
 DiceTest TestOfPairs(const std::array<std::array<std::uint64_t, 7>, 7>& pairs) {
     DiceTest test{"pairs of faces", {}};
     for (std::size_t first = 1; first <= 6; ++first) {
@@ -31,7 +33,7 @@ DiceTest TestOfPairs(const std::array<std::array<std::uint64_t, 7>, 7>& pairs) {
 template <std::size_t Size>
 DiceTest TestOfRuns(const std::array<std::uint64_t, Size>& runs) {
     constexpr double fewest = 5;
-    std::uint64_t left = 0;
+    std::uint64_t left = 0;  // runs of `length` sixes or more
     for (const std::uint64_t count : runs) left += count;
     const double total = static_cast<double>(left);
     DiceTest test{"sixes in a row", {}};
@@ -60,6 +62,7 @@ double DiceTest::ChiSquare() const {
     for (const DiceCount& count : counts) {
         const double expected = total * count.probability;
         const double deviation = static_cast<double>(count.counted) - expected;
+        // Nothing is expected only when nothing was counted.
         if (expected > 0) sum += deviation * deviation / expected;
     }
     return sum;

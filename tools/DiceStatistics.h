@@ -1,5 +1,7 @@
 #pragma once
 
+// Whether a die is fair: counts of its throws, and by how much they differ from those of a fair die.
+
 #include <array>
 #include <cstdint>
 #include <string>

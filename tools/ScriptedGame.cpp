@@ -1,3 +1,5 @@
+// A game whose throws are given, for tests that compare a whole game with its expected course.
+
 #include "tools/ScriptedGame.h"
 
 #include <fstream>
@@ -49,11 +51,12 @@ public:
     bool HasStopped() const { return stopped_; }
 
 protected:
+    // PositionReached stops the game before this would read beyond the last throw.
     Short NextThrow() override { return throws_[used_++]; }
 
 private:
     GameState& state_;
-    const std::vector<Short>& throws_;
+    const std::vector<Short>& throws_;  // must outlive the world
     const ScriptedGameOutput wanted_;
     std::ostream& out_;
     std::size_t used_ = 0;
@@ -79,18 +82,21 @@ void PrintPosition(const GameState& state, std::ostream& out) {
         << '\n';
 }
 
+// Nothing for a game that stopped because the throws ran out.
 void PrintResult(const GameState& state, const Settings& settings, std::ostream& out) {
     if (state.GameInProgress) return;
     const GameResult result = ResultOf(state, settings);
     out << "winner " << result.winner << " points " << PointsText(result.points) << '\n';
 }
 
+// There is no draw for the first colour here, since it would use up throws.
 Colour FirstColour(const CommandLine& options, const Settings& settings) {
     const Colour first = static_cast<Colour>(options.Number("--first", 1, ColourCount));
     if (IsTakingPart(settings, first)) return first;
     throw Failure("colour " + std::to_string(first) + " takes no part in this game");
 }
 
+// `number` counts the throws from 1. Of a long word the message shows the beginning.
 Short ThrowOf(const std::string& word, std::size_t number, const std::string& fileName) {
     if (word.size() == 1 && word[0] >= '1' && word[0] <= '6') return static_cast<Short>(word[0] - '0');
     throw Failure(fileName + ": throw " + std::to_string(number) + " is \"" + word.substr(0, 20) +
@@ -111,6 +117,7 @@ std::vector<Short> ReadThrows(std::istream& file, const std::string& fileName) {
 
 void PlayScriptedGame(GameState& state, const Settings& settings, Colour first,
                       const std::vector<Short>& throws, ScriptedGameOutput wanted, std::ostream& out) {
+    // `settings` itself stays, so that a saved game has the persons that it had.
     const Settings played = WithoutPeople(settings);
     ScriptedWorld world(state, throws, wanted, out);
     const GameContext game{state, played, world};
@@ -131,6 +138,7 @@ void PlayCommand(const std::vector<std::string>& arguments, std::ostream& out) {
                      {options.Has("--log"), options.Has("--records")}, out);
     PrintPosition(file.state, out);
     PrintResult(file.state, file.settings, out);
+    // Written as it stands: a game that stopped can be continued in the window.
     if (options.Has("--save")) WriteSettingsArgument(options.Text("--save"), file);
 }
 

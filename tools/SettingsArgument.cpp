@@ -40,6 +40,8 @@ SettingsContent ReadSettingsArgument(const std::string& fileName) {
 }
 
 void WriteSettingsArgument(const std::string& fileName, const SettingsContent& content) {
+    // In place and not by ReplaceFile: the argument may be a pipe or /dev/stdout. Binary, because the
+    // text has its own line ends.
     std::ofstream file(fileName, std::ios::binary | std::ios::trunc);
     file << SettingsText(content.settings, content.state) << std::flush;
     if (!file) throw Failure("cannot write " + fileName);

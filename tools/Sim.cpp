@@ -11,6 +11,7 @@
 namespace zorva {
 namespace {
 
+// Printed by --help. Lines of at most 100 characters.
 constexpr const char* usage =
     "zorva-sim plays games of the computer without a window.\n"
     "\n"
@@ -41,6 +42,7 @@ constexpr const char* usage =
     "\n"
     "Colours are played by the computer whatever the settings file says.\n";
 
+// `progress` is null when no progress is wanted.
 void Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
     if (arguments.empty()) throw Failure("a command is missing: play, match or dice, or --help");
     if (arguments[0] == "play") return PlayCommand(arguments, out);
