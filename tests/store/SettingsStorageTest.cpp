@@ -25,12 +25,7 @@ std::set<std::string> NamesIn(const fs::path& folder) {
     return names;
 }
 
-Settings OtherSettings() {
-    Settings settings;
-    settings.PlayerName[2] = "Begoña";
-    settings.Speed = 100;
-    return settings;
-}
+const Settings otherSettings{.Speed = 100};
 
 TEST(SettingsStorage, AMissingFileIsCreatedWithTheDefaults) {
     const TemporaryFolder folder;
@@ -47,11 +42,11 @@ TEST(SettingsStorage, WhatIsSavedIsLoadedFromAFileThatTheUsersMaskLimits) {
     const mode_t before = umask(027);
     for (const Durability durability : {Durability::Lazy, Durability::Flushed}) {
         const TemporaryFolder folder;
-        ASSERT_EQ(SaveSettings(folder / "", OtherSettings(), GameState{}, durability), FileError::None);
+        ASSERT_EQ(SaveSettings(folder / "", otherSettings, GameState{}, durability), FileError::None);
         const LoadedSettings loaded = LoadSettings(folder / "");
         EXPECT_EQ(loaded.outcome, LoadOutcome::Loaded);
         EXPECT_EQ(loaded.title + loaded.text, "");
-        EXPECT_EQ(loaded.content.settings, OtherSettings());
+        EXPECT_EQ(loaded.content.settings, otherSettings);
         EXPECT_EQ(NamesIn(folder / ""), onlyTheFile);
         EXPECT_EQ(fs::status(folder / SettingsFileName).permissions(), static_cast<fs::perms>(0640));
     }
@@ -164,12 +159,12 @@ TEST(SettingsStorage, AReadOnlyFolderIsSaidToBe) {
 
 TEST(SettingsStorage, UsesUpWhatAKilledRunLeft) {
     const TemporaryFolder folder;
-    WriteBytes(folder / "elsewhere", SettingsText(OtherSettings(), {}));
+    WriteBytes(folder / "elsewhere", SettingsText(otherSettings, {}));
     fs::create_symlink(folder / "elsewhere", folder / "ZORVA32.TMP");
     fs::create_symlink(folder / "elsewhere", folder / SettingsFileName);
-    EXPECT_EQ(LoadSettings(folder / "").content.settings, OtherSettings()) << "a link is read";
+    EXPECT_EQ(LoadSettings(folder / "").content.settings, otherSettings) << "a link is read";
     EXPECT_EQ(SaveSettings(folder / "", {}, {}, Durability::Lazy), FileError::None);
-    EXPECT_EQ(FileBytes(folder / "elsewhere"), SettingsText(OtherSettings(), {}))
+    EXPECT_EQ(FileBytes(folder / "elsewhere"), SettingsText(otherSettings, {}))
         << "but not written through";
     EXPECT_EQ(FileBytes(folder / SettingsFileName), defaults);
     EXPECT_EQ(NamesIn(folder / ""), (std::set<std::string>{SettingsFileName, "elsewhere"}));

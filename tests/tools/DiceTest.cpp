@@ -1,32 +1,34 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <sstream>
 
 #include "core/Chance.h"
 #include "tools/DiceStatistics.h"
+#include "tools/Sim.h"
 
 namespace zorva::test {
 namespace {
 
+std::string Counted(const DiceTest& test) {
+    std::string counts;
+    for (const DiceCount& count : test.counts) counts += std::to_string(count.counted) + ' ';
+    return counts;
+}
+
 TEST(DiceStatistics, CountsFacesPairsRunsAndColours) {
     DiceStatistics statistics;
+    Short colour = 0;
     // Runs of 1, 2 and 7 sixes. The last run is not over and does not count.
-    const std::vector<Short> throws{6, 1, 6, 6, 2, 3, 6, 6, 6, 6, 6, 6, 6, 5, 6, 6};
-    for (std::size_t number = 0; number < throws.size(); ++number) {
-        statistics.Add(static_cast<Colour>(1 + number % 4), throws[number]);
+    for (const Short face : {6, 1, 6, 6, 2, 3, 6, 6, 6, 6, 6, 6, 6, 5, 6, 6}) {
+        statistics.Add(static_cast<Colour>(1 + colour++ % 4), face);
     }
     const std::vector<DiceTest> tests = statistics.Tests();
-    const auto counted = [&](std::size_t test) {
-        std::vector<std::uint64_t> numbers;
-        for (const DiceCount& count : tests[test].counts) numbers.push_back(count.counted);
-        return numbers;
-    };
-    EXPECT_EQ(counted(0), (std::vector<std::uint64_t>{1, 1, 1, 0, 1, 12}));
-    EXPECT_EQ(counted(2), (std::vector<std::uint64_t>{1, 2}));
-    EXPECT_EQ(counted(3), (std::vector<std::uint64_t>{0, 1, 0, 0, 0, 3}));
-    EXPECT_EQ(tests[1].Total(), 8U);
-    EXPECT_EQ(tests[1].counts[35].counted, 5U);  // 6 6
-    EXPECT_EQ(tests[1].counts[30].counted, 1U);  // 6 1
+    EXPECT_EQ(Counted(tests[0]), "1 1 1 0 1 12 ");
+    EXPECT_EQ(Counted(tests[1]),
+              "0 0 0 0 0 0 0 0 1 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 0 0 0 1 5 ");
+    EXPECT_EQ(Counted(tests[2]), "1 2 ");
+    EXPECT_EQ(Counted(tests[3]), "0 1 0 0 0 3 ");
     for (const DiceTest& test : tests) {
         double sum = 0;
         for (const DiceCount& count : test.counts) sum += count.probability;
@@ -61,6 +63,24 @@ TEST(DiceStatistics, FindALoadedDie) {
         [](int face, int before, int by) { return face == before && by < 2 ? before % 6 + 1 : face; });
     EXPECT_LT(repeatsLost[0], 15.1) << "the faces alone do not show it";
     EXPECT_TRUE(repeatsLost[1] > 90.0 && repeatsLost[2] > 35.9);
+}
+
+TEST(DiceCommand, PrintsEachCountBesideItsBand) {
+    std::ostringstream out, err;
+    EXPECT_EQ(RunSim({"dice", "--throws", "60", "--system"}, out, err, false), 0) << err.str();
+    out.str("");
+    EXPECT_EQ(RunSim({"dice", "--throws", "60", "--seed", "12"}, out, err, false), 0) << err.str();
+    EXPECT_TRUE(out.str().starts_with(
+        "faces\n"
+        "  1                   12  expected          10.0  band           2.6 ..          17.4\n"
+        "  2                   10  expected          10.0  band           2.6 ..          17.4\n"
+        "  3                    6  expected          10.0  band           2.6 ..          17.4\n"
+        "  4                   18  expected          10.0  band           2.6 ..          17.4  "
+        "outside\n"
+        "  5                    8  expected          10.0  band           2.6 ..          17.4\n"
+        "  6                    6  expected          10.0  band           2.6 ..          17.4\n"
+        "  chi-square 10.4000 with 5 degrees of freedom\n\npairs"))
+        << out.str();
 }
 
 }  // namespace
