@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "core/Types.h"
 
 namespace zorva {
+
+/// Characters of a player's name at most.
+inline constexpr std::size_t LongestName = 9;
 
 /// What the players have chosen. Two-valued fields hold 1 or 2, the first or the second answer.
 struct Settings {

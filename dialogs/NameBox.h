@@ -7,9 +7,6 @@
 
 namespace zorva {
 
-/// The most characters a player's name has.
-inline constexpr int LongestName = 9;
-
 /// What becomes of a text typed or pasted as a name: no blanks in front, the first letter as it was
 /// typed, the second to the ninth in lower case. A double quote and characters that the settings file
 /// cannot hold are left out.

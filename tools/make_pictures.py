@@ -1,13 +1,12 @@
 #!/usr/bin/env python3
-"""Takes the pictures of the manual from the real program, on a virtual screen.
+"""Takes the manual's screenshots of the real program on a virtual screen.
 
-    tools/make_pictures.py PROGRAM            # the built zorva32; takes them all
-    tools/make_pictures.py PROGRAM tablero    # those whose names begin so
+    tools/make_pictures.py PROGRAM            # PROGRAM is the built zorva32; takes all screenshots
+    tools/make_pictures.py PROGRAM tablero    # takes those whose names begin with this word
 
-The screen has two pixels for each pixel of the layout, and so have the pictures. They are written to
-assets/manual/ with few colours, which keeps them small. Needs what the tests with a window need, and
-imagemagick and pngquant. The dice fall the same way each time when ZORVA_SAME_DICE names the library
-that the tests build.
+The screen has two pixels for each pixel of the layout, and so have the screenshots. They are written to
+assets/manual/ with 256 colours to keep them small. Needs what the window tests need, and imagemagick and pngquant.
+For the same throws in each run, ZORVA_SAME_DICE must name the library same_dice that the tests build.
 """
 
 import os
@@ -25,7 +24,7 @@ import driver  # noqa: E402
 from inifile import COMPUTER, ON, PERSON, Settings, game_at  # noqa: E402
 
 FOLDER = ROOT / "assets/manual"
-WIDEST = 440  # pixels of the layout, so that a picture fits on every page
+WIDEST = 440  # layout pixels; wider screenshots are scaled down to fit on a page
 COLOURS = 256
 
 POSITIONS = {1: [76, 68, 20, 0], 2: [84, 22, 41, 0], 3: [92, 39, 8, 47], 4: [100, 56, 33, 0]}
@@ -55,7 +54,7 @@ class Pictures(driver.WindowTest):
         self.assertEqual(self.layout.unit, 2)
 
     def keep(self, name, x=0, y=0, width=None, height=None):
-        """Writes that part of the screen (in pixels of the layout) as the manual's picture of that name."""
+        """Writes a part of the screen, in layout pixels, as the manual's screenshot `name`."""
         if wanted and not name.startswith(wanted):
             return
         part = [round(2 * v) for v in (x, y, width or self.layout.width, height or self.layout.height)]
@@ -131,7 +130,7 @@ class Pictures(driver.WindowTest):
         self.wait_for_board()
         window = self.window_of("F3", "Personalizar la aplicación")
         self.keep_window("personalizar", window)
-        # The page of the rules is behind the last control but one.
+        # The key to the page of rules is the last control but one.
         self.display.key("shift+Tab", "shift+Tab", "space")
         self.settle()
         self.keep_window("normas", window)

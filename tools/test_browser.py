@@ -1,10 +1,10 @@
 #!/usr/bin/python3
-"""Plays the game in a real web browser, as somebody does on whose machine ./play finds no screen.
+"""Plays the game in a real web browser, as players do when ./play finds no screen.
 
-    tools/test_browser.py PROGRAM     # the built zorva32, its manual beside it
+    tools/test_browser.py PROGRAM     # PROGRAM is the built zorva32, with its manual beside it
 
 Needs what ./play installs for the browser, and chromium, chromium-driver and python3-selenium. Takes about
-a minute; a picture of the page is left in the current folder when something fails.
+a minute. If it fails it leaves a screenshot, browser.png, in the current folder.
 """
 
 import os
@@ -30,7 +30,7 @@ from layout import Layout  # noqa: E402
 SCREEN = (1280, 960)
 PATIENCE = 60
 
-# The mean colour of a part of the screen, as the page shows it.
+# JavaScript: the mean colour of a part of the screen, as the page shows it.
 MEAN = """
 const canvas = document.querySelector('#noVNC_container canvas');
 if (!canvas) return null;
@@ -53,7 +53,7 @@ def await_true(condition, what):
 
 
 class Page:
-    """The game's page in a browser, at points of the layout."""
+    """The page with the game in a browser. Points are in layout pixels."""
 
     def __init__(self, address, password):
         options = webdriver.ChromeOptions()
@@ -71,7 +71,7 @@ class Page:
         x, y = self.layout.device(point)
         return self.browser.execute_script(MEAN, x - size // 2, y - size // 2, size, size)
 
-    # The houses of the four colours stand where they belong.
+    # True if each house has its colour.
     def shows_board(self):
         seen = [self.mean(self.layout.house(colour)) for colour in (1, 2, 3, 4)]
         if None in seen:
@@ -116,7 +116,7 @@ def play(page, folder):
     print("a game is played with clicks")
     page.key(Keys.ESCAPE)
     await_true(lambda: not page.shows_board(), "the hidden window")
-    # The button stands a little to the lower left of the middle.
+    # The button "Volver" is a little to the lower left of the middle.
     await_true(lambda: page.click((middle[0] - 36, middle[1] + 32)) or page.shows_board(), "the window again")
     print("the hidden window comes back")
 

@@ -1,7 +1,5 @@
 #include "tests/fuzz/Checks.h"
 
-#include <cstdio>
-
 #include "core/Consistency.h"
 #include "core/DecidedThrows.h"
 #include "core/Execution.h"
@@ -14,7 +12,7 @@ namespace {
 
 constexpr Short movesPlayedOn = 25;
 
-/// Players who throw and take the advised move, and stop after a while.
+/// Persons who throw, take the advised move and stop after some moves.
 class Players : public DecidedThrows {
 public:
     Players(GameState& state, std::uint64_t seed)
@@ -68,9 +66,20 @@ void RequireWayBack(GameState state) {
     Require(HaveSameTables(state, before), "back and forward leads elsewhere");
 }
 
-void RequireGoingOn(GameState state, const Settings& settings, std::uint64_t seed) {
+SettingsContent RequireReadable(const SettingsContent& content) {
+    const std::string text = SettingsText(content.settings, content.state);
+    const SettingsReading reading = ReadSettings(text);
+    const auto* loaded = std::get_if<SettingsContent>(&reading);
+    Require(loaded != nullptr, "what the game wrote is refused");
+    Require(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
+    return *loaded;
+}
+
+void RequirePlayable(const SettingsContent& content, std::uint64_t seed) {
+    RequireWayBack(content.state);
+    GameState state = content.state;
     Players players(state, seed);
-    ContinueGame({state, settings, players});
+    ContinueGame({state, content.settings, players});
 }
 
 }  // namespace zorva::fuzz
