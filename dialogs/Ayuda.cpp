@@ -7,7 +7,6 @@
 #include "app/Palette.h"
 #include "dialogs/Decoration.h"
 #include "dialogs/Geometry.h"
-#include "dialogs/ManualText.h"
 #include "dialogs/ManualView.h"
 #include "dialogs/PictureButton.h"
 #include "dialogs/TextStyle.h"
@@ -18,9 +17,11 @@ namespace {
 
 constexpr const char* title = "Ayuda de la aplicación";
 constexpr double shareOfScreen = 0.84;  // of either side: some 70 % of the area
-constexpr int widestWindow = 740;       // wider, and the lines would be tiring to read
-constexpr Short edge = 17;
-constexpr Short footHeight = 44;
+
+// In layout pixels.
+constexpr int widestWindow = 740;
+constexpr Short edge = 17;        // of wood, on all sides of the page
+constexpr Short footHeight = 44;  // below the page, with the button
 
 Box WindowBox(const Layout& layout) {
     return {0, 0, ToShort(std::min(qRound(layout.ScreenWidth * shareOfScreen), widestWindow)),
@@ -47,7 +48,7 @@ Ayuda::Ayuda(QWidget* parent, const Services& services, const QString& manual)
     auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
     Place(leave, LeaveButtonBox(window_));
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
-    connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
+    connect(qApp, &QApplication::focusChanged, this, [this] { update(); });  // the mark round the page
     view_->setFocus();
 }
 

@@ -13,13 +13,16 @@
 namespace zorva {
 namespace {
 
+// In layout pixels.
 constexpr QSize windowSize(580, 416);
 constexpr Box folder{16, 18, 548, 340};
-constexpr Box sheetBox{205, 39, HistoricSheet::Width, HistoricSheet::Height};  // where the folder has it
+constexpr Box sheetBox{205, 39, HistoricSheet::Width,
+                       HistoricSheet::Height};  // where the folder shows it
 constexpr Box labelBox{44, 77, 124, 44};
 constexpr Box countBox{28, 300, 150, 40};
 constexpr Box leaveButton{468, 370, 96, 30};
 
+// The games on the page by their numbers, of which 1 is the oldest game: "16 - 9 de 16".
 QString CountText(const HistoricPages& pages) {
     if (pages.Entries() == 0) return {};
     const long newest = pages.Entries() - pages.Top();

@@ -26,7 +26,8 @@ QString ObjectNameOf(const OptionPlace& place) {
     return place.player == 0 ? name : name + QStringLiteral("_%1").arg(place.player);
 }
 
-// What is switched on or off lights up; of two equal answers the knob only shows which.
+// What can be switched off is drawn as a switch with a lamp. Where both answers are equal the knob only
+// points to one of them.
 QString SelectorDrawing(Option option, Short value) {
     switch (option) {
         case Option::PauseBetweenMoves:
@@ -40,8 +41,9 @@ QString SelectorDrawing(Option option, Short value) {
 
 }  // namespace
 
-OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlace& place, double size)
-    : QAbstractButton(page), services_(services), option_(place.option), size_(size) {
+OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlace& place,
+                       double fontSize)
+    : QAbstractButton(page), services_(services), option_(place.option), fontSize_(fontSize) {
     setObjectName(ObjectNameOf(place));
     setAccessibleName(NameOf(place));
     setCheckable(true);
@@ -49,7 +51,8 @@ OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlac
     connect(this, &QAbstractButton::toggled, this, &OptionStop::Toggled);
 }
 
-// A screen reader toggles where a hand would click. Whether that is allowed is not decided here.
+// Screen readers toggle a check box. That is undone and made a click, so that the window decides whether
+// the option may change.
 void OptionStop::Toggled(bool checked) {
     if (checked == shown_) return;
     setChecked(shown_);
@@ -64,12 +67,11 @@ void OptionStop::ShowAnswer(Short value) {
 
 void OptionStop::paintEvent(QPaintEvent*) {
     if (!hasFocus()) return;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = services_.ToLogical(1);
-    painter.scale(scale, scale);
-    const double answer = WidthOf(AnswerText(option_, isChecked() ? 1 : 2), {size_, QFont::Bold});
-    decoration::DrawFocus(painter, QRectF(2, 17, std::min(answer + 46, width() / scale - 4), 24), 10);
+    LayoutPainter painter(this, services_);
+    // Round the selector and the answer, as OptionPlace has them.
+    const double answer = WidthOf(AnswerText(option_, isChecked() ? 1 : 2), {fontSize_, QFont::Bold});
+    const double width = std::min(answer + 46, LayoutArea(*this, services_).width() - 4);
+    decoration::DrawFocus(painter, QRectF(2, 17, width, 24), 10);
 }
 
 void OptionStop::keyPressEvent(QKeyEvent* event) {
@@ -84,18 +86,13 @@ void OptionStop::keyPressEvent(QKeyEvent* event) {
 }
 
 OptionPage::OptionPage(QWidget* window, const Services& services, const char* name,
-                       const Settings& settings, const std::vector<OptionPlace>& places,
-                       double letterSize)
-    : QWidget(window),
-      services_(services),
-      settings_(settings),
-      places_(places),
-      letterSize_(letterSize) {
+                       const Settings& settings, const std::vector<OptionPlace>& places, double fontSize)
+    : QWidget(window), services_(services), settings_(settings), places_(places), fontSize_(fontSize) {
     setObjectName(name);
     setGeometry(window->rect());
     setMouseTracking(true);
     for (const OptionPlace& place : places_) {
-        auto* stop = new OptionStop(this, services, place, letterSize);
+        auto* stop = new OptionStop(this, services, place, fontSize);
         OptionPage::Place(stop, place.Whole());
         connect(stop, &QAbstractButton::clicked, this, [this, place] {
             if (Chosen) Chosen(place.option, place.player);
@@ -133,9 +130,8 @@ void OptionPage::DrawHeading(QPainter& painter, const QString& heading) const {
 void OptionPage::DrawOption(QPainter& painter, const OptionPlace& place) const {
     const Short value = AnswerOf(place);
     painter.setPen(palette::Ink);
-    DrawLine(painter, ToRect(place.Question()), QuestionText(place.option), {letterSize_});
-    DrawLine(painter, ToRect(place.Answer()), AnswerText(place.option, value),
-             {letterSize_, QFont::Bold});
+    DrawLine(painter, ToRect(place.Question()), QuestionText(place.option), {fontSize_});
+    DrawLine(painter, ToRect(place.Answer()), AnswerText(place.option, value), {fontSize_, QFont::Bold});
     services_.artwork.Paint(painter, SelectorDrawing(place.option, value), ToRect(place.Selector()));
 }
 
@@ -163,7 +159,7 @@ void OptionPage::Place(QWidget* control, const Box& box) const {
 
 void OptionPage::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.setClipRect(event->rect());
+    painter.setClipRect(event->rect());  // in logical pixels; IsToBeDrawn asks for it
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(services_.ToLogical(1), services_.ToLogical(1));
     DrawPage(painter);
@@ -182,7 +178,7 @@ void OptionPage::mouseMoveEvent(QMouseEvent* event) {
     ShowCursorAt(event->position());
 }
 
-// The page comes up under a cursor that was a hand on what was there before.
+// The page appears under a cursor that may have been a hand over the other page.
 void OptionPage::showEvent(QShowEvent*) {
     ShowCursorAt(mapFromGlobal(QPointF(QCursor::pos())));
 }

@@ -11,6 +11,7 @@
 namespace zorva {
 namespace {
 
+// In layout pixels.
 constexpr QSize windowSize(624, 424);
 constexpr Box rulesButton{17, 380, 156, 30};
 constexpr Box leaveButton{511, 380, 96, 30};
@@ -30,8 +31,8 @@ Personal::Personal(QWidget* parent, const Services& services, Settings& settings
     ShowRules(false);
 }
 
-// The buttons stand on their pages, so that they come and go with them and follow them in the order
-// of the keyboard.
+// The buttons are children of their pages: they are hidden with them, and Tab reaches them after the
+// options.
 void Personal::AddButtons() {
     auto* rules = new PictureButton(settingsPage_, TheServices(), "Bot_Normas", "personal_rules",
                                     "Normas de juego");

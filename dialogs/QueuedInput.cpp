@@ -27,8 +27,8 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
-/// Swallows input on its way to the widgets. The windows below them still see it, so that the
-/// Qt's account of what is pressed stays right.
+/// Discards input on its way to the widgets, close requests of the window manager included. QWindow
+/// objects still get it: Qt keeps its account there of which keys and buttons are down.
 class InputSink : public QObject {
 public:
     bool eventFilter(QObject* receiver, QEvent* event) override {

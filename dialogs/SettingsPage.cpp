@@ -14,8 +14,8 @@
 namespace zorva {
 namespace {
 
-// The one table of where things are; a player's things are measured from the corner of the block.
-constexpr double letterSize = 12.5;
+// Where everything is, in layout pixels. A player's controls are measured from the corner of the block.
+constexpr double fontSize = 12.5;
 constexpr Short blockTop = 48;
 constexpr Short blockWidth = 143;
 constexpr Short blockHeight = 208;
@@ -45,7 +45,7 @@ Box InBlock(Colour player, const Box& box) {
     return {at.x, at.y, box.width, box.height};
 }
 
-// In the order in which a click is tried on them.
+// In the order in which they are tried when the mouse is pressed.
 std::vector<OptionPlace> OptionPlaces() {
     std::vector<OptionPlace> places{
         {Option::PauseBetweenMoves, 0, {30, 284}, 188}, {Option::Tutor, 0, {224, 284}, 188},
@@ -59,7 +59,7 @@ std::vector<OptionPlace> OptionPlaces() {
     return places;
 }
 
-// Each colour's paper and the lit and shaded ends of its header.
+// A player's block: the lit and the shaded end of its header, its paper, and the ink on the header.
 struct BlockColours {
     QColor lit, shade, paper, ink;
 };
@@ -78,14 +78,14 @@ const BlockColours& ColoursOf(Colour player) {
 }  // namespace
 
 SettingsPage::SettingsPage(QWidget* window, const Services& services, const Settings& settings)
-    : OptionPage(window, services, "Pic_Opciones", settings, OptionPlaces(), letterSize) {
+    : OptionPage(window, services, "Pic_Opciones", settings, OptionPlaces(), fontSize) {
     for (Colour player = 1; player <= ColourCount; ++player) AddPlayer(player);
     AddSpeed();
     OrderFocus();
     SettingsPage::ShowSettings();
 }
 
-// The keyboard goes through the players one by one, then through the common options.
+// Tab goes through the players one by one, then through the common options.
 void SettingsPage::OrderFocus() {
     std::vector<QWidget*> order;
     for (Colour player = 1; player <= ColourCount; ++player) {
@@ -152,7 +152,7 @@ void SettingsPage::DrawPage(QPainter& painter) {
             DrawPlayer(painter, player);
     }
     decoration::DrawSunkenPaper(painter, ToRect(commonSheet));
-    DrawScaleLabel(painter, speedLabel, " Velocidad de juego ", Shown().Speed);
+    DrawSliderLabel(painter, speedLabel, " Velocidad de juego ", Shown().Speed);
 }
 
 void SettingsPage::DrawPlayer(QPainter& painter, Colour player) {
@@ -162,10 +162,10 @@ void SettingsPage::DrawPlayer(QPainter& painter, Colour player) {
     DrawHeader(painter, player);
     if (Shown().PlayerActive[player] != 1) return;
     painter.setPen(palette::Ink);
-    DrawLine(painter, ToRect(InBlock(player, nameLabel)), "Nombre..:", {letterSize});
+    DrawLine(painter, ToRect(InBlock(player, nameLabel)), "Nombre..:", {fontSize});
     decoration::DrawSunkenFrame(painter, ToRect(InBlock(player, nameBox)));
-    DrawScaleLabel(painter, InBlock(player, levelLabel), " Nivel de juego ",
-                   Shown().PlayerLevel[player]);
+    DrawSliderLabel(painter, InBlock(player, levelLabel), " Nivel de juego ",
+                    Shown().PlayerLevel[player]);
 }
 
 void SettingsPage::DrawHeader(QPainter& painter, Colour player) {
@@ -185,12 +185,13 @@ void SettingsPage::DrawHeader(QPainter& painter, Colour player) {
              {14, QFont::Bold});
 }
 
-void SettingsPage::DrawScaleLabel(QPainter& painter, const Box& box, const QString& label, Short value) {
+void SettingsPage::DrawSliderLabel(QPainter& painter, const Box& box, const QString& label,
+                                   Short value) {
     painter.setPen(palette::Ink);
-    // The label begins with a blank of its own; its letters stand where the others' do.
+    // The label begins with a blank: moved left by it, its first letter stands where other texts begin.
     const QRectF area = ToRect(box);
-    DrawLine(painter, area.translated(-WidthOf(" ", {letterSize}), 0), label, {letterSize});
-    DrawLine(painter, area, QString::number(value), {letterSize, QFont::Bold}, Qt::AlignRight);
+    DrawLine(painter, area.translated(-WidthOf(" ", {fontSize}), 0), label, {fontSize});
+    DrawLine(painter, area, QString::number(value), {fontSize, QFont::Bold}, Qt::AlignRight);
 }
 
 }  // namespace zorva

@@ -10,6 +10,7 @@
 namespace zorva {
 namespace {
 
+// In layout pixels.
 constexpr Short windowWidth = 400;
 constexpr Short heightWithoutText = 135;
 constexpr Box titleBox{20, 22, MessageWidth, 15};
@@ -22,12 +23,13 @@ Box ButtonBox(Short left, Short lineCount) {
     return {left, ToShort(lineCount * MessageLinePitch + 82), 96, 30};
 }
 
-// A text that tells the player which buttons to press must find them under these names.
+// Some questions tell the player to press Aceptar or Cancelar; their buttons must be called so.
 bool NamesItsButtons(const QString& text) {
     return text.contains("Aceptar") && text.contains("Cancelar");
 }
 
-TextStyle TitleLetters(const QString& title) {
+// A title is never wrapped: a long one gets a smaller font.
+TextStyle TitleStyle(const QString& title) {
     TextStyle style{12.5, QFont::Bold};
     const double room = MessageWidth - 8;
     const double width = WidthOf(title, style);
@@ -45,7 +47,7 @@ mensajes::mensajes(QWidget* parent, const Services& services, const QString& tit
       fit_(FitMessage(text, lineCount)),
       buttons_(buttons) {
     setAccessibleDescription(text);
-    Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleLetters(title)), titleBox);
+    Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleStyle(title)), titleBox);
     Place(new MessageLabel(this, services, "Tex_Mensaje", text, fit_.style), TextBox(fit_.lineCount));
     AddButtons(text);
     focusHolder_ = new QWidget(this);
@@ -82,11 +84,12 @@ void mensajes::DrawGround(QPainter& painter) {
     draw(TextBox(fit_.lineCount));
 }
 
-// The key is deliberately not looked at.
+// Any key says yes, Escape included: which key it is, is deliberately not asked.
 void mensajes::KeyPressed(QKeyEvent*) {
     Accept();
 }
 
+// Tab is a key like any other here.
 bool mensajes::focusNextPrevChild(bool) {
     return false;
 }
@@ -110,7 +113,7 @@ void mensajes::Refuse() {
 MessageAnswer ShowMessage(QWidget* parent, const Services& services, const QString& title,
                           const QString& text, Short lineCount, MessageButtons buttons) {
     DiscardQueuedInput();
-    // Over a window that is open already: below it nobody could answer.
+    // Over a window that is modal already: below it nobody could answer.
     QWidget* topmost = QApplication::activeModalWidget();
     mensajes window(topmost ? topmost : parent, services, title, text, lineCount, buttons);
     RunModal(window);

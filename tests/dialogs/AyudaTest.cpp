@@ -13,7 +13,6 @@
 #include "app/MenuButtons.h"
 #include "app/RecorderStrip.h"
 #include "core/Records.h"
-#include "dialogs/ManualText.h"
 #include "dialogs/ManualView.h"
 #include "dialogs/Options.h"
 #include "tests/dialogs/WindowFixture.h"
@@ -34,43 +33,6 @@ QString Shipped() {
 
 QByteArray Page(const QByteArray& body) {
     return "<!DOCTYPE html>\n<html><body>" + body + "</body></html>";
-}
-
-struct Text {
-    const char* name;
-    QByteArray bytes;
-    bool accepted;
-};
-
-const Text texts[] = {
-    {"paragraphs, links and tables",
-     Page("<h2><a name=\"x\"></a>Él</h2><p><a href=\"#x\">x</a></p><table><tr><td>1</td></tr></table>"),
-     true},
-    {"nothing", "", false},
-    {"another encoding", Page("<p>\xc9l</p>"), false},
-    {"cut off in the middle", "<html><body><p>Hola", false},
-    {"a link out of the manual", Page("<p><a href=\"http://example.org/\">x</a></p>"), false},
-    {"a picture of the program's", Page("<p><img src=\"tablero.png\" alt=\"x\"/></p>"), true},
-    {"a picture from elsewhere", Page("<p><img src=\"http://example.org/x.png\"/></p>"), false},
-    {"a picture in another folder", Page("<p><img src=\"../tablero.png\"/></p>"), false},
-    {"pictures without end", Page(QByteArray("<img src=\"tablero.png\"/>").repeated(1000)), false},
-    {"a style that loads something", Page("<p style=\"background-image: url(x)\">x</p>"), false},
-    {"a table in a table", Page("<table><tr><td><table><tr><td>1</td></tr></table></td></tr></table>"),
-     false},
-    {"a row without end",
-     Page("<table><tr>" + QByteArray("<td>1</td>").repeated(1000) + "</tr></table>"), false},
-    {"a cell over a billion columns", Page("<table><tr><td colspan=\"1000000000\">1</td></tr></table>"),
-     false},
-    {"a list in a list in a list",
-     Page(QByteArray("<ul><li>").repeated(50) + QByteArray("</li></ul>").repeated(50)), false},
-    {"a table that only an XML reader would skip", Page("<![CDATA[<table>]]>"), false},
-    {"a definition of its own", "<!DOCTYPE html [<!ENTITY a \"b\">]><html><body></body></html>", false},
-};
-
-TEST(ManualTextTest, TakesWhatIsAManualAndNothingElse) {
-    for (const Text& row : texts) {
-        EXPECT_EQ(ManualText(row.bytes).has_value(), row.accepted) << row.name;
-    }
 }
 
 TEST(HelpFileTest, WhatCannotBeReadOrIsTooLongIsNoManual) {
