@@ -163,10 +163,11 @@ void ManualView::DressTables() {
     }
 }
 
-// The leading colon keeps the name among what is built in, whatever it is.
+// The leading colon keeps the name among what is built in, whatever it is. An invalid QVariant would
+// make Qt look for a file of that name; an empty image is an answer.
 QVariant ManualView::loadResource(int type, const QUrl& name) {
     const QImage image(":/manual/" + name.toString());
-    if (type != QTextDocument::ImageResource || image.isNull()) return {};
+    if (type != QTextDocument::ImageResource || image.isNull()) return QImage();
     const QSizeF size = QSizeF(image.size()) / imageDensity * services_.layout.Unit;
     QImage fitting = image.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     fitting.setDevicePixelRatio(services_.devicePixelRatio);

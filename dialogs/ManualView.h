@@ -24,7 +24,7 @@ public:
 
 protected:
     /// The images of the manual are those built into the program. Everything else that HTML can name
-    /// (files, addresses, style sheets) is refused with an invalid QVariant.
+    /// (files, addresses, style sheets) is an empty image.
     QVariant loadResource(int type, const QUrl& name) override;
     bool focusNextPrevChild(bool next) override;
 
