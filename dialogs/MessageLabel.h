@@ -35,9 +35,6 @@ public:
     MessageLabel(QWidget* parent, const Services& services, const char* objectName, const QString& text,
                  const TextStyle& style);
 
-    /// The text as it is painted.
-    const WrappedText& Lines() const { return lines_; }
-
 protected:
     void paintEvent(QPaintEvent* event) override;
 

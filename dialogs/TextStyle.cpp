@@ -34,13 +34,6 @@ WrappedText::WrappedText(const QString& text, double width, const TextStyle& sty
     layout_.endLayout();
 }
 
-double WrappedText::WidestLine() const {
-    double widest = 0;
-    for (int i = 0; i < LineCount(); ++i)
-        widest = std::max(widest, layout_.lineAt(i).naturalTextWidth());
-    return widest / fine;
-}
-
 double WrappedText::MiddleOfInk() const {
     const QFontMetricsF metrics(layout_.font());
     return (metrics.ascent() + metrics.tightBoundingRect("dg").center().y()) / fine;

@@ -28,8 +28,6 @@ public:
     WrappedText(const QString& text, double width, const TextStyle& style);
 
     int LineCount() const { return layout_.lineCount(); }
-    /// The width of the widest line, without blanks at its end.
-    double WidestLine() const;
     /// From the top of a line down to the middle of its ink, which reaches from the top of a "d" to the
     /// foot of a "g". Text centred by it looks centred.
     double MiddleOfInk() const;

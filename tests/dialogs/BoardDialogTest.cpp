@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QApplication>
 #include <QTest>
 
 #include "dialogs/Ayuda.h"
@@ -107,11 +108,22 @@ TEST_F(BoardDialogTest, ScreenReadersFindNamesRolesAndAnswers) {
         EXPECT_EQ(found->text(QAccessible::Name), row.name);
         EXPECT_EQ(found->text(QAccessible::Description), row.description);
     }
-    for (const auto& window : windows) {
+}
+
+TEST_F(BoardDialogTest, WhatTakesTheFocusHasANameAndShowsTheFocus) {
+    for (const auto& window : AllWindows()) {
+        Show(*window);
+        QApplication::setActiveWindow(window.get());  // the one before was it until now
         EXPECT_FALSE(window->accessibleName().isEmpty());
-        for (const QWidget* control : window->findChildren<QWidget*>()) {
-            if (control->focusPolicy() == Qt::NoFocus) continue;
-            EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName();
+        for (QWidget* control : window->findChildren<QWidget*>()) {
+            if (control->focusPolicy() == Qt::NoFocus || control->objectName() == "Pic_Focus") continue;
+            SCOPED_TRACE(control->objectName().toStdString());
+            EXPECT_FALSE(control->accessibleName().isEmpty());
+            if (!control->isVisible()) continue;
+            control->clearFocus();
+            const QImage without = window->grab().toImage();
+            control->setFocus();
+            EXPECT_NE(without, window->grab().toImage());
         }
     }
 }
