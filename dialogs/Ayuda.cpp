@@ -23,6 +23,7 @@ constexpr int widestWindow = 740;
 constexpr Short edge = 17;        // of wood, on all sides of the page
 constexpr Short footHeight = 44;  // below the page, with the button
 
+// Only its size counts: windows place themselves.
 Box WindowBox(const Layout& layout) {
     return {0, 0, ToShort(std::min(qRound(layout.ScreenWidth * shareOfScreen), widestWindow)),
             ToShort(qRound(layout.ScreenHeight * shareOfScreen))};
@@ -63,13 +64,14 @@ void Ayuda::DrawGround(QPainter& painter) {
              "Flechas, RePág y AvPág: leer     Tabulador e Intro: enlaces     Esc: cerrar", {12.5});
 }
 
+// Reading is left with the sound of a button, by whichever way.
 void Ayuda::Leave() {
     TheServices().PlaySound(Sound::Accept);
     accept();
 }
 
 void ShowHelp(QWidget* parent, const Services& services, const std::filesystem::path& helpFile) {
-    const std::optional<QString> manual = ReadManual(helpFile);
+    const std::optional<QString> manual = ReadManual(helpFile);  // anew each time: it may be back
     if (!manual) {
         const QString text = QStringLiteral(
                                  "No se puede mostrar el manual: el fichero %1 no se encuentra o "

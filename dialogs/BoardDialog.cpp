@@ -77,8 +77,8 @@ void BoardDialog::closeEvent(QCloseEvent* event) {
     Leave();
 }
 
-// On a screen narrower than 5:4 the board uses only a part of it, whose place the layout gives in device
-// pixels.
+// The window places itself: a window manager knows nothing of the board. On a screen narrower than 5:4
+// the board uses only a part of it, whose place the layout gives in device pixels.
 void BoardDialog::MoveToMiddle() {
     const QWidget* below = parentWidget() ? parentWidget()->window() : nullptr;
     const QScreen* screen = below ? below->screen() : QGuiApplication::primaryScreen();
@@ -90,6 +90,7 @@ void BoardDialog::MoveToMiddle() {
          QPoint(qRound((room.width() - width()) / 2), qRound((room.height() - height()) / 2)));
 }
 
+// Events run meanwhile, and the window below may be deleted by one: so the guarded pointer.
 void RunModal(BoardDialog& dialog) {
     const QPointer<QWidget> below = dialog.parentWidget() ? dialog.parentWidget()->window() : nullptr;
     dialog.exec();

@@ -8,6 +8,7 @@
 namespace zorva::decoration {
 namespace {
 
+// The lines round everything that is sunk into the panel.
 const QColor frameGrey(0x80, 0x80, 0x80);
 const QColor frameLight(0xd8, 0xbf, 0x90);
 
@@ -52,6 +53,7 @@ void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) 
     painter.fillRect(area, light);
     DrawBevel(painter, area);
     painter.setBrush(Qt::NoBrush);
+    // The inlay: a brass line with its groove half a pixel below and right of it.
     painter.setPen(QPen(palette::DarkWood, 1));
     painter.drawRoundedRect(area.adjusted(8, 8, -7, -7), 5, 5);
     painter.setPen(QPen(palette::Brass, 1.2));
@@ -82,6 +84,7 @@ void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper)
     DrawInnerShadow(painter, area);
 }
 
+// Light over a wider dark line: it is seen on wood and on paper alike.
 void DrawFocus(QPainter& painter, const QRectF& area, double radius) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette::DarkWood, 3));

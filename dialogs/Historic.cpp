@@ -37,11 +37,11 @@ Historic::Historic(QWidget* parent, const Services& services, History history)
       history_(std::move(history)),
       sheet_(new HistoricSheet(this, services, history_)) {
     Place(sheet_, sheetBox);
-    sheet_->Turned = [this] { update(); };
+    sheet_->Turned = [this] { update(); };  // the count beside the sheet changes
     auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
     Place(leave, leaveButton);
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
-    leave->setFocus();
+    leave->setFocus();  // so that Enter leaves
 }
 
 void Historic::DrawGround(QPainter& painter) {

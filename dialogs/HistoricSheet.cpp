@@ -29,6 +29,7 @@ constexpr double firstRecordTop = 21;
 constexpr double lineHeight = 14;
 constexpr double recordHeight = 2 * lineHeight + 4;
 
+// Drawn, clicked and focused by these boxes alone.
 constexpr Box newerCorner{0, 272, 52, 30};
 constexpr Box olderCorner{298, 272, 52, 30};
 
@@ -87,6 +88,7 @@ void HistoricSheet::TurnNewer() {
     if (pages_.CanTurnNewer()) Turn(&HistoricPages::TurnNewer);
 }
 
+// The pause lets the sound of the page begin before the new page is there.
 void HistoricSheet::Turn(void (HistoricPages::*turn)()) {
     services_.PlaySound(Sound::HistoryPage);
     services_.Pause(pauseOfPage);
@@ -124,6 +126,7 @@ void HistoricSheet::paintEvent(QPaintEvent*) {
     if (hasFocus()) decoration::DrawFocus(painter, QRectF(2, 2, Width - 4, Height - 4), 3);
 }
 
+// Green rules below each of the eight places, written on or not, and red ones between the columns.
 void HistoricSheet::DrawRuling(QPainter& painter) const {
     for (int slot = 1; slot <= HistoricPages::RecordsPerPage; ++slot) {
         const double y = firstRecordTop + slot * recordHeight - 3;
@@ -142,6 +145,8 @@ void HistoricSheet::DrawHeading(QPainter& painter) const {
     DrawSpaced(painter, QRectF(headingLeft, 5, Width - headingLeft, 15), text, headingStyle, blank);
 }
 
+// A record takes two lines: the losers stand below the winner. Texts too wide for their column get a
+// smaller font, so that they never touch the rules.
 void HistoricSheet::DrawRecord(QPainter& painter, long index, double top) const {
     const HistoryEntry entry = DecodeHistoryRecord(lisDatos_.Record(index));
     const auto write = [&](double left, double y, double width, const std::string& text,

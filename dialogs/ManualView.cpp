@@ -118,13 +118,14 @@ ManualView::ManualView(QWidget* parent, const Services& services, const QString&
     DressUp();
     setHtml(html);
     DressTables();
-    setOpenLinks(false);
+    setOpenLinks(false);  // Qt would scroll without leaving room above
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { GoTo(url.fragment()); });
     connect(this, &QTextBrowser::highlighted, this, [this](const QUrl& url) {
         viewport()->setCursor(url.isEmpty() ? QCursor(Qt::ArrowCursor) : services_.cursors.Hand());
     });
 }
 
+// Before the HTML is set: a document takes its style sheet while it reads.
 void ManualView::DressUp() {
     auto* linkMark = new LinkMark;
     linkMark->setParent(this);
@@ -133,7 +134,7 @@ void ManualView::DressUp() {
     setPalette(PagePalette());
     viewport()->setAutoFillBackground(false);
     viewport()->setCursor(Qt::ArrowCursor);
-    setContextMenuPolicy(Qt::NoContextMenu);
+    setContextMenuPolicy(Qt::NoContextMenu);  // Qt's would be in English
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     verticalScrollBar()->setStyleSheet(Scaled(scrollBarStyle, services_));
@@ -144,7 +145,7 @@ void ManualView::DressUp() {
     document()->setIndentWidth(services_.ToLogical(listIndent));
 }
 
-// HTML cannot say all of this in Qt's subset of it.
+// Afterwards, on the document: Qt knows no style sheet for most of this.
 void ManualView::DressTables() {
     for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
         auto* table = qobject_cast<QTextTable*>(frame);

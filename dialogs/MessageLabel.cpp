@@ -14,6 +14,7 @@ constexpr double smallestSize = 10.5;
 constexpr double sizeStep = 0.5;
 constexpr double sideMargin = 4;  // blank paper left and right of the text
 
+// At least one, also for an empty text.
 int LinesAt(const QString& text, const TextStyle& style) {
     return std::max(1, WrappedText(text, MessageWidth - 2 * sideMargin, style).LineCount());
 }
@@ -35,7 +36,7 @@ MessageLabel::MessageLabel(QWidget* parent, const Services& services, const char
                            const QString& text, const TextStyle& style)
     : QLabel(parent), services_(services), lines_(text, MessageWidth - 2 * sideMargin, style) {
     setObjectName(objectName);
-    setTextFormat(Qt::PlainText);
+    setTextFormat(Qt::PlainText);  // a name may hold what would be HTML
     setText(text);
     setAccessibleName(text);
 }

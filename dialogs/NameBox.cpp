@@ -37,7 +37,7 @@ NameBox::NameBox(QWidget* parent, const Services& services, const QString& objec
     setObjectName(objectName);
     setAccessibleName(accessibleName);
     setFrame(false);
-    setContextMenuPolicy(Qt::NoContextMenu);
+    setContextMenuPolicy(Qt::NoContextMenu);  // Qt's would be in English
     setAcceptDrops(false);
     QPalette colours = palette();
     colours.setColor(QPalette::Base, QColor(0xff, 0xfd, 0xf4));
@@ -49,7 +49,7 @@ NameBox::NameBox(QWidget* parent, const Services& services, const QString& objec
 }
 
 void NameBox::ShowName(const QString& name) {
-    if (name == text()) return;
+    if (name == text()) return;  // setText would move the caret
     const QSignalBlocker silent(this);
     setText(name);
     FitFont();
@@ -85,6 +85,7 @@ void NameBox::paintEvent(QPaintEvent* event) {
     decoration::DrawFocus(painter, LayoutArea(*this, services_).adjusted(1, 1, -1, -1), 2);
 }
 
+// A name has one line: the keys that would leave the line go to the next control.
 void NameBox::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Up: focusNextPrevChild(false); break;

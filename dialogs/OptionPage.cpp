@@ -15,12 +15,14 @@
 namespace zorva {
 namespace {
 
+// What screen readers call an option: "Sonido", "Rojo: Tipo de juego".
 QString NameOf(const OptionPlace& place) {
     QString question = QuestionText(place.option);
     if (place.player == 0) return question;
     return QString::fromStdString(DefaultName(place.player)) + ": " + question;
 }
 
+// "Pic_Opcion_4", "Pic_Opcion_6_3": the number of the option and that of the player.
 QString ObjectNameOf(const OptionPlace& place) {
     const QString name = QStringLiteral("Pic_Opcion_%1").arg(static_cast<Short>(place.option));
     return place.player == 0 ? name : name + QStringLiteral("_%1").arg(place.player);
@@ -116,6 +118,8 @@ const OptionPlace* OptionPage::OptionAt(Point point) const {
     return nullptr;
 }
 
+// The width of a blank is given, not that of the font: between spaced letters the font's would be too
+// narrow.
 void OptionPage::DrawHeading(QPainter& painter, const QString& heading) const {
     constexpr TextStyle style{15, QFont::Bold};
     constexpr double blank = 6;
@@ -166,6 +170,7 @@ void OptionPage::paintEvent(QPaintEvent* event) {
     DrawOptions(painter);
 }
 
+// A click is handed to the option's control, so that mouse and keyboard go the same way from there.
 void OptionPage::mousePressEvent(QMouseEvent* event) {
     const OptionPlace* place = OptionAt(ToLayout(event->position(), services_));
     if (event->button() != Qt::LeftButton || !place) return;

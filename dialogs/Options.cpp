@@ -21,6 +21,7 @@ constexpr const char* questions[optionCount + 1] = {
     "Si saca cinco y hay alguna ficha en cuadro de espera",
 };
 
+// Each answer agrees in gender with its question.
 constexpr const char* answers[optionCount + 1][2] = {
     {"", ""},
     {"Activada", "Desactivada"},

@@ -47,6 +47,7 @@ void Personal::AddButtons() {
     connect(back, &QAbstractButton::clicked, this, [this] { ShowRules(false); });
 }
 
+// Names, levels and the speed show themselves where they are edited: no page has to be drawn again.
 void Personal::ConnectPages() {
     const auto chosen = [this](Option option, Colour player) { OptionChosen(option, player); };
     settingsPage_->Chosen = chosen;
@@ -65,6 +66,7 @@ void Personal::ConnectPages() {
     };
 }
 
+// The focus goes to the first option of the page, because the control that had it is hidden now.
 void Personal::ShowRules(bool rules) {
     settingsPage_->setVisible(!rules);
     rulesPage_->setVisible(rules);
@@ -85,6 +87,8 @@ void Personal::OptionChosen(Option option, Colour player) {
     Changed();
 }
 
+// The order of play and the number of players shape the game that is being played; rules apply from the
+// next throw on, and everything else does not touch the game. The doubled blanks belong to the text.
 QString Personal::RefusalOf(Option option) const {
     if (!gameInProgress_) return {};
     if (option == Option::PlayOrder) {
@@ -98,12 +102,14 @@ QString Personal::RefusalOf(Option option) const {
     return {};
 }
 
+// An answer may show or hide other options, on the other page, too.
 void Personal::Changed() {
     settingsPage_->ShowSettings();
     rulesPage_->ShowSettings();
     if (hooks_.Applied) hooks_.Applied();
 }
 
+// From the rules Escape leads back to the first page; only there it leaves the window.
 void Personal::KeyPressed(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && rulesPage_->isVisible()) {
         ShowRules(false);
@@ -112,6 +118,7 @@ void Personal::KeyPressed(QKeyEvent* event) {
     }
 }
 
+// Refused with the sound of leaving: that is heard at every press of the button.
 void Personal::Leave() {
     TheServices().PlaySound(Sound::Accept);
     const auto& active = settings_.PlayerActive;

@@ -32,6 +32,7 @@ void PictureButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const double ratio = services_.devicePixelRatio;
+    // In device pixels, so that the pixmap is copied and never stretched.
     QPixmap pixmap = services_.artwork.Picture(isDown() ? drawing_ + "_pressed" : drawing_,
                                                (QSizeF(size()) * ratio).toSize());
     pixmap.setDevicePixelRatio(ratio);

@@ -7,6 +7,7 @@
 namespace zorva {
 namespace {
 
+// What a person does. Moves of the mouse are none: they press nothing, and cursors follow them.
 bool IsInput(QEvent::Type type) {
     switch (type) {
         case QEvent::KeyPress:
@@ -47,7 +48,7 @@ void DiscardQueuedInput() {
     InputSink sink;
     QCoreApplication::instance()->installEventFilter(&sink);
     QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();  // what the window system has not handed over yet
 }
 
 }  // namespace zorva

@@ -53,6 +53,7 @@ void RulesPage::DrawPage(QPainter& painter) {
              {14, QFont::Bold}, Qt::AlignHCenter);
 }
 
+// All of them: this page is never repainted in parts.
 void RulesPage::DrawOptions(QPainter& painter) {
     for (const OptionPlace& rule : Places()) {
         if (IsShown(rule)) DibujaSelectorNormas(painter, rule);

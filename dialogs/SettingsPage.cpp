@@ -31,6 +31,7 @@ constexpr Box commonSheet{17, 266, 590, 104};
 constexpr Box speedLabel{418, 322, 150, 17};
 constexpr Box speedSlider{418, 341, Slider::Width, Slider::Height};
 
+// The blocks stand side by side, 6 pixels apart.
 Point BlockCorner(Colour player) {
     return {ToShort(17 + (player - 1) * (blockWidth + 6)), blockTop};
 }
@@ -100,6 +101,7 @@ void SettingsPage::OrderFocus() {
     for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
+// Controls take the name of their colour for screen readers, which do not see in whose block they are.
 void SettingsPage::AddPlayer(Colour player) {
     const QString colour = QString::fromStdString(DefaultName(player));
     auto* name = new NameBox(this, TheServices(), QStringLiteral("Txt_Nombre_%1").arg(player),
@@ -113,7 +115,7 @@ void SettingsPage::AddPlayer(Colour player) {
     Place(level, InBlock(player, levelSlider));
     connect(level, &QAbstractSlider::valueChanged, this, [this, player](int value) {
         if (LevelSet) LevelSet(player, ToShort(value));
-        Redraw(InBlock(player, levelLabel));
+        Redraw(InBlock(player, levelLabel));  // with the number; the slider draws itself
     });
     names_[player] = name;
     levels_[player] = level;
@@ -128,6 +130,7 @@ void SettingsPage::AddSpeed() {
     });
 }
 
+// Setting a slider calls LevelSet or SpeedSet with the value that the settings hold already.
 void SettingsPage::ShowSettings() {
     for (Colour player = 1; player <= ColourCount; ++player) {
         const bool active = Shown().PlayerActive[player] == 1;
@@ -155,6 +158,8 @@ void SettingsPage::DrawPage(QPainter& painter) {
     DrawSliderLabel(painter, speedLabel, " Velocidad de juego ", Shown().Speed);
 }
 
+// Of a player who takes no part only the header and the state are drawn; the state is an option, and the
+// page draws options by itself.
 void SettingsPage::DrawPlayer(QPainter& painter, Colour player) {
     const Point corner = BlockCorner(player);
     const QRectF block(corner.x, corner.y, blockWidth, blockHeight);
@@ -168,6 +173,7 @@ void SettingsPage::DrawPlayer(QPainter& painter, Colour player) {
                     Shown().PlayerLevel[player]);
 }
 
+// The colour's own name and a piece of it: the player may bear any other name.
 void SettingsPage::DrawHeader(QPainter& painter, Colour player) {
     const Point corner = BlockCorner(player);
     const BlockColours& colours = ColoursOf(player);

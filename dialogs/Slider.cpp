@@ -30,6 +30,7 @@ void Slider::paintEvent(QPaintEvent*) {
     if (hasFocus()) decoration::DrawFocus(painter, QRectF(1.5, 1.5, Width - 3, Height - 3), 5);
 }
 
+// Only the left button on the marker begins a drag: a stray click must not throw the value away.
 void Slider::mousePressEvent(QMouseEvent* event) {
     dragging_ = event->button() == Qt::LeftButton && MarkerBox().contains(LayoutPoint(*event));
 }
@@ -49,6 +50,7 @@ void Slider::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
 
+// Qt would change the value by Up and Down, too; in these windows they go to the next control.
 void Slider::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Up: focusNextPrevChild(false); break;
@@ -57,6 +59,7 @@ void Slider::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+// The middle of the marker stands at the value.
 QRectF Slider::MarkerBox() const {
     return {value() + EndMargin - MarkerWidth / 2.0, 0, MarkerWidth, Height};
 }
@@ -65,6 +68,7 @@ QPointF Slider::LayoutPoint(const QMouseEvent& event) const {
     return event.position() / services_.ToLogical(1);
 }
 
+// `value` is where the cursor is, in steps from the left end; it may lie outside the range.
 void Slider::DragTo(double value) {
     if (value < minimum() || value > maximum()) {
         dragging_ = false;

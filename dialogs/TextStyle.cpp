@@ -25,11 +25,11 @@ WrappedText::WrappedText(const QString& text, double width, const TextStyle& sty
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout_.setTextOption(option);
-    layout_.setCacheEnabled(true);
+    layout_.setCacheEnabled(true);  // lines are asked for again at every painting
     layout_.beginLayout();
     for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
         line.setLineWidth(width * fine);
-        line.setPosition({0, 0});
+        line.setPosition({0, 0});  // Draw puts them where they belong
     }
     layout_.endLayout();
 }
@@ -62,6 +62,7 @@ void DrawLine(QPainter& painter, const QRectF& box, const QString& text, TextSty
     const double indent = alignment & Qt::AlignRight     ? spare
                           : alignment & Qt::AlignHCenter ? spare / 2
                                                          : 0;
+    // The painter counts in fine units while it writes.
     painter.save();
     painter.translate(box.left() + indent, base);
     painter.scale(1 / fine, 1 / fine);

@@ -4,6 +4,7 @@
 #include <QEvent>
 
 #include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
 #include "dialogs/PictureButton.h"
 #include "dialogs/QueuedInput.h"
 
@@ -28,7 +29,8 @@ bool NamesItsButtons(const QString& text) {
     return text.contains("Aceptar") && text.contains("Cancelar");
 }
 
-// A title is never wrapped: a long one gets a smaller font.
+// A title is never wrapped: a long one gets a smaller font, by a hundredth more than it takes, because
+// widths do not shrink quite as the size does.
 TextStyle TitleStyle(const QString& title) {
     TextStyle style{12.5, QFont::Bold};
     const double room = MessageWidth - 8;
@@ -39,6 +41,7 @@ TextStyle TitleStyle(const QString& title) {
 
 }  // namespace
 
+// The text is fitted twice, because the base class wants the size before there are members.
 mensajes::mensajes(QWidget* parent, const Services& services, const QString& title, const QString& text,
                    Short lineCount, MessageButtons buttons)
     : BoardDialog(
@@ -50,6 +53,8 @@ mensajes::mensajes(QWidget* parent, const Services& services, const QString& tit
     Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleStyle(title)), titleBox);
     Place(new MessageLabel(this, services, "Tex_Mensaje", text, fit_.style), TextBox(fit_.lineCount));
     AddButtons(text);
+    // Not a button has the focus but a control that cannot be seen, so that every key comes to the
+    // window.
     focusHolder_ = new QWidget(this);
     focusHolder_->setObjectName("Pic_Focus");
     focusHolder_->setAccessibleName(title);
@@ -77,11 +82,8 @@ void mensajes::AddButtons(const QString& text) {
 
 void mensajes::DrawGround(QPainter& painter) {
     BoardDialog::DrawGround(painter);
-    const auto draw = [&painter](const Box& box) {
-        decoration::DrawSunkenPaper(painter, QRectF(box.x, box.y, box.width, box.height));
-    };
-    draw(titleBox);
-    draw(TextBox(fit_.lineCount));
+    decoration::DrawSunkenPaper(painter, ToRect(titleBox));
+    decoration::DrawSunkenPaper(painter, ToRect(TextBox(fit_.lineCount)));
 }
 
 // Any key says yes, Escape included: which key it is, is deliberately not asked.
@@ -89,7 +91,7 @@ void mensajes::KeyPressed(QKeyEvent*) {
     Accept();
 }
 
-// Tab is a key like any other here.
+// Tab is a key like any other here: it answers.
 bool mensajes::focusNextPrevChild(bool) {
     return false;
 }
