@@ -46,6 +46,9 @@ class Picture:
         first = (self.start + row * self.row_bytes + x * 4 for row in rows)
         return b"".join(self._data[at:at + width * 4] for at in first)
 
+    def same_as(self, other):
+        return self._data == other._data
+
     def save(self, path):
         """Writes a PNG file."""
         rows = []

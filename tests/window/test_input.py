@@ -21,26 +21,21 @@ class BoardTest(WindowTest):
         self.before = game_at(positions, turn=YELLOW)
         self.start(Settings(**{"pause": ON, **settings}), self.before)
 
-    def whole(self, picture):
-        return picture.part(0, 0, picture.width, picture.height)
-
-    def settled_screen(self):
-        return self.whole(self.settled_picture())
-
-    def around(self, picture, point):
-        """What is drawn at a point of the layout, within a piece's size of it."""
-        size = self.layout.piece_size
-        return self.part(picture, (point[0] - size, point[1] - size, 2 * size, 2 * size))
+    def assert_looks(self, wanted, what):
+        self.assertTrue(self.settled_picture().same_as(wanted), what)
 
     def look_same(self, one, other, point):
-        return self.around(one, point) == self.around(other, point)
+        """Whether the same is drawn within a piece's size of a point of the layout."""
+        size = self.layout.piece_size
+        box = (point[0] - size, point[1] - size, 2 * size, 2 * size)
+        return self.part(one, box) == self.part(other, box)
 
     def assert_nothing_happens(self, acts, what):
         """Does all of it and sees that neither the game nor the picture changes."""
-        before, stamp = self.settled_screen(), self.file_stamp()
+        before, stamp = self.settled_picture(), self.file_stamp()
         for act in acts:
             act()
-        self.assertEqual(self.settled_screen(), before, what)
+        self.assert_looks(before, what)
         self.assertEqual(self.file_stamp(), stamp, what)
 
     def begin_and_throw(self, **settings):
@@ -80,7 +75,7 @@ class Picking(BoardTest):
             before = self.begin_and_throw(tutor=tutor)
             ready = before if tutor == ON else self.settled_picture()
             ask()
-            self.wait_until(lambda: self.whole(self.display.picture()) != self.whole(ready), "the advice")
+            self.wait_until(lambda: not self.display.picture().same_as(ready), "the advice")
             advised = self.settled_picture()
             self.display.key("Return")
             played = self.last_record()
@@ -148,13 +143,13 @@ class ShiftingByHand(BoardTest):
         self.assert_shift(YELLOW, 0, 4, 20, 21)
 
     def test_keys_and_right_clicks_leave_the_mode_first(self):
-        ready, stamp = self.settled_screen(), self.file_stamp()
+        ready, stamp = self.settled_picture(), self.file_stamp()
         for leave in (lambda: self.display.key("space"), lambda: self.click_board(button=3)):
             self.enter_mode()
             self.assert_nothing_happens([self.click_board, lambda: self.display.key("ctrl+Home"),
                                          lambda: self.click_recorder("on/off")], "manual mode")
             leave()
-            self.assertEqual(self.settled_screen(), ready, "something of the manual mode stayed")
+            self.assert_looks(ready, "something of the manual mode stayed")
             self.assertEqual(self.file_stamp(), stamp, "leaving manual mode threw the die")
         self.display.key("space")
         self.last_record()
@@ -163,9 +158,9 @@ class ShiftingByHand(BoardTest):
 class Queueing(BoardTest):
     def test_a_click_during_a_walk_is_not_lost(self):
         self.begin(APART, speed=50)
-        still = self.settled_screen()
+        still = self.settled_picture()
         self.click_board()
-        self.wait_until(lambda: self.whole(self.display.picture()) != still, "the throw")
+        self.wait_until(lambda: not self.display.picture().same_as(still), "the throw")
         self.click_board()
         self.assertEqual(self.game().moves, self.before.moves, "the first walk was over already")
         self.wait_for_moves(self.before.moves + 2)
@@ -208,7 +203,7 @@ class Keys(BoardTest):
             self.wait_until(lambda: self.look_same(before, self.display.picture(), button), "the glow's end")
         for click in (1, 2, 3):
             self.click(self.layout.square(30), click)
-        self.assertEqual(self.settled_screen(), self.whole(before))
+        self.assert_looks(before, "clicks without a game")
 
 
 if __name__ == "__main__":

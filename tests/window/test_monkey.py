@@ -1,28 +1,27 @@
 """A monkey at the window: it clicks, drags, types, resizes and closes without sense, at full speed.
 
 Again and again it stops and leaves the program as a player would. The program must then end with status 0,
-which the sanitizers refuse on any finding, and its file must hold a possible position. A program that hangs
-cannot be left. The environment variable ZORVA32 names the program; zorva-sim of the same build reads the file.
-
-Usage: monkey.py [--seconds N] [--seed S] [--screen WIDTHxHEIGHT]
+which the sanitizers refuse on any finding, and its file must hold a possible position, by zorva-sim of the same
+build. A program that hangs cannot be left. The environment variables ZORVA_SECONDS, ZORVA_SEED and ZORVA_SCREEN
+say how long the monkey plays, which nonsense, and on a screen of which size.
 """
 
-import argparse
 import os
 import random
+import signal
 import subprocess
-import sys
 import time
+import unittest
 from pathlib import Path
 
 import inifile
-from display import Display
-from driver import Program
+from driver import WindowTest
 from inifile import COLOURS, PIECES
-from layout import BUTTONS, RECORDER_KEYS, Layout
+from layout import BUTTONS, RECORDER_KEYS
 
-ROUND = 15      # seconds of nonsense before the program is left
-TO_LEAVE = 120  # seconds that may take
+SECONDS = float(os.environ.get("ZORVA_SECONDS", "60"))
+ROUND = 15     # seconds of nonsense before the program is left
+TO_LEAVE = 60  # seconds that may take
 KEYS = ("F1 F2 F3 F4 F5 F6 Return Escape space Tab shift+Tab Left Right Up Down Home End Prior Next BackSpace "
         "Delete Insert s n a z ntilde 0 5 9 plus minus comma quotedbl dead_acute ctrl+Home ctrl+Left ctrl+Right "
         "ctrl+Up ctrl+Down ctrl+End ctrl+a ctrl+v ctrl+c ctrl+Return alt+F4 alt+F4 alt+Tab super F11 Menu").split()
@@ -32,27 +31,14 @@ SIZES = ("640 480", "800 600", "1024 768", "1280 720", "1366 768", "300 200", "1
 TO_GET_OUT = ("Escape", "Escape", "F6", "F6", "Return", "ctrl+Home", "Tab", "space")
 
 
-class Finding(Exception):
-    pass
-
-
-class Monkey:
-    def __init__(self, seed, width, height):
-        self.chance = random.Random(seed)
-        self.display = Display(width, height)
-        self.program = Program(self.display, os.environ["ZORVA32"])
-        self.sim = Path(os.environ["ZORVA32"]).resolve().parents[1] / "tools/zorva-sim"
-        self.layout = Layout(width, height)
-        self.done = 0
-
-    def close(self):
-        self.program.close()
-        self.display.close()
+class Monkey(WindowTest):
+    screen = tuple(map(int, os.environ.get("ZORVA_SCREEN", "1024x768").split("x")))
+    dice_fall_the_same_way = False  # the library for that would come before the sanitizers'
 
     # -------------------------------------------------------------------------------- nonsense
 
     def to_somewhere(self):
-        """Points at the screen: most of the time at something."""
+        """A movement of the mouse: most of the time to something."""
         chance, layout = self.chance, self.layout
         places = (lambda: layout.button(chance.choice(BUTTONS)),
                   lambda: layout.recorder_key(chance.choice(RECORDER_KEYS)),
@@ -60,9 +46,8 @@ class Monkey:
                   lambda: layout.box(chance.choice(COLOURS), chance.choice(PIECES)),
                   lambda: layout.house(chance.choice(COLOURS)),
                   lambda: (layout.width / 2 + chance.choice((-64, 0, 64)), layout.height / 2 + chance.randint(0, 120)))
-        if chance.random() < 0.6:
-            return "mousemove %d %d" % layout.device(chance.choice(places)())
-        return "mousemove %d %d" % (chance.randrange(self.display.width), chance.randrange(self.display.height))
+        anywhere = [chance.randrange(size) for size in self.screen]
+        return "mousemove %d %d" % (layout.device(chance.choice(places)()) if chance.random() < 0.6 else (*anywhere,))
 
     def wander(self, most):
         return [self.to_somewhere() for _ in range(self.chance.randint(1, most))]
@@ -90,67 +75,52 @@ class Monkey:
                 lambda: ["type --delay 0 " + chance.choice(("Ñandú", "a" * 20, "€uro", "x,y"))]: 2}
         self.display.act(*chance.choices(list(ways), ways.values())[0]())
 
+    def ask_manager(self, *words):
+        subprocess.run(["xdotool", *words], env=self.display.environment, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, timeout=TO_LEAVE, check=False)
+
     def treat_window(self):
         """Resizes, moves or hides the window; the window manager decides what comes of it."""
         way = self.chance.choice((["windowsize", *self.chance.choice(SIZES).split()], ["windowminimize"],
                                   ["windowmove", *(str(self.chance.randint(-300, 700)) for _ in "xy")]))
-        self.ask("getactivewindow", *way)
+        self.ask_manager("getactivewindow", *way)
         if way == ["windowminimize"]:
             self.start_second()
 
     def start_second(self):
         """A second start brings the first to the front; or becomes the first when that has just ended."""
         first, second = self.program.process, self.program.spawn()
-        end = time.monotonic() + TO_LEAVE
-        while second.poll() is None and first.poll() is None:
-            if time.monotonic() > end:
-                second.kill()
-                raise Finding("the second start does not end")
-            time.sleep(0.01)
+        self.wait_until(lambda: second.poll() is not None or first.poll() is not None, "one of two", TO_LEAVE)
         if first.poll() is not None:
             self.check()
             self.program.process = second
-        elif second.returncode != 0:
-            raise Finding("the second start ended with status %d" % second.returncode)
-
-    def ask(self, *words):
-        subprocess.run(["xdotool", *words], env=self.display.environment, stdout=subprocess.DEVNULL,
-                       stderr=subprocess.DEVNULL, timeout=TO_LEAVE, check=False)
+        else:
+            self.assertEqual(second.returncode, 0, "the second start")
 
     # ---------------------------------------------------------------------------------- rounds
-
-    def act(self):
-        (self.input if self.chance.random() < 0.97 else self.treat_window)()
-        self.done += 1
-        if self.chance.random() < 0.2:
-            time.sleep(self.chance.uniform(0, 0.03))
 
     def leave(self):
         """Presses what leaves one window or another, as a player does who only wants to get out."""
         self.display.act(*("mouseup %d" % button for button in (1, 2, 3)),
                          *("keyup " + key for key in ("ctrl", "alt", "shift", "super")))
-        end = time.monotonic() + TO_LEAVE
-        while self.program.is_running():
-            window = self.display.active_window()
-            if not self.display.has_manager or time.monotonic() > end:
-                raise Finding("cannot be left within %d s; on top is %s" % (TO_LEAVE, window))
-            if window is None:
-                self.ask("search", "--class", "zorva32", "windowactivate", "%@")
+
+        def is_out():
+            self.assertTrue(self.display.has_manager, "the window manager has ended")
+            if self.display.active_window() is None:
+                self.ask_manager("search", "--class", "zorva32", "windowactivate", "%@")
             self.display.act(*self.keys(1, TO_GET_OUT))
             time.sleep(0.1)
+            return not self.program.is_running()
+
+        self.wait_until(is_out, "the way out", TO_LEAVE)
 
     def check(self):
-        status = self.program.process.returncode
-        if status != 0:
-            raise Finding("the program ended with status %d" % status)
-        read = subprocess.run([self.sim, "match", "--games", "1", "--seed", "1", "--threads", "1",
-                               "--settings", self.program.ini], stdout=subprocess.DEVNULL, check=False)
-        if read.returncode != 0:
-            raise Finding("the file cannot be read")
-        strange = {entry.name for entry in self.program.folder.iterdir()} - {"zorva32", "ZORVA32.HLP", "ZORVA32.INI",
-                                                                              "ZORVA32.HIS"}
-        if strange:
-            raise Finding("files are left over: %s" % sorted(strange))
+        self.assertEqual(self.program.process.returncode, 0, "the program's status")
+        sim = Path(os.environ["ZORVA32"]).resolve().parents[1] / "tools/zorva-sim"
+        subprocess.run([sim, "match", "--games", "1", "--seed", "1", "--threads", "1", "--settings", self.program.ini],
+                       stdout=subprocess.DEVNULL, check=True)
+        self.assertLessEqual({entry.name for entry in self.program.folder.iterdir()},
+                             {"zorva32", "ZORVA32.HLP", "ZORVA32.INI", "ZORVA32.HIS"})
 
     def round(self, seconds):
         if self.chance.random() < 0.3:
@@ -161,35 +131,24 @@ class Monkey:
         self.program.start()
         end = time.monotonic() + seconds
         while time.monotonic() < end and self.program.is_running():
-            self.act()
+            (self.input if self.chance.random() < 0.97 else self.treat_window)()
+            self.done += 1
+            if self.chance.random() < 0.2:
+                time.sleep(self.chance.uniform(0, 0.03))
         self.leave()
         self.check()
 
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--seconds", type=float, default=60)
-    parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--screen", default="1024x768")
-    options = parser.parse_args()
-    monkey = Monkey(options.seed, *map(int, options.screen.split("x")))
-    end = time.monotonic() + options.seconds
-    rounds = games = 0
-    try:
+    def test_nonsense(self):
+        signal.alarm(0)
+        self.chance, self.done = random.Random(int(os.environ.get("ZORVA_SEED", "1"))), 0
+        end = time.monotonic() + SECONDS
+        rounds = games = 0
         while time.monotonic() < end:
-            monkey.round(min(ROUND, max(1, end - time.monotonic())))
+            self.round(min(ROUND, max(1, end - time.monotonic())))
             rounds += 1
-            games += b"\r\n-1," in monkey.program.ini.read_bytes()
-    except Finding as finding:
-        monkey.display.picture().save(os.path.join(os.environ.get("ZORVA_PICTURES", "."), "monkey.png"))
-        print("seed %d, round %d, action %d: %s" % (options.seed, rounds + 1, monkey.done, finding))
-        return 1
-    finally:
-        monkey.close()
-    print("seed %d: %d actions in %d rounds, %d of them left in the middle of a game"
-          % (options.seed, monkey.done, rounds, games))
-    return 0
+            games += b"\r\n-1," in self.program.ini.read_bytes()
+        print("%d actions in %d rounds, %d of them left in the middle of a game" % (self.done, rounds, games), flush=True)
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    unittest.main()
