@@ -7,19 +7,13 @@ import subprocess
 import tempfile
 import time
 import zlib
-from typing import NamedTuple
+from collections import namedtuple
 
 # A program that is started through this ends together with the tests, however they end.
 BOUND = ("setpriv", "--pdeathsig", "KILL", "--")
 
 
-class Window(NamedTuple):
-    id: str
-    title: str
-    x: int
-    y: int
-    width: int
-    height: int
+Window = namedtuple("Window", "id title x y width height")
 
 
 class Picture:
@@ -202,8 +196,8 @@ class Display:
     def move(self, x, y):
         self.act("mousemove %d %d" % (x, y))
 
-    def click(self, x, y, button=1):
-        self.act("mousemove %d %d" % (x, y), "click %d" % button)
+    def click(self, x, y, *buttons):
+        self.act("mousemove %d %d" % (x, y), *("click %d" % button for button in buttons or (1,)))
 
     def drag(self, start, end, steps=8):
         way = (tuple(a + (b - a) * step / steps for a, b in zip(start, end)) for step in range(1, steps + 1))

@@ -1,7 +1,7 @@
 """ZORVA32.INI: the settings, and the game in progress, as the tests write and read them."""
 
+from collections import namedtuple
 from dataclasses import astuple, dataclass, field
-from typing import NamedTuple
 
 COLOURS = PIECES = (1, 2, 3, 4)
 GOAL_SQUARE = {1: 76, 2: 84, 3: 92, 4: 100}
@@ -30,22 +30,9 @@ class Settings:
     speed: int = 100
 
 
-class Record(NamedTuple):
-    """One move, its fields in the order of the file."""
-
-    mover: int
-    following: int = 0
-    die: int = 0
-    count: int = 0
-    piece: int = 0
-    start: int = 0
-    to: int = 0
-    repeat: int = 0
-    manual: int = 0
-    on_behalf: int = 0
-    turn_end: int = 0
-
-
+# One move, its fields in the order of the file.
+Record = namedtuple("Record", "mover following die count piece start to repeat manual on_behalf turn_end",
+                    defaults=(0,) * 10)
 RECORD_FORMAT = "%d%d%d%2d%d%3d%3d%d%d%d%d"
 RECORD_CELLS = (0, 1, 2, 3, 5, 6, 9, 12, 13, 14, 15, 16)
 

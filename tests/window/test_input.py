@@ -68,6 +68,7 @@ class Picking(BoardTest):
 
     def test_advice_shows_what_a_key_plays(self):
         self.begin(TWO_TO_CHOOSE, types=PERSON_IS_YELLOW)
+        self.play_moves(1)  # leaves advice behind that is no longer good
         asks = (lambda: self.display.key("F5"), lambda: self.click_button("advice"))
         self.assert_nothing_happens(asks, "advice before the throw")
         for tutor, ask in ((OFF, asks[0]), (OFF, asks[1]), (ON, self.rest_pointer)):
@@ -141,6 +142,10 @@ class ShiftingByHand(BoardTest):
             self.assert_nothing_happens([lambda: self.drag_piece(colour, piece, to)], what)
         self.drag_piece(YELLOW, 4, self.layout.square(21))
         self.assert_shift(YELLOW, 0, 4, 20, 21)
+        # Without manual mode this is a click, which throws.
+        self.drag_piece(YELLOW, 4, self.layout.square(22))
+        self.display.key("Return")
+        self.assertEqual(self.wait_for_moves(self.moves + 1).records[self.moves].manual, 0)
 
     def test_keys_and_right_clicks_leave_the_mode_first(self):
         ready, stamp = self.settled_picture(), self.file_stamp()

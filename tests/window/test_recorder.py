@@ -6,7 +6,8 @@ from pathlib import Path
 import board
 import inifile
 from driver import ABANDON_TITLE, DRAW_TITLE, EXIT_TITLE, START_TITLE, WindowTest
-from inifile import COLOURS, COMPUTER, ON, PERSON, Settings, positions_after
+from inifile import ON, Settings, positions_after
+from layout import RECORDER_KEYS
 
 NOTICE_TITLE = "Tecla no activa"
 TAPE = Path(__file__).parent.parent / "data/games/game15/expected.INI"
@@ -22,8 +23,7 @@ class RecorderTest(WindowTest):
         self.tape = inifile.from_bytes(TAPE.read_bytes())[1]
         self.start(Settings(pause=ON, speed=self.speed), self.tape)
         self.press = self.click_recorder
-        self.off = self.key_part("on/off")
-        self.up = self.automatic_keys()
+        self.keys_down()
 
     def positions(self, picture):
         """The numbers of moves after which the board looks like this; several when a colour passes."""
@@ -42,26 +42,22 @@ class RecorderTest(WindowTest):
     def log_part(self):
         return self.part(self.settled_picture(), self.layout.log)
 
-    def key_part(self, key):
-        x, y = self.layout.recorder_key(key)
-        return self.part(self.display.picture(), (x - 10, y - 6, 20, 12))
+    def keys_down(self):
+        """Which keys of the recorder are drawn otherwise than at the start of the test."""
+        picture = self.display.picture()
+        parts = {key: self.part(picture, (x - 10, y - 6, 20, 12)) for key, (x, y) in zip(RECORDER_KEYS, self.layout.keys)}
+        self.up = getattr(self, "up", parts)
+        return {key for key in parts if parts[key] != self.up[key]}
 
-    def automatic_keys(self):
-        return [self.key_part("auto back"), self.key_part("auto forward")]
-
-    def switch_on(self):
+    def switch(self, on):
         self.press("on/off")
-        self.wait_until(lambda: self.key_part("on/off") != self.off, "the recorder to be on")
-
-    def switch_off(self):
-        self.press("on/off")
-        self.wait_until(lambda: self.key_part("on/off") == self.off, "the recorder to be off")
+        self.wait_until(lambda: self.keys_down() == ({"on/off"} if on else set()), "the key for on and off")
 
     def replay_to(self, key, moves):
         """Presses an automatic key and waits until the replay has ended by itself there."""
         self.press(key)
         self.wait_for_position(moves)
-        self.wait_until(lambda: self.automatic_keys() == self.up, "the automatic keys to be up")
+        self.wait_until(lambda: self.keys_down() == {"on/off"}, "the automatic keys to be up")
 
     def step_to(self, moves, start):
         """Steps back one by one and looks at every position on the way."""
@@ -73,7 +69,7 @@ class RecorderTest(WindowTest):
 class Replaying(RecorderTest):
     def walk_through(self):
         end = self.tape.moves
-        self.switch_on()
+        self.switch(on=True)
         self.replay_to("auto back", 0)
         self.press("back")
         self.press("auto back")
@@ -86,7 +82,7 @@ class Replaying(RecorderTest):
         self.press("auto forward")
         self.assert_stays_at(end, "forward from the end")
         self.step_to(end - 20, end)
-        self.switch_off()
+        self.switch(on=False)
         self.wait_for_position(end)
 
     def test_twice_through_a_whole_game(self):
@@ -94,24 +90,23 @@ class Replaying(RecorderTest):
         self.walk_through()
         self.press = lambda key: self.display.key(KEYBOARD[key])
         self.walk_through()
-        self.wait_until(lambda: self.part(self.settled_picture(), (0, 0, self.layout.width, self.layout.height)) ==
-                        self.part(before, (0, 0, self.layout.width, self.layout.height)), "everything as before")
+        self.assertTrue(self.settled_picture().same_as(before), "not everything is as before")
         self.assertEqual(self.file_stamp(), stamp, "a replay changed the file")
         self.click_board()
         self.wait_for_moves(self.tape.moves + 1)
         self.assertEqual(self.game().records[:self.tape.moves], self.tape.records)
 
     def test_the_game_stands_still_meanwhile(self):
-        self.switch_on()
-        position = self.tape.moves - 3
+        log, position = self.log_part(), self.tape.moves - 3
+        self.switch(on=True)
         self.step_to(position, self.tape.moves)
+        self.assertNotEqual(self.log_part(), log, "the log marks the position")
         stamp = self.file_stamp()
         self.click_board()
         self.click_board(button=3)
         self.display.key("space", "Return", "Tab", "F5")
         self.assert_stays_at(position)
-        for leave in (lambda: self.click_button("leave"), lambda: self.display.key("F6"),
-                      lambda: self.display.key("alt+F4")):
+        for leave in self.ways_to_leave:
             leave()
             self.answer(EXIT_TITLE)
             self.wait_for_board()
@@ -129,7 +124,7 @@ class Stopping(RecorderTest):
     speed = 90  # slow enough to be stopped on the way
 
     def test_only_its_own_key_stops_an_automatic_replay(self):
-        self.switch_on()
+        self.switch(on=True)
         ends = {"auto back": 0, "auto forward": self.tape.moves}
         for key, other in (("auto back", "auto forward"), ("auto forward", "auto back")):
             # All at once: on a busy machine the replay could end between two clicks.
@@ -140,8 +135,15 @@ class Stopping(RecorderTest):
             self.assertTrue(reached)
             self.assertFalse(set(reached) & set(ends.values()), "the replay was not stopped on its way")
             self.press(key)
-            self.wait_until(lambda: self.automatic_keys() != self.up, "the replay to begin")
-            self.replay_to(other, ends[key])
+            self.wait_until(lambda: key in self.keys_down(), "the replay to begin")
+            self.press(other)
+
+            def is_over():
+                self.assertNotIn(other, self.keys_down(), "both replays at once")
+                return self.keys_down() == {"on/off"}
+
+            self.wait_until(is_over, "the end of the replay")
+            self.wait_for_position(ends[key])
 
 
 class Restoring(RecorderTest):
@@ -154,7 +156,7 @@ class Restoring(RecorderTest):
     def restore(self, back):
         """Steps back that far and restores; returns how many moves are left."""
         start = self.tape.moves
-        self.switch_on()
+        self.switch(on=True)
         self.step_to(start - back, start)
         left = self.restored_from(start - back)
         self.press("restore")
@@ -163,12 +165,12 @@ class Restoring(RecorderTest):
         return left
 
     def test_at_the_end_the_key_explains_itself(self):
-        self.switch_on()
+        self.switch(on=True)
         self.press("restore")
         self.answer(NOTICE_TITLE)
         self.wait_for_board()
         self.assert_stays_at(self.tape.moves)
-        self.switch_off()
+        self.switch(on=False)
 
     def test_restore_and_play_on_twice(self):
         for back in (30, 17):
@@ -191,7 +193,7 @@ class Restoring(RecorderTest):
 
     def test_a_new_game_ends_the_replay(self):
         for key in ("auto back", "back"):
-            self.switch_on()
+            self.switch(on=True)
             self.step_to(self.tape.moves - 3, self.tape.moves)
             self.press(key)
             self.display.key("F2")
@@ -201,7 +203,7 @@ class Restoring(RecorderTest):
             self.assertEqual(self.game().records, [])
             self.assertFalse(self.game().in_progress)
             self.play_moves(12)
-            self.assertEqual((self.key_part("on/off"), self.automatic_keys()), (self.off, self.up))
+            self.assertEqual(self.keys_down(), set())
             self.tape = self.game()
 
 
