@@ -6,7 +6,7 @@ from pathlib import Path
 import board
 import inifile
 from driver import ABANDON_TITLE, DRAW_TITLE, EXIT_TITLE, START_TITLE, WindowTest
-from inifile import ON, Settings, positions_after
+from inifile import COLOURS, ON, PERSON, Settings, game_at, positions_after
 from layout import RECORDER_KEYS
 
 NOTICE_TITLE = "Tecla no activa"
@@ -205,6 +205,44 @@ class Restoring(RecorderTest):
             self.play_moves(12)
             self.assertEqual(self.keys_down(), set())
             self.tape = self.game()
+
+
+class Dice(WindowTest):
+    def houses(self):
+        """For each colour a spot of its house, which lies in the shade or not, and the middle of its tray, with the
+        face of a die but not its edges."""
+        picture = self.settled_picture()
+        return {colour: (self.part(picture, (left + 8, top + height - 14, 6, 6)),
+                         self.part(picture, (x + side / 5, y + side / 5, side * 3 / 5, side * 3 / 5)))
+                for colour, (left, top, _, height), (x, y, side, _) in zip(COLOURS, self.layout.houses, self.layout.trays)}
+
+    def test_dice_and_houses_look_at_each_position_as_they_did(self):
+        spots = {colour: [first, first + 1] for colour, first in zip(COLOURS, (6, 23, 40, 57))}
+        self.start(Settings(types=(PERSON,) * 4, pause=ON), game_at(spots, turn=1))
+        first, thrown, lit = self.game().moves, {}, {}
+        while len(thrown) < 10:
+            before = self.game()
+            if not self.advances(self.click_board):
+                lit[before.colour], seen = self.houses()[before.colour]
+                self.display.key("Return")
+                last = self.wait_for_moves(before.moves + 1).records[before.moves]
+                if last.count != 20:  # a bonus is counted without a throw
+                    thrown[last.mover, last.die] = seen
+                self.settle()
+        tape = self.game().records
+        self.display.key("ctrl+Home")
+        for key, positions in (("ctrl+Left", range(len(tape) - 1, first, -1)),
+                               ("ctrl+Right", range(first + 2, len(tape)))):
+            for position in positions:
+                self.display.key(key)
+                last, houses = tape[position - 1], self.houses()
+                self.assertEqual([colour for colour in COLOURS if houses[colour][0] == lit[colour]],
+                                 [tape[position].mover], "the house in the light after move %d" % position)
+                dice = {colour: house[1] for colour, house in houses.items()}
+                die = dice.pop(last.mover)
+                # Where the player had no choice the throw was not seen.
+                self.assertTrue(die == thrown.get((last.mover, last.die), die), "after move %d" % position)
+                self.assertFalse(set(dice.values()) & set(thrown.values()), "another die after move %d" % position)
 
 
 if __name__ == "__main__":
