@@ -18,7 +18,6 @@
 #include "dialogs/careta.h"
 #include "dialogs/mensajes.h"
 #include "store/HistoryFile.h"
-#include "store/SavedGame.h"
 
 namespace zorva {
 namespace {
@@ -123,7 +122,7 @@ void Program::LoadGame() {
     settings_ = loaded_.content.settings;
     state_ = std::move(loaded_.content.state);
     ApplyChoices();
-    RebuildLog({state_, settings_, outside_});
+    RebuildLog({state_, settings_, outside_}, ToShort(state_.MoveRecordCount - 1));
 }
 
 void Program::TellAboutFiles() {
@@ -139,21 +138,7 @@ void Program::TellAboutFiles() {
 void Program::ContinueGame() {
     Tell("Continuar la partida anterior",
          "Continua el desarrollo de la partida que no finalizó en la sesión anterior.");
-    SeatPiecesOfContinuedGame();
-    PrepareToContinue(state_);
     runner_.Continue();
-}
-
-void Program::SeatPiecesOfContinuedGame() {
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (!IsTakingPart(settings_, colour)) continue;
-        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-            const PieceCode code = CodeOf(colour, piece);
-            outside_.PutDownPiece(code, state_.PositionOf(code));
-            outside_.PlaySound(Sound::Box);
-            outside_.Pause(15);
-        }
-    }
 }
 
 void Program::ComeToFront() {

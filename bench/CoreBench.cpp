@@ -3,11 +3,11 @@
 #include <vector>
 
 #include "core/Board.h"
-#include "core/Chance.h"
 #include "core/DecidedThrows.h"
 #include "core/GameStart.h"
 #include "core/Player.h"
 #include "core/Rules.h"
+#include "engine/Chance.h"
 #include "tools/Match.h"
 #include "tools/WithoutPeople.h"
 

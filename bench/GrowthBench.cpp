@@ -6,12 +6,12 @@
 #include <fstream>
 
 #include "core/Board.h"
-#include "core/Chance.h"
 #include "core/DecidedThrows.h"
 #include "core/Displacement.h"
 #include "core/GameStart.h"
 #include "core/Recorder.h"
 #include "core/Turns.h"
+#include "engine/Chance.h"
 #include "store/HistoryFile.h"
 #include "store/SettingsFile.h"
 #include "store/SettingsStorage.h"
@@ -27,8 +27,6 @@ namespace {
 class EndlessGame : public DecidedThrows {
 public:
     explicit EndlessGame(GameState& state) : state_(state) {}
-
-    bool IsWatched() const override { return false; }
 
     /// Plays until the state has that many records.
     void PlayUntil(Short records) {

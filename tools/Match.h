@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "core/GameState.h"
+#include "core/Settings.h"
 
 namespace zorva {
 
@@ -36,30 +36,12 @@ struct MatchPlan {
     std::uint64_t games = 0;
     std::uint64_t seed = 0;
     unsigned threads = 1;
-};
-
-/// Plays games of a match one after another. They have nothing in common but the room for their move
-/// records, so a player takes no more memory than its longest game.
-class MatchPlayer {
-public:
-    explicit MatchPlayer(const MatchPlan& plan);
-
-    /// Plays game `number` and adds it to the totals. Its chance comes from the seed and the number
-    /// alone; the first thing drawn from it is the colour that begins, each taking part as likely as the
-    /// others.
-    void Play(std::uint64_t number, MatchTotals& totals);
-
-    /// The game played last.
-    const GameState& Last() const { return state_; }
-
-private:
-    const Settings settings_;
-    const std::uint64_t seed_;
-    GameState state_;
+    bool byTheBook = false;  ///< played by the core, whose rules define the game, not by the engine
 };
 
 /// Plays the games 0 .. games - 1 on that many threads; the totals are the same for any number of
-/// them. `progress`, when there is one, is told a few times a second how many games are finished.
+/// them. `progress`, when there is one, is called a few times a second with the number of games
+/// finished.
 MatchTotals PlayMatch(const MatchPlan& plan, const std::function<void(std::uint64_t)>& progress);
 
 }  // namespace zorva

@@ -70,6 +70,7 @@ MatchPlan ReadPlan(const CommandLine& options) {
     if (options.Has("--threads")) {
         plan.threads = static_cast<unsigned>(options.Number("--threads", 1, mostThreads));
     }
+    plan.byTheBook = options.Has("--by-the-book");
     if (options.Has("--settings"))
         plan.settings = ReadSettingsArgument(options.Text("--settings")).settings;
     if (options.Has("--levels")) TakeLevels(options, plan.settings);
@@ -133,7 +134,7 @@ void MatchCommand(const std::vector<std::string>& arguments, std::ostream& out, 
     const CommandLine options(
         arguments,
         {"--games", "--seed", "--threads", "--settings", "--levels", "--players", "--rules", "--order"},
-        {});
+        {"--by-the-book"});
     const MatchPlan plan = ReadPlan(options);
     const auto tell = [&](std::uint64_t finished) {
         *progress << '\r' << finished << " of " << plan.games << " games" << std::flush;

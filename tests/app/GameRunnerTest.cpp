@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "core/Chance.h"
 #include "core/DecidedThrows.h"
 #include "core/Turns.h"
+#include "engine/Chance.h"
 
 namespace zorva::test {
 namespace {
@@ -118,6 +118,7 @@ TEST_F(RunnerTest, AContinuedGameGoesOnToItsEnd) {
     };
     state.GameInProgress = Yes;
     state.CurrentColour = 2;
+    state.MoveRecordCount = 2;
     runner.Continue();
     EXPECT_EQ(told, Told{"over"});
     EXPECT_EQ(waits, 5);

@@ -1,13 +1,12 @@
-#include "core/Chance.h"
+#include "core/Dice.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <set>
 #include <utility>
+#include <vector>
 
-#include "core/Dice.h"
 #include "core/SilentOutside.h"
+#include "engine/Chance.h"
 
 namespace zorva::test {
 namespace {
@@ -22,7 +21,7 @@ double ChiSquare(const std::vector<int>& counts, double expected) {
 class DiceByChance : public SilentOutside {
 public:
     Short RollFace() override { return chance_.Face(); }
-    void DrawDie(Colour, Short face) override { repeated += face == std::exchange(shown, face); }
+    void DrawDie(Colour, Short face, DieIs) override { repeated += face == std::exchange(shown, face); }
 
     Short shown = 0;
     int repeated = 0;  ///< faces that seemed not to turn
@@ -32,7 +31,7 @@ private:
 };
 
 // What is thrown while nobody sees the die roll is tested with the dice's statistics.
-TEST(Chance, MakesFacesAndPairsOfWatchedThrowsEquallyLikely) {
+TEST(Dice, MakesFacesAndPairsOfWatchedThrowsEquallyLikely) {
     GameState state;
     const Settings settings;
     DiceByChance outside;
@@ -51,24 +50,6 @@ TEST(Chance, MakesFacesAndPairsOfWatchedThrowsEquallyLikely) {
     // Chance alone exceeds these bounds once in ten thousand seeds.
     EXPECT_LT(ChiSquare(faces, throws / 6.0), 25.7);
     EXPECT_LT(ChiSquare(pairs, throws / 36.0), 78.0);
-}
-
-TEST(Chance, GivesEachStreamOfASeedNumbersOfItsOwn) {
-    std::set<std::uint64_t> numbers;
-    for (std::uint64_t stream = 0; stream < 1000; ++stream) {
-        Chance chance(stream / 100, stream % 100);
-        for (int draw = 0; draw < 20; ++draw) numbers.insert(chance.Next());
-    }
-    EXPECT_EQ(numbers.size(), 20'000U);
-}
-
-TEST(Chance, CountsUpToAnyBound) {
-    Chance chance(3);
-    for (std::uint32_t count = 1; count <= 12; ++count) {
-        std::vector<int> seen(count);
-        for (int draw = 0; draw < 1200; ++draw) ++seen.at(chance.Below(count));
-        EXPECT_GT(*std::min_element(seen.begin(), seen.end()), 0) << count;
-    }
 }
 
 }  // namespace

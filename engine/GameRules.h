@@ -1,0 +1,23 @@
+#pragma once
+
+#include <array>
+
+#include "core/Settings.h"
+#include "engine/Track.h"
+
+namespace zorva::engine {
+
+/// What the settings decide about a game of computer players, laid out by seat.
+struct GameRules {
+    explicit GameRules(const Settings& settings);
+
+    unsigned sixValue;          ///< squares of a six with no piece in the box: 7 or 12
+    bool countsFromFirstThrow;  ///< four in the box: a piece leaves with any throw
+    bool fiveBringsTwo;         ///< ... and a five brings out two
+    bool fiveMustLeave;         ///< a five with a piece in the box must bring one out
+
+    std::array<Short, SeatCount> level{};  ///< 0..100
+    std::array<Seat, SeatCount> next{};    ///< the seat whose turn comes after each
+};
+
+}  // namespace zorva::engine

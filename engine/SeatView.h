@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "engine/Position.h"
+
+namespace zorva::engine {
+
+/// The board as one seat sees it: the sets of all seats in the steps of that seat, made for one
+/// decision, which asks many questions about one position. What the answers mean is defined by
+/// IsMoveLegal and DestinationOf in core/Rules.h. A snapshot: it does not follow the moves.
+class SeatView {
+public:
+    SeatView(const Position& position, Seat seat);
+
+    /// Whether a piece of the seat may walk `count` squares, 1..20; defined by IsMoveLegal.
+    bool IsMoveLegal(unsigned piece, unsigned count) const;
+
+    /// The pieces that may walk so far: bit n stands for piece n.
+    unsigned MovablePieces(unsigned count) const;
+
+private:
+    friend class Evaluator;
+
+    /// A set of the steps 0..159, laid out so that the steps ahead of any place are one shift of one
+    /// word: word n holds the steps from 32 n to 32 n + 63. Every word and the one after it overlap by
+    /// half.
+    using TrackSet = std::array<std::uint64_t, 4>;
+
+    /// Of a set, the 31 steps or more that follow `step`: bit 0 stands for step + 1.
+    static std::uint64_t Ahead(const TrackSet& set, unsigned step) {
+        return set[step / 32] >> (step % 32) >> 1;
+    }
+
+    template <unsigned Turns>
+    void AddRival(RingSet& mixed);
+
+    const Position& position_;
+    const Seat seat_;
+    const Side& own_;
+    RingSet barriers_;       // two pieces of one seat: nobody passes
+    RingSet rivals_ = 0;     // at least one piece of another seat
+    RingSet full_;           // two pieces: nobody ends a move there
+    TrackSet barrierSteps_;  // the barriers of the ring and the seat's own column
+    TrackSet closedSteps_;   // where no move may end: full squares, and all that lies past the goal
+};
+
+}  // namespace zorva::engine

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "core/Settings.h"
+#include "engine/Chance.h"
+#include "engine/GameRules.h"
+#include "engine/Position.h"
+
+namespace zorva {
+
+/// What one game of a match came to.
+struct GameTotals {
+    Colour winner = 0;  ///< 0 when the game grew too long to be finished
+    Colour first = 0;   ///< the colour that began
+    Short points = 0;   ///< the winner's, in hundredths
+    int moves = 0;      ///< move records, passes and ways home of captured pieces included
+    int captures = 0;   ///< captured pieces sent home
+    int decisions = 0;  ///< times the computer player was asked for a move
+
+    bool operator==(const GameTotals&) const = default;
+};
+
+/// The games of a match, each of which can be played by the engine, which is fast, and by the core,
+/// which is the rule book. Both come out the same. All colours that take part are played by the
+/// computer.
+class MatchGames {
+public:
+    MatchGames(const Settings& settings, std::uint64_t seed);
+
+    /// Plays game `number`. Its chance comes from the seed and the number alone: the first thing drawn
+    /// is the colour that begins, each taking part as likely as the others, then one face for each
+    /// throw.
+    GameTotals PlayByEngine(std::uint64_t number) const;
+    GameTotals PlayByTheBook(std::uint64_t number) const;
+
+private:
+    Colour DrawFirst(Chance& chance) const;
+    Short PointsOfWinner(const engine::Position& position, engine::Seat winner) const;
+
+    const Settings settings_;
+    const engine::GameRules rules_;
+    const std::uint64_t seed_;
+    std::vector<Colour> takingPart_;
+};
+
+}  // namespace zorva
