@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -54,10 +53,7 @@ TEST(SoundClip, EachSoundHasAWellMadeClipOfItsOwn) {
         ASSERT_FALSE(clip.empty());
         EXPECT_EQ(clip, SamplesOf(WavFileOf(sound), WavHead)) << "another sound's file";
         EXPECT_TRUE(different.insert(clip).second) << "sounds like another";
-        const std::size_t longest = sound == Sound::Step      ? 120
-                                    : sound == Sound::Victory ? 3000
-                                                              : 600;  // milliseconds
-        EXPECT_LE(clip.size() * 1000 / SampleRate, longest);
+        EXPECT_LE(clip.size(), (sound == Sound::Victory ? 3.0 : 0.6) * SampleRate);
         const auto [low, high] = std::minmax_element(clip.begin(), clip.end());
         const int peak = std::max(-*low, +*high);
         EXPECT_LE(peak, 32768 * 0.7079) << "nearer than 3 dB to full scale";
@@ -74,17 +70,9 @@ TEST(SoundClip, DamagedAndForeignFilesAreSilence) {
         std::uint8_t value;
     };
     constexpr Damage damages[] = {
-        {"nothing at all", npos, 0},
-        {"cut in its head", npos, 9},
-        {"cut before its samples", npos, 40},
-        {"cut within its samples", npos, 200},
-        {"another kind of file", 0, 'X'},
-        {"compressed", 20, 2},
-        {"two channels", 22, 2},
-        {"another sample rate", 24, 0},
-        {"eight bits", 34, 8},
-        {"a chunk of four thousand million bytes", 19, 0xFF},
-        {"more samples than bytes", 43, 0x7F},
+        {"cut in its head", npos, 9},     {"cut within its samples", npos, 200},
+        {"another kind of file", 0, 'X'}, {"two channels", 22, 2},
+        {"another sample rate", 24, 0},   {"more samples than bytes", 43, 0x7F},
     };
     for (const Damage& damage : damages) {
         std::string wav = WavFileOf(Sound::Step);
@@ -99,7 +87,7 @@ TEST(SoundClip, DamagedAndForeignFilesAreSilence) {
 class Loudspeakers : public testing::Test {
 protected:
     void SetUp() override {
-        UseFile(file_);
+        setenv("SDL_DISKAUDIOFILE", file_.c_str(), 1);
         setenv("SDL_AUDIODRIVER", "disk", 1);
         // Whoever started the test may have had them ignored: then SDL would not take them over.
         for (const int number : {SIGINT, SIGTERM}) signal(number, SIG_DFL);
@@ -109,13 +97,10 @@ protected:
         for (const int number : {SIGINT, SIGTERM}) {
             EXPECT_EQ(signal(number, SIG_DFL), SIG_DFL) << "would not end the program: " << number;
         }
-        for (const char* name : {"SDL_AUDIODRIVER", "SDL_DISKAUDIOFILE", "SDL_DISKAUDIODELAY"}) {
+        for (const char* name :
+             {"SDL_AUDIODRIVER", "SDL_DISKAUDIOFILE", "SDL_DISKAUDIODELAY", "ALSA_CONFIG_PATH"}) {
             unsetenv(name);
         }
-    }
-
-    static void UseFile(const std::filesystem::path& file) {
-        setenv("SDL_DISKAUDIOFILE", file.c_str(), 1);
     }
 
     SoundClip Heard() const { return SamplesOf(test::FileBytes(file_)); }
@@ -155,25 +140,7 @@ protected:
     const std::filesystem::path file_ = folder_ / "heard.raw";
 };
 
-TEST_F(Loudspeakers, PlayANewSoundInPlaceOfTheOldOne) {
-    const SoundClip refusal = LoadSoundClip(Sound::Refusal);
-    SoundPlayer player;
-    player.Prepare();
-    ASSERT_TRUE(Wait([this] { return !Heard().empty(); })) << "not open before the first sound";
-    player.Play(Sound::Victory);
-    ASSERT_NE(WaitFor(Part(LoadSoundClip(Sound::Victory)).first(10000)), npos);
-    player.Play(Sound::Refusal);
-    const std::size_t faded = WaitFor(Part(refusal).subspan(Fade));
-    ASSERT_NE(faded, npos) << "mixed with the old sound, or the fade is longer than 5 ms";
-    const std::size_t end = faded + refusal.size() - Fade;
-    ASSERT_TRUE(Wait([&] { return Heard().size() > end + 5000; }));
-    const SoundClip heard = Heard();
-    const bool isSilent = std::all_of(heard.begin() + static_cast<std::ptrdiff_t>(end), heard.end(),
-                                      [](std::int16_t sample) { return sample == 0; });
-    EXPECT_TRUE(isSilent) << "the old sound goes on after the new one";
-}
-
-TEST_F(Loudspeakers, FadeTheOldSoundEvenIfTwoNewOnesComeAtOnce) {
+TEST_F(Loudspeakers, FadeTheOldSoundUnderTheNewOne) {
     setenv("SDL_DISKAUDIODELAY", "300", 1);  // between two fetches, so that all goes on between them
     const SoundClip victory = LoadSoundClip(Sound::Victory);
     const SoundClip refusal = LoadSoundClip(Sound::Refusal);
@@ -182,10 +149,10 @@ TEST_F(Loudspeakers, FadeTheOldSoundEvenIfTwoNewOnesComeAtOnce) {
     device.Play(victory);
     const std::size_t begin = WaitFor(Part(victory).first(500));
     ASSERT_NE(begin, npos);
-    device.Play(LoadSoundClip(Sound::Accept));
+    device.Play(LoadSoundClip(Sound::Accept));  // replaced before any of it is heard
     device.Play(refusal);
     const std::size_t faded = WaitFor(Part(refusal).subspan(Fade, 200));
-    ASSERT_NE(faded, npos);
+    ASSERT_NE(faded, npos) << "not cut off, or the fade is longer than 5 ms";
     const std::size_t cut = faded - Fade;
     ASSERT_LT(cut - begin, victory.size());
     EXPECT_EQ(Heard()[cut], victory[cut - begin] + refusal[0]) << "chopped, which clicks";
@@ -193,36 +160,35 @@ TEST_F(Loudspeakers, FadeTheOldSoundEvenIfTwoNewOnesComeAtOnce) {
 
 TEST_F(Loudspeakers, CloseAfterASilenceAndOpenAgain) {
     SoundPlayer player(milliseconds(100));
+    player.Prepare();
+    EXPECT_TRUE(Wait([this] { return std::filesystem::exists(file_); })) << "not prepared";
     EXPECT_TRUE(IsHeard(player, Sound::Refusal)) << "closed before the end of the sound";
     std::filesystem::remove(file_);  // a device that stays open does not make it again
     EXPECT_TRUE(IsHeard(player, Sound::Refusal)) << "not closed, or mute after a silence";
 }
 
 TEST_F(Loudspeakers, AreOpenedAgainWhenTheyWereLost) {
-    UseFile("/dev/full");  // gives way at the first samples, like a plug that is pulled
+    setenv("SDL_DISKAUDIOFILE", "/dev/full",
+           1);  // gives way at the first samples, like a plug that is pulled
     SoundPlayer player;
     player.Play(Sound::Step);
     std::this_thread::sleep_for(milliseconds(500));
-    UseFile(file_);
+    setenv("SDL_DISKAUDIOFILE", file_.c_str(), 1);
     EXPECT_TRUE(IsHeard(player, Sound::Step));
 }
 
 TEST_F(Loudspeakers, ThatAreMissingAreSilenceForGoodWithoutAWord) {
-    // The second is there but does not work: the ALSA library would speak of it.
-    setenv("ALSA_CONFIG_PATH", "/dev/null", 1);
-    for (const char* driver : {"nonexistent", "alsa"}) {
-        setenv("SDL_AUDIODRIVER", driver, 1);
-        testing::internal::CaptureStderr();
-        SoundPlayer player;
-        player.Play(Sound::Step);
-        std::this_thread::sleep_for(std::chrono::seconds(1));
-        setenv("SDL_AUDIODRIVER", "disk", 1);
-        player.Play(Sound::Step);
-        std::this_thread::sleep_for(milliseconds(500));
-        EXPECT_FALSE(std::filesystem::exists(file_)) << "tried more than once: " << driver;
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << driver;
-    }
-    unsetenv("ALSA_CONFIG_PATH");
+    setenv("SDL_AUDIODRIVER", "alsa", 1);
+    setenv("ALSA_CONFIG_PATH", "/dev/null", 1);  // the ALSA library would print what it misses
+    testing::internal::CaptureStderr();
+    SoundPlayer player;
+    player.Play(Sound::Step);
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    setenv("SDL_AUDIODRIVER", "disk", 1);
+    player.Play(Sound::Step);
+    std::this_thread::sleep_for(milliseconds(500));
+    EXPECT_FALSE(std::filesystem::exists(file_)) << "tried more than once";
 }
 
 // The last test: its second player leaves a thread behind, which ends a little later.
@@ -233,11 +199,11 @@ TEST_F(Loudspeakers, ThatHangHoldNobodyUpAndDropWhatIsTooLate) {
         player.Play(Sound::Step);
         std::this_thread::sleep_for(milliseconds(400));
         const int reader = open(file_.c_str(), O_RDONLY);
-        std::array<std::int16_t, 10000> heard{1};
+        SoundClip heard(10000, 1);
         for (std::size_t i = 0; i < heard.size(); ++i) {
             ASSERT_EQ(read(reader, &heard[i], sizeof heard[i]), 2);
         }
-        EXPECT_EQ(heard, decltype(heard){}) << "played a sound that nobody waits for any more";
+        EXPECT_EQ(heard, SoundClip(heard.size(), 0)) << "played a sound that nobody waits for any more";
         close(reader);
     }
     Clock::time_point goodbye;
