@@ -30,7 +30,7 @@ private:
 
     /// Of a set, the 31 steps or more that follow `step`: bit 0 stands for step + 1.
     static std::uint64_t Ahead(const TrackSet& set, unsigned step) {
-        return set[step / 32] >> (step % 32) >> 1;
+        return set[step / 32] >> (step % 32 + 1);
     }
 
     template <unsigned Turns>
