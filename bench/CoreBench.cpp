@@ -21,9 +21,9 @@ class PositionCollector : public DecidedThrows {
 public:
     static std::vector<GameState> Positions(const Settings& settings) {
         std::vector<GameState> positions;
-        for (std::uint64_t game = 0; game < 20; ++game) {
+        for (std::uint64_t number = 0; number < 20; ++number) {
             GameState state;
-            PositionCollector collector(state, game, positions);
+            PositionCollector collector(state, number, positions);
             const GameContext game{state, settings, collector};
             ResetGame(game);
             PlayFrom(game, 1);
