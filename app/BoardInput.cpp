@@ -18,10 +18,6 @@ namespace {
 constexpr double glideBackMilliseconds = 180;
 constexpr int glowMilliseconds = 900;
 
-QPointF AsPointF(Point p) {
-    return {static_cast<double>(p.x), static_cast<double>(p.y)};
-}
-
 }  // namespace
 
 BoardInput::BoardInput(GameState& state, const Settings& settings, const RecorderState& recorder,

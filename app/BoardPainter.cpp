@@ -177,8 +177,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
 
 void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings,
                               Colour colour, const QRect& part) {
-    const Colour inTheLight = view.winner != 0 ? view.winner : view.onTurn;
-    const bool lit = inTheLight == colour;
+    const bool lit = view.onTurn == colour;
     if (lit && !DeviceArea(layout_.House(colour), -lightAround).contains(part)) {
         PaintLight(painter, colour, part);
     }
@@ -188,7 +187,7 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
                   strength);
     }
     // The others lie in the shade, so that it is seen from afar whose turn it is.
-    if (!lit && inTheLight != 0) {
+    if (!lit && view.onTurn != 0) {
         painter.fillRect(DeviceArea(layout_.House(colour)) & part, WithAlpha(palette::DarkWood, 0.36));
     }
 }

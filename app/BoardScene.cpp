@@ -11,10 +11,6 @@ namespace {
 
 constexpr int pulseMilliseconds = 900;  // at speed 0
 
-QPointF AsPointF(Point p) {
-    return {static_cast<double>(p.x), static_cast<double>(p.y)};
-}
-
 }  // namespace
 
 BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork& artwork,
@@ -78,7 +74,7 @@ void BoardScene::ForgetMotion() {
     view_.inAir = 0;
 }
 
-void BoardScene::TakeAllPieces() {
+void BoardScene::Clear() {
     ForgetMotion();
     pulse_.stop();
     view_ = BoardView{};
@@ -182,20 +178,21 @@ void BoardScene::ShowPulse(double progress) {
 
 // ------------------------------------------------------------------------ dice, turn and marks
 
-void BoardScene::ShowDie(Colour colour, Short face, bool ready) {
-    const bool isRolling = face != 0 && !ready;
-    rolls_[colour] = isRolling ? rolls_[colour] + 1 : 0;
-    const bool same = view_.dieFace[colour] == face && view_.dieReady[colour] == ready;
+void BoardScene::ShowDie(Colour colour, Short face, DieIs how) {
     view_.dieFace[colour] = face;
-    view_.dieReady[colour] = ready;
-    if (isRolling) {
-        const int roll = rolls_[colour];
-        const BoardView::DiePose pose = DieMotion::PoseOfRoll(roll);
-        PoseDie(colour, pose);
-        dieMotions_.push_back({colour, pose, DieMotion::PoseOfRoll(roll + 1)});
-    } else if (!same) {
-        PoseDie(colour, ready ? DieMotion::PoseOfReady() : BoardView::DiePose{});
+    view_.dieReady[colour] = how == DieIs::Ready;
+    if (how == DieIs::RollingBy) {
+        const int roll = ++rolls_[colour];
+        PoseDie(colour, DieMotion::PoseOfRoll(roll));
+        dieMotions_.push_back({colour, DieMotion::PoseOfRoll(roll), DieMotion::PoseOfRoll(roll + 1)});
+    } else {
+        rolls_[colour] = 0;
+        PoseDie(colour, how == DieIs::Ready ? DieMotion::PoseOfReady() : BoardView::DiePose{});
     }
+}
+
+void BoardScene::ClearDice() {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) ShowDie(colour, 0, DieIs::AtRest);
 }
 
 void BoardScene::PoseDie(Colour colour, const BoardView::DiePose& pose) {
@@ -268,11 +265,8 @@ void BoardScene::ShowManualMode(bool on) {
 }
 
 void BoardScene::ShowWinner(Colour colour) {
-    view_.onTurn = 0;
-    view_.winner = colour;
-    RepaintHouses();
-    if (colour != 0)
-        StartPulse(AsPointF(layout_.SquarePosition(GoalSquare[colour])), 3.0 * layout_.Cell);
+    ShowTurn(colour, 0);
+    StartPulse(AsPointF(layout_.SquarePosition(GoalSquare[colour])), 3.0 * layout_.Cell);
 }
 
 void BoardScene::RepaintHouses() {

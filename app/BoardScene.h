@@ -8,6 +8,7 @@
 #include "app/BoardMotion.h"
 #include "app/BoardPainter.h"
 #include "app/BoardView.h"
+#include "core/Outside.h"
 
 namespace zorva {
 
@@ -27,7 +28,8 @@ public:
     const BoardView& View() const { return view_; }
 
     // Pieces. A walk is a chain of StartStep and ShowStep(0..1).
-    void TakeAllPieces();
+    /// Takes the pieces, the dice and the light away: a new game begins.
+    void Clear();
     void Lift(PieceCode piece);
     void StartStep(PieceCode piece, Square from, Square to);
     void ShowStep(double progress);
@@ -40,14 +42,17 @@ public:
     void StartGlideBack(PieceCode piece);
 
     // Dice, turn and marks.
-    void ShowDie(Colour colour, Short face, bool ready);
+    void ShowDie(Colour colour, Short face, DieIs how);
+    void ClearDice();
+    /// Lights the house of that colour, 0 for none, and shows a bonus of 10 or 20 squares in its tray.
     void ShowTurn(Colour colour, Short bonusDue);
+    /// The same for a colour that has won, with a ring of light round its goal.
+    void ShowWinner(Colour colour);
     void ShowMove(const BoardView::ShownMove& move);
     void ShowPreview(const BoardView::ShownMove& move);
     void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
     void ShowMarked(PieceCode piece);
     void ShowManualMode(bool on);
-    void ShowWinner(Colour colour);
 
     /// Writes the players' names anew.
     void RepaintHouses();

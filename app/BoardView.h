@@ -46,7 +46,6 @@ struct BoardView {
 
     Pulse pulse;
     Colour onTurn = 0;  ///< whose house is lit
-    Colour winner = 0;  ///< whose display blinks
     ShownMove shown;
     ShownMove preview;                      ///< where the piece under the cursor would go
     std::array<bool, CodeCount> movable{};  ///< pieces that a person may pick now

@@ -1,7 +1,6 @@
 #include "app/GameRunner.h"
 
 #include "core/GameStart.h"
-#include "core/Turns.h"
 
 namespace zorva {
 
@@ -38,7 +37,7 @@ void GameRunner::StartNewGame() {
 }
 
 void GameRunner::Continue() {
-    Run([this] { RunTurns(game_); });
+    Run([this] { ContinueGame(game_); });
 }
 
 void GameRunner::Leave() {

@@ -128,10 +128,6 @@ Point AroundArmEnd(const Layout& layout, Square square, Point at) {
     }
 }
 
-bool IsGoal(Square square) {
-    return std::find(GoalSquare.begin() + 1, GoalSquare.end(), square) != GoalSquare.end();
-}
-
 // Three pieces side by side across the arm, the fourth in front of the first.
 Point GoalPosition(const Layout& layout, Square goal, Short slot) {
     constexpr std::array<double, 5> across{0, 4.5, 4.9, 4.1, 4.5};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointF>
 #include <array>
 
 #include "core/Types.h"
@@ -12,6 +13,11 @@ struct Point {
     Short y = 0;
     bool operator==(const Point&) const = default;
 };
+
+/// The same point for Qt's functions.
+inline QPointF AsPointF(Point p) {
+    return {qreal(p.x), qreal(p.y)};
+}
 
 /// A rectangle in pixels of the layout; right and bottom edges are x + width and y + height.
 struct Box {

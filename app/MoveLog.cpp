@@ -1,7 +1,9 @@
 #include "app/MoveLog.h"
 
+#include <QAbstractItemDelegate>
+#include <QEvent>
 #include <QPainter>
-#include <QWheelEvent>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "app/Fonts.h"
@@ -10,85 +12,133 @@
 namespace zorva {
 namespace {
 
-constexpr double linePitch = 16;  // pixels of the layout
-constexpr double typeSize = 12;
-constexpr double padding = 6;
-constexpr double paperWidth = 150;  // that all lines fit on; on a narrower one the letters are smaller
+// In pixels of the layout.
+constexpr double linePitch = 16;
+constexpr double fontSize = 12;
+constexpr double padding = 6;       // between the paper's edges and its lines
+constexpr double paperWidth = 150;  // holds every line; on narrower paper the font is smaller
+constexpr double markWidth = 3;     // of the edge of the selected line
+constexpr double shadowHeight = 9;  // of the slit
+
+int RowHeight(const Services& services) {
+    return qRound(services.ToLogical(linePitch));
+}
+
+/// Writes the lines on the paper.
+class LinePainter : public QAbstractItemDelegate {
+public:
+    LinePainter(QObject* parent, const Services& services)
+        : QAbstractItemDelegate(parent), services_(services) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const QRectF row = option.rect;
+        const double unit = services_.ToLogical(1);
+        if (option.state.testFlag(QStyle::State_Selected)) {
+            painter->fillRect(row, palette::Brass);
+            painter->fillRect(QRectF(row.x(), row.y(), markWidth * unit, row.height()), palette::Mark);
+        }
+        const double size = fontSize * std::min(unit, row.width() / paperWidth);
+        painter->setFont(index.row() == 0 ? TextFont(size, QFont::Bold) : ColumnFont(size));
+        painter->setPen(palette::Ink);
+        painter->drawText(row.adjusted(padding * unit, 0, 0, 0),
+                          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, index.data().toString());
+    }
+
+    // The width of a row is that of the paper, whatever is said here.
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
+        return {1, RowHeight(services_)};
+    }
+
+private:
+    const Services& services_;
+};
 
 }  // namespace
 
-MoveLog::MoveLog(QWidget* parent, const Services& services) : QWidget(parent), services_(services) {
+MoveLog::MoveLog(QWidget* parent, const Services& services) : QListView(parent), services_(services) {
+    setModel(&lines_);
     setObjectName("Lis_Grabadora");
     setAccessibleName("Registro de jugadas");
     setFocusPolicy(Qt::NoFocus);
+    setSelectionMode(QAbstractItemView::NoSelection);  // by hand; the recorder selects by Select
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
     setCursor(Qt::ArrowCursor);
-}
-
-double MoveLog::LineHeight() const {
-    return services_.ToLogical(linePitch);
-}
-
-int MoveLog::VisibleLines() const {
-    return std::max(1, static_cast<int>((height() - services_.ToLogical(2 * padding)) / LineHeight()));
-}
-
-void MoveLog::ScrollTo(int line) {
-    const int visible = VisibleLines();
-    if (line < top_) top_ = line;
-    if (line >= top_ + visible) top_ = line - visible + 1;
-    top_ = std::clamp(top_, 0, std::max(0, Count() - visible));
-    update();
+    setFrameShape(QFrame::NoFrame);
+    viewport()->setAutoFillBackground(false);  // the paper shows through
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setUniformItemSizes(true);  // else every layout would measure every line
+    setItemDelegate(new LinePainter(this, services));
 }
 
 void MoveLog::Begin(const QString& heading) {
-    lines_ = {heading};
-    selected_ = -1;
-    ScrollTo(0);
+    lines_.setStringList({heading});
 }
 
 void MoveLog::Add(const QString& line) {
-    lines_.append(line);
-    setAccessibleDescription(line);
-    selected_ = -1;
-    ScrollTo(Count() - 1);
+    const int row = lines_.rowCount();
+    lines_.insertRow(row);
+    lines_.setData(lines_.index(row), line);
+    clearSelection();
 }
 
-void MoveLog::Select(int line) {
-    selected_ = line < Count() ? line : -1;
-    if (selected_ >= 0) ScrollTo(selected_);
+// The row is not made the current one: screen readers would believe that it has the focus.
+void MoveLog::Select(int row) {
+    const QModelIndex line = lines_.index(row);
+    selectionModel()->select(line, QItemSelectionModel::ClearAndSelect);
+    if (line.isValid()) scrollTo(line);
+}
+
+void MoveLog::CutFrom(int row) {
+    lines_.removeRows(row, lines_.rowCount() - row);
+}
+
+// Rows have come or gone, or the log has another size. The selected row or else the newest one is shown
+// here, once for each layout, because a layout costs time for every row: thousands that are added in a
+// loaded game must not be laid out one by one.
+void MoveLog::updateGeometries() {
+    QListView::updateGeometries();
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    if (selected.isEmpty()) {
+        verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+    } else {
+        scrollTo(selected.first());
+    }
+}
+
+// As high as so many whole rows, so that no line is cut at rest. Below them the paper stays empty.
+void MoveLog::resizeEvent(QResizeEvent* event) {
+    const int edge = qRound(services_.ToLogical(padding));
+    const int rowHeight = RowHeight(services_);
+    const int visibleRows = std::max(1, (height() - 2 * edge) / rowHeight);
+    setViewportMargins(0, edge, 0, std::max(0, height() - edge - visibleRows * rowHeight));
+    QListView::resizeEvent(event);
+}
+
+// The paper scrolls with its lines, but the shadow on it stays: all of it is painted again.
+void MoveLog::scrollContentsBy(int dx, int dy) {
+    QListView::scrollContentsBy(dx, dy);
     update();
 }
 
-void MoveLog::CutFrom(int line) {
-    lines_.erase(lines_.begin() + std::clamp(line, 0, Count()), lines_.end());
-    if (selected_ >= Count()) selected_ = -1;
-    ScrollTo(std::max(0, Count() - 1));
+bool MoveLog::event(QEvent* event) {
+    if (event->type() != QEvent::Paint) return QListView::event(event);
+    PaintPaper();
+    return true;
 }
 
-// A click here is none on the board below.
-void MoveLog::mousePressEvent(QMouseEvent* event) {
-    event->accept();
-}
-
-void MoveLog::resizeEvent(QResizeEvent*) {
-    ScrollTo(selected_ >= 0 ? selected_ : std::max(0, Count() - 1));
-}
-
-void MoveLog::wheelEvent(QWheelEvent* event) {
-    const int lines = event->angleDelta().y() > 0 ? -3 : 3;
-    top_ = std::clamp(top_ + lines, 0, std::max(0, Count() - VisibleLines()));
-    update();
-}
-
-// Ruled paper: every other line lies on a tint, which moves with the lines. The upper edge is in the
-// shadow of the slit that the paper comes out of.
-void MoveLog::PaintPaper(QPainter& painter) const {
-    const double unit = services_.ToLogical(1);
+// Every other line lies on a tint. The paper bends at its sides; its upper edge is in the shadow of the
+// slit that it comes out of.
+void MoveLog::PaintPaper() {
+    QPainter painter(this);
     painter.fillRect(rect(), palette::Paper);
-    const double pitch = LineHeight();
-    const double top = padding * unit;
-    for (int row = top_ % 2; top + row * pitch < height(); row += 2) {
-        painter.fillRect(QRectF(0, top + row * pitch, width(), pitch), palette::RuledPaper);
+    const int rowHeight = RowHeight(services_);
+    const QRect ruled = rect().adjusted(0, viewport()->y(), 0, 0);
+    int top = ruled.top() - verticalScrollBar()->value() % (2 * rowHeight);
+    for (; top < height(); top += 2 * rowHeight) {
+        painter.fillRect(QRect(0, top, width(), rowHeight) & ruled, palette::RuledPaper);
     }
     QLinearGradient bend(0, 0, width(), 0);
     bend.setColorAt(0, QColor(70, 40, 10, 40));
@@ -96,31 +146,12 @@ void MoveLog::PaintPaper(QPainter& painter) const {
     bend.setColorAt(0.9, QColor(70, 40, 10, 0));
     bend.setColorAt(1, QColor(70, 40, 10, 60));
     painter.fillRect(rect(), bend);
-    QLinearGradient slit(0, 0, 0, 9 * unit);
+    const double shadow = services_.ToLogical(shadowHeight);
+    QLinearGradient slit(0, 0, 0, shadow);
     slit.setColorAt(0, QColor(20, 8, 2, 170));
     slit.setColorAt(0.4, QColor(20, 8, 2, 50));
     slit.setColorAt(1, QColor(20, 8, 2, 0));
-    painter.fillRect(QRectF(0, 0, width(), 9 * unit), slit);
-}
-
-void MoveLog::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    PaintPaper(painter);
-    const double unit = services_.ToLogical(1);
-    const double pitch = LineHeight();
-    const double left = padding * unit;
-    const double size = typeSize * std::min(unit, width() / paperWidth);
-    const int last = std::min(Count(), top_ + VisibleLines());
-    for (int line = top_; line < last; ++line) {
-        const QRectF row(left, left + (line - top_) * pitch, width() - 2 * left, pitch);
-        if (line == selected_) {
-            painter.fillRect(row.adjusted(-left, 0, left, 0), palette::Brass);
-            painter.fillRect(QRectF(0, row.y(), 3 * unit, pitch), palette::Mark);
-        }
-        painter.setFont(line == 0 ? TextFont(size, QFont::Bold) : ColumnFont(size));
-        painter.setPen(palette::Ink);
-        painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, lines_[line]);
-    }
+    painter.fillRect(QRectF(0, 0, width(), shadow), slit);
 }
 
 }  // namespace zorva

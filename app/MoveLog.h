@@ -1,49 +1,47 @@
 #pragma once
 
-#include <QStringList>
-#include <QWidget>
+#include <QListView>
+#include <QStringListModel>
 
 #include "app/Services.h"
 
 namespace zorva {
 
-/// Lis_Grabadora: the running record of the game, one line a move below a heading, and the tape of
-/// the recorder. It takes no focus and no selection by mouse; the wheel scrolls it.
-class MoveLog : public QWidget {
+/// Lis_Grabadora: the list of all moves, one row a move below a heading, which is row 0, so that move n
+/// is row n. While the recorder is on, the row of the move at which it stands is selected.
+///
+/// It looks like ruled paper that comes out of a slit. The wheel and the touchpad scroll it; it takes no
+/// focus and no click, and no click on it reaches the board behind it. Screen readers find the rows.
+class MoveLog : public QListView {
 public:
+    /// The services must outlive the log.
     MoveLog(QWidget* parent, const Services& services);
 
-    /// Empties the log and writes its heading, which is line 0.
+    /// Empties the log and writes its heading.
     void Begin(const QString& heading);
-    /// Appends a line and makes it visible; nothing stays selected.
+    /// Appends a line. The log shows it at its next layout, which events bring; no row stays selected.
     void Add(const QString& line);
-    /// Selects a line and makes it visible; -1 selects none.
-    void Select(int line);
-    /// Forgets all lines from that one on.
-    void CutFrom(int line);
-
-    int Count() const { return static_cast<int>(lines_.size()); }
-    const QStringList& Lines() const { return lines_; }
-    int Selected() const { return selected_; }
-
-    /// The height of a line in pixels of Qt.
-    double LineHeight() const;
+    /// Selects a row and scrolls to it; selects none when there is no such row.
+    void Select(int row);
+    /// Removes that row and all below it; `row` is at least 0.
+    void CutFrom(int row);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
+    // Taken, so that they neither select a row nor go on to the board.
+    void mousePressEvent(QMouseEvent*) override {}
+    void mouseMoveEvent(QMouseEvent*) override {}
+    void mouseReleaseEvent(QMouseEvent*) override {}
+    void mouseDoubleClickEvent(QMouseEvent*) override {}
 
 private:
-    int VisibleLines() const;
-    void PaintPaper(QPainter& painter) const;
-    void ScrollTo(int line);
+    void PaintPaper();
 
     const Services& services_;
-    QStringList lines_;
-    int top_ = 0;
-    int selected_ = -1;
+    QStringListModel lines_;
 };
 
 }  // namespace zorva

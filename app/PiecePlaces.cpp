@@ -11,16 +11,9 @@ bool StandsInSlot(const GameState& state, Square square, Short slot) {
     const PieceCode code = state.SquareOccupants[square][slot];
     if (code == 0 || ColourOf(code) < 1 || ColourOf(code) > ColourCount) return false;
     if (PieceOf(code) < 1 || PieceOf(code) > PiecesPerColour) return false;
-    const auto& slots = state.SquareOccupants[square];
-    const bool first = std::find(slots.begin() + 1, slots.begin() + slot, code) == slots.begin() + slot;
+    const auto& occupants = state.SquareOccupants[square];
+    const bool first = std::find(occupants.begin() + 1, occupants.begin() + slot, code) == occupants.begin() + slot;
     return first && state.PositionOf(code) == square;
-}
-
-Short SlotOf(const GameState& state, Square square, PieceCode code) {
-    for (Short slot = 1; slot <= 3; ++slot) {
-        if (state.SquareOccupants[square][slot] == code) return slot;
-    }
-    return 0;
 }
 
 // The places of a goal that no slot accounts for go to the remaining pieces in their order.
@@ -52,8 +45,7 @@ Point PlaceOfPiece(const Layout& layout, const GameState& state, PieceCode code)
 Point FreePlaceOn(const Layout& layout, const GameState& state, Square square) {
     Short slot = 1;
     while (slot <= 3 && StandsInSlot(state, square, slot)) ++slot;
-    const bool isGoal = std::find(GoalSquare.begin() + 1, GoalSquare.end(), square) != GoalSquare.end();
-    return layout.SlotPosition(square, isGoal ? slot : std::min<Short>(slot, 3));
+    return layout.SlotPosition(square, IsGoal(square) ? slot : std::min<Short>(slot, 3));
 }
 
 }  // namespace zorva

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QFile>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QScreen>
@@ -19,7 +18,6 @@
 #include "dialogs/careta.h"
 #include "dialogs/mensajes.h"
 #include "store/HistoryFile.h"
-#include "store/SavedGame.h"
 
 namespace zorva {
 namespace {
@@ -38,14 +36,6 @@ const QScreen& ScreenOfCursor() {
     return screen != nullptr ? *screen : *QGuiApplication::primaryScreen();
 }
 
-std::vector<std::uint8_t> BytesOfRecording(Sound sound) {
-    QFile file(
-        QStringLiteral(":/sounds/%1.wav").arg(static_cast<Short>(sound), 2, 10, QLatin1Char('0')));
-    if (!file.open(QFile::ReadOnly)) return {};
-    const QByteArray bytes = file.readAll();
-    return {bytes.begin(), bytes.end()};
-}
-
 // Its smallest size has a drawing of its own.
 QIcon ProgramIcon() {
     QIcon icon(":/icon/zorva.svg");
@@ -57,7 +47,6 @@ QIcon ProgramIcon() {
 
 Program::Program(const std::filesystem::path& programFolder)
     : programFolder_(programFolder),
-      sounds_(BytesOfRecording),
       mesa_(state_, settings_),
       outside_(mesa_, state_, settings_),
       runner_(state_, settings_, outside_),
@@ -133,7 +122,7 @@ void Program::LoadGame() {
     settings_ = loaded_.content.settings;
     state_ = std::move(loaded_.content.state);
     ApplyChoices();
-    RebuildLog({state_, settings_, outside_});
+    RebuildLog({state_, settings_, outside_}, ToShort(state_.MoveRecordCount - 1));
 }
 
 void Program::TellAboutFiles() {
@@ -149,21 +138,7 @@ void Program::TellAboutFiles() {
 void Program::ContinueGame() {
     Tell("Continuar la partida anterior",
          "Continua el desarrollo de la partida que no finalizó en la sesión anterior.");
-    SeatPiecesOfContinuedGame();
-    PrepareToContinue(state_);
     runner_.Continue();
-}
-
-void Program::SeatPiecesOfContinuedGame() {
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (!IsTakingPart(settings_, colour)) continue;
-        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-            const PieceCode code = CodeOf(colour, piece);
-            outside_.PutDownPiece(code, state_.PositionOf(code));
-            outside_.PlaySound(Sound::Box);
-            outside_.Pause(15);
-        }
-    }
 }
 
 void Program::ComeToFront() {

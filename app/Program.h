@@ -41,7 +41,6 @@ private:
     void LoadGame();
     void TellAboutFiles();
     void ContinueGame();
-    void SeatPiecesOfContinuedGame();
 
     void ButtonPressed(int button);
     void KeyPressed(const QKeyEvent& key);

@@ -52,12 +52,6 @@ void RecorderControl::ShowKey(RecorderKey key, bool pressed) {
     game_.outside.PlaySound(Sound::RecorderKey);
 }
 
-void RecorderControl::ShowPosition() {
-    mesa_.Scene().ShowTurn(game_.state.CurrentColour, 0);
-    mesa_.RefreshCursor();
-    if (Changed) Changed();
-}
-
 // ------------------------------------------------------------------------------------- the keys
 
 void RecorderControl::SwitchOnOff() {
@@ -67,7 +61,7 @@ void RecorderControl::SwitchOnOff() {
     } else {
         RecorderSwitchOn(game_, recorder_);
         ShowKey(RecorderKey::OnOff, true);
-        ShowPosition();
+        mesa_.RefreshCursor();
     }
 }
 
@@ -75,7 +69,7 @@ void RecorderControl::SwitchOff() {
     RecorderSwitchOff(game_, recorder_);
     ShowKey(RecorderKey::OnOff, false);
     game_.outside.Pause(10);
-    ShowPosition();
+    mesa_.RefreshCursor();
     game_.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
 }
 
@@ -85,7 +79,7 @@ void RecorderControl::Step(RecorderKey key) {
     } else {
         StepForward(game_, recorder_);
     }
-    ShowPosition();
+    mesa_.RefreshCursor();
 }
 
 void RecorderControl::StepOnce(RecorderKey key) {
@@ -107,7 +101,7 @@ void RecorderControl::RunAutomatic(RecorderKey key, Short& active) {
     while (active && CanStep(key)) {
         Step(key);
         game_.outside.Pause(5);
-        game_.outside.YieldToEvents();
+        game_.outside.YieldToEvents(UserInput::Handled);
     }
     active = No;
     ShowKey(key, false);
@@ -131,7 +125,7 @@ void RecorderControl::Restore() {
     ShowKey(RecorderKey::Restore, false);
     game_.outside.Pause(8);
     ShowKey(RecorderKey::OnOff, false);
-    ShowPosition();
+    mesa_.RefreshCursor();
     game_.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
 }
 
@@ -139,7 +133,7 @@ void RecorderControl::TakeTapeOut() {
     if (!recorder_.RecorderOn) return;
     RecorderSwitchOff(game_, recorder_);
     mesa_.Strip().ShowPressed(RecorderKey::OnOff, false);
-    ShowPosition();
+    mesa_.RefreshCursor();
 }
 
 }  // namespace zorva

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "app/RecorderStrip.h"
 #include "core/Recorder.h"
 
@@ -13,9 +11,6 @@ class Mesa;
 class RecorderControl {
 public:
     RecorderControl(GameContext game, RecorderState& recorder, Mesa& mesa);
-
-    /// Another position is on the board, or the recorder went on or off.
-    std::function<void()> Changed;
 
     void Press(RecorderKey key);
     bool IsLive(RecorderKey key) const;
@@ -32,7 +27,6 @@ private:
     bool CanStep(RecorderKey key) const;
     void Restore();
     void ShowKey(RecorderKey key, bool pressed);
-    void ShowPosition();
 
     GameContext game_;
     RecorderState& recorder_;

@@ -1,26 +1,29 @@
 #include "app/SoundDevice.h"
 
+#include <SDL.h>
 #include <dlfcn.h>
 
+#include <algorithm>
+#include <limits>
 #include <utility>
-
-#include "app/Recording.h"
-#include "app/SoundLibrary.h"
 
 namespace zorva {
 namespace {
 
-/// Samples fetched at a time: 12 ms. Fewer risk gaps on a busy machine, more make the steps of a
-/// walk sound uneven.
+/// The device fetches 12 ms at a time. Fewer samples risk gaps on a busy machine; more make the steps
+/// of a walk sound uneven, because a sound begins with the next fetch.
 constexpr Uint16 SamplesAtATime = 512;
+
+/// How long the clip that is cut off fades under the new one: 5 ms. Chopped in mid-swing it would click.
+constexpr std::size_t FadeLength = SampleRate / 200;
 
 void SayNothing(void*, int, SDL_LogPriority, const char*) {}
 void AlsaSaysNothing(const char*, int, const char*, int, const char*, ...) {}
 
-/// A machine without sound is no fault. The ALSA library thinks otherwise and would print a page
-/// about it; it is reached by name because it comes with SDL, and not with every build of SDL.
-void KeepTheTerminalClean(const SoundLibrary& library) {
-    library.LogSetOutputFunction(SayNothing, nullptr);
+/// A machine without sound is no fault, but the ALSA library would print a page about it. It is reached
+/// by name because not every build of SDL brings it along.
+void KeepTheTerminalClean() {
+    SDL_LogSetOutputFunction(SayNothing, nullptr);
     using Handler = void (*)(const char*, int, const char*, int, const char*, ...);
     using SetHandler = int (*)(Handler);
     if (void* found = dlsym(RTLD_DEFAULT, "snd_lib_error_set_handler")) {
@@ -28,60 +31,80 @@ void KeepTheTerminalClean(const SoundLibrary& library) {
     }
 }
 
-void DeliverSamples(void* device, Uint8* bytes, int length) {
-    const std::size_t count = static_cast<std::size_t>(length) / sizeof(std::int16_t);
-    static_cast<SoundDevice*>(device)->Deliver({reinterpret_cast<std::int16_t*>(bytes), count});
-}
-
-/// Also frees what SDL keeps for each thread: it does so by itself in threads of its own only.
-void LetGo(const SoundLibrary& library) {
-    library.QuitSubSystem(SDL_INIT_AUDIO);
-    library.TLSCleanup();
+void Mix(const SoundClip& tail, SoundClip& clip) {
+    using Limits = std::numeric_limits<SoundClip::value_type>;
+    for (std::size_t i = 0; i < std::min(tail.size(), clip.size()); ++i) {
+        const int sum = std::clamp<int>(clip[i] + tail[i], Limits::min(), Limits::max());
+        clip[i] = static_cast<SoundClip::value_type>(sum);
+    }
 }
 
 }  // namespace
 
-SoundDevice::SoundDevice(Source source) : source_(std::move(source)) {}
+SoundDevice::SoundDevice() {
+    KeepTheTerminalClean();
+    // SDL would catch the signals that end a session, and the game would not end.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorva");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
+}
 
 SoundDevice::~SoundDevice() {
     Close();
+    // SDL frees what it keeps for each thread by itself only in threads that it made.
+    SDL_TLSCleanup();
 }
 
 bool SoundDevice::Open() {
-    const SoundLibrary* library = SoundLibrary::Get();
-    if (library == nullptr) return false;
-    KeepTheTerminalClean(*library);
-    // SDL would catch the signals that end a session, and the game would not end.
-    library->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    library->SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Zorva");
-    library->SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
+    if (IsOpen() && SDL_GetAudioDeviceStatus(device_) != SDL_AUDIO_STOPPED) return true;
+    Close();
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
     SDL_AudioSpec wanted{};
     wanted.freq = SampleRate;
     wanted.format = AUDIO_S16SYS;
     wanted.channels = 1;
     wanted.samples = SamplesAtATime;
-    wanted.callback = DeliverSamples;
-    wanted.userdata = this;
-    if (library->InitSubSystem(SDL_INIT_AUDIO) == 0) {
-        device_ = library->OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-    }
-    if (device_ == 0) {
-        LetGo(*library);
+    device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (!IsOpen()) {
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
         return false;
     }
-    library->PauseAudioDevice(device_, 0);
+    SDL_PauseAudioDevice(device_, 0);
     return true;
 }
 
-void SoundDevice::Close() {
-    if (device_ == 0) return;
-    const SoundLibrary& library = *SoundLibrary::Get();
-    library.CloseAudioDevice(std::exchange(device_, 0));
-    LetGo(library);
+void SoundDevice::Play(SoundClip clip) {
+    // Locked, so that the device fetches nothing between the look at what is left and the new clip.
+    SDL_LockAudioDevice(device_);
+    CutOff(SDL_GetQueuedAudioSize(device_) / sizeof(SoundClip::value_type));
+    SDL_ClearQueuedAudio(device_);
+    Mix(tail_, clip);
+    const std::size_t bytes = clip.size() * sizeof(SoundClip::value_type);
+    SDL_QueueAudio(device_, clip.data(), static_cast<Uint32>(bytes));
+    SDL_UnlockAudioDevice(device_);
+    playing_ = std::move(clip);
 }
 
-bool SoundDevice::IsLost() const {
-    return device_ != 0 && SoundLibrary::Get()->GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED;
+/// Makes the tail of the clip that is playing: its next samples, fading to nothing. `left` is how many
+/// samples the device has not fetched yet. When it has fetched none, the tail stays the one that the
+/// clip itself begins with.
+void SoundDevice::CutOff(std::size_t left) {
+    if (left == playing_.size()) return;
+    const std::size_t length = std::min(FadeLength, left);
+    tail_.assign(playing_.end() - static_cast<std::ptrdiff_t>(left),
+                 playing_.end() - static_cast<std::ptrdiff_t>(left - length));
+    for (std::size_t i = 0; i < length; ++i) {
+        const int faded = tail_[i] * static_cast<int>(FadeLength - i) / static_cast<int>(FadeLength);
+        tail_[i] = static_cast<SoundClip::value_type>(faded);
+    }
+}
+
+void SoundDevice::Close() {
+    if (!IsOpen()) return;
+    SDL_CloseAudioDevice(std::exchange(device_, 0));
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    playing_.clear();
+    tail_.clear();
 }
 
 }  // namespace zorva

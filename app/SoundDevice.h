@@ -1,39 +1,44 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <span>
+
+#include "app/SoundClip.h"
 
 namespace zorva {
 
-/// The machine's loudspeakers. Every call may take as long as the sound system likes, so none of
-/// them belongs in the thread of the window. Says nothing on the terminal and leaves the program's
-/// signal handlers alone.
+/// The machine's loudspeakers, played through SDL's audio queue.
+///
+/// Every call may take as long as the sound system likes, so none of them belongs in the window's
+/// thread; one thread must make them all. Nothing is printed on the terminal, and the program's signal
+/// handlers stay as they are.
 class SoundDevice {
 public:
-    /// Asked for the next samples from a thread of the sound system while the device is open.
-    using Source = std::function<void(std::span<std::int16_t>)>;
-
-    explicit SoundDevice(Source source);
+    SoundDevice();
     SoundDevice(const SoundDevice&) = delete;
     SoundDevice& operator=(const SoundDevice&) = delete;
     ~SoundDevice();
 
-    /// Begins to play what the source gives. False when there is no sound to be had.
+    /// Opens the device unless it is open and still there: one that was lost, as when its plug was
+    /// pulled, is closed and opened again. Returns false when there is no sound to be had.
     bool Open();
 
-    /// Ends playing and lets go of the sound system, which would wake up now and then otherwise.
+    /// Plays a clip on the open device from its beginning. The clip that is playing is cut off: it fades
+    /// within 5 ms.
+    void Play(SoundClip clip);
+
+    /// Closes the device and the sound system, which would both wake the processor now and then even
+    /// while nothing is heard.
     void Close();
 
-    /// Whether the open device has gone, as when its plug was pulled.
-    bool IsLost() const;
-
-    /// Hands the source's samples to the sound system.
-    void Deliver(std::span<std::int16_t> samples) { source_(samples); }
+    bool IsOpen() const { return device_ != 0; }
 
 private:
-    Source source_;
-    std::uint32_t device_ = 0;
+    std::uint32_t device_ = 0;  ///< SDL's number of the open device; 0: none
+    SoundClip playing_;         ///< as it was queued, with the tail in its beginning
+    SoundClip tail_;            ///< of the clip that was cut off last
+
+    void CutOff(std::size_t left);
 };
 
 }  // namespace zorva

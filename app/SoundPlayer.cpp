@@ -1,12 +1,14 @@
 #include "app/SoundPlayer.h"
 
 #include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
+#include <optional>
+#include <thread>
 #include <utility>
 
 #include "app/SoundDevice.h"
-#include "app/SoundMixer.h"
 
 namespace zorva {
 namespace {
@@ -14,102 +16,100 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-/// A sound that could not begin within this time would no longer fit what is seen.
+/// A sound that begins later than this no longer fits what is seen, so it is dropped.
 constexpr milliseconds LatestStart(300);
 constexpr milliseconds LongestGoodbye(500);
 
-}  // namespace
+struct Request {
+    std::optional<Sound> sound;  ///< None: only open the device.
+    Clock::time_point made = Clock::now();
 
-/// What the window's thread, the player's thread and the sound system's thread share. The mutex is
-/// held for moments only, never during a call of the sound system.
-struct SoundPlayer::Shared {
-    std::mutex mutex;
-    std::condition_variable changed;
-    SoundMixer mixer;
-    Clock::time_point requested{};
-    /// The device is to be open before this moment, closed after it.
-    Clock::time_point quietFrom{};
-    bool failed = false;
-    bool stopping = false;
-    bool finished = false;
-
-    bool IsWanted() const { return !stopping && Clock::now() < quietFrom; }
+    bool IsLate() const { return Clock::now() - made > LatestStart; }
 };
 
-SoundPlayer::SoundPlayer(Provider provider, milliseconds keepOpen)
-    : provider_(std::move(provider)), keepOpen_(keepOpen), shared_(std::make_shared<Shared>()) {}
+milliseconds LengthOf(const SoundClip& clip) {
+    return milliseconds(clip.size() * 1000 / SampleRate);
+}
+
+}  // namespace
+
+/// What the window's thread and the player's thread share. The mutex guards the request and is never
+/// held during a call of the sound system.
+struct SoundPlayer::Shared {
+    const milliseconds keepOpen;
+    std::mutex mutex{};
+    std::condition_variable changed{};
+    std::optional<Request> request{};
+    std::atomic<bool> stopping = false;
+
+    /// Leaves a request for the player's thread. A sound replaces the request that is still waiting.
+    void Ask(std::optional<Sound> sound) {
+        const std::lock_guard lock(mutex);
+        if (sound || !request) request = Request{sound};
+        changed.notify_one();
+    }
+
+    void Stop() {
+        const std::lock_guard lock(mutex);
+        stopping = true;
+        changed.notify_one();
+    }
+
+    /// Waits for the next request. Returns none when `until` has passed or the player is stopping;
+    /// without `until` the wait has no end.
+    std::optional<Request> NextRequest(std::optional<Clock::time_point> until) {
+        const auto hasNews = [this] { return stopping || request; };
+        std::unique_lock lock(mutex);
+        if (until) {
+            changed.wait_until(lock, *until, hasNews);
+        } else {
+            changed.wait(lock, hasNews);
+        }
+        if (stopping) return std::nullopt;
+        return std::exchange(request, std::nullopt);
+    }
+};
+
+SoundPlayer::SoundPlayer(milliseconds keepOpen) : shared_(new Shared{keepOpen}) {
+    std::packaged_task<void()> run([shared = shared_] { Run(*shared); });
+    threadEnded_ = run.get_future();
+    // Detached: a thread that hangs in the sound system can never be joined.
+    std::thread(std::move(run)).detach();
+}
 
 SoundPlayer::~SoundPlayer() {
-    if (!thread_.joinable()) return;
-    std::unique_lock lock(shared_->mutex);
-    shared_->stopping = true;
-    shared_->changed.notify_all();
-    const bool finished =
-        shared_->changed.wait_for(lock, LongestGoodbye, [this] { return shared_->finished; });
-    lock.unlock();
-    if (finished) {
-        thread_.join();
-    } else {
-        thread_.detach();
-    }
+    shared_->Stop();
+    threadEnded_.wait_for(LongestGoodbye);
 }
 
 void SoundPlayer::Prepare() {
-    const std::lock_guard lock(shared_->mutex);
-    RequestDevice(milliseconds(0));
+    shared_->Ask(std::nullopt);
 }
 
 void SoundPlayer::Play(Sound sound) {
-    {
-        const std::lock_guard lock(shared_->mutex);
-        if (shared_->failed) return;
-    }
-    std::shared_ptr<const Samples> recording = RecordingOf(sound);
-    const milliseconds length(recording->size() * 1000 / SampleRate);
-    const std::lock_guard lock(shared_->mutex);
-    shared_->mixer.Start(std::move(recording));
-    shared_->requested = Clock::now();
-    RequestDevice(length);
+    shared_->Ask(sound);
 }
 
-std::shared_ptr<const Samples> SoundPlayer::RecordingOf(Sound sound) {
-    std::shared_ptr<const Samples>& recording = recordings_[static_cast<std::size_t>(sound)];
-    if (recording == nullptr) {
-        recording = std::make_shared<const Samples>(ReadRecording(provider_(sound)));
-    }
-    return recording;
-}
-
-/// Asks for an open device until `length` and the time after it are over. The mutex is held.
-void SoundPlayer::RequestDevice(milliseconds length) {
-    shared_->quietFrom = std::max(shared_->quietFrom, Clock::now() + length + keepOpen_);
-    shared_->changed.notify_all();
-    if (!thread_.joinable()) thread_ = std::thread(Run, shared_);
-}
-
-void SoundPlayer::Run(const std::shared_ptr<Shared>& shared) {
-    SoundDevice device([shared](std::span<std::int16_t> samples) {
-        const std::lock_guard lock(shared->mutex);
-        shared->mixer.Fill(samples);
-    });
-    std::unique_lock lock(shared->mutex);
-    while (!shared->stopping && !shared->failed) {
-        lock.unlock();
-        const bool open = device.Open();
-        lock.lock();
-        shared->failed = !open;
-        if (Clock::now() - shared->requested > LatestStart) shared->mixer.Forget();
-        while (open && shared->IsWanted() && !device.IsLost()) {
-            shared->changed.wait_until(lock, shared->quietFrom);
+/// The player's thread. It ends with the player, or when the device cannot be opened: nobody reads the
+/// requests then.
+void SoundPlayer::Run(Shared& shared) {
+    SoundDevice device;
+    Clock::time_point quietFrom{};  // when the open device will have been silent long enough
+    while (!shared.stopping) {
+        const std::optional<Request> request =
+            shared.NextRequest(device.IsOpen() ? std::optional(quietFrom) : std::nullopt);
+        if (!request) {
+            device.Close();
+            continue;
         }
-        lock.unlock();
-        device.Close();
-        lock.lock();
-        shared->changed.wait(lock,
-                             [&] { return shared->stopping || shared->failed || shared->IsWanted(); });
+        if (!device.Open()) return;
+        SoundClip clip;
+        if (request->sound && !request->IsLate()) {
+            clip = LoadSoundClip(*request->sound);
+        }
+        quietFrom = std::max(quietFrom, Clock::now() + LengthOf(clip) + shared.keepOpen);
+        if (!clip.empty()) device.Play(std::move(clip));
     }
-    shared->finished = true;
-    shared->changed.notify_all();
 }
 
 }  // namespace zorva

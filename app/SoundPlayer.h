@@ -1,57 +1,44 @@
 #pragma once
 
-#include <array>
 #include <chrono>
-#include <cstdint>
-#include <functional>
+#include <future>
 #include <memory>
-#include <thread>
-#include <vector>
 
-#include "app/Recording.h"
 #include "core/Sound.h"
 
 namespace zorva {
 
-/// Plays the game's recordings, one at a time; a new sound cuts off the one that is playing.
+/// Plays the game's sounds, one at a time; a new sound cuts off the one that is playing.
 ///
-/// No call waits for the sound system: a thread of the player's own opens the device at the first
-/// sound and closes it after a silence, so that a quiet game wakes nothing. A machine without
-/// sound costs one attempt; from then on the player is silent for good.
+/// No call waits for the sound system, which may take seconds to open a device or hang altogether: a
+/// thread of the player's own makes all calls of it. The device is open from the first sound until a
+/// silence, so that a quiet game does not wake the processor. A machine without sound costs one
+/// attempt; from then on the player stays silent.
 class SoundPlayer {
 public:
-    /// The bytes of a sound's wave file. Asked once for each sound that is played, in the thread
-    /// that plays it; what is no recording of ours is silence.
-    using Provider = std::function<std::vector<std::uint8_t>(Sound sound)>;
-
     /// `keepOpen` is how long the device stays open after the end of a sound.
-    explicit SoundPlayer(Provider provider,
-                         std::chrono::milliseconds keepOpen = std::chrono::seconds(5));
+    explicit SoundPlayer(std::chrono::milliseconds keepOpen = std::chrono::seconds(5));
     SoundPlayer(const SoundPlayer&) = delete;
     SoundPlayer& operator=(const SoundPlayer&) = delete;
 
-    /// Falls silent. Waits for the sound system to let go, but half a second at most.
+    /// Falls silent. Waits until the device is closed, but half a second at most.
     ~SoundPlayer();
 
-    /// Has the device opened, so that the first sound is not late. Call it after the first paint.
+    /// Opens the device, so that the first sound is not late. Call it after the first paint.
     void Prepare();
 
-    /// Plays a sound and returns at once.
+    /// Plays a sound and returns at once. Of several sounds asked for while the device is being opened,
+    /// only the last is heard.
     void Play(Sound sound);
 
 private:
     struct Shared;
 
-    Provider provider_;
-    std::chrono::milliseconds keepOpen_;
-    std::array<std::shared_ptr<const Samples>, LastSound + 1> recordings_;
-    /// Belongs to the thread too: it outlives the player when the sound system hangs.
+    /// The thread owns it too: one that the sound system holds up outlives the player.
     std::shared_ptr<Shared> shared_;
-    std::thread thread_;
+    std::future<void> threadEnded_;
 
-    std::shared_ptr<const Samples> RecordingOf(Sound sound);
-    void RequestDevice(std::chrono::milliseconds length);
-    static void Run(const std::shared_ptr<Shared>& shared);
+    static void Run(Shared& shared);
 };
 
 }  // namespace zorva

@@ -12,6 +12,7 @@
 #include "app/MoveLog.h"
 #include "app/Pacer.h"
 #include "core/Records.h"
+#include "core/Rules.h"
 
 namespace zorva {
 namespace {
@@ -39,14 +40,11 @@ Short WindowOutside::RollFace() {
     return std::uniform_int_distribution<Short>(1, 6)(*QRandomGenerator::system());
 }
 
-// Between two moves nothing is awaited yet that a click could answer. When the players throw
-// themselves, what they did meanwhile stays queued until the throw is awaited, and then throws.
-void WindowOutside::YieldToEvents() {
-    const bool throwComes =
-        state_.GameInProgress && !state_.WaitingForThrow && settings_.PauseBetweenMoves == 1;
-    QCoreApplication::processEvents(throwComes ? QEventLoop::ExcludeUserInputEvents
-                                               : QEventLoop::AllEvents);
-    if (throwComes) QAbstractEventDispatcher::instance()->wakeUp();
+void WindowOutside::YieldToEvents(UserInput input) {
+    const bool held = input == UserInput::Held;
+    QCoreApplication::processEvents(held ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
+    // Without this the held clicks would wait for the next event of the window system.
+    if (held) QAbstractEventDispatcher::instance()->wakeUp();
 }
 
 void WindowOutside::WaitForInput() {
@@ -87,14 +85,25 @@ void WindowOutside::PutDownPiece(PieceCode piece, Square) {
     scene_.PutDown(piece);
 }
 
-// The face shown while nothing has been thrown yet is that of the die lying ready.
-void WindowOutside::DrawDie(Colour colour, Short face) {
-    const bool ready = face != 0 && state_.DieValue == 0;
-    if (face != 0) scene_.ShowTurn(state_.CurrentColour, 0);
-    scene_.ShowDie(colour, face, ready);
-    if (ready) Announce(mesa_, TurnText(state_, settings_));
-    if (face != 0 && !ready && scene_.View().diePose[colour].tilt == 0) {
-        Announce(mesa_, DieText(settings_, colour, face, false));
+void WindowOutside::DrawDie(Colour colour, Short face, DieIs how) {
+    scene_.ShowDie(colour, face, how);
+    if (how == DieIs::Ready) Announce(mesa_, TurnText(state_, settings_));
+    if (how == DieIs::Thrown) Announce(mesa_, DieText(settings_, colour, face, false));
+}
+
+void WindowOutside::ClearDice() {
+    scene_.ClearDice();
+}
+
+void WindowOutside::ShowTurn(Colour colour, TurnIs why) {
+    switch (why) {
+        case TurnIs::BonusForCapture: scene_.ShowTurn(colour, CaptureBonus); break;
+        case TurnIs::BonusForArrival: scene_.ShowTurn(colour, ArrivalBonus); break;
+        case TurnIs::Won: scene_.ShowWinner(colour); break;
+        case TurnIs::Over: scene_.ShowTurn(0, 0); break;
+        case TurnIs::InDraw:
+        case TurnIs::Throws:
+        case TurnIs::OnTape: scene_.ShowTurn(colour, 0); break;
     }
 }
 
@@ -102,21 +111,12 @@ void WindowOutside::ShowChosenMove(PieceCode piece, Square from, Square to) {
     scene_.ShowMove({piece, from, to});
 }
 
-void WindowOutside::DrawWinner(Colour colour, bool visible) {
-    scene_.ShowWinner(visible ? colour : Colour{0});
-}
-
-void WindowOutside::EmptyBoard() {
-    scene_.TakeAllPieces();
-}
-
-void WindowOutside::RefreshBoard() {
-    if (IsWon()) scene_.ShowTurn(0, 0);
-    scene_.Refresh();
-}
-
-bool WindowOutside::IsWon() const {
-    return state_.PiecesHome[state_.CurrentColour] == PiecesPerColour;
+void WindowOutside::RefreshBoard(PiecesShown pieces) {
+    if (pieces == PiecesShown::None) {
+        scene_.Clear();
+    } else {
+        scene_.Refresh();
+    }
 }
 
 void WindowOutside::SetScreenCursor(ScreenCursor cursor) {
@@ -142,16 +142,10 @@ void WindowOutside::CutLogFrom(Short line) {
 
 MessageAnswer WindowOutside::ShowMessage(std::string_view title, std::string_view text, Short lineCount,
                                          MessageButtons buttons) {
-    // At the end of the draw the light goes from who threw last to who begins, and it stays with who
-    // won.
-    const bool isDraw = state_.GameInProgress && state_.MoveRecordCount == 0;
-    if (isDraw || IsWon()) scene_.ShowTurn(state_.CurrentColour, 0);
     return mesa_.Ask(FromUtf8(title), FromUtf8(text), lineCount, buttons);
 }
 
 void WindowOutside::PositionReached() {
-    const Short bonus = state_.ThrowNext ? Short{0} : state_.MoveCount;
-    scene_.ShowTurn(state_.CurrentColour, bonus);
     if (PositionKept) PositionKept();
 }
 

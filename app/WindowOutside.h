@@ -14,15 +14,15 @@ class WindowOutside : public Outside {
 public:
     WindowOutside(Mesa& mesa, const GameState& state, const Settings& settings);
 
-    /// What happens to a finished game that the players want in the history.
+    /// Called with a finished game that the players want in the history.
     std::function<void(const GameResult&)> ResultKept;
-    /// What happens whenever the game is whole and can be kept.
+    /// Called whenever the game is whole and can be kept.
     std::function<void()> PositionKept;
-    /// What happens whenever a piece sets out.
+    /// Called whenever a piece sets out.
     std::function<void()> PieceLifted;
 
     Short RollFace() override;
-    void YieldToEvents() override;
+    void YieldToEvents(UserInput input) override;
     void WaitForInput() override;
     void Pause(Short n) override;
     void StepDelay(Short n) override;
@@ -30,11 +30,11 @@ public:
     void LiftPiece(PieceCode piece, Square from) override;
     void StepPiece(PieceCode piece, Square from, Square to) override;
     void PutDownPiece(PieceCode piece, Square at) override;
-    void DrawDie(Colour colour, Short face) override;
+    void DrawDie(Colour colour, Short face, DieIs how) override;
+    void ClearDice() override;
+    void ShowTurn(Colour colour, TurnIs why) override;
     void ShowChosenMove(PieceCode piece, Square from, Square to) override;
-    void DrawWinner(Colour colour, bool visible) override;
-    void EmptyBoard() override;
-    void RefreshBoard() override;
+    void RefreshBoard(PiecesShown pieces) override;
     void SetScreenCursor(ScreenCursor cursor) override;
     void BeginLog(std::string_view heading) override;
     void AddLogLine(Short moveNumber, const MoveRecord& record) override;
@@ -47,8 +47,6 @@ public:
 
 private:
     void Wait(double milliseconds);
-    /// Whether the colour on turn has won, from the last step to the end of the celebration.
-    bool IsWon() const;
 
     Mesa& mesa_;
     BoardScene& scene_;

@@ -28,8 +28,6 @@ class EndlessGame : public DecidedThrows {
 public:
     explicit EndlessGame(GameState& state) : state_(state) {}
 
-    bool IsWatched() const override { return false; }
-
     /// Plays until the state has that many records.
     void PlayUntil(Short records) {
         wanted_ = records;

@@ -30,7 +30,7 @@ std::string PieceProblem(const GameState& state, Colour colour, Short piece) {
     const Square square = state.PiecePosition[colour][piece];
     const PieceCode code = CodeOf(colour, piece);
     if (square == 0) return {};
-    if (!IsOnTrack(colour, square)) return About("off its way stands piece", code);
+    if (!IsOnTrack(colour, square)) return About("off its track stands piece", code);
     const long found = SlotsHolding(state, code, square);
     if (found == 1 || (found == 0 && MayStandInNoSlot(state, colour, square))) return {};
     return About("not in exactly one slot stands piece", code);
@@ -51,10 +51,6 @@ std::string CountProblem(const GameState& state, Colour colour) {
 bool IsPiece(PieceCode code) {
     return ColourOf(code) >= 1 && ColourOf(code) <= ColourCount && PieceOf(code) >= 1 &&
            PieceOf(code) <= PiecesPerColour;
-}
-
-bool IsGoal(Square square) {
-    return std::find(GoalSquare.begin() + 1, GoalSquare.end(), square) != GoalSquare.end();
 }
 
 std::string SquareProblem(const GameState& state, Square square) {

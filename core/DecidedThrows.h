@@ -5,18 +5,18 @@
 
 namespace zorva {
 
-/// A silent world in which somebody decides each throw as a whole. The faces shown before the die
-/// lies still are two others in turn, so that no face follows itself.
+/// A silent world in which a derived class decides each throw as a whole: a script, a seed, a test. The
+/// nine faces that roll by before the throw are made up here, so a throw draws one number, not ten.
 class DecidedThrows : public SilentOutside {
 public:
+    /// Two made-up faces take turns, both unlike the throw, since no face may follow itself.
     Short RollFace() final {
-        if (!IsWatched()) return NextThrow();
-        if (shown_ == 0) thrown_ = NextThrow();
-        if (++shown_ == RollsOfAThrow) {
-            shown_ = 0;
+        if (rolled_ == 0) thrown_ = NextThrow();
+        if (++rolled_ == FacesOfAThrow) {
+            rolled_ = 0;
             return thrown_;
         }
-        return static_cast<Short>((thrown_ + shown_ % 2) % 6 + 1);
+        return static_cast<Short>((thrown_ + rolled_ % 2) % 6 + 1);
     }
 
 protected:
@@ -25,7 +25,7 @@ protected:
 
 private:
     Short thrown_ = 0;
-    Short shown_ = 0;
+    Short rolled_ = 0;  // faces of the present throw that have been handed out
 };
 
 }  // namespace zorva

@@ -10,22 +10,23 @@ Short RollOtherFace(Outside& outside, Short shown) {
     return face;
 }
 
-void PlayRollSound(const Show& show, Short roll) {
-    if (roll == 1 || roll == 3) show.PlaySound(Sound::DieRattles);
-    if (roll == 5) show.PlaySound(Sound::DieBounces);
-    if (roll == 7) show.PlaySound(Sound::DieComesToRest);
+void PlayRollSound(Outside& outside, Short roll) {
+    if (roll == 1 || roll == 3) outside.PlaySound(Sound::DieRattles);
+    if (roll == 5) outside.PlaySound(Sound::DieBounces);
+    if (roll == 7) outside.PlaySound(Sound::DieComesToRest);
 }
 
 }  // namespace
 
-void ShowThrow(const GameContext& game) {
+void ThrowDie(const GameContext& game) {
     GameState& state = game.state;
     state.DieValue = 0;
-    for (Short roll = 1; roll <= RollsOfAThrow; ++roll) {
+    for (Short roll = 1; roll <= FacesOfAThrow; ++roll) {
         state.DieValue = RollOtherFace(game.outside, state.DieValue);
-        PlayRollSound(game.show, roll);
-        game.show.DrawDie(state.CurrentColour, state.DieValue);
-        game.show.Pause(static_cast<Short>(RollsOfAThrow - roll));
+        PlayRollSound(game.outside, roll);
+        game.outside.DrawDie(state.CurrentColour, state.DieValue,
+                             roll < FacesOfAThrow ? DieIs::RollingBy : DieIs::Thrown);
+        game.outside.Pause(static_cast<Short>(FacesOfAThrow - roll));
     }
 }
 

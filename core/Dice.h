@@ -4,19 +4,11 @@
 
 namespace zorva {
 
-/// Faces shown one after another until the die lies still.
-inline constexpr Short RollsOfAThrow = 10;
+/// Faces of one throw: nine that roll by, and the throw itself.
+inline constexpr Short FacesOfAThrow = 10;
 
-/// Ten faces shown one after another; two in a row always differ. The tenth stays in DieValue.
-void ShowThrow(const GameContext& game);
-
-/// Rolls the die of CurrentColour into DieValue: as ShowThrow does, or one face when nobody watches.
-inline void ThrowDie(const GameContext& game) {
-    if (game.show.IsWatched()) {
-        ShowThrow(game);
-    } else {
-        game.state.DieValue = game.outside.RollFace();
-    }
-}
+/// Throws the die of CurrentColour: shows its faces one after another, with their sounds and pauses. Two
+/// in a row always differ. The last one, the throw, stays in DieValue.
+void ThrowDie(const GameContext& game);
 
 }  // namespace zorva

@@ -8,7 +8,7 @@ namespace zorva {
 bool MayBeDragged(const GameState& state, const Settings& settings, PieceCode code);
 
 /// Whether a dragged piece may be put down on a square, 0 being its own box. A displacement captures
-/// nothing and ends no game: refused are squares off its way, full squares, unsafe squares with a
+/// nothing and ends no game: refused are squares off its track, full squares, unsafe squares with a
 /// rival, the goal for a fourth piece, and the place where it stands.
 bool MayBeDropped(const GameState& state, PieceCode code, Square to);
 

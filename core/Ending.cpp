@@ -1,5 +1,6 @@
 #include "core/Ending.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/Board.h"
@@ -8,7 +9,7 @@
 namespace zorva {
 namespace {
 
-constexpr int wholeWay = PiecesPerColour * StepsToGoal;
+constexpr int wholeTrack = PiecesPerColour * StepsToGoal;
 
 int StepsOf(const GameState& state, Colour colour) {
     int steps = 0;
@@ -21,9 +22,9 @@ void Celebrate(const GameContext& game) {
     game.outside.PlaySound(Sound::Victory);
     game.outside.Pause(45);
     for (int blink = 0; blink < 4; ++blink) {
-        game.outside.DrawWinner(game.state.CurrentColour, true);
+        game.outside.ShowTurn(game.state.CurrentColour, TurnIs::Won);
         game.outside.Pause(55);
-        game.outside.DrawWinner(game.state.CurrentColour, false);
+        game.outside.ShowTurn(game.state.CurrentColour, TurnIs::Over);
         game.outside.Pause(20);
     }
 }
@@ -32,8 +33,8 @@ void Celebrate(const GameContext& game) {
 
 Short PointsOf(int losers, int walked) {
     if (losers == 0) return 0;
-    const double remaining = static_cast<double>(losers * wholeWay - walked) / losers;
-    const double value = std::nearbyint(remaining * 1000 / wholeWay);  // half to even
+    const double remaining = static_cast<double>(losers * wholeTrack - walked) / losers;
+    const double value = std::nearbyint(remaining * 1000 / wholeTrack);  // half to even
     return ToShort(std::min(static_cast<long>(value), 999L));
 }
 
@@ -63,6 +64,7 @@ std::string ResultText(const GameResult& result, const Settings& settings) {
 void EndOfGame(const GameContext& game) {
     GameState& state = game.state;
     Celebrate(game);
+    game.outside.ShowTurn(state.CurrentColour, TurnIs::Won);
     const GameResult result = ResultOf(state, game.settings);
     game.outside.ShowMessage("Final de la Partida", ResultText(result, game.settings), 2,
                              MessageButtons::Acknowledge);
@@ -70,7 +72,7 @@ void EndOfGame(const GameContext& game) {
         game.outside.ShowMessage("Histórico de partidas jugadas",
                                  "¿Se actualiza el Histórico de partidas?", 1, MessageButtons::YesNo);
     if (keep == MessageAnswer::Accepted) game.outside.KeepResult(result);
-    game.outside.RefreshBoard();
+    game.outside.ShowTurn(state.CurrentColour, TurnIs::Over);
     state.GameInProgress = No;
     state.MoveRecordCount = 0;
 }

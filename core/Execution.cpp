@@ -1,5 +1,6 @@
 #include "core/Execution.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/Board.h"
@@ -10,33 +11,17 @@ namespace {
 
 using Slots = std::array<PieceCode, 4>;
 
-Short SlotOf(const Slots& slots, PieceCode code) {
-    for (Short slot = 1; slot <= 3; ++slot) {
-        if (slots[slot] == code) return slot;
-    }
-    return 0;
-}
-
 // The pieces in the higher slots move down, so that a lone piece always stands in slot 1: capture,
-// attack and risk all read slot 1 first. Without a branch, like the next: which slot it is cannot be
-// foreseen.
+// attack and risk all read slot 1 first.
 void TakeFromSlots(Slots& slots, PieceCode code) {
-    const bool fromFirst = slots[1] == code;
-    const bool fromSecond = fromFirst | (slots[2] == code);
-    const bool fromThird = fromSecond | (slots[3] == code);
-    slots[1] = fromFirst ? slots[2] : slots[1];
-    slots[2] = fromSecond ? slots[3] : slots[2];
-    slots[3] = fromThird ? PieceCode{0} : slots[3];
+    const auto end = std::remove(slots.begin() + 1, slots.end(), code);
+    std::fill(end, slots.end(), PieceCode{0});
 }
 
 // A fourth piece on a goal finds no slot; its position alone says where it is.
 void PutIntoFirstEmptySlot(Slots& slots, PieceCode code) {
-    const bool first = slots[1] == 0;
-    const bool second = !first & (slots[2] == 0);
-    const bool third = !first & !second & (slots[3] == 0);
-    slots[1] = first ? code : slots[1];
-    slots[2] = second ? code : slots[2];
-    slots[3] = third ? code : slots[3];
+    const auto slot = std::find(slots.begin() + 1, slots.end(), 0);
+    if (slot != slots.end()) *slot = code;
 }
 
 // ---------------------------------------------------------------------------------- forwards
@@ -45,17 +30,17 @@ void Lift(const GameContext& game, Colour colour, PieceCode code, Square from) {
     GameState& state = game.state;
     if (from == 0) {
         --state.PiecesInBox[colour];
-        game.show.PlaySound(Sound::Box);
+        game.outside.PlaySound(Sound::Box);
     } else {
         TakeFromSlots(state.SquareOccupants[from], code);
     }
-    game.show.LiftPiece(code, from);
+    game.outside.LiftPiece(code, from);
 }
 
 void StepTo(const GameContext& game, PieceCode code, Square from, Square to) {
-    game.show.PlaySound(Sound::Step);
-    game.show.StepPiece(code, from, to);
-    game.show.StepDelay(80);
+    game.outside.PlaySound(Sound::Step);
+    game.outside.StepPiece(code, from, to);
+    game.outside.StepDelay(80);
 }
 
 void Walk(const GameContext& game, Colour colour, PieceCode code, Square from, Square to) {
@@ -77,7 +62,7 @@ void PutDown(const GameContext& game, Colour colour, PieceCode code, Square to) 
     state.PiecePosition[colour][PieceOf(code)] = to;
     PutIntoFirstEmptySlot(state.SquareOccupants[to], code);
     if (to == GoalSquare[colour]) ++state.PiecesHome[colour];
-    game.show.PutDownPiece(code, to);
+    game.outside.PutDownPiece(code, to);
 }
 
 void CheckCapture(GameState& state, Colour colour, Square to) {
@@ -87,43 +72,41 @@ void CheckCapture(GameState& state, Colour colour, Square to) {
     state.CapturedColour = ColourOf(capture.victim);
     if (capture.report == 2) {
         // The newcomer takes the victim's slot; the victim waits in slot 3 for its own record.
-        Slots& slots = state.SquareOccupants[to];
-        std::swap(slots[SlotOf(slots, capture.victim)], slots[3]);
+        std::swap(state.SquareOccupants[to][SlotOf(state, to, capture.victim)],
+                  state.SquareOccupants[to][3]);
     }
 }
 
-// The way home is shown as one step from the square into the box.
+// A piece returns in one step from its square into the box.
 void ReturnToBox(const GameContext& game, Colour colour, PieceCode code, Square from) {
     GameState& state = game.state;
     const bool isPenalty = state.SixesInRow == 3;
-    if (isPenalty) game.show.Pause(45);
-    game.show.PlaySound(Sound::SentHome);
-    game.show.StepPiece(code, from, 0);
-    game.show.Pause(isPenalty ? 55 : 45);
-    game.show.Pause(20);
+    if (isPenalty) game.outside.Pause(45);
+    game.outside.PlaySound(Sound::SentHome);
+    game.outside.StepPiece(code, from, 0);
+    game.outside.Pause(isPenalty ? 55 : 45);
+    game.outside.Pause(20);
     state.PiecePosition[colour][PieceOf(code)] = 0;
     ++state.PiecesInBox[colour];
-    game.show.PutDownPiece(code, 0);
+    game.outside.PutDownPiece(code, 0);
 }
 
 void PlayForward(const GameContext& game, const MoveRecord& record) {
     GameState& state = game.state;
     state.CaptureReport = 0;
     if (record.Piece == 0) return;
-    // Read at once: while the piece walks, the window may be painted, and nothing is to hang on the
-    // table.
     const Colour colour = record.MoverColour;
     const PieceCode code = CodeOf(colour, record.Piece);
-    const Square from = record.From, to = record.To;
-    const bool byHand = record.Manual != No;
-    Lift(game, colour, code, from);
-    if (to == 0) {
-        ReturnToBox(game, colour, code, from);
-        return;
+    Lift(game, colour, code, record.From);
+    if (record.To == 0) {
+        ReturnToBox(game, colour, code, record.From);
+    } else if (record.Manual) {
+        PutDown(game, colour, code, record.To);
+    } else {
+        Walk(game, colour, code, record.From, record.To);
+        PutDown(game, colour, code, record.To);
+        CheckCapture(state, colour, record.To);
     }
-    if (!byHand && game.show.IsWatched()) Walk(game, colour, code, from, to);
-    PutDown(game, colour, code, to);
-    if (!byHand) CheckCapture(state, colour, to);
 }
 
 // --------------------------------------------------------------------------------- backwards
@@ -132,50 +115,50 @@ bool MovesPieceTo(const MoveRecord& record, PieceCode code, Square square) {
     return record.Piece != 0 && record.To == square && CodeOf(record.MoverColour, record.Piece) == code;
 }
 
-// A captured piece's way home from a safe square: nothing but a capture on an exit square ends there.
-bool IsExitCaptureVictim(const MoveRecord& record) {
+// A captured piece returns from a safe square only after a capture on an exit square.
+bool IsReturnOffExit(const MoveRecord& record) {
     return record.OnBehalf != 0 && IsSafeSquare(record.From);
 }
 
 // How long a piece has stood on its square: the number of the move that brought it there, looked up
-// among the moves before `before`. Slots are kept in this order. Who captured on an exit square took
-// the victim's slot, and with it the victim's place in the order.
+// among the moves before `before`. Slots are kept in this order. A piece that captured on an exit square
+// took the victim's slot, and with it the victim's place in the order.
 Short Seniority(const GameState& state, PieceCode code, Square square, Short before) {
     for (Short move = before; --move >= 1;) {
         if (!MovesPieceTo(state.MoveRecords[move], code, square)) continue;
         const MoveRecord& next = state.MoveRecords[move + 1];
-        const bool tookSlot = move + 1 < before && IsExitCaptureVictim(next) && next.From == square;
+        const bool tookSlot = move + 1 < before && IsReturnOffExit(next) && next.From == square;
         if (!tookSlot) return move;
         code = CodeOf(next.MoverColour, next.Piece);
     }
     return 0;
 }
 
-void PutBackBySeniority(GameState& state, PieceCode code, Square square) {
+void PutBackBySeniority(GameState& state, PieceCode code, Square square, Short move) {
     Slots& slots = state.SquareOccupants[square];
-    const Short number = state.MoveRecordCount;
-    const Short own = Seniority(state, code, square, number);
+    const Short own = Seniority(state, code, square, move);
     Short slot = 1;
-    while (slot < 3 && slots[slot] != 0 && Seniority(state, slots[slot], square, number) < own) ++slot;
+    while (slot < 3 && slots[slot] != 0 && Seniority(state, slots[slot], square, move) < own) ++slot;
     for (Short higher = 3; higher > slot; --higher) slots[higher] = slots[higher - 1];
     slots[slot] = code;
 }
 
-void PutBack(GameState& state, const MoveRecord& record, PieceCode code) {
+void PutBack(GameState& state, const MoveRecord& record, PieceCode code, Short move) {
     if (record.From == 0) {
         ++state.PiecesInBox[record.MoverColour];
-    } else if (IsExitCaptureVictim(record)) {
+    } else if (IsReturnOffExit(record)) {
         state.SquareOccupants[record.From][3] = code;
     } else {
-        PutBackBySeniority(state, code, record.From);
+        PutBackBySeniority(state, code, record.From, move);
     }
 }
 
 void TakeOffGoal(GameState& state, Colour colour, PieceCode code) {
-    Slots& slots = state.SquareOccupants[GoalSquare[colour]];
+    const Square goal = GoalSquare[colour];
+    Slots& slots = state.SquareOccupants[goal];
     const Short others = --state.PiecesHome[colour];
     if (others == 2) slots[3] = state.GoalLeftover[colour];
-    if (others < 2) slots[SlotOf(slots, code)] = 0;
+    if (others < 2) slots[SlotOf(state, goal, code)] = 0;
 }
 
 void TakeOff(GameState& state, const MoveRecord& record, PieceCode code) {
@@ -190,30 +173,31 @@ void TakeOff(GameState& state, const MoveRecord& record, PieceCode code) {
     // The last to arrive stands in the highest slot, unless it captured on its exit square: then the
     // piece that waits in slot 3 has its own slot back.
     Slots& slots = state.SquareOccupants[record.To];
-    slots[SlotOf(slots, code)] = slots[3] == code ? PieceCode{0} : slots[3];
+    slots[SlotOf(state, record.To, code)] = slots[3] == code ? PieceCode{0} : slots[3];
     slots[3] = 0;
 }
 
-void TakeBack(const GameContext& game, const MoveRecord& record) {
+void TakeBack(const GameContext& game, const MoveRecord& record, Short move) {
     GameState& state = game.state;
     state.CaptureReport = 0;
     if (record.Piece == 0) return;
     const PieceCode code = CodeOf(record.MoverColour, record.Piece);
     TakeOff(state, record, code);
-    game.show.LiftPiece(code, record.To);
-    PutBack(state, record, code);
+    game.outside.LiftPiece(code, record.To);
+    PutBack(state, record, code, move);
     state.PiecePosition[record.MoverColour][record.Piece] = record.From;
-    game.show.PutDownPiece(code, record.From);
+    game.outside.PutDownPiece(code, record.From);
 }
 
 }  // namespace
 
-void ExecuteMove(const GameContext& game, ExecutionMode mode) {
-    const MoveRecord& record = game.state.MoveRecords[game.state.MoveRecordCount];
+void ExecuteMove(const GameContext& game, ExecutionMode mode, Short move) {
+    // Copied first: events run during the walk and may change the records.
+    const MoveRecord record = game.state.MoveRecords[move];
     if (mode == ExecutionMode::Forward) {
         PlayForward(game, record);
     } else {
-        TakeBack(game, record);
+        TakeBack(game, record, move);
     }
 }
 

@@ -29,8 +29,8 @@ void ForgetTurn(GameState& state) {
     state.MoveRecords.assign(41, {});
 }
 
-// Slot 3 of a square is left alone, deliberately: only a goal can hold something there, and nothing
-// reads it but the piece that would be the third to come home.
+// Slot 3 of a square keeps what it holds, deliberately: only a goal can hold a piece there, and only the
+// third piece that comes home looks at it.
 void PutAllIntoBoxes(GameState& state) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         state.PiecesInBox[colour] = PiecesPerColour;
@@ -44,12 +44,13 @@ void PutAllIntoBoxes(GameState& state) {
     }
 }
 
+// Each piece of those taking part is put down where it stands: in its box in a new game.
 void SeatPieces(const GameContext& game) {
-    game.outside.EmptyBoard();
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (!IsTakingPart(game.settings, colour)) continue;
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-            game.outside.PutDownPiece(CodeOf(colour, piece), 0);
+            const PieceCode code = CodeOf(colour, piece);
+            game.outside.PutDownPiece(code, game.state.PositionOf(code));
             game.outside.PlaySound(Sound::Box);
             game.outside.Pause(15);
         }
@@ -67,12 +68,13 @@ bool AskToBegin(const GameContext& game) {
                                     4, MessageButtons::YesNo) == MessageAnswer::Accepted;
 }
 
-// Every contender throws; what the others hold stays 0.
+// Every contender throws; the others count as having thrown 0.
 void ThrowOfEach(const GameContext& game, const PerColour<bool>& contends, PerColour<Short>& thrown) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         thrown[colour] = 0;
         game.state.CurrentColour = colour;
         if (!contends[colour]) continue;
+        game.outside.ShowTurn(colour, TurnIs::InDraw);
         ThrowDie(game);
         thrown[colour] = game.state.DieValue;
         game.outside.Pause(100);
@@ -94,26 +96,28 @@ void DrawFirstPlayer(const GameContext& game) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         contends[colour] = IsTakingPart(game.settings, colour);
     }
+    game.outside.ShowTurn(0, TurnIs::InDraw);
     for (;;) {
         game.outside.Pause(90);
         ThrowOfEach(game, contends, thrown);
         const auto best = std::max_element(thrown.begin() + 1, thrown.end());
         const bool isTie = std::count(thrown.begin() + 1, thrown.end(), *best) > 1;
-        // Nobody is on turn while the tie is told.
+        // Nobody is on turn while the message about a tie is open.
         game.state.CurrentColour = isTie ? Colour{0} : static_cast<Colour>(best - thrown.begin());
+        game.outside.ShowTurn(game.state.CurrentColour, TurnIs::InDraw);
         if (!isTie) return;
         for (Colour colour = 1; colour <= ColourCount; ++colour)
             contends[colour] = thrown[colour] == *best;
         game.outside.ShowMessage(drawTitle, "Hay empate y se va a desempatar", 1,
                                  MessageButtons::Acknowledge);
-        game.show.ClearDice();
+        game.outside.ClearDice();
     }
 }
 
 void PlayFrom(const GameContext& game, Colour first) {
     game.state.GameInProgress = Yes;
     game.state.CurrentColour = first;
-    game.show.ClearDice();
+    game.outside.ClearDice();
     PreviousColour(game);
     game.outside.SetScreenCursor(ScreenCursor::Hourglass);
     game.outside.Pause(15);
@@ -122,7 +126,8 @@ void PlayFrom(const GameContext& game, Colour first) {
 
 StartOutcome StartGame(const GameContext& game) {
     ResetGame(game);
-    game.show.ClearDice();
+    game.outside.ClearDice();
+    game.outside.RefreshBoard(PiecesShown::None);
     SeatPieces(game);
     if (!AskToBegin(game)) return StartOutcome::Cancelled;
     game.state.GameInProgress = Yes;
@@ -134,6 +139,18 @@ StartOutcome StartGame(const GameContext& game) {
     if (!game.state.GameInProgress) return StartOutcome::Played;
     PlayFrom(game, first);
     return StartOutcome::Played;
+}
+
+// RunTurns opens a record at once, so the unfinished move goes on under its own number. A bonus that was
+// due follows from the last record.
+void ContinueGame(const GameContext& game) {
+    GameState& state = game.state;
+    Require(state.GameInProgress && state.MoveRecordCount >= 2, "no game to continue");
+    SeatPieces(game);
+    --state.MoveRecordCount;
+    state.MoveCount = BonusDueAfter(state.MoveRecords[state.MoveRecordCount]);
+    state.ThrowNext = state.MoveCount == 0 ? Yes : No;
+    RunTurns(game);
 }
 
 }  // namespace zorva

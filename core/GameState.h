@@ -3,23 +3,22 @@
 #include <vector>
 
 #include "core/Settings.h"
-#include "core/Standing.h"
 #include "core/Types.h"
 
 namespace zorva {
 
-/// What is kept of one move; the log, the recorder and the saved game are made of these.
+/// What is kept of one move; the log, the recorder and the saved game are made of these records.
 struct MoveRecord {
     Short MoverColour = 0;      ///< colour whose piece moved
     Short FollowingColour = 0;  ///< colour on turn when another colour's piece moved, else 0
-    Short Die = 0;              ///< face thrown; 0 for bonus moves, captured pieces, manual moves
+    Short Die = 0;              ///< face thrown; 0 for bonus moves, captured pieces, moves by hand
     Short Count = 0;            ///< squares counted
     Short Piece = 0;            ///< piece 1..4, 0 when the colour passed
     Short From = 0;             ///< square left, 0 = the waiting box
     Short To = 0;               ///< square reached, 0 = back to the waiting box
     Short RepeatState = 0;      ///< sixes in a row at this move, 0..2 (a third is stored as 0)
     Short Manual = 0;           ///< Yes for a piece dragged by hand
-    Short OnBehalf = 0;         ///< 1 for a captured piece's way home
+    Short OnBehalf = 0;         ///< 1 when a captured piece returns to its box
     Short TurnEnd = 0;          ///< Yes when the move begins a turn, No when it goes on with one
 
     bool operator==(const MoveRecord&) const = default;
@@ -27,9 +26,12 @@ struct MoveRecord {
 
 /// The whole game as one value: copy it to remember it, compare it to prove a move taken back.
 struct GameState {
-    // Where the pieces stand. Changed by move execution, a new game and the loading of a game only.
-    PerColour<PerPiece<Square>> PiecePosition{};                             ///< authoritative
-    std::array<std::array<PieceCode, 4>, LastSquare + 1> SquareOccupants{};  ///< [square][slot 1..3]
+    // Where the pieces stand. Only move execution, a new game and the loading of a game change these.
+    PerColour<PerPiece<Square>> PiecePosition{};  ///< authoritative; the other tables follow from it
+    /// [square][slot 1..3]. Slots 1 and 2 are the normal places. Slot 3 holds a piece that was captured
+    /// on an exit square until it returns to its box, and the third piece on a goal; a fourth piece on a
+    /// goal stands in no slot.
+    std::array<std::array<PieceCode, 4>, LastSquare + 1> SquareOccupants{};
     PerColour<Short> PiecesInBox{0, 4, 4, 4, 4};
     PerColour<Short> PiecesHome{};
     /// What an earlier game left in slot 3 of each colour's goal, 0 when nothing: a third piece that
@@ -73,8 +75,6 @@ struct GameState {
     /// Records of the moves, indexed by move number from 1; record 0 stays empty.
     std::vector<MoveRecord> MoveRecords = std::vector<MoveRecord>(41);
     Short MoveRecordCount = 0;  ///< number of the current, unfinished move
-
-    Standings Seen;  ///< what decisions read off PiecePosition; never stale, whoever moved the pieces
 
     bool operator==(const GameState&) const = default;
 

@@ -1,8 +1,5 @@
 #include "core/Player.h"
 
-#include <bit>
-
-#include "core/Appraisal.h"
 #include "core/Board.h"
 #include "core/Rules.h"
 #include "core/ScoreTerms.h"
@@ -12,6 +9,8 @@
 
 namespace zorva {
 namespace {
+
+constexpr double worstScore = -999;
 
 bool IsRival(PieceCode code, Colour colour) {
     return code != 0 && ColourOf(code) != colour;
@@ -23,30 +22,27 @@ Short ProgressOf(const GameState& state, PieceCode code) {
 
 // ------------------------------------------------------------------------ attack and risk
 
-// The way of a die walked once instead of once for each face: as IsMoveLegal has it, a barrier ends
-// all longer walks and nobody ends on a full square. There are no rivals in the home column.
+// The progress that the rivals within one die's reach would lose.
 int AttackFrom(const GameState& state, Colour colour, Square square) {
-    const auto& walk = WalkFrom(square, colour);
     int attack = 0;
-    for (std::size_t face = 1; face <= 6; ++face) {
-        const Square reached = walk[face];
-        if (reached > LastRingSquare) break;
-        const auto& occupants = state.SquareOccupants[reached];
-        if (occupants[1] == 0) continue;
-        if (IsBarrier(state, reached)) break;
-        if (occupants[2] != 0 || IsSafeSquare(reached)) continue;
-        if (IsRival(occupants[1], colour)) attack += ProgressOf(state, occupants[1]);
+    for (Short face = 1; face <= 6; ++face) {
+        if (!IsMoveLegal(state, colour, face, square)) continue;
+        const Square reached = DestinationOf(colour, face, square);
+        const PieceCode there = state.SquareOccupants[reached][1];
+        if (!IsSafeSquare(reached) && IsRival(there, colour)) attack += ProgressOf(state, there);
     }
     return attack;
 }
 
-// Whether one throw of the rival can really count that far.
+// Whether one throw of the rival can really count that far: a six counts 6 while the rival has a piece
+// in its box, and SixValue when it has none.
 bool CanThrow(const GameState& state, Colour rival, Short distance) {
     if (distance <= 5) return true;
-    if (distance == 6 && state.PiecesInBox[rival] > 0) return true;
-    return distance == state.SixValue && state.PiecesInBox[rival] == 0;
+    const bool hasPieceInBox = state.PiecesInBox[rival] > 0;
+    return distance == (hasPieceInBox ? 6 : state.SixValue);
 }
 
+// A rival that turns into its home column in between does not reach the target.
 bool Threatens(const GameState& state, PieceCode code, Colour colour, Square from, Short distance,
                Square target) {
     if (!IsRival(code, colour)) return false;
@@ -55,25 +51,27 @@ bool Threatens(const GameState& state, PieceCode code, Colour colour, Square fro
 }
 
 // Nobody is captured off the ring, on a safe square, or as part of a barrier.
-bool IsExposed(const GameState& state, Colour colour, PieceCode code, Square square) {
+bool IsExposed(const GameState& state, PieceCode code, Square square) {
     if (square > LastRingSquare || IsSafeSquare(square)) return false;
     const auto& occupants = state.SquareOccupants[square];
-    if (occupants[2] != 0) return false;
-    return ColourOf(occupants[1]) != colour || occupants[1] == code;
+    const bool joinsOwnPiece = occupants[1] != code && ColourOf(occupants[1]) == ColourOf(code);
+    return occupants[2] == 0 && !joinsOwnPiece;
 }
 
-int ThreatsTo(const GameState& state, Colour colour, PieceCode code, Square square) {
-    if (!IsExposed(state, colour, code, square)) return 0;
-    const auto threatsFrom = [&](Short distance) {
-        const Square from =
-            static_cast<Square>(square - distance + (square > distance ? 0 : LastRingSquare));
-        const auto& occupants = state.SquareOccupants[from];
-        if (occupants[1] == 0) return 0;
-        return Threatens(state, occupants[1], colour, from, distance, square) +
-               Threatens(state, occupants[2], colour, from, distance, square);
-    };
-    int threats = threatsFrom(state.SixValue);
-    for (Short distance = 1; distance <= 6; ++distance) threats += threatsFrom(distance);
+int ThreatsFrom(const GameState& state, Colour colour, Square square, Short distance) {
+    const Square from =
+        static_cast<Square>(square - distance + (square > distance ? 0 : LastRingSquare));
+    const auto& occupants = state.SquareOccupants[from];
+    return Threatens(state, occupants[1], colour, from, distance, square) +
+           Threatens(state, occupants[2], colour, from, distance, square);
+}
+
+int ThreatsTo(const GameState& state, PieceCode code, Square square) {
+    if (!IsExposed(state, code, square)) return 0;
+    int threats = ThreatsFrom(state, ColourOf(code), square, state.SixValue);
+    for (Short distance = 1; distance <= 6; ++distance) {
+        threats += ThreatsFrom(state, ColourOf(code), square, distance);
+    }
     return threats;
 }
 
@@ -99,8 +97,8 @@ bool CanAnyWalk(const Candidate& move, Short steps, Short exceptPiece) {
 
 double PositionTerm(const Candidate& move) {
     const PieceCode code = CodeOf(move.colour, move.piece);
-    const double gain = SquareValue(move.state, move.colour, code, move.to) -
-                        SquareValue(move.state, move.colour, code, move.from);
+    const double gain =
+        SquareValue(move.state, code, move.to) - SquareValue(move.state, code, move.from);
     return gain * 10 * move.level / 100;
 }
 
@@ -143,6 +141,7 @@ bool CapturesByComingOut(const Candidate& move) {
            (IsRival(occupants[1], move.colour) || IsRival(occupants[2], move.colour));
 }
 
+// Three terms, each added by itself: a sum of doubles depends on the order.
 void AddExitTerms(const Candidate& move, double& score) {
     if (move.from != 0 || move.state.MoveCount != ExitCount || move.level < terms::exitLevel) return;
     score += terms::exit;
@@ -161,7 +160,8 @@ void SetOnlyMove(GameState& state, Short piece, Square to) {
     state.MovablePieces[piece] = Yes;
 }
 
-bool ChooseOpening(GameState& state, const Settings& settings) {
+// With all pieces in the box a throw may begin to count at once, or bring two pieces out.
+bool ChooseFirstExit(GameState& state, const Settings& settings) {
     const Colour colour = state.CurrentColour;
     const bool startsCounting =
         state.PiecesInBox[colour] == PiecesPerColour && settings.RuleLeaveAllInBox == 1;
@@ -190,51 +190,33 @@ bool ChooseCompulsoryExit(GameState& state, const Settings& settings) {
     return true;
 }
 
-// What the state says of a set of pieces, in which bit n stands for piece n.
-struct PieceSet {
-    PerPiece<Short> flags{};
-    Short count = 0;
-};
-
-constexpr auto MakePieceSets() {
-    std::array<PieceSet, 1U << (PiecesPerColour + 1)> sets{};
-    for (unsigned set = 0; set < sets.size(); ++set) {
-        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-            if ((set >> piece & 1) == 0) continue;
-            sets[set].flags[piece] = Yes;
-            ++sets[set].count;
-        }
-    }
-    return sets;
-}
-
-constexpr auto pieceSets = MakePieceSets();
-
 void ChooseBestScore(GameState& state, const Settings& settings) {
     const Colour colour = state.CurrentColour;
-    const Outlook outlook(state);
-    const unsigned movable = outlook.MovablePieces(state.MoveCount);
-    state.MovablePieces = pieceSets[movable].flags;
-    state.LegalMoveCount = pieceSets[movable].count;
-    if (movable == 0) {
-        state.BestPiece = state.BestFrom = state.BestTo = 0;
-        return;
+    state.BestPiece = state.BestFrom = state.BestTo = 0;
+    state.LegalMoveCount = 0;
+    double best = worstScore;
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        const Square from = state.PiecePosition[colour][piece];
+        const bool isLegal = IsMoveLegal(state, colour, state.MoveCount, from);
+        state.MovablePieces[piece] = isLegal ? Yes : No;
+        if (!isLegal) continue;
+        ++state.LegalMoveCount;
+        const double score = ScoreOfMove(state, settings, piece);
+        if (score <= best) continue;
+        best = score;
+        state.BestPiece = piece;
+        state.BestFrom = from;
+        state.BestTo = DestinationOf(colour, state.MoveCount, from);
     }
-    // A single one is taken whatever its score.
-    const bool isOnlyOne = (movable & (movable - 1)) == 0;
-    state.BestPiece = isOnlyOne ? static_cast<Short>(std::countr_zero(movable))
-                                : Appraisal(outlook, settings.PlayerLevel[colour]).BestOf(movable);
-    state.BestFrom = state.PiecePosition[colour][state.BestPiece];
-    state.BestTo = outlook.DestinationOf(state.MoveCount, state.BestPiece);
 }
 
 }  // namespace
 
-double SquareValue(const GameState& state, Colour colour, PieceCode code, Square square) {
+double SquareValue(const GameState& state, PieceCode code, Square square) {
     if (square == 0) return 0;
-    const int attack = AttackFrom(state, colour, square);
+    const int attack = AttackFrom(state, ColourOf(code), square);
     const int perThreat = CaptureBonus + ProgressOf(state, code);
-    const int risk = ThreatsTo(state, colour, code, square) * perThreat;
+    const int risk = ThreatsTo(state, code, square) * perThreat;
     return attack / terms::attackPerPoint - risk / terms::riskPerPoint;
 }
 
@@ -256,7 +238,7 @@ double ScoreOfMove(const GameState& state, const Settings& settings, Short piece
 }
 
 void ChooseComputerMove(GameState& state, const Settings& settings) {
-    if (ChooseOpening(state, settings)) return;
+    if (ChooseFirstExit(state, settings)) return;
     if (ChooseCompulsoryExit(state, settings)) return;
     ChooseBestScore(state, settings);
 }

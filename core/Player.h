@@ -10,11 +10,14 @@ namespace zorva {
 /// LegalMoveCount, MovablePieces and, for the exit of two pieces, SecondMovePending.
 void ChooseComputerMove(GameState& state, const Settings& settings);
 
-/// The score of a legal move of that piece of CurrentColour with MoveCount squares.
+/// The score of a legal move of that piece of CurrentColour with MoveCount squares, in points: what the
+/// square reached is worth more than the square left (times ten, scaled by the playing level as a
+/// percentage), plus the terms of core/ScoreTerms.h that the level sees.
 double ScoreOfMove(const GameState& state, const Settings& settings, Short piece);
 
-/// What standing on `square` is worth to a piece that has come `progress` squares: the rivals it
-/// could attack from there less the risk of being captured there. 0 in the box.
-double SquareValue(const GameState& state, Colour colour, PieceCode code, Square square);
+/// What standing on `square` is worth to the piece `code`, in points: the progress of the rivals it
+/// could capture from there with one die, less what it risks there. Each rival that could capture it
+/// with one throw risks the piece's own progress and the 20 squares of the bonus. 0 in the box.
+double SquareValue(const GameState& state, PieceCode code, Square square);
 
 }  // namespace zorva

@@ -1,32 +1,21 @@
 #include "core/Recorder.h"
 
-#include "core/Dice.h"
 #include "core/Execution.h"
+#include "core/Records.h"
 #include "core/SilentOutside.h"
+#include "core/Turns.h"
 
 namespace zorva {
 namespace {
-
-// Carries moves out without showing them.
-class Unseen : public SilentOutside {
-public:
-    bool IsWatched() const override { return false; }
-    Short RollFace() override { Fatal("a replayed move throws no die"); }
-};
 
 const MoveRecord& RecordAt(const GameState& state, int move) {
     return state.MoveRecords[move];
 }
 
-// The colour whose turn it was when the record was made.
-Colour ColourOnTurn(const MoveRecord& record) {
-    return record.FollowingColour != 0 ? record.FollowingColour : record.MoverColour;
-}
-
 void Replay(const GameContext& game, RecorderState& recorder) {
     GameState& state = game.state;
-    ExecuteMove(game, ExecutionMode::Forward);
-    state.CaptureReport = 0;  // the next move that is logged has nothing to do with it
+    ExecuteMove(game, ExecutionMode::Forward, state.MoveRecordCount);
+    state.CaptureReport = 0;  // LogMove must not take the next move for a captured piece's return
     ++state.MoveRecordCount;
     state.CurrentColour = state.MoveRecordCount < recorder.RecorderEnd
                               ? RecordAt(state, state.MoveRecordCount).MoverColour
@@ -36,39 +25,34 @@ void Replay(const GameContext& game, RecorderState& recorder) {
 void TakeBack(const GameContext& game) {
     GameState& state = game.state;
     --state.MoveRecordCount;
-    ExecuteMove(game, ExecutionMode::Backward);
+    ExecuteMove(game, ExecutionMode::Backward, state.MoveRecordCount);
     state.CurrentColour = RecordAt(state, state.MoveRecordCount).MoverColour;
-}
-
-void ShowReadyDie(const GameContext& game) {
-    game.show.ClearDice();
-    game.state.DieValue = 0;
-    game.outside.DrawDie(game.state.CurrentColour, game.state.RepeatTurn ? Short{6} : Short{5});
 }
 
 // The dice show the throw of the last move on the board, and the ready die at the end of the tape.
 void ShowDiceOfPosition(const GameContext& game, const RecorderState& recorder) {
-    GameState& state = game.state;
+    const GameState& state = game.state;
+    game.outside.ClearDice();
     if (state.MoveRecordCount == recorder.RecorderEnd) {
         ShowReadyDie(game);
         return;
     }
-    game.show.ClearDice();
     const MoveRecord& last = RecordAt(state, state.MoveRecordCount - 1);
-    state.DieValue = last.Die;
-    if (last.Die != 0) game.outside.DrawDie(last.MoverColour, last.Die);
-    state.DieValue = 0;
+    if (last.Die != 0) game.outside.DrawDie(last.MoverColour, last.Die, DieIs::AtRest);
 }
 
 void ShowPosition(const GameContext& game, const RecorderState& recorder) {
     ShowDiceOfPosition(game, recorder);
+    game.outside.ShowTurn(game.state.CurrentColour, TurnIs::OnTape);
     game.outside.SelectLogLine(ToShort(game.state.MoveRecordCount - 1));
 }
 
 void TakeTapeOut(const GameContext& game, RecorderState& recorder) {
     recorder = RecorderState{};
     game.outside.SelectLogLine(-1);
-    game.outside.RefreshBoard();
+    game.outside.RefreshBoard(PiecesShown::OnTheirSquares);
+    game.outside.ClearDice();
+    game.outside.ShowTurn(game.state.CurrentColour, TurnIs::Throws);
     ShowReadyDie(game);
 }
 
@@ -127,9 +111,9 @@ void StepBack(const GameContext& game, RecorderState& recorder) {
 }
 
 void RecorderSwitchOff(const GameContext& game, RecorderState& recorder) {
-    Unseen unseen;
+    SilentOutside silent;
     while (game.state.MoveRecordCount < recorder.RecorderEnd) {
-        Replay({game.state, game.settings, unseen}, recorder);
+        Replay({game.state, game.settings, silent}, recorder);
     }
     game.state.CurrentColour = recorder.RecorderResumeColour;
     TakeTapeOut(game, recorder);
@@ -137,9 +121,9 @@ void RecorderSwitchOff(const GameContext& game, RecorderState& recorder) {
 
 void RestorePosition(const GameContext& game, RecorderState& recorder) {
     GameState& state = game.state;
-    Unseen unseen;
+    SilentOutside silent;
     while (state.MoveRecordCount > 1 && !RecordAt(state, state.MoveRecordCount).TurnEnd) {
-        TakeBack({state, game.settings, unseen});
+        TakeBack({state, game.settings, silent});
     }
     RestoreTurn(state);
     game.outside.CutLogFrom(state.MoveRecordCount);

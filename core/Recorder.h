@@ -14,7 +14,7 @@ struct RecorderState {
     Short AutoAdvanceActive = No;     ///< ... forwards
 };
 
-// What the keys may do now.
+// Whether each key does something now. The tape is the records 1 to RecorderEnd - 1.
 bool CanSwitchOn(const GameState& state, const RecorderState& recorder);
 bool CanStepBack(const GameState& state, const RecorderState& recorder);
 bool CanStepForward(const GameState& state, const RecorderState& recorder);
@@ -22,10 +22,10 @@ bool CanStepForward(const GameState& state, const RecorderState& recorder);
 bool CanRestore(const GameState& state, const RecorderState& recorder);
 bool IsReplaying(const RecorderState& recorder);
 
-/// Puts the tape in: the position is its end.
+/// Switches the recorder on; the position is the end of the tape.
 void RecorderSwitchOn(const GameContext& game, RecorderState& recorder);
 
-/// Goes to the end of the tape at once, without walk, sound or pause, and takes the tape out: the
+/// Goes to the end of the tape at once, without walk, sound or pause, and switches the recorder off: the
 /// game stands exactly where it stood.
 void RecorderSwitchOff(const GameContext& game, RecorderState& recorder);
 
@@ -35,8 +35,9 @@ void StepForward(const GameContext& game, RecorderState& recorder);
 /// Takes the move before the position back. The position must be above 1.
 void StepBack(const GameContext& game, RecorderState& recorder);
 
-/// Forgets the moves from the position on; where it is inside a turn, from the beginning of that turn
-/// on. The game plays on as if the forgotten moves had never been made. Takes the tape out.
+/// Forgets the moves from the position on; where the position is inside a turn, from the beginning of
+/// that turn on. The game plays on as if the forgotten moves had never been made. Switches the recorder
+/// off.
 void RestorePosition(const GameContext& game, RecorderState& recorder);
 
 }  // namespace zorva

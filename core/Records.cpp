@@ -1,5 +1,6 @@
 #include "core/Records.h"
 
+#include "core/Board.h"
 #include "core/Rules.h"
 
 namespace zorva {
@@ -7,43 +8,43 @@ namespace {
 
 constexpr std::size_t recordsAtOnce = 40;
 
-void FillDisplacementByHand(MoveRecord& record, const GameState& state) {
+MoveRecord RecordByHand(const GameState& state) {
+    MoveRecord record;
     record.MoverColour = state.CurrentColour;
     if (state.ManualShiftColour != state.CurrentColour) record.FollowingColour = state.ManualShiftColour;
+    record.Piece = state.MovePiece;
+    record.From = state.MoveFrom;
+    record.To = state.MoveTo;
     record.Manual = Yes;
+    return record;
 }
 
-void FillWayHomeOfCaptured(MoveRecord& record, const GameState& state) {
-    record.MoverColour = state.CapturedColour;
-    record.FollowingColour = state.CurrentColour;
-    record.OnBehalf = 1;
-}
-
-void FillOrdinaryMove(MoveRecord& record, const GameState& state) {
-    // Two pieces left with one five. The second is logged like the first, even when a capture by the
-    // first has cleared the die in between.
+// Two pieces may leave with one five. The second is logged like the first, even when a capture by the
+// first has cleared the die in between.
+MoveRecord OrdinaryRecord(const GameState& state) {
     const bool two = state.SecondMovePending != 0;
+    MoveRecord record;
     record.MoverColour = state.CurrentColour;
     record.Die = two ? ExitCount : state.DieValue;
     record.Count = two ? ExitCount : state.MoveCount;
+    record.Piece = state.MovePiece;
+    record.From = state.MoveFrom;
+    record.To = state.MoveTo;
+    return record;
 }
 
-void FillKindOfMove(MoveRecord& record, const GameState& state) {
-    if (state.ManualShiftMade) return FillDisplacementByHand(record, state);
-    if (state.CaptureReport != 0) return FillWayHomeOfCaptured(record, state);
-    FillOrdinaryMove(record, state);
+MoveRecord RecordOfMove(const GameState& state, Short repeatState) {
+    if (state.ManualShiftMade) return RecordByHand(state);
+    if (state.CaptureReport == 0) return OrdinaryRecord(state);
+    return ReturnRecord(CodeOf(state.CapturedColour, state.MovePiece), state.MoveFrom,
+                        state.CurrentColour, repeatState);
 }
 
-[[gnu::cold]] void MakeRoom(std::vector<MoveRecord>& records) {
-    records.resize(records.size() + recordsAtOnce);
-}
-
-// Whether the move goes on with a turn that an earlier record began; a restored game never starts
-// in front of such a record.
+// Whether the move goes on with a turn that an earlier record began. A restored game never starts in
+// front of such a record.
 bool GoesOnWithTurn(const MoveRecord& record, Short secondMovePending) {
-    const bool isBonus = (record.Count == ArrivalBonus) | (record.Count == CaptureBonus);
-    const bool isSecond = (secondMovePending == 2) & !record.Manual;
-    return isBonus | isSecond | (record.RepeatState >= 2) | (record.OnBehalf != 0);
+    const bool isSecondExit = secondMovePending == 2 && !record.Manual;
+    return IsBonus(record) || isSecondExit || record.RepeatState >= 2 || record.OnBehalf != 0;
 }
 
 const char* Abbreviation(Colour colour) {
@@ -59,25 +60,63 @@ std::string ActionText(const MoveRecord& record) {
 
 }  // namespace
 
+// ------------------------------------------------------------------------------ writing records
+
 void NewMoveRecord(GameState& state) {
     state.MoveRecordCount = ToShort(state.MoveRecordCount + 1);
-    const auto next = state.MoveRecords.begin() + state.MoveRecordCount + 1;
-    if (next >= state.MoveRecords.end()) [[unlikely]]
-        MakeRoom(state.MoveRecords);
+    const std::size_t size = state.MoveRecords.size();
+    if (static_cast<std::size_t>(state.MoveRecordCount) + 1 >= size) {
+        state.MoveRecords.resize(size + recordsAtOnce);
+    }
 }
 
 void LogMove(const GameContext& game) {
     GameState& state = game.state;
-    MoveRecord& record = state.MoveRecords[state.MoveRecordCount];
-    record = {};
-    FillKindOfMove(record, state);
-    record.Piece = state.MovePiece;
-    record.From = state.MoveFrom;
-    record.To = state.MoveTo;
-    record.RepeatState = state.SixesInRow == 3 ? Short{0} : state.SixesInRow;
+    const Short repeatState = state.SixesInRow == 3 ? Short{0} : state.SixesInRow;
+    MoveRecord record = RecordOfMove(state, repeatState);
+    record.RepeatState = repeatState;
     record.TurnEnd = GoesOnWithTurn(record, state.SecondMovePending) ? No : Yes;
-    game.show.AddLogLine(state.MoveRecordCount, record);
+    state.MoveRecords[state.MoveRecordCount] = record;
+    game.outside.AddLogLine(state.MoveRecordCount, record);
 }
+
+MoveRecord ReturnRecord(PieceCode captured, Square from, Colour captor, Short repeatState) {
+    MoveRecord record;
+    record.MoverColour = ColourOf(captured);
+    record.FollowingColour = captor;
+    record.Piece = PieceOf(captured);
+    record.From = from;
+    record.RepeatState = repeatState;
+    record.OnBehalf = 1;
+    return record;
+}
+
+// ------------------------------------------------------------------------------ reading records
+
+Colour ColourOnTurn(const MoveRecord& record) {
+    return record.FollowingColour != 0 ? record.FollowingColour : record.MoverColour;
+}
+
+bool IsBonus(const MoveRecord& record) {
+    return record.Count == ArrivalBonus || record.Count == CaptureBonus;
+}
+
+Short BonusDueAfter(const MoveRecord& record) {
+    if (record.Piece == 0 || record.Manual) return 0;
+    // Off a safe square a piece is captured on an exit square only, which earns nothing.
+    if (record.OnBehalf != 0) return IsSafeSquare(record.From) ? Short{0} : CaptureBonus;
+    return record.To == GoalSquare[record.MoverColour] ? ArrivalBonus : Short{0};
+}
+
+Short LatestMoveNoBonus(const GameState& state, Colour colour, Short before) {
+    for (Short move = static_cast<Short>(before - 1); move >= 1; --move) {
+        const MoveRecord& record = state.MoveRecords[move];
+        if (record.MoverColour == colour && !IsBonus(record)) return move;
+    }
+    return 0;
+}
+
+// -------------------------------------------------------------------------------------- the log
 
 std::string LogLineText(Short moveNumber, const MoveRecord& record) {
     std::string number = std::to_string(moveNumber);
@@ -86,9 +125,9 @@ std::string LogLineText(Short moveNumber, const MoveRecord& record) {
     return number + " " + Abbreviation(record.MoverColour) + " " + ActionText(record);
 }
 
-void RebuildLog(const GameContext& game) {
+void RebuildLog(const GameContext& game, Short moves) {
     game.outside.BeginLog(ContinuedGameHeading);
-    for (Short move = 1; move < game.state.MoveRecordCount; ++move) {
+    for (Short move = 1; move <= moves; ++move) {
         game.outside.AddLogLine(move, game.state.MoveRecords[move]);
     }
 }

@@ -6,12 +6,39 @@
 
 namespace zorva {
 
-/// Opens the record of the next move, which is empty as all behind it: MoveRecordCount rises by one, and
-/// the table by 40 records whenever it is full.
+// ------------------------------------------------------------------------------ writing records
+
+/// Opens the record of the next move: MoveRecordCount rises by one, and the table grows by 40 records
+/// when that number is its last. Records from MoveRecordCount on are empty.
 void NewMoveRecord(GameState& state);
 
-/// Fills the record of the move about to be made from the turn fields and adds its log line.
+/// Fills the record MoveRecords[MoveRecordCount] of the move about to be made from the turn fields and
+/// adds its log line. A move by hand (ManualShiftMade), a captured piece's return (CaptureReport) and an
+/// ordinary move are told apart by those fields.
 void LogMove(const GameContext& game);
+
+/// The record with which a captured piece returns from a square to its box; nothing in it is left to
+/// choice. `captor` is the colour on turn, `repeatState` that of the capturing move.
+MoveRecord ReturnRecord(PieceCode captured, Square from, Colour captor, Short repeatState);
+
+// ------------------------------------------------------------------------------ reading records
+
+/// The colour whose turn it was when the record was made: for a captured or dragged piece of another
+/// colour not the mover's.
+Colour ColourOnTurn(const MoveRecord& record);
+
+/// Whether the move was a bonus of 10 or 20 squares, walked or passed.
+bool IsBonus(const MoveRecord& record);
+
+/// Squares of the bonus that is due after the record: 20 when it returned a piece that was captured off
+/// an exit square, 10 when it walked a piece onto its goal, else 0.
+Short BonusDueAfter(const MoveRecord& record);
+
+/// The number of the colour's latest move below `before` that was no bonus; 0 when there is none. Record
+/// 0 is empty: its piece is 0.
+Short LatestMoveNoBonus(const GameState& state, Colour colour, Short before);
+
+// -------------------------------------------------------------------------------------- the log
 
 /// The log line of a move, such as "  7 Ama. cuenta 5".
 std::string LogLineText(Short moveNumber, const MoveRecord& record);
@@ -20,7 +47,7 @@ std::string LogLineText(Short moveNumber, const MoveRecord& record);
 inline constexpr const char* NewGameHeading = "Inicio de la partida";
 inline constexpr const char* ContinuedGameHeading = "Inicio de partida";
 
-/// Builds the log again from the records of a game that was loaded.
-void RebuildLog(const GameContext& game);
+/// Shows the log of a game that was loaded: the moves 1 to `moves`.
+void RebuildLog(const GameContext& game, Short moves);
 
 }  // namespace zorva

@@ -16,24 +16,29 @@ bool IsFull(const GameState& state, Square square) {
     return occupants[1] != 0 && occupants[2] != 0;
 }
 
-bool IsWayOpen(const GameState& state, Colour colour, Short steps, Square square) {
-    const auto& walk = WalkFrom(square, colour);
+// The squares strictly between the start and the target. The target itself is tested for being full.
+bool IsBarred(const GameState& state, Colour colour, Short steps, Square square) {
     for (Short step = 1; step < steps; ++step) {
-        if (IsBarrier(state, walk[step])) return false;
+        square = AdvanceSquare(square, 1, colour);
+        if (IsBarrier(state, square)) return true;
     }
-    return true;
+    return false;
 }
 
 }  // namespace
 
 bool IsMoveLegal(const GameState& state, Colour colour, Short steps, Square square) {
     if (square == 0) return MayLeaveBox(state, colour, steps);
-    if (steps > LongestWalk) return false;  // nothing counts that far
     const Square target = AdvanceSquare(square, steps, colour);
     const Square goal = GoalSquare[colour];
     if (target > goal) return false;
     if (target != goal && IsFull(state, target)) return false;
-    return IsWayOpen(state, colour, steps, square);
+    return !IsBarred(state, colour, steps, square);
+}
+
+bool IsBarrier(const GameState& state, Square square) {
+    const auto& occupants = state.SquareOccupants[square];
+    return occupants[1] != 0 && ColourOf(occupants[1]) == ColourOf(occupants[2]);
 }
 
 Square DestinationOf(Colour colour, Short steps, Square square) {
@@ -42,21 +47,23 @@ Square DestinationOf(Colour colour, Short steps, Square square) {
 
 PieceCode CapturableOn(const GameState& state, Colour colour, Square square) {
     const auto& occupants = state.SquareOccupants[square];
-    const bool isOpen = square <= LastRingSquare && !IsSafeSquare(square) && occupants[2] == 0;
-    return isOpen && ColourOf(occupants[1]) != colour ? occupants[1] : PieceCode{0};
+    if (IsSafeSquare(square) || occupants[2] != 0) return 0;
+    return ColourOf(occupants[1]) != colour ? occupants[1] : PieceCode{0};
 }
 
 Capture CaptureOn(const GameState& state, Colour colour, Square square) {
     const auto& occupants = state.SquareOccupants[square];
     if (occupants[2] == 0) return {};  // the newcomer is alone
-    if (!IsSafeSquare(square) && square <= LastRingSquare && ColourOf(occupants[1]) != colour) {
-        return {1, occupants[1]};
-    }
+    if (!IsSafeSquare(square) && ColourOf(occupants[1]) != colour) return {1, occupants[1]};
     if (square == ExitSquare[colour] && occupants[3] != 0) {
         const bool ownInSecond = ColourOf(occupants[2]) == colour;
         return {2, ownInSecond ? occupants[1] : occupants[2]};
     }
     return {};
+}
+
+PieceCode CapturedPieceOn(const GameState& state, Square square) {
+    return state.SquareOccupants[square][state.CaptureReport == 1 ? 1 : 3];
 }
 
 }  // namespace zorva

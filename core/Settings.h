@@ -1,14 +1,18 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "core/Types.h"
 
 namespace zorva {
 
+/// Characters of a player's name at most.
+inline constexpr std::size_t LongestName = 9;
+
 /// What the players have chosen. Two-valued fields hold 1 or 2, the first or the second answer.
 struct Settings {
-    /// Names in UTF-8, at most 9 characters.
+    /// Names in UTF-8, at most LongestName characters.
     PerColour<std::string> PlayerName{"", "Amarillo", "Azul", "Rojo", "Verde"};
     /// Strength of the computer player, 0..100.
     PerColour<Short> PlayerLevel{0, 50, 50, 50, 50};

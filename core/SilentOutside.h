@@ -4,11 +4,13 @@
 
 namespace zorva {
 
-/// A world in which nothing is seen, heard or waited for. What remains open is chance; who needs
-/// more overrides that much. Questions are refused, notices acknowledged.
+/// A world in which nothing is seen, heard, thrown or waited for: moves that were made before can be
+/// carried out in it. A derived class overrides what else its game needs. Questions are refused, notices
+/// acknowledged.
 class SilentOutside : public Outside {
 public:
-    void YieldToEvents() override {}
+    Short RollFace() override { Fatal("a die is thrown where nobody throws"); }
+    void YieldToEvents(UserInput) override {}
     void WaitForInput() override { Fatal("a game without players waits for one"); }
     void Pause(Short) override {}
     void StepDelay(Short) override {}
@@ -16,11 +18,11 @@ public:
     void LiftPiece(PieceCode, Square) override {}
     void StepPiece(PieceCode, Square, Square) override {}
     void PutDownPiece(PieceCode, Square) override {}
-    void DrawDie(Colour, Short) override {}
+    void DrawDie(Colour, Short, DieIs) override {}
+    void ClearDice() override {}
+    void ShowTurn(Colour, TurnIs) override {}
     void ShowChosenMove(PieceCode, Square, Square) override {}
-    void DrawWinner(Colour, bool) override {}
-    void EmptyBoard() override {}
-    void RefreshBoard() override {}
+    void RefreshBoard(PiecesShown) override {}
     void SetScreenCursor(ScreenCursor) override {}
     void BeginLog(std::string_view) override {}
     void AddLogLine(Short, const MoveRecord&) override {}

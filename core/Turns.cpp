@@ -24,8 +24,10 @@ void PassTurn(const GameContext& game, Short direction) {
 
 void BeginTurn(const GameContext& game) {
     GameState& state = game.state;
-    game.show.YieldToEvents();
-    game.show.SetScreenCursor(ScreenCursor::Default);
+    // A click made between two moves is kept for the throw, when the person throws.
+    game.outside.YieldToEvents(game.settings.PauseBetweenMoves == 1 ? UserInput::Held
+                                                                    : UserInput::Handled);
+    game.outside.SetScreenCursor(ScreenCursor::Default);
     if (!state.RepeatTurn) {
         NextColour(game);
         state.SixesInRow = 0;
@@ -35,24 +37,27 @@ void BeginTurn(const GameContext& game) {
     state.DieValue = 0;
 }
 
-// The ready die shows a five at the start of a turn and a six when the throw follows a six.
 void OfferThrow(const GameContext& game) {
     GameState& state = game.state;
-    game.show.DrawDie(state.CurrentColour, state.RepeatTurn ? Short{6} : Short{5});
-    game.show.PlaySound(Sound::DieReady);
+    ShowReadyDie(game);
+    game.outside.PlaySound(Sound::DieReady);
     state.ManualShiftMade = No;
     state.ManualMode = No;
     state.WaitingForThrow = game.settings.PauseBetweenMoves == 1 ? Yes : No;
-    game.show.SetScreenCursor(ScreenCursor::OfTheBoard);
-    game.show.YieldToEvents();
+    game.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
+    game.outside.YieldToEvents(UserInput::Handled);
     while (state.WaitingForThrow) game.outside.WaitForInput();
 }
 
-// A piece was dragged outside the rules: it is logged, and the turn is offered again.
+void LogAndExecuteMove(const GameContext& game) {
+    LogMove(game);
+    ExecuteMove(game, ExecutionMode::Forward, game.state.MoveRecordCount);
+}
+
+// A piece was dragged outside the rules: the move is logged, and the turn is offered again.
 void PlayManualShift(const GameContext& game) {
     GameState& state = game.state;
-    LogMove(game);
-    ExecuteMove(game, ExecutionMode::Forward);
+    LogAndExecuteMove(game);
     state.ManualShiftMade = No;
     state.CurrentColour = state.ManualShiftColour;
     if (!state.RepeatTurn) PreviousColour(game);
@@ -73,17 +78,6 @@ bool CountSixes(GameState& state) {
     return false;
 }
 
-// The colour's latest move that was not a bonus; record 0, which holds no piece, when there is none.
-const MoveRecord& LastThrownMove(const GameState& state) {
-    Short move = static_cast<Short>(state.MoveRecordCount - 1);
-    for (; move >= 1; --move) {
-        const MoveRecord& record = state.MoveRecords[move];
-        const bool isBonus = record.Count == ArrivalBonus || record.Count == CaptureBonus;
-        if (record.MoverColour == state.CurrentColour && !isBonus) break;
-    }
-    return state.MoveRecords[move > 0 ? move : 0];
-}
-
 void TellThirdSix(const GameContext& game, const char* text, Short lineCount) {
     game.outside.ShowMessage("Ha sacado 3 seises", text, lineCount, MessageButtons::Acknowledge);
 }
@@ -93,7 +87,8 @@ void TellThirdSix(const GameContext& game, const char* text, Short lineCount) {
 bool PrepareThirdSixReturn(const GameContext& game) {
     GameState& state = game.state;
     const Colour colour = state.CurrentColour;
-    const Short piece = LastThrownMove(state).Piece;
+    const Short latest = LatestMoveNoBonus(state, colour, state.MoveRecordCount);
+    const Short piece = state.MoveRecords[latest].Piece;
     const Square square = state.PiecePosition[colour][piece];
     state.RepeatTurn = No;
     if (piece != 0 && square == GoalSquare[colour]) {
@@ -101,7 +96,7 @@ bool PrepareThirdSixReturn(const GameContext& game) {
                      "Este jugador ha sacado un 6 por tercera vez. Como la ficha que ha movido en la  "
                      "jugada  anterior ha llegado a casa no vuelve al cuadro de espera.",
                      3);
-        game.show.ClearDice();
+        game.outside.ClearDice();
         --state.MoveRecordCount;
         return false;
     }
@@ -124,7 +119,7 @@ bool PrepareThirdSixReturn(const GameContext& game) {
 
 void MakeMoveForPlayer(const GameContext& game) {
     TakeAdvisedMove(game.state);
-    game.show.Pause(15);
+    game.outside.Pause(15);
     ShowChosenMove(game);
 }
 
@@ -144,45 +139,42 @@ bool DecideMove(const GameContext& game) {
     } else if (game.settings.Tutor == 1) {
         ShowChosenMove(game);
     }
-    if (state.WaitingForMove) game.show.SetScreenCursor(ScreenCursor::OfTheBoard);
+    if (state.WaitingForMove) game.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
     while (state.WaitingForMove) game.outside.WaitForInput();
-    game.show.SetScreenCursor(ScreenCursor::Default);
+    game.outside.SetScreenCursor(ScreenCursor::Default);
     return state.GameInProgress != No;
 }
 
-// The captured piece goes home by a record of its own.
-void SendCapturedHome(const GameContext& game) {
+// The captured piece returns to its box by a record of its own.
+void ReturnCapturedPiece(const GameContext& game) {
     GameState& state = game.state;
     const Short report = state.CaptureReport;
     NewMoveRecord(state);
-    state.MovePiece = PieceOf(state.SquareOccupants[state.MoveTo][report == 1 ? 1 : 3]);
+    state.MovePiece = PieceOf(CapturedPieceOn(state, state.MoveTo));
     state.MoveFrom = state.MoveTo;
     state.MoveTo = 0;
     state.DieValue = 0;
     state.MoveCount = 0;
-    LogMove(game);
-    ExecuteMove(game, ExecutionMode::Forward);
+    LogAndExecuteMove(game);
     if (report == 1) {
         state.ThrowNext = No;
         state.RepeatTurn = Yes;
         state.MoveCount = CaptureBonus;
     } else {
-        game.show.ClearDice();
+        game.outside.ClearDice();
     }
-    state.CaptureReport = 0;
 }
 
 AfterMove CarryOutMove(const GameContext& game) {
     GameState& state = game.state;
     const Colour colour = state.CurrentColour;
-    LogMove(game);
-    ExecuteMove(game, ExecutionMode::Forward);
+    LogAndExecuteMove(game);
     if (state.MovePiece == 0 && state.SixesInRow == 0) {
-        game.show.ClearDice();
+        game.outside.ClearDice();
         return AfterMove::NextTurn;
     }
     if (state.CaptureReport != 0) {
-        SendCapturedHome(game);
+        ReturnCapturedPiece(game);
         if (state.SecondMovePending == 0) return AfterMove::NextTurn;
     }
     if (state.MoveTo == GoalSquare[colour] && state.PiecesHome[colour] < PiecesPerColour) {
@@ -196,8 +188,8 @@ AfterMove CarryOutMove(const GameContext& game) {
         return AfterMove::GameOver;
     }
     if (state.SecondMovePending == 1) return AfterMove::SecondPiece;
-    if (game.show.IsWatched() && !state.RepeatTurn) game.show.ClearDice();
-    game.show.Pause(10);
+    if (!state.RepeatTurn) game.outside.ClearDice();
+    game.outside.Pause(10);
     return AfterMove::NextTurn;
 }
 
@@ -215,7 +207,7 @@ bool PlayThrow(const GameContext& game) {
     }
 }
 
-// Moves are numbered with 16 bits, and no game comes near; but pieces can be dragged by hand for ever.
+// No game of thrown moves comes near the limit, but pieces can be dragged by hand without end.
 void EndLongestGame(const GameContext& game) {
     game.outside.ShowMessage("Partida demasiado larga",
                              "La partida ha llegado a las 32.700 jugadas y no caben más en la cinta. "
@@ -223,6 +215,11 @@ void EndLongestGame(const GameContext& game) {
                              2, MessageButtons::Acknowledge);
     game.state.GameInProgress = No;
     game.state.MoveRecordCount = 0;
+}
+
+TurnIs WhatIsDue(const GameState& state) {
+    if (state.ThrowNext) return TurnIs::Throws;
+    return state.MoveCount == CaptureBonus ? TurnIs::BonusForCapture : TurnIs::BonusForArrival;
 }
 
 // One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the
@@ -235,7 +232,8 @@ bool PlayTurn(const GameContext& game) {
     }
     BeginTurn(game);
     if (!state.GameInProgress) return false;
-    game.show.PositionReached();
+    game.outside.ShowTurn(state.CurrentColour, WhatIsDue(state));
+    game.outside.PositionReached();
     if (state.ThrowNext) {
         OfferThrow(game);
         if (!state.GameInProgress) return false;
@@ -261,10 +259,16 @@ void PreviousColour(const GameContext& game) {
     PassTurn(game, static_cast<Short>(-game.state.PlayDirection));
 }
 
+void ShowReadyDie(const GameContext& game) {
+    const Short face = game.state.RepeatTurn ? Short{6} : Short{5};
+    game.outside.DrawDie(game.state.CurrentColour, face, DieIs::Ready);
+}
+
 void ShowChosenMove(const GameContext& game) {
     const GameState& state = game.state;
     if (state.BestPiece == 0) return;
-    game.show.ShowChosenMove(CodeOf(state.CurrentColour, state.BestPiece), state.BestFrom, state.BestTo);
+    game.outside.ShowChosenMove(CodeOf(state.CurrentColour, state.BestPiece), state.BestFrom,
+                                state.BestTo);
 }
 
 void TakeAdvisedMove(GameState& state) {
@@ -277,7 +281,7 @@ void TakeAdvisedMove(GameState& state) {
 void RunTurns(const GameContext& game) {
     while (PlayTurn(game)) {
     }
-    game.outside.RefreshBoard();
+    game.outside.RefreshBoard(PiecesShown::OnTheirSquares);
 }
 
 }  // namespace zorva

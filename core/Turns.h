@@ -4,13 +4,13 @@
 
 namespace zorva {
 
-/// No turn begins in a game with that many moves, since they are numbered with 16 bits: it is told and
-/// ends without a winner.
+/// The most moves of a game, since moves are numbered with 16 bits. Instead of the next turn the players
+/// get a message, and the game ends without a winner.
 inline constexpr Short LongestGame = 32'700;
 
-/// Plays a game from the position in the table to its end, turn after turn. Returns when
-/// GameInProgress has become false: the game ended, or a handler abandoned it during a wait. Handlers
-/// run in the waits only; everywhere else the tables are in the middle of something.
+/// Plays the game from its position to its end, turn after turn. Returns when GameInProgress has become
+/// false: the game ended, or a handler abandoned it during a wait. Handlers of clicks and keys run in
+/// the waits and yields only; everywhere else the tables are in the middle of a change.
 void RunTurns(const GameContext& game);
 
 /// Passes the turn to the next colour taking part, in the direction of play.
@@ -19,10 +19,14 @@ void NextColour(const GameContext& game);
 /// Passes the turn back, so that the NextColour that follows comes to the same colour again.
 void PreviousColour(const GameContext& game);
 
-/// Shows the move found for the colour on turn.
+/// Shows the die of the colour on turn ready to be thrown: a five at the start of a turn, a six when the
+/// throw follows a six.
+void ShowReadyDie(const GameContext& game);
+
+/// Shows the move that ChooseComputerMove found for the colour on turn; nothing when it found none.
 void ShowChosenMove(const GameContext& game);
 
-/// Takes the advised move as the person's own and ends the wait for it.
+/// Makes the move that ChooseComputerMove found the person's own and ends the wait for it.
 void TakeAdvisedMove(GameState& state);
 
 }  // namespace zorva

@@ -5,7 +5,8 @@
 
 namespace zorva {
 
-/// Every value of the game is a signed 16-bit number: squares, codes, counts, flags.
+/// Every value of the game is a signed 16-bit number, in memory as in the files: squares, codes, counts
+/// and flags. A result that does not fit is a fault of the program; see ToShort.
 using Short = std::int16_t;
 
 /// 1 yellow, 2 blue, 3 red, 4 green; 0 stands for "none".
@@ -35,15 +36,16 @@ using PerColour = std::array<T, ColourCount + 1>;
 template <typename T>
 using PerPiece = std::array<T, PiecesPerColour + 1>;
 
-/// Stops the program with `message`: a mistake of ours, never of a person or a file.
+/// Prints `message` on standard error and aborts: the program itself is at fault, never a person or a
+/// file.
 [[noreturn]] void Fatal(const char* message);
 
-/// Stops the program unless `holds`; kept on in release builds.
+/// Calls Fatal unless `holds`. Release builds keep the check.
 constexpr void Require(bool holds, const char* message) {
     if (!holds) Fatal(message);
 }
 
-/// Narrows to 16 bits; a value that does not fit is a fault of the program.
+/// Narrows to 16 bits; Fatal when the value does not fit.
 constexpr Short ToShort(long value) {
     Require(value >= INT16_MIN && value <= INT16_MAX, "a game value left the 16-bit range");
     return static_cast<Short>(value);
@@ -55,12 +57,12 @@ constexpr PieceCode CodeOf(Colour colour, Short piece) {
 
 /// Colour of the piece with that code; 0 for an empty slot.
 constexpr Colour ColourOf(PieceCode code) {
-    return static_cast<Colour>(static_cast<std::uint16_t>(code) / 10U);
+    return static_cast<Colour>(code / 10);
 }
 
-/// Number 1..4 of the piece with that code.
+/// Number 1..4 of the piece with that code; 0 for an empty slot.
 constexpr Short PieceOf(PieceCode code) {
-    return static_cast<Short>(static_cast<std::uint16_t>(code) % 10U);
+    return static_cast<Short>(code % 10);
 }
 
 }  // namespace zorva

@@ -7,7 +7,6 @@
 #include "app/Palette.h"
 #include "dialogs/Decoration.h"
 #include "dialogs/Geometry.h"
-#include "dialogs/ManualText.h"
 #include "dialogs/ManualView.h"
 #include "dialogs/PictureButton.h"
 #include "dialogs/TextStyle.h"
@@ -18,10 +17,13 @@ namespace {
 
 constexpr const char* title = "Ayuda de la aplicación";
 constexpr double shareOfScreen = 0.84;  // of either side: some 70 % of the area
-constexpr int widestWindow = 740;       // wider, and the lines would be tiring to read
-constexpr Short edge = 17;
-constexpr Short footHeight = 44;
 
+// In layout pixels.
+constexpr int widestWindow = 740;
+constexpr Short edge = 17;        // of wood, on all sides of the page
+constexpr Short footHeight = 44;  // below the page, with the button
+
+// Only its size counts: windows place themselves.
 Box WindowBox(const Layout& layout) {
     return {0, 0, ToShort(std::min(qRound(layout.ScreenWidth * shareOfScreen), widestWindow)),
             ToShort(qRound(layout.ScreenHeight * shareOfScreen))};
@@ -47,7 +49,7 @@ Ayuda::Ayuda(QWidget* parent, const Services& services, const QString& manual)
     auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
     Place(leave, LeaveButtonBox(window_));
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
-    connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
+    connect(qApp, &QApplication::focusChanged, this, [this] { update(); });  // the mark round the page
     view_->setFocus();
 }
 
@@ -62,13 +64,14 @@ void Ayuda::DrawGround(QPainter& painter) {
              "Flechas, RePág y AvPág: leer     Tabulador e Intro: enlaces     Esc: cerrar", {12.5});
 }
 
+// Reading is left with the sound of a button, by whichever way.
 void Ayuda::Leave() {
     TheServices().PlaySound(Sound::Accept);
     accept();
 }
 
 void ShowHelp(QWidget* parent, const Services& services, const std::filesystem::path& helpFile) {
-    const std::optional<QString> manual = ReadManual(helpFile);
+    const std::optional<QString> manual = ReadManual(helpFile);  // anew each time: it may be back
     if (!manual) {
         const QString text = QStringLiteral(
                                  "No se puede mostrar el manual: el fichero %1 no se encuentra o "

@@ -9,10 +9,12 @@ namespace zorva {
 
 class ManualView;
 
-/// The window in which the player's manual is read.
+/// The help window, in which the player reads the manual. It takes 84 % of either side of the screen but
+/// is never wider than 740 layout pixels: longer lines would be tiring to read. The page has the focus
+/// when the window opens; Tab goes through its links and then to the button.
 class Ayuda : public BoardDialog {
 public:
-    /// `manual` is the manual's HTML (see ManualText).
+    /// `manual` is the manual's HTML, as ReadManual returns it. The services must outlive the window.
     Ayuda(QWidget* parent, const Services& services, const QString& manual);
 
 protected:
@@ -24,8 +26,8 @@ private:
     ManualView* view_ = nullptr;
 };
 
-/// Shows the manual in that file and returns when its window was left. A file that is missing, cannot
-/// be read or holds no manual is told to the player.
+/// Shows the manual in that file and returns when the player has left the window. When ReadManual
+/// refuses the file, a message says so instead.
 void ShowHelp(QWidget* parent, const Services& services, const std::filesystem::path& helpFile);
 
 }  // namespace zorva

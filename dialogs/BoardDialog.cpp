@@ -14,7 +14,8 @@
 namespace zorva {
 namespace {
 
-// What closes a window where no window manager takes the keys for itself.
+// Window managers close a window by Alt+F4. Where none runs, or it leaves the keys alone, the window
+// does.
 bool IsCloseCombination(const QKeyEvent& event) {
     return event.key() == Qt::Key_F4 && event.modifiers().testFlag(Qt::AltModifier);
 }
@@ -30,7 +31,7 @@ BoardDialog::BoardDialog(QWidget* parent, const Services& services, const char* 
     setWindowTitle(title);
     setAccessibleName(title);
     setModal(true);
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_OpaquePaintEvent);  // the panel covers all of it
     setCursor(Qt::ArrowCursor);
     setFixedSize(qRound(services.ToLogical(layoutSize.width())),
                  qRound(services.ToLogical(layoutSize.height())));
@@ -53,9 +54,7 @@ void BoardDialog::Leave() {
 }
 
 void BoardDialog::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
+    LayoutPainter painter(this, services_);
     DrawGround(painter);
 }
 
@@ -72,12 +71,14 @@ void BoardDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
 }
 
-// Whoever asks the window to close gets its own way out, which may refuse.
+// A close request is no order: the window leaves in its own way, which may refuse.
 void BoardDialog::closeEvent(QCloseEvent* event) {
     event->ignore();
     Leave();
 }
 
+// The window places itself: a window manager knows nothing of the board. On a screen narrower than 5:4
+// the board uses only a part of it, whose place the layout gives in device pixels.
 void BoardDialog::MoveToMiddle() {
     const QWidget* below = parentWidget() ? parentWidget()->window() : nullptr;
     const QScreen* screen = below ? below->screen() : QGuiApplication::primaryScreen();
@@ -89,6 +90,7 @@ void BoardDialog::MoveToMiddle() {
          QPoint(qRound((room.width() - width()) / 2), qRound((room.height() - height()) / 2)));
 }
 
+// Events run meanwhile, and the window below may be deleted by one: so the guarded pointer.
 void RunModal(BoardDialog& dialog) {
     const QPointer<QWidget> below = dialog.parentWidget() ? dialog.parentWidget()->window() : nullptr;
     dialog.exec();

@@ -9,29 +9,34 @@ class QPainter;
 
 namespace zorva {
 
-/// What all windows over the board share: modal, without the system's frame, of a size given in
-/// pixels of the layout, in the middle of the board's part of the screen. A window draws itself in
-/// pixels of the layout; its controls are children placed in the same pixels.
+/// The base of all windows over the board: modal, without the system's frame, with a panel of wood as
+/// its ground, in the middle of the part of the screen that the board uses.
+///
+/// A window has a fixed size in layout pixels. It draws itself in layout pixels and places its controls,
+/// which are its child widgets, in the same pixels. On the screen one of them takes
+/// Services::ToLogical(1) logical pixels.
 class BoardDialog : public QDialog {
 public:
-    /// `name` is the window's own name, `title` what screen readers and the task bar call it. The
-    /// services must outlive the window.
+    /// `name` is the object name, `title` what screen readers and the task bar call the window,
+    /// `layoutSize` its size in layout pixels. The services must outlive the window.
     BoardDialog(QWidget* parent, const Services& services, const char* name, const QString& title,
                 QSize layoutSize);
 
 protected:
     const Services& TheServices() const { return services_; }
 
-    /// Puts a control there.
+    /// Moves a child widget to that box of the window, in layout pixels.
     void Place(QWidget* control, const Box& box) const;
 
-    /// Draws the window's own ground; the painter counts in pixels of the layout.
+    /// Draws the window's ground, below its controls. The painter counts in layout pixels.
     virtual void DrawGround(QPainter& painter);
 
-    /// A key that nothing else in the window wanted; never a modifier or a repeat.
+    /// Handles a key that no control wanted: never a modifier alone, never an automatic repeat. Escape
+    /// leaves the window.
     virtual void KeyPressed(QKeyEvent* event);
 
-    /// The window is to go: by its key, by the window manager or by Escape.
+    /// Closes the window, or refuses to. Escape, Alt+F4 and a close request of the window manager all
+    /// come here.
     virtual void Leave();
 
     void paintEvent(QPaintEvent* event) override;
@@ -46,7 +51,8 @@ private:
     const QSize layoutSize_;
 };
 
-/// Runs the window until it is left and gives the keyboard back to the window below.
+/// Shows the window, returns when the player has left it, and gives the keyboard back to the window
+/// below. Events of the whole program run meanwhile.
 void RunModal(BoardDialog& dialog);
 
 }  // namespace zorva

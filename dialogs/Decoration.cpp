@@ -4,12 +4,15 @@
 #include <QPainter>
 
 #include "app/Artwork.h"
+
 namespace zorva::decoration {
 namespace {
 
+// The lines round everything that is sunk into the panel.
 const QColor frameGrey(0x80, 0x80, 0x80);
 const QColor frameLight(0xd8, 0xbf, 0x90);
 
+// The edge of the panel, 2 pixels wide: light above and on the left, dark below and on the right.
 void DrawBevel(QPainter& painter, const QRectF& area) {
     painter.fillRect(QRectF(area.left(), area.top(), area.width(), 2), palette::Wood.lighter(190));
     painter.fillRect(QRectF(area.left(), area.top(), 2, area.height()), palette::Wood.lighter(170));
@@ -19,8 +22,8 @@ void DrawBevel(QPainter& painter, const QRectF& area) {
                      palette::DarkWood.darker(140));
 }
 
-// A piece of the table top, so that windows are of the wood they lie on. It begins where two planks
-// meet, so that no joint runs through a small window.
+// A piece of the drawing of the table top, in its own units: windows are of the wood they lie on. It
+// begins where two planks meet, so that no joint runs through a small window.
 QRectF PieceOfTable(QSizeF size) {
     return {QPointF(250, 538), size};
 }
@@ -42,7 +45,7 @@ void PreparePanelWood(QSizeF size, const Services& services) {
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) {
     const QPixmap wood = PanelWood(area.size(), services);
     painter.drawPixmap(area, wood, wood.rect());
-    // A little lighter than the table.
+    // Lit, and so a little lighter than the table: the window stands out from it.
     QLinearGradient light(area.topLeft(), area.bottomRight());
     light.setColorAt(0, QColor(0xff, 0xdc, 0xa8, 46));
     light.setColorAt(0.5, QColor(0xff, 0xdc, 0xa8, 22));
@@ -50,6 +53,7 @@ void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) 
     painter.fillRect(area, light);
     DrawBevel(painter, area);
     painter.setBrush(Qt::NoBrush);
+    // The inlay: a brass line with its groove half a pixel below and right of it.
     painter.setPen(QPen(palette::DarkWood, 1));
     painter.drawRoundedRect(area.adjusted(8, 8, -7, -7), 5, 5);
     painter.setPen(QPen(palette::Brass, 1.2));
@@ -80,6 +84,7 @@ void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper)
     DrawInnerShadow(painter, area);
 }
 
+// Light over a wider dark line: it is seen on wood and on paper alike.
 void DrawFocus(QPainter& painter, const QRectF& area, double radius) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette::DarkWood, 3));

@@ -10,27 +10,34 @@ class QPainter;
 
 namespace zorva::decoration {
 
-// The look that all windows share: a walnut panel with a brass inlay, sheets of cream paper set into
-// it, light from the top left. All measures are pixels of the layout.
+// The look that all windows share: a walnut panel with a brass inlay and sheets of cream paper set into
+// it, lit from the top left. All measures are layout pixels, unless a comment says otherwise, and all
+// painters count in them.
 
-/// The wood of a window of that size, in device pixels.
+/// The wood of a window of that size. The pixmap has as many device pixels as the window, so that it is
+/// copied to the screen and never stretched.
 QPixmap PanelWood(QSizeF size, const Services& services);
-/// Begins to draw it, for a window that is about to open.
+
+/// Begins to render that pixmap in the thread pool, for a window that is about to open. PanelWood then
+/// waits for it.
 void PreparePanelWood(QSizeF size, const Services& services);
 
-/// The ground of a window, over its whole area.
+/// Draws the ground of a window: the wood, its bevelled edge and the inlay. `area` is the whole window.
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services);
 
-/// A sheet of paper sunk into the panel; the lines of its frame lie just outside the area.
+/// Draws a sheet of paper sunk into the panel. The lines of its frame lie just outside the area.
 void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper = palette::Paper);
 
-/// The shadow that the edges above and on the left throw on what lies in an area.
+/// Draws the shadow that the upper and the left edge of a sunken area throw into it: 4 pixels deep from
+/// above, 3 from the left.
 void DrawInnerShadow(QPainter& painter, const QRectF& area);
 
-/// The lines that make an area look set into the panel, just outside its edges.
+/// Draws the lines, one pixel wide and just outside the area, that make it look set into the panel: grey
+/// above and on the left, light below and on the right.
 void DrawSunkenFrame(QPainter& painter, const QRectF& area);
 
-/// The mark of what the keyboard acts on, around the area.
+/// Draws the mark of the control that has the focus: a lit line round the area, its corners rounded by
+/// that radius.
 void DrawFocus(QPainter& painter, const QRectF& area, double radius);
 
 }  // namespace zorva::decoration

@@ -9,13 +9,31 @@
 
 namespace zorva {
 
-/// A box of the layout for a painter that counts in its pixels.
+// Between layout pixels, in which everything of a window is measured, and Qt's logical pixels, in which
+// widgets lie and events happen.
+
+/// A painter on a widget that counts in layout pixels from the widget's upper left corner.
+class LayoutPainter : public QPainter {
+public:
+    LayoutPainter(QWidget* widget, const Services& services) : QPainter(widget) {
+        setRenderHint(QPainter::Antialiasing);
+        scale(services.ToLogical(1), services.ToLogical(1));
+    }
+};
+
+/// The area of a widget in layout pixels, from its own corner.
+inline QRectF LayoutArea(const QWidget& widget, const Services& services) {
+    const double unit = services.ToLogical(1);
+    return {0, 0, widget.width() / unit, widget.height() / unit};
+}
+
+/// The same box for a painter that counts in layout pixels.
 inline QRectF ToRect(const Box& box) {
     return {qreal(box.x), qreal(box.y), qreal(box.width), qreal(box.height)};
 }
 
-/// Puts a control at that box of its parent. Edges are rounded one by one, so that boxes that touch
-/// in the layout touch on every screen.
+/// Moves a widget to that box of its parent, in layout pixels. Each edge is rounded by itself, so that
+/// boxes that touch in the layout touch on every screen.
 inline void PlaceControl(QWidget* control, const Box& box, const Services& services) {
     const int left = qRound(services.ToLogical(box.x));
     const int top = qRound(services.ToLogical(box.y));
@@ -23,13 +41,14 @@ inline void PlaceControl(QWidget* control, const Box& box, const Services& servi
                          qRound(services.ToLogical(box.y + box.height)) - top);
 }
 
-/// Whether any of that box is to be drawn by a painter with a clip. Drawings that move many times a
-/// second, such as a scale's marker, must not cost the drawing of all others.
+/// Whether any part of the box lies in the painter's clip. A marker that is dragged repaints its label
+/// many times a second; everything outside the clip is then left out.
 inline bool IsToBeDrawn(const QPainter& painter, const Box& box) {
     return painter.clipBoundingRect().intersects(ToRect(box));
 }
 
-/// The pixel of the layout that holds a position of a control, from the control's own corner.
+/// The layout pixel that holds a position of a widget. `position` is in logical pixels from the widget's
+/// corner, as mouse events give it.
 inline Point ToLayout(QPointF position, const Services& services) {
     const QPointF point = position / services.ToLogical(1);
     return {ToShort(std::lround(std::floor(point.x()))), ToShort(std::lround(std::floor(point.y())))};

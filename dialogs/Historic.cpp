@@ -13,13 +13,16 @@
 namespace zorva {
 namespace {
 
+// In layout pixels.
 constexpr QSize windowSize(580, 416);
 constexpr Box folder{16, 18, 548, 340};
-constexpr Box sheetBox{205, 39, HistoricSheet::Width, HistoricSheet::Height};  // where the folder has it
+constexpr Box sheetBox{205, 39, HistoricSheet::Width,
+                       HistoricSheet::Height};  // where the folder shows it
 constexpr Box labelBox{44, 77, 124, 44};
 constexpr Box countBox{28, 300, 150, 40};
 constexpr Box leaveButton{468, 370, 96, 30};
 
+// The games on the page by their numbers, of which 1 is the oldest game: "16 - 9 de 16".
 QString CountText(const HistoricPages& pages) {
     if (pages.Entries() == 0) return {};
     const long newest = pages.Entries() - pages.Top();
@@ -34,11 +37,11 @@ Historic::Historic(QWidget* parent, const Services& services, History history)
       history_(std::move(history)),
       sheet_(new HistoricSheet(this, services, history_)) {
     Place(sheet_, sheetBox);
-    sheet_->Turned = [this] { update(); };
+    sheet_->Turned = [this] { update(); };  // the count beside the sheet changes
     auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
     Place(leave, leaveButton);
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
-    leave->setFocus();
+    leave->setFocus();  // so that Enter leaves
 }
 
 void Historic::DrawGround(QPainter& painter) {

@@ -7,9 +7,12 @@ namespace zorva {
 
 class HistoricSheet;
 
-/// The history window: the games that were kept, eight to a page, newest first.
+/// The history window: the finished games of the history file, eight to a page, newest first. Page Down
+/// turns to older games and Page Up to newer ones; so do two corners of the sheet.
 class Historic : public BoardDialog {
 public:
+    /// Shows the page with the newest games. An empty history gives an empty sheet. The services must
+    /// outlive the window.
     Historic(QWidget* parent, const Services& services, History history);
 
 protected:
@@ -19,10 +22,10 @@ protected:
 
 private:
     const History history_;
-    HistoricSheet* sheet_;
+    HistoricSheet* sheet_;  // owned by the window
 };
 
-/// Opens the history window and returns when it was left.
+/// Opens the history window and returns when the player has left it.
 void ShowHistoric(QWidget* parent, const Services& services, History history);
 
 }  // namespace zorva

@@ -13,9 +13,9 @@
 namespace zorva {
 namespace {
 
-constexpr Short pauseOfPage = 10;
+constexpr Short pauseOfPage = 10;  // hundredths of a second at speed 0
 
-// The sheet's columns: edges of the rules between them, and where their texts stand.
+// The sheet's columns, in layout pixels: the red rules between them, and where their texts stand.
 constexpr Short columnRules[] = {84, 122, 282};
 constexpr double dateLeft = 22;
 constexpr double timeLeft = 89;
@@ -29,12 +29,13 @@ constexpr double firstRecordTop = 21;
 constexpr double lineHeight = 14;
 constexpr double recordHeight = 2 * lineHeight + 4;
 
+// Drawn, clicked and focused by these boxes alone.
 constexpr Box newerCorner{0, 272, 52, 30};
 constexpr Box olderCorner{298, 272, 52, 30};
 
 const char* const heading = "Fecha         Hora    Ganador / Perdedores            Puntos";
-constexpr TextStyle headingLetters{11.5, QFont::Bold};
-constexpr TextStyle recordLetters{11.2, QFont::Normal, true};
+constexpr TextStyle headingStyle{11.5, QFont::Bold};
+constexpr TextStyle recordStyle{11.2, QFont::Normal, true};
 
 QString Read(const std::string& utf8) {
     return QString::fromStdString(utf8);
@@ -52,11 +53,8 @@ PageCorner::PageCorner(QWidget* sheet, const Services& services, const char* obj
 
 void PageCorner::paintEvent(QPaintEvent*) {
     if (!hasFocus()) return;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = services_.ToLogical(1);
-    painter.scale(scale, scale);
-    decoration::DrawFocus(painter, QRectF(2, 2, width() / scale - 4, height() / scale - 4), 5);
+    LayoutPainter painter(this, services_);
+    decoration::DrawFocus(painter, LayoutArea(*this, services_).adjusted(2, 2, -2, -2), 5);
 }
 
 HistoricSheet::HistoricSheet(QWidget* window, const Services& services, const History& history)
@@ -70,7 +68,7 @@ HistoricSheet::HistoricSheet(QWidget* window, const Services& services, const Hi
     setObjectName("Pic_Carpeta");
     setAccessibleName("Histórico de partidas");
     setMouseTracking(true);
-    setFocusPolicy(Qt::TabFocus);  // for who has it read out
+    setFocusPolicy(Qt::TabFocus);  // so that screen readers read the page
     PageChanged();
 }
 
@@ -90,6 +88,7 @@ void HistoricSheet::TurnNewer() {
     if (pages_.CanTurnNewer()) Turn(&HistoricPages::TurnNewer);
 }
 
+// The pause lets the sound of the page begin before the new page is there.
 void HistoricSheet::Turn(void (HistoricPages::*turn)()) {
     services_.PlaySound(Sound::HistoryPage);
     services_.Pause(pauseOfPage);
@@ -98,7 +97,8 @@ void HistoricSheet::Turn(void (HistoricPages::*turn)()) {
     if (Turned) Turned();
 }
 
-// What the page says, for a screen reader; a corner that turns nothing is not there.
+// Screen readers read the page as its description. A corner that turns nothing is hidden from the
+// keyboard, as it is not drawn either.
 void HistoricSheet::PageChanged() {
     QStringList lines;
     for (long i = pages_.Top(); i >= pages_.Bottom(); --i) {
@@ -114,9 +114,7 @@ void HistoricSheet::PageChanged() {
 }
 
 void HistoricSheet::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
+    LayoutPainter painter(this, services_);
     DrawRuling(painter);
     DrawHeading(painter);
     painter.setPen(palette::Ink);
@@ -128,6 +126,7 @@ void HistoricSheet::paintEvent(QPaintEvent*) {
     if (hasFocus()) decoration::DrawFocus(painter, QRectF(2, 2, Width - 4, Height - 4), 3);
 }
 
+// Green rules below each of the eight places, written on or not, and red ones between the columns.
 void HistoricSheet::DrawRuling(QPainter& painter) const {
     for (int slot = 1; slot <= HistoricPages::RecordsPerPage; ++slot) {
         const double y = firstRecordTop + slot * recordHeight - 3;
@@ -136,21 +135,23 @@ void HistoricSheet::DrawRuling(QPainter& painter) const {
     for (const Short x : columnRules) painter.fillRect(QRectF(x, 5, 1, Height - 5), QColor(255, 0, 0));
 }
 
-// The blanks of the heading place its words over the columns; how wide a blank must be for that
-// depends on the typeface.
+// The heading is one text whose runs of blanks place its words over the columns. They do in a font of
+// equal widths; in ours a blank is as wide as it takes for the last word to stand over its column.
 void HistoricSheet::DrawHeading(QPainter& painter) const {
     const QString text(heading);
     const QString beforePoints = text.left(text.lastIndexOf(' ') + 1);
-    const double blank = BlankWidthFor(beforePoints, headingLetters, headingOfPointsLeft - headingLeft);
+    const double blank = BlankWidthFor(beforePoints, headingStyle, headingOfPointsLeft - headingLeft);
     painter.setPen(palette::Ink);
-    DrawSpaced(painter, QRectF(headingLeft, 5, Width - headingLeft, 15), text, headingLetters, blank);
+    DrawSpaced(painter, QRectF(headingLeft, 5, Width - headingLeft, 15), text, headingStyle, blank);
 }
 
+// A record takes two lines: the losers stand below the winner. Texts too wide for their column get a
+// smaller font, so that they never touch the rules.
 void HistoricSheet::DrawRecord(QPainter& painter, long index, double top) const {
     const HistoryEntry entry = DecodeHistoryRecord(lisDatos_.Record(index));
     const auto write = [&](double left, double y, double width, const std::string& text,
                            Qt::Alignment alignment = Qt::AlignLeft) {
-        DrawLine(painter, QRectF(left, y, width, lineHeight), Read(text), recordLetters, alignment);
+        DrawLine(painter, QRectF(left, y, width, lineHeight), Read(text), recordStyle, alignment);
     };
     const double namesLeft = namesMiddle - namesWidth / 2;
     write(dateLeft, top, columnRules[0] - dateLeft - 1, entry.date);

@@ -9,8 +9,8 @@
 
 namespace zorva {
 
-/// What the keyboard and a screen reader see of a corner by which the sheet is turned. The mouse goes
-/// through it to the sheet.
+/// What the keyboard and screen readers find of a corner that turns the sheet. It draws only the mark of
+/// the focus; the sheet draws the corner and gets its clicks.
 class PageCorner : public QAbstractButton {
 public:
     PageCorner(QWidget* sheet, const Services& services, const char* objectName, const QString& name);
@@ -22,21 +22,24 @@ private:
     const Services& services_;
 };
 
-/// Pic_Carpeta: the ruled sheet in the folder, with eight games and the two corners that turn it.
+/// Pic_Carpeta: the ruled sheet in the folder, with eight games and the two corners that turn it. Screen
+/// readers get the whole page as its description, one line a game.
 class HistoricSheet : public QWidget {
 public:
+    /// Its size in layout pixels.
     static constexpr Short Width = 350;
     static constexpr Short Height = 302;
 
-    /// The history must outlive the sheet.
+    /// The services and the history must outlive the sheet.
     HistoricSheet(QWidget* window, const Services& services, const History& history);
 
     const HistoricPages& Pages() const { return pages_; }
 
-    /// The sheet has been turned.
+    /// Called after the sheet was turned.
     std::function<void()> Turned;
 
-    /// Turns the sheet if there is a page on that side; else nothing happens.
+    /// Turn the sheet, with a sound and a short pause before. When there is no page on that side,
+    /// nothing happens.
     void TurnOlder();
     void TurnNewer();
 
@@ -56,7 +59,7 @@ private:
     void DrawCorners(QPainter& painter) const;
 
     const Services& services_;
-    const History& lisDatos_;  // Lis_Datos: the records, never shown as they are
+    const History& lisDatos_;  // Lis_Datos: the records of the file, decoded only to be shown
     HistoricPages pages_;
     PageCorner* older_;  // owned by the sheet, as the other corner
     PageCorner* newer_;

@@ -1,8 +1,11 @@
 #include "dialogs/ManualView.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QProxyStyle>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QStringDecoder>
 #include <QStyleOption>
 #include <QTextDocument>
 #include <QTextTable>
@@ -10,19 +13,22 @@
 #include "app/Cursors.h"
 #include "app/Fonts.h"
 #include "app/Palette.h"
-#include "dialogs/ManualText.h"
 
 namespace zorva {
 namespace {
 
-constexpr double letterSize = 16;
+constexpr qint64 longestManual = 64 * 1024;  // bytes
+
+// In layout pixels.
+constexpr double fontSize = 16;
 constexpr double pageMargin = 22;
 constexpr double listIndent = 26;
 constexpr double cellPadding = 5;
-constexpr double pixelsOfPicture = 2;   // of the pictures' for one of the layout
-constexpr double roomAboveTarget = 12;  // between the page's edge and the place a link leads to
+constexpr double roomAboveTarget = 12;  // between the page's upper edge and the place a link leads to
 
-// Lengths are written in pixels of the layout, as "8u".
+constexpr double imageDensity = 2;  // pixels of the manual's images for one layout pixel
+
+// Style sheets in which "8u" means a length of 8 layout pixels.
 constexpr const char* pageStyle = R"(
     h1 { color: #7a2318; margin-top: 4u; margin-bottom: 10u; }
     h2 { color: #7a2318; margin-top: 30u; margin-bottom: 8u; }
@@ -47,6 +53,7 @@ constexpr const char* scrollBarStyle = R"(
     QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 )";
 
+// The style sheet with its lengths in logical pixels, which is what Qt takes them for.
 QString Scaled(const char* style, const Services& services) {
     static const QRegularExpression length("(\\d+)u\\b");
     QString scaled = QString::fromLatin1(style);
@@ -66,8 +73,8 @@ QPalette PagePalette() {
     return colours;
 }
 
-/// Marks the link that the keyboard is on like everything else the keyboard is on, with light. The
-/// Qt's mark is a dotted line, one device pixel wide on every screen.
+/// Marks the link that has the focus with light, like every control that has it. Qt's own mark is a
+/// dotted line, one device pixel wide on every screen.
 class LinkMark : public QProxyStyle {
 public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -83,7 +90,26 @@ public:
     }
 };
 
+// Whether it is our manual and whole. Any other HTML of that length could keep Qt busy for a minute, by
+// tables in tables.
+bool IsOurs(const QString& text) {
+    return text.startsWith("<!DOCTYPE html>") &&
+           text.contains("<title>Zorva: manual del jugador</title>") &&
+           text.trimmed().endsWith("</html>");
+}
+
 }  // namespace
+
+std::optional<QString> ReadManual(const std::filesystem::path& file) {
+    QFile source(file);
+    if (!QFileInfo(source).isFile() || source.size() > longestManual) return std::nullopt;
+    if (!source.open(QFile::ReadOnly)) return std::nullopt;
+    QStringDecoder decode(QStringDecoder::Utf8);
+    // At most that much, should the file have grown meanwhile.
+    const QString text = decode(source.read(longestManual));
+    if (source.error() != QFile::NoError || decode.hasError() || !IsOurs(text)) return std::nullopt;
+    return text;
+}
 
 ManualView::ManualView(QWidget* parent, const Services& services, const QString& html)
     : QTextBrowser(parent), services_(services) {
@@ -92,13 +118,14 @@ ManualView::ManualView(QWidget* parent, const Services& services, const QString&
     DressUp();
     setHtml(html);
     DressTables();
-    setOpenLinks(false);
+    setOpenLinks(false);  // Qt would scroll without leaving room above
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { GoTo(url.fragment()); });
     connect(this, &QTextBrowser::highlighted, this, [this](const QUrl& url) {
         viewport()->setCursor(url.isEmpty() ? QCursor(Qt::ArrowCursor) : services_.cursors.Hand());
     });
 }
 
+// Before the HTML is set: a document takes its style sheet while it reads.
 void ManualView::DressUp() {
     auto* linkMark = new LinkMark;
     linkMark->setParent(this);
@@ -107,17 +134,18 @@ void ManualView::DressUp() {
     setPalette(PagePalette());
     viewport()->setAutoFillBackground(false);
     viewport()->setCursor(Qt::ArrowCursor);
-    setContextMenuPolicy(Qt::NoContextMenu);
+    setContextMenuPolicy(Qt::NoContextMenu);  // Qt's would be in English
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     verticalScrollBar()->setStyleSheet(Scaled(scrollBarStyle, services_));
     verticalScrollBar()->setCursor(Qt::ArrowCursor);
-    document()->setDefaultFont(TextFont(services_.ToLogical(letterSize)));
+    document()->setDefaultFont(TextFont(services_.ToLogical(fontSize)));
     document()->setDefaultStyleSheet(Scaled(pageStyle, services_));
     document()->setDocumentMargin(services_.ToLogical(pageMargin));
     document()->setIndentWidth(services_.ToLogical(listIndent));
 }
 
+// Afterwards, on the document: Qt knows no style sheet for most of this.
 void ManualView::DressTables() {
     for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
         auto* table = qobject_cast<QTextTable*>(frame);
@@ -136,16 +164,18 @@ void ManualView::DressTables() {
     }
 }
 
+// The leading colon keeps the name among what is built in, whatever it is. An invalid QVariant would
+// make Qt look for a file of that name; an empty image is an answer.
 QVariant ManualView::loadResource(int type, const QUrl& name) {
-    if (type != QTextDocument::ImageResource || !IsPictureName(name.toString())) return {};
-    const QImage drawn(":/manual/" + name.toString());
-    if (drawn.isNull()) return {};
-    const QSizeF size = QSizeF(drawn.size()) / pixelsOfPicture * services_.layout.Unit;
-    QImage fitting = drawn.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage image(":/manual/" + name.toString());
+    if (type != QTextDocument::ImageResource || image.isNull()) return QImage();
+    const QSizeF size = QSizeF(image.size()) / imageDensity * services_.layout.Unit;
+    QImage fitting = image.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     fitting.setDevicePixelRatio(services_.devicePixelRatio);
     return fitting;
 }
 
+// Scrolls the place of that name to the top.
 void ManualView::GoTo(const QString& anchor) {
     DropMark();
     scrollToAnchor(anchor);
@@ -153,7 +183,8 @@ void ManualView::GoTo(const QString& anchor) {
     bar->setValue(bar->value() - qRound(services_.ToLogical(roomAboveTarget)));
 }
 
-// Takes the mark off the link that was followed, so that Enter does not follow it unseen.
+// Takes the focus off the link that was followed: it is out of sight now, and Enter would follow it
+// again. Setting a text cursor scrolls to it, so the position is put back.
 void ManualView::DropMark() {
     const int position = verticalScrollBar()->value();
     QTextCursor cursor = textCursor();
@@ -162,8 +193,8 @@ void ManualView::DropMark() {
     verticalScrollBar()->setValue(position);
 }
 
-// The search for a link begins behind the selection. When that is out of sight, it would jump back to
-// where the reader came from.
+// Tab searches for the next link from the selection on. When that is out of sight, the search would jump
+// back to where the reader came from; so one character at the edge of the page is selected first.
 void ManualView::StartInSight(bool forwards) {
     if (viewport()->rect().intersects(cursorRect())) return;
     QTextCursor cursor = cursorForPosition({0, forwards ? 0 : viewport()->height() - 1});

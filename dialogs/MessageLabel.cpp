@@ -1,20 +1,22 @@
 #include "dialogs/MessageLabel.h"
 
-#include <QPainter>
 #include <algorithm>
 
 #include "app/Palette.h"
+#include "dialogs/Geometry.h"
 
 namespace zorva {
 namespace {
 
+// In layout pixels.
 constexpr double usualSize = 13;
 constexpr double smallestSize = 10.5;
 constexpr double sizeStep = 0.5;
 constexpr double sideMargin = 4;  // blank paper left and right of the text
 
+// At least one, also for an empty text.
 int LinesAt(const QString& text, const TextStyle& style) {
-    return std::max(1, SetText(text, MessageWidth - 2 * sideMargin, style).LineCount());
+    return std::max(1, WrappedText(text, MessageWidth - 2 * sideMargin, style).LineCount());
 }
 
 }  // namespace
@@ -34,22 +36,19 @@ MessageLabel::MessageLabel(QWidget* parent, const Services& services, const char
                            const QString& text, const TextStyle& style)
     : QLabel(parent), services_(services), lines_(text, MessageWidth - 2 * sideMargin, style) {
     setObjectName(objectName);
-    setTextFormat(Qt::PlainText);
+    setTextFormat(Qt::PlainText);  // a name may hold what would be HTML
     setText(text);
     setAccessibleName(text);
 }
 
-QPointF MessageLabel::TextOrigin() const {
-    const double room = height() / services_.ToLogical(1) - MessageLinePitch * (lines_.LineCount() - 1);
-    return {sideMargin, room / 2 - lines_.MiddleOfInk()};
-}
-
+// The ink is centred, not the lines: they have room for accents above, which would look like a larger
+// margin.
 void MessageLabel::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
+    LayoutPainter painter(this, services_);
     painter.setPen(palette::Ink);
-    lines_.Draw(painter, TextOrigin(), MessageLinePitch);
+    const double heightOfOneLine =
+        LayoutArea(*this, services_).height() - MessageLinePitch * (lines_.LineCount() - 1);
+    lines_.Draw(painter, {sideMargin, heightOfOneLine / 2 - lines_.MiddleOfInk()}, MessageLinePitch);
 }
 
 }  // namespace zorva

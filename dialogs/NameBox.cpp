@@ -1,26 +1,24 @@
 #include "dialogs/NameBox.h"
 
 #include <QKeyEvent>
-#include <QPainter>
 #include <QSignalBlocker>
 
 #include "app/Fonts.h"
 #include "app/Palette.h"
+#include "core/Settings.h"
 #include "dialogs/Decoration.h"
-#include "store/Encoding.h"
+#include "dialogs/Geometry.h"
+#include "store/SettingsFile.h"
 
 namespace zorva {
 namespace {
 
-bool MayStandInName(QChar character) {
-    return character != '"' && character.isPrint() && IsInWindows1252(character.unicode());
-}
-
-// A letter and its accent may come as two characters; the file knows only the accented letter.
+// A letter and its accent may come as two characters, but a name can hold only the accented letter.
+// Characters beyond 16 bits come as two surrogates, neither of which a name can hold.
 QString WithoutRefused(const QString& typed) {
     QString kept;
     for (const QChar character : typed.normalized(QString::NormalizationForm_C)) {
-        if (MayStandInName(character)) kept += character;
+        if (CanStandInName(character.unicode())) kept += character;
     }
     return kept;
 }
@@ -39,7 +37,7 @@ NameBox::NameBox(QWidget* parent, const Services& services, const QString& objec
     setObjectName(objectName);
     setAccessibleName(accessibleName);
     setFrame(false);
-    setContextMenuPolicy(Qt::NoContextMenu);
+    setContextMenuPolicy(Qt::NoContextMenu);  // Qt's would be in English
     setAcceptDrops(false);
     QPalette colours = palette();
     colours.setColor(QPalette::Base, QColor(0xff, 0xfd, 0xf4));
@@ -51,28 +49,28 @@ NameBox::NameBox(QWidget* parent, const Services& services, const QString& objec
 }
 
 void NameBox::ShowName(const QString& name) {
-    if (name == text()) return;
+    if (name == text()) return;  // setText would move the caret
     const QSignalBlocker silent(this);
     setText(name);
-    FitLetters();
+    FitFont();
 }
 
+// The caret stays behind the character that was typed, and where it was when that was refused.
 void NameBox::Txt_Nombre_Change() {
-    const int caret =
-        cursorPosition() - static_cast<int>(text().left(cursorPosition()).size() -
-                                            WithoutRefused(text().left(cursorPosition())).size());
+    const int caret = static_cast<int>(WithoutRefused(text().left(cursorPosition())).size());
     const QString name = NameFromTyped(text());
     if (name != text()) {
         const QSignalBlocker silent(this);
         setText(name);
         setCursorPosition(qMin(caret, static_cast<int>(name.size())));
     }
-    FitLetters();
+    FitFont();
     if (Renamed) Renamed(name);
 }
 
-// Nine wide letters must be seen as a whole, too.
-void NameBox::FitLetters() {
+// Nine wide letters must be seen as a whole, too. The frame and the caret take 6 layout pixels of the
+// width.
+void NameBox::FitFont() {
     const double room = width() - services_.ToLogical(6);
     double size = services_.ToLogical(12.5);
     const double natural = QFontMetricsF(TextFont(size, QFont::DemiBold)).horizontalAdvance(text());
@@ -83,13 +81,11 @@ void NameBox::FitLetters() {
 void NameBox::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     if (!hasFocus()) return;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = services_.ToLogical(1);
-    painter.scale(scale, scale);
-    decoration::DrawFocus(painter, QRectF(1, 1, width() / scale - 2, height() / scale - 2), 2);
+    LayoutPainter painter(this, services_);
+    decoration::DrawFocus(painter, LayoutArea(*this, services_).adjusted(1, 1, -1, -1), 2);
 }
 
+// A name has one line: the keys that would leave the line go to the next control.
 void NameBox::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Up: focusNextPrevChild(false); break;

@@ -7,24 +7,24 @@
 
 namespace zorva {
 
-/// The most characters a player's name has.
-inline constexpr int LongestName = 9;
-
-/// What becomes of a text typed or pasted as a name: no blanks in front, the first letter as it was
-/// typed, the second to the ninth in lower case. A double quote and characters that the settings file
-/// cannot hold are left out.
+/// The name that a typed or pasted text stands for: without blanks in front, cut after LongestName
+/// characters, all but the first of them in lower case. Characters that a name cannot hold (see
+/// CanStandInName) are left out. A name that went through here once stays as it is.
 QString NameFromTyped(const QString& typed);
 
-/// The box in which a player's name is edited. It keeps the name to its form at every change.
+/// Txt_Nombre: the box in which a player's name is edited. It turns what is typed into a name at every
+/// change and makes the font smaller where a wide name would not be seen whole. The arrows up and down
+/// and Enter move the focus.
 class NameBox : public QLineEdit {
 public:
+    /// The services must outlive the box.
     NameBox(QWidget* parent, const Services& services, const QString& objectName,
             const QString& accessibleName);
 
-    /// The name was changed by the player.
+    /// Called with the new name after each change by the player.
     std::function<void(const QString& name)> Renamed;
 
-    /// Shows a name without reporting it.
+    /// Shows a name without calling Renamed.
     void ShowName(const QString& name);
 
 protected:
@@ -33,7 +33,7 @@ protected:
 
 private:
     void Txt_Nombre_Change();
-    void FitLetters();
+    void FitFont();
 
     const Services& services_;
 };

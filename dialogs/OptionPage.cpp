@@ -15,18 +15,21 @@
 namespace zorva {
 namespace {
 
+// What screen readers call an option: "Sonido", "Rojo: Tipo de juego".
 QString NameOf(const OptionPlace& place) {
     QString question = QuestionText(place.option);
     if (place.player == 0) return question;
     return QString::fromStdString(DefaultName(place.player)) + ": " + question;
 }
 
+// "Pic_Opcion_4", "Pic_Opcion_6_3": the number of the option and that of the player.
 QString ObjectNameOf(const OptionPlace& place) {
     const QString name = QStringLiteral("Pic_Opcion_%1").arg(static_cast<Short>(place.option));
     return place.player == 0 ? name : name + QStringLiteral("_%1").arg(place.player);
 }
 
-// What is switched on or off lights up; of two equal answers the knob only shows which.
+// What can be switched off is drawn as a switch with a lamp. Where both answers are equal the knob only
+// points to one of them.
 QString SelectorDrawing(Option option, Short value) {
     switch (option) {
         case Option::PauseBetweenMoves:
@@ -40,8 +43,9 @@ QString SelectorDrawing(Option option, Short value) {
 
 }  // namespace
 
-OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlace& place, double size)
-    : QAbstractButton(page), services_(services), option_(place.option), size_(size) {
+OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlace& place,
+                       double fontSize)
+    : QAbstractButton(page), services_(services), option_(place.option), fontSize_(fontSize) {
     setObjectName(ObjectNameOf(place));
     setAccessibleName(NameOf(place));
     setCheckable(true);
@@ -49,7 +53,8 @@ OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlac
     connect(this, &QAbstractButton::toggled, this, &OptionStop::Toggled);
 }
 
-// A screen reader toggles where a hand would click. Whether that is allowed is not decided here.
+// Screen readers toggle a check box. That is undone and made a click, so that the window decides whether
+// the option may change.
 void OptionStop::Toggled(bool checked) {
     if (checked == shown_) return;
     setChecked(shown_);
@@ -64,12 +69,11 @@ void OptionStop::ShowAnswer(Short value) {
 
 void OptionStop::paintEvent(QPaintEvent*) {
     if (!hasFocus()) return;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = services_.ToLogical(1);
-    painter.scale(scale, scale);
-    const double answer = WidthOf(AnswerText(option_, isChecked() ? 1 : 2), {size_, QFont::Bold});
-    decoration::DrawFocus(painter, QRectF(2, 17, std::min(answer + 46, width() / scale - 4), 24), 10);
+    LayoutPainter painter(this, services_);
+    // Round the selector and the answer, as OptionPlace has them.
+    const double answer = WidthOf(AnswerText(option_, isChecked() ? 1 : 2), {fontSize_, QFont::Bold});
+    const double width = std::min(answer + 46, LayoutArea(*this, services_).width() - 4);
+    decoration::DrawFocus(painter, QRectF(2, 17, width, 24), 10);
 }
 
 void OptionStop::keyPressEvent(QKeyEvent* event) {
@@ -84,18 +88,13 @@ void OptionStop::keyPressEvent(QKeyEvent* event) {
 }
 
 OptionPage::OptionPage(QWidget* window, const Services& services, const char* name,
-                       const Settings& settings, const std::vector<OptionPlace>& places,
-                       double letterSize)
-    : QWidget(window),
-      services_(services),
-      settings_(settings),
-      places_(places),
-      letterSize_(letterSize) {
+                       const Settings& settings, const std::vector<OptionPlace>& places, double fontSize)
+    : QWidget(window), services_(services), settings_(settings), places_(places), fontSize_(fontSize) {
     setObjectName(name);
     setGeometry(window->rect());
     setMouseTracking(true);
     for (const OptionPlace& place : places_) {
-        auto* stop = new OptionStop(this, services, place, letterSize);
+        auto* stop = new OptionStop(this, services, place, fontSize);
         OptionPage::Place(stop, place.Whole());
         connect(stop, &QAbstractButton::clicked, this, [this, place] {
             if (Chosen) Chosen(place.option, place.player);
@@ -119,6 +118,8 @@ const OptionPlace* OptionPage::OptionAt(Point point) const {
     return nullptr;
 }
 
+// The width of a blank is given, not that of the font: between spaced letters the font's would be too
+// narrow.
 void OptionPage::DrawHeading(QPainter& painter, const QString& heading) const {
     constexpr TextStyle style{15, QFont::Bold};
     constexpr double blank = 6;
@@ -133,9 +134,8 @@ void OptionPage::DrawHeading(QPainter& painter, const QString& heading) const {
 void OptionPage::DrawOption(QPainter& painter, const OptionPlace& place) const {
     const Short value = AnswerOf(place);
     painter.setPen(palette::Ink);
-    DrawLine(painter, ToRect(place.Question()), QuestionText(place.option), {letterSize_});
-    DrawLine(painter, ToRect(place.Answer()), AnswerText(place.option, value),
-             {letterSize_, QFont::Bold});
+    DrawLine(painter, ToRect(place.Question()), QuestionText(place.option), {fontSize_});
+    DrawLine(painter, ToRect(place.Answer()), AnswerText(place.option, value), {fontSize_, QFont::Bold});
     services_.artwork.Paint(painter, SelectorDrawing(place.option, value), ToRect(place.Selector()));
 }
 
@@ -163,13 +163,14 @@ void OptionPage::Place(QWidget* control, const Box& box) const {
 
 void OptionPage::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.setClipRect(event->rect());
+    painter.setClipRect(event->rect());  // in logical pixels; IsToBeDrawn asks for it
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(services_.ToLogical(1), services_.ToLogical(1));
     DrawPage(painter);
     DrawOptions(painter);
 }
 
+// A click is handed to the option's control, so that mouse and keyboard go the same way from there.
 void OptionPage::mousePressEvent(QMouseEvent* event) {
     const OptionPlace* place = OptionAt(ToLayout(event->position(), services_));
     if (event->button() != Qt::LeftButton || !place) return;
@@ -182,7 +183,7 @@ void OptionPage::mouseMoveEvent(QMouseEvent* event) {
     ShowCursorAt(event->position());
 }
 
-// The page comes up under a cursor that was a hand on what was there before.
+// The page appears under a cursor that may have been a hand over the other page.
 void OptionPage::showEvent(QShowEvent*) {
     ShowCursorAt(mapFromGlobal(QPointF(QCursor::pos())));
 }

@@ -5,7 +5,7 @@ namespace {
 
 constexpr int optionCount = static_cast<int>(LastOption);
 
-// Both tables go by the option's number; row 0 is not used.
+// The index of both tables is the option's number; row 0 is not used.
 constexpr const char* questions[optionCount + 1] = {
     "",
     "Pausa entre jugadas",
@@ -21,6 +21,7 @@ constexpr const char* questions[optionCount + 1] = {
     "Si saca cinco y hay alguna ficha en cuadro de espera",
 };
 
+// Each answer agrees in gender with its question.
 constexpr const char* answers[optionCount + 1][2] = {
     {"", ""},
     {"Activada", "Desactivada"},
@@ -36,7 +37,7 @@ constexpr const char* answers[optionCount + 1][2] = {
     {"Es obligatorio sacar una ficha", "Puede sacar ficha o jugar cualquier otra"},
 };
 
-// Of settings that may be changed a field that may be changed.
+// One table for both functions below: const settings give a const field.
 template <typename AnySettings>
 auto& FieldOf(AnySettings& settings, Option option, Colour player) {
     switch (option) {

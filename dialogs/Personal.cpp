@@ -11,6 +11,7 @@
 namespace zorva {
 namespace {
 
+// In layout pixels.
 constexpr QSize windowSize(624, 424);
 constexpr Box rulesButton{17, 380, 156, 30};
 constexpr Box leaveButton{511, 380, 96, 30};
@@ -30,8 +31,8 @@ Personal::Personal(QWidget* parent, const Services& services, Settings& settings
     ShowRules(false);
 }
 
-// The buttons stand on their pages, so that they come and go with them and follow them in the order
-// of the keyboard.
+// The buttons are children of their pages: they are hidden with them, and Tab reaches them after the
+// options.
 void Personal::AddButtons() {
     auto* rules = new PictureButton(settingsPage_, TheServices(), "Bot_Normas", "personal_rules",
                                     "Normas de juego");
@@ -46,6 +47,7 @@ void Personal::AddButtons() {
     connect(back, &QAbstractButton::clicked, this, [this] { ShowRules(false); });
 }
 
+// Names, levels and the speed show themselves where they are edited: no page has to be drawn again.
 void Personal::ConnectPages() {
     const auto chosen = [this](Option option, Colour player) { OptionChosen(option, player); };
     settingsPage_->Chosen = chosen;
@@ -64,6 +66,7 @@ void Personal::ConnectPages() {
     };
 }
 
+// The focus goes to the first option of the page, because the control that had it is hidden now.
 void Personal::ShowRules(bool rules) {
     settingsPage_->setVisible(!rules);
     rulesPage_->setVisible(rules);
@@ -84,6 +87,8 @@ void Personal::OptionChosen(Option option, Colour player) {
     Changed();
 }
 
+// The order of play and the number of players shape the game that is being played; rules apply from the
+// next throw on, and everything else does not touch the game. The doubled blanks belong to the text.
 QString Personal::RefusalOf(Option option) const {
     if (!gameInProgress_) return {};
     if (option == Option::PlayOrder) {
@@ -97,12 +102,14 @@ QString Personal::RefusalOf(Option option) const {
     return {};
 }
 
+// An answer may show or hide other options, on the other page, too.
 void Personal::Changed() {
     settingsPage_->ShowSettings();
     rulesPage_->ShowSettings();
     if (hooks_.Applied) hooks_.Applied();
 }
 
+// From the rules Escape leads back to the first page; only there it leaves the window.
 void Personal::KeyPressed(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && rulesPage_->isVisible()) {
         ShowRules(false);
@@ -111,6 +118,7 @@ void Personal::KeyPressed(QKeyEvent* event) {
     }
 }
 
+// Refused with the sound of leaving: that is heard at every press of the button.
 void Personal::Leave() {
     TheServices().PlaySound(Sound::Accept);
     const auto& active = settings_.PlayerActive;

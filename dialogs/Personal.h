@@ -12,19 +12,22 @@ class RulesPage;
 class SettingsPage;
 enum class Option : Short;
 
-/// What the settings window asks of whoever opens it.
+/// What the settings window calls.
 struct PersonalHooks {
-    /// The settings were changed; what they govern is to follow at once.
+    /// After each change of the settings. The board is to follow at once.
     std::function<void()> Applied;
-    /// The window is left: the settings are to be kept.
+    /// When the player leaves the window. The settings are to be written to their file.
     std::function<void()> Save;
 };
 
-/// The settings window with its two pages. It changes the settings at every click; during a game the
-/// order of play and who takes part cannot be changed.
+/// The settings window with its two pages, players and common options on the one, rules on the other.
+/// Each click changes the settings at once. During a game the order of play and who takes part are
+/// locked: a message refuses their change. The window cannot be left while all four players are switched
+/// off.
 class Personal : public BoardDialog {
 public:
-    /// The settings must outlive the window.
+    /// Opens on the first page. The services and the settings must outlive the window; either hook may
+    /// be empty.
     Personal(QWidget* parent, const Services& services, Settings& settings, bool gameInProgress,
              PersonalHooks hooks);
 
@@ -44,11 +47,11 @@ private:
     Settings& settings_;
     const bool gameInProgress_;
     const PersonalHooks hooks_;
-    SettingsPage* settingsPage_;
+    SettingsPage* settingsPage_;  // owned by the window, as the other page
     RulesPage* rulesPage_;
 };
 
-/// Opens the settings window and returns when it was left.
+/// Opens the settings window and returns when the player has left it.
 void ShowPersonal(QWidget* parent, const Services& services, Settings& settings, bool gameInProgress,
                   PersonalHooks hooks);
 

@@ -6,15 +6,15 @@
 #include "app/Artwork.h"
 #include "app/Cursors.h"
 #include "app/KeyStrokes.h"
-
 #include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
 #include "dialogs/TextStyle.h"
 
 namespace zorva {
 namespace {
 
 const QColor ivory(0xff, 0xfd, 0xf5);
-// Every button's drawing has its emblem at the left; the caption takes the rest.
+// In layout pixels: all drawings of buttons have their emblem there, and the caption takes the rest.
 constexpr double emblemWidth = 28;
 
 }  // namespace
@@ -32,21 +32,22 @@ void PictureButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const double ratio = services_.devicePixelRatio;
-    QPixmap picture = services_.artwork.Picture(isDown() ? drawing_ + "_pressed" : drawing_,
-                                                (QSizeF(size()) * ratio).toSize());
-    picture.setDevicePixelRatio(ratio);
-    painter.drawPixmap(QPointF(), picture);
-    const double scale = services_.ToLogical(1);
-    painter.scale(scale, scale);
-    const QRectF area(0, 0, width() / scale, height() / scale);
+    // In device pixels, so that the pixmap is copied and never stretched.
+    QPixmap pixmap = services_.artwork.Picture(isDown() ? drawing_ + "_pressed" : drawing_,
+                                               (QSizeF(size()) * ratio).toSize());
+    pixmap.setDevicePixelRatio(ratio);
+    painter.drawPixmap(QPointF(), pixmap);
+    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
+    const QRectF area = LayoutArea(*this, services_);
     painter.setPen(isDown() ? ivory.darker(125) : ivory);
-    const double shift = isDown() ? 1.2 : 0;
+    const double shift = isDown() ? 1.2 : 0;  // the caption goes down with the button
     DrawLine(painter, area.adjusted(emblemWidth, 0, -10, -3).translated(shift, shift), text(),
              {14, QFont::DemiBold}, Qt::AlignHCenter);
     if (hasFocus()) decoration::DrawFocus(painter, area.adjusted(2, 2, -2, -2), 6);
 }
 
-// Enter does what Space does; Qt leaves it to dialogs with a default button.
+// In Qt only Space presses a button; Enter is for the default button of a dialog, which these windows
+// have not.
 void PictureButton::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isEnter && IsKeyStroke(*event)) {

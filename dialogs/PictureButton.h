@@ -6,10 +6,12 @@
 
 namespace zorva {
 
-/// A button with a drawing of its own in two states, "name" at rest and "name_pressed", and its
-/// caption over it. It acts when it was pressed and released inside.
+/// A button drawn from two drawings of the program: `drawing` at rest and `drawing` + "_pressed". Its
+/// caption stands right of the emblem that each of them has at its left. It acts when it was pressed and
+/// released inside, or by Space or Enter.
 class PictureButton : public QAbstractButton {
 public:
+    /// `caption` is also its name for screen readers. The services must outlive the button.
     PictureButton(QWidget* parent, const Services& services, const char* objectName,
                   const QString& drawing, const QString& caption);
 

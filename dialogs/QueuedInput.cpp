@@ -7,6 +7,7 @@
 namespace zorva {
 namespace {
 
+// What a person does. Moves of the mouse are none: they press nothing, and cursors follow them.
 bool IsInput(QEvent::Type type) {
     switch (type) {
         case QEvent::KeyPress:
@@ -27,8 +28,8 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
-/// Swallows input on its way to the widgets. The windows below them still see it, so that the
-/// Qt's account of what is pressed stays right.
+/// Discards input on its way to the widgets, close requests of the window manager included. QWindow
+/// objects still get it: Qt keeps its account there of which keys and buttons are down.
 class InputSink : public QObject {
 public:
     bool eventFilter(QObject* receiver, QEvent* event) override {
@@ -47,7 +48,7 @@ void DiscardQueuedInput() {
     InputSink sink;
     QCoreApplication::instance()->installEventFilter(&sink);
     QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();  // what the window system has not handed over yet
 }
 
 }  // namespace zorva

@@ -2,8 +2,10 @@
 
 namespace zorva {
 
-/// Forgets every key and mouse button that was pressed before now and not handled yet, so that it
-/// cannot act on a window that its maker had not seen. Everything else that waits is handled.
+/// Discards every key and mouse button that was pressed before now and not handled yet: it was meant for
+/// what was on the screen then, not for the window that opens next. Handles all other waiting events, so
+/// timers and repaints run inside the call. To be called before a message opens, because any key answers
+/// a message.
 void DiscardQueuedInput();
 
 }  // namespace zorva

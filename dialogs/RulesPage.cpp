@@ -10,11 +10,12 @@
 namespace zorva {
 namespace {
 
+// In layout pixels.
 constexpr Box sheet{17, 48, 590, 322};
 constexpr Short rulesLeft = 96;
 constexpr Short rulesWidth = 432;
 
-// In the order of the page.
+// In the order in which they stand on the page.
 std::vector<OptionPlace> RulePlaces() {
     return {{Option::RuleLeaveAllInBox, 0, {rulesLeft, 118}, rulesWidth},
             {Option::RuleFiveSomeInBox, 0, {rulesLeft, 182}, rulesWidth},
@@ -35,7 +36,7 @@ bool RulesPage::IsShown(const OptionPlace& place) const {
 }
 
 const OptionPlace* RulesPage::HaPulsadoEnNormas(Point point) const {
-    constexpr int order[] = {3, 0, 1, 2};
+    constexpr int order[] = {3, 0, 1, 2};  // in which the rules are tried
     for (const int rule : order) {
         const OptionPlace& place = Places()[rule];
         if (place.Selector().Contains(point) && IsShown(place)) return &place;
@@ -52,6 +53,7 @@ void RulesPage::DrawPage(QPainter& painter) {
              {14, QFont::Bold}, Qt::AlignHCenter);
 }
 
+// All of them: this page is never repainted in parts.
 void RulesPage::DrawOptions(QPainter& painter) {
     for (const OptionPlace& rule : Places()) {
         if (IsShown(rule)) DibujaSelectorNormas(painter, rule);

@@ -14,8 +14,8 @@
 namespace zorva {
 namespace {
 
-// The one table of where things are; a player's things are measured from the corner of the block.
-constexpr double letterSize = 12.5;
+// Where everything is, in layout pixels. A player's controls are measured from the corner of the block.
+constexpr double fontSize = 12.5;
 constexpr Short blockTop = 48;
 constexpr Short blockWidth = 143;
 constexpr Short blockHeight = 208;
@@ -31,6 +31,7 @@ constexpr Box commonSheet{17, 266, 590, 104};
 constexpr Box speedLabel{418, 322, 150, 17};
 constexpr Box speedSlider{418, 341, Slider::Width, Slider::Height};
 
+// The blocks stand side by side, 6 pixels apart.
 Point BlockCorner(Colour player) {
     return {ToShort(17 + (player - 1) * (blockWidth + 6)), blockTop};
 }
@@ -45,7 +46,7 @@ Box InBlock(Colour player, const Box& box) {
     return {at.x, at.y, box.width, box.height};
 }
 
-// In the order in which a click is tried on them.
+// In the order in which they are tried when the mouse is pressed.
 std::vector<OptionPlace> OptionPlaces() {
     std::vector<OptionPlace> places{
         {Option::PauseBetweenMoves, 0, {30, 284}, 188}, {Option::Tutor, 0, {224, 284}, 188},
@@ -59,7 +60,7 @@ std::vector<OptionPlace> OptionPlaces() {
     return places;
 }
 
-// Each colour's paper and the lit and shaded ends of its header.
+// A player's block: the lit and the shaded end of its header, its paper, and the ink on the header.
 struct BlockColours {
     QColor lit, shade, paper, ink;
 };
@@ -78,14 +79,14 @@ const BlockColours& ColoursOf(Colour player) {
 }  // namespace
 
 SettingsPage::SettingsPage(QWidget* window, const Services& services, const Settings& settings)
-    : OptionPage(window, services, "Pic_Opciones", settings, OptionPlaces(), letterSize) {
+    : OptionPage(window, services, "Pic_Opciones", settings, OptionPlaces(), fontSize) {
     for (Colour player = 1; player <= ColourCount; ++player) AddPlayer(player);
     AddSpeed();
     OrderFocus();
     SettingsPage::ShowSettings();
 }
 
-// The keyboard goes through the players one by one, then through the common options.
+// Tab goes through the players one by one, then through the common options.
 void SettingsPage::OrderFocus() {
     std::vector<QWidget*> order;
     for (Colour player = 1; player <= ColourCount; ++player) {
@@ -100,6 +101,7 @@ void SettingsPage::OrderFocus() {
     for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
+// Controls take the name of their colour for screen readers, which do not see in whose block they are.
 void SettingsPage::AddPlayer(Colour player) {
     const QString colour = QString::fromStdString(DefaultName(player));
     auto* name = new NameBox(this, TheServices(), QStringLiteral("Txt_Nombre_%1").arg(player),
@@ -113,7 +115,7 @@ void SettingsPage::AddPlayer(Colour player) {
     Place(level, InBlock(player, levelSlider));
     connect(level, &QAbstractSlider::valueChanged, this, [this, player](int value) {
         if (LevelSet) LevelSet(player, ToShort(value));
-        Redraw(InBlock(player, levelLabel));
+        Redraw(InBlock(player, levelLabel));  // with the number; the slider draws itself
     });
     names_[player] = name;
     levels_[player] = level;
@@ -128,6 +130,7 @@ void SettingsPage::AddSpeed() {
     });
 }
 
+// Setting a slider calls LevelSet or SpeedSet with the value that the settings hold already.
 void SettingsPage::ShowSettings() {
     for (Colour player = 1; player <= ColourCount; ++player) {
         const bool active = Shown().PlayerActive[player] == 1;
@@ -152,9 +155,11 @@ void SettingsPage::DrawPage(QPainter& painter) {
             DrawPlayer(painter, player);
     }
     decoration::DrawSunkenPaper(painter, ToRect(commonSheet));
-    DrawScaleLabel(painter, speedLabel, " Velocidad de juego ", Shown().Speed);
+    DrawSliderLabel(painter, speedLabel, " Velocidad de juego ", Shown().Speed);
 }
 
+// Of a player who takes no part only the header and the state are drawn; the state is an option, and the
+// page draws options by itself.
 void SettingsPage::DrawPlayer(QPainter& painter, Colour player) {
     const Point corner = BlockCorner(player);
     const QRectF block(corner.x, corner.y, blockWidth, blockHeight);
@@ -162,12 +167,13 @@ void SettingsPage::DrawPlayer(QPainter& painter, Colour player) {
     DrawHeader(painter, player);
     if (Shown().PlayerActive[player] != 1) return;
     painter.setPen(palette::Ink);
-    DrawLine(painter, ToRect(InBlock(player, nameLabel)), "Nombre..:", {letterSize});
+    DrawLine(painter, ToRect(InBlock(player, nameLabel)), "Nombre..:", {fontSize});
     decoration::DrawSunkenFrame(painter, ToRect(InBlock(player, nameBox)));
-    DrawScaleLabel(painter, InBlock(player, levelLabel), " Nivel de juego ",
-                   Shown().PlayerLevel[player]);
+    DrawSliderLabel(painter, InBlock(player, levelLabel), " Nivel de juego ",
+                    Shown().PlayerLevel[player]);
 }
 
+// The colour's own name and a piece of it: the player may bear any other name.
 void SettingsPage::DrawHeader(QPainter& painter, Colour player) {
     const Point corner = BlockCorner(player);
     const BlockColours& colours = ColoursOf(player);
@@ -185,12 +191,13 @@ void SettingsPage::DrawHeader(QPainter& painter, Colour player) {
              {14, QFont::Bold});
 }
 
-void SettingsPage::DrawScaleLabel(QPainter& painter, const Box& box, const QString& label, Short value) {
+void SettingsPage::DrawSliderLabel(QPainter& painter, const Box& box, const QString& label,
+                                   Short value) {
     painter.setPen(palette::Ink);
-    // The label begins with a blank of its own; its letters stand where the others' do.
+    // The label begins with a blank: moved left by it, its first letter stands where other texts begin.
     const QRectF area = ToRect(box);
-    DrawLine(painter, area.translated(-WidthOf(" ", {letterSize}), 0), label, {letterSize});
-    DrawLine(painter, area, QString::number(value), {letterSize, QFont::Bold}, Qt::AlignRight);
+    DrawLine(painter, area.translated(-WidthOf(" ", {fontSize}), 0), label, {fontSize});
+    DrawLine(painter, area, QString::number(value), {fontSize, QFont::Bold}, Qt::AlignRight);
 }
 
 }  // namespace zorva

@@ -1,13 +1,13 @@
 #include "dialogs/Slider.h"
 
 #include <QMouseEvent>
-#include <QPainter>
 #include <QWheelEvent>
 #include <cmath>
 
 #include "app/Artwork.h"
 #include "app/Cursors.h"
 #include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
 
 namespace zorva {
 
@@ -24,14 +24,13 @@ Slider::Slider(QWidget* parent, const Services& services, const QString& objectN
 }
 
 void Slider::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
+    LayoutPainter painter(this, services_);
     services_.artwork.Paint(painter, "personal_scale", QRectF(0, 0, Width, Height));
     services_.artwork.Paint(painter, "personal_marker", MarkerBox());
     if (hasFocus()) decoration::DrawFocus(painter, QRectF(1.5, 1.5, Width - 3, Height - 3), 5);
 }
 
+// Only the left button on the marker begins a drag: a stray click must not throw the value away.
 void Slider::mousePressEvent(QMouseEvent* event) {
     dragging_ = event->button() == Qt::LeftButton && MarkerBox().contains(LayoutPoint(*event));
 }
@@ -46,11 +45,12 @@ void Slider::mouseReleaseEvent(QMouseEvent*) {
     dragging_ = false;
 }
 
-// A wheel turned on its way over the window must not change a player's level.
+// A wheel that is turned while the cursor happens to be here must not change a player's level.
 void Slider::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
 
+// Qt would change the value by Up and Down, too; in these windows they go to the next control.
 void Slider::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Up: focusNextPrevChild(false); break;
@@ -59,6 +59,7 @@ void Slider::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+// The middle of the marker stands at the value.
 QRectF Slider::MarkerBox() const {
     return {value() + EndMargin - MarkerWidth / 2.0, 0, MarkerWidth, Height};
 }
@@ -67,12 +68,13 @@ QPointF Slider::LayoutPoint(const QMouseEvent& event) const {
     return event.position() / services_.ToLogical(1);
 }
 
-void Slider::DragTo(double offset) {
-    if (offset < minimum() || offset > maximum()) {
+// `value` is where the cursor is, in steps from the left end; it may lie outside the range.
+void Slider::DragTo(double value) {
+    if (value < minimum() || value > maximum()) {
         dragging_ = false;
         return;
     }
-    setValue(static_cast<int>(offset));
+    setValue(static_cast<int>(value));
 }
 
 }  // namespace zorva

@@ -6,16 +6,20 @@
 
 namespace zorva {
 
-/// A scale from 0 to 100, one pixel of the layout for each step, with a marker that is dragged. The
-/// drag ends when the cursor leaves the scale's range; the last value in it stays.
+/// A slider from 0 to 100, one layout pixel a step. The player drags its marker. The drag ends when the
+/// cursor goes beyond either end, and the last value before that stays; a click beside the marker does
+/// nothing. Left and Right change the value by 1, Page Up and Page Down by 10, Home and End set it to 0
+/// and 100; Up and Down move the focus.
 class Slider : public QAbstractSlider {
 public:
-    /// The value 0 lies that many pixels right of the control's left edge; so much is left at 100.
-    static constexpr Short EndMargin = 6;
+    // In layout pixels.
+    static constexpr Short EndMargin = 6;  ///< from the left edge to the value 0, from 100 to the right
     static constexpr Short Width = 100 + 2 * EndMargin;
     static constexpr Short Height = 18;
-    static constexpr Short MarkerWidth = 12;
+    static constexpr Short MarkerWidth = 12;  ///< the marker is as high as the slider
 
+    /// `name` is its name for screen readers. It has to be placed in a box of Width x Height. The
+    /// services must outlive it.
     Slider(QWidget* parent, const Services& services, const QString& objectName, const QString& name);
 
 protected:
@@ -29,7 +33,7 @@ protected:
 private:
     QRectF MarkerBox() const;
     QPointF LayoutPoint(const QMouseEvent& event) const;
-    void DragTo(double offset);
+    void DragTo(double value);
 
     const Services& services_;
     bool dragging_ = false;

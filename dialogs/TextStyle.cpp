@@ -9,7 +9,7 @@
 namespace zorva {
 namespace {
 
-// Units of the setting per pixel of the layout.
+// Units of the text layout for one layout pixel.
 constexpr double fine = 16;
 
 QFont FineFont(const TextStyle& style) {
@@ -20,33 +20,26 @@ QFont FineFont(const TextStyle& style) {
 
 }  // namespace
 
-SetText::SetText(const QString& text, double width, const TextStyle& style)
+WrappedText::WrappedText(const QString& text, double width, const TextStyle& style)
     : layout_(QString(text).replace('\n', QChar::LineSeparator), FineFont(style)) {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout_.setTextOption(option);
-    layout_.setCacheEnabled(true);
+    layout_.setCacheEnabled(true);  // lines are asked for again at every painting
     layout_.beginLayout();
     for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
         line.setLineWidth(width * fine);
-        line.setPosition({0, 0});
+        line.setPosition({0, 0});  // Draw puts them where they belong
     }
     layout_.endLayout();
 }
 
-double SetText::WidestLine() const {
-    double widest = 0;
-    for (int i = 0; i < LineCount(); ++i)
-        widest = std::max(widest, layout_.lineAt(i).naturalTextWidth());
-    return widest / fine;
-}
-
-double SetText::MiddleOfInk() const {
+double WrappedText::MiddleOfInk() const {
     const QFontMetricsF metrics(layout_.font());
     return (metrics.ascent() + metrics.tightBoundingRect("dg").center().y()) / fine;
 }
 
-void SetText::Draw(QPainter& painter, QPointF top, double pitch) const {
+void WrappedText::Draw(QPainter& painter, QPointF top, double pitch) const {
     painter.save();
     painter.translate(top);
     painter.scale(1 / fine, 1 / fine);
@@ -60,7 +53,7 @@ double WidthOf(const QString& text, const TextStyle& style) {
 
 void DrawLine(QPainter& painter, const QRectF& box, const QString& text, TextStyle style,
               Qt::Alignment alignment) {
-    // TextStyle that are made smaller stay on the line that the usual ones stand on.
+    // A text that is made smaller stays on the baseline of the usual size.
     const QFontMetricsF usual(FineFont(style));
     const double base = box.center().y() + (usual.ascent() - usual.descent()) / fine / 2;
     const double natural = WidthOf(text, style);
@@ -69,6 +62,7 @@ void DrawLine(QPainter& painter, const QRectF& box, const QString& text, TextSty
     const double indent = alignment & Qt::AlignRight     ? spare
                           : alignment & Qt::AlignHCenter ? spare / 2
                                                          : 0;
+    // The painter counts in fine units while it writes.
     painter.save();
     painter.translate(box.left() + indent, base);
     painter.scale(1 / fine, 1 / fine);
@@ -82,6 +76,7 @@ void DrawSpaced(QPainter& painter, const QRectF& box, const QString& text, const
     double left = box.left();
     for (const QString& word : text.split(' ')) {
         const double width = WidthOf(word, style);
+        // One pixel of room, so that rounding does not make the word smaller.
         DrawLine(painter, QRectF(left, box.top(), width + 1, box.height()), word, style);
         left += width + blankWidth;
     }

@@ -10,27 +10,30 @@ class QPainter;
 
 namespace zorva {
 
-/// How text is set; sizes are pixels of the layout.
+// Text is laid out in units of a sixteenth of a layout pixel and then scaled to the screen. A font's
+// size is a whole number of the units it is laid out in: with larger units a text would have other
+// widths, and break at other words, on each screen. All measures here are layout pixels.
+
+/// How a text looks.
 struct TextStyle {
-    double size = 12;
+    double size = 12;  ///< of the font
     QFont::Weight weight = QFont::Normal;
     bool italic = false;
 };
 
-/// Text broken into lines. It is set in units much finer than a pixel, so that it breaks at the same
-/// words on every screen, and painted by a painter that counts in pixels of the layout. Blanks are
-/// kept as they are; a line break in the text begins a new line.
-class SetText {
+/// A text wrapped into lines of a given width. Runs of blanks are kept as they are, a line feed begins a
+/// new line, and a word wider than a line is broken anywhere.
+class WrappedText {
 public:
-    SetText(const QString& text, double width, const TextStyle& style);
+    WrappedText(const QString& text, double width, const TextStyle& style);
 
     int LineCount() const { return layout_.lineCount(); }
-    /// The width of the widest line, without blanks at its end.
-    double WidestLine() const;
-    /// From the top of a line to the middle between its tall letters' tops and the tails below.
+    /// From the top of a line down to the middle of its ink, which reaches from the top of a "d" to the
+    /// foot of a "g". Text centred by it looks centred.
     double MiddleOfInk() const;
 
-    /// Draws the lines in the painter's pen, their tops `pitch` apart, the first at `top`.
+    /// Draws the lines with the painter's pen, the top of the first at `top`, the tops of the others
+    /// `pitch` apart.
     void Draw(QPainter& painter, QPointF top, double pitch) const;
 
 private:
@@ -40,17 +43,18 @@ private:
 /// The width of a text on one line.
 double WidthOf(const QString& text, const TextStyle& style);
 
-/// Draws one line into the middle of the box's height, aligned left, right or in its middle. Text too
-/// wide for the box is made smaller rather than cut.
+/// Draws one line with the painter's pen, at half the height of the box, aligned left, right or to its
+/// middle. A text too wide for the box gets a smaller font rather than being cut.
 void DrawLine(QPainter& painter, const QRectF& box, const QString& text, TextStyle style,
               Qt::Alignment alignment = Qt::AlignLeft);
 
-/// Draws one line whose blanks have that width each: for texts that place their words by runs of
-/// blanks. The line's letters stand as DrawLine would set them, from the box's left edge.
+/// Draws one line as DrawLine does, from the left edge of the box, but with every blank `blankWidth`
+/// wide: for texts that place their words by runs of blanks.
 void DrawSpaced(QPainter& painter, const QRectF& box, const QString& text, const TextStyle& style,
                 double blankWidth);
 
-/// The width that blanks must have for such a line to be `width` wide.
+/// The width of a blank that makes the line `width` wide when DrawSpaced draws it. The text must contain
+/// a blank.
 double BlankWidthFor(const QString& text, const TextStyle& style, double width);
 
 }  // namespace zorva

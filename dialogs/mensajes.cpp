@@ -4,12 +4,14 @@
 #include <QEvent>
 
 #include "dialogs/Decoration.h"
+#include "dialogs/Geometry.h"
 #include "dialogs/PictureButton.h"
 #include "dialogs/QueuedInput.h"
 
 namespace zorva {
 namespace {
 
+// In layout pixels.
 constexpr Short windowWidth = 400;
 constexpr Short heightWithoutText = 135;
 constexpr Box titleBox{20, 22, MessageWidth, 15};
@@ -22,12 +24,14 @@ Box ButtonBox(Short left, Short lineCount) {
     return {left, ToShort(lineCount * MessageLinePitch + 82), 96, 30};
 }
 
-// A text that tells the player which buttons to press must find them under these names.
+// Some questions tell the player to press Aceptar or Cancelar; their buttons must be called so.
 bool NamesItsButtons(const QString& text) {
     return text.contains("Aceptar") && text.contains("Cancelar");
 }
 
-TextStyle TitleLetters(const QString& title) {
+// A title is never wrapped: a long one gets a smaller font, by a hundredth more than it takes, because
+// widths do not shrink quite as the size does.
+TextStyle TitleStyle(const QString& title) {
     TextStyle style{12.5, QFont::Bold};
     const double room = MessageWidth - 8;
     const double width = WidthOf(title, style);
@@ -37,6 +41,7 @@ TextStyle TitleLetters(const QString& title) {
 
 }  // namespace
 
+// The text is fitted twice, because the base class wants the size before there are members.
 mensajes::mensajes(QWidget* parent, const Services& services, const QString& title, const QString& text,
                    Short lineCount, MessageButtons buttons)
     : BoardDialog(
@@ -45,9 +50,11 @@ mensajes::mensajes(QWidget* parent, const Services& services, const QString& tit
       fit_(FitMessage(text, lineCount)),
       buttons_(buttons) {
     setAccessibleDescription(text);
-    Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleLetters(title)), titleBox);
+    Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleStyle(title)), titleBox);
     Place(new MessageLabel(this, services, "Tex_Mensaje", text, fit_.style), TextBox(fit_.lineCount));
     AddButtons(text);
+    // Not a button has the focus but a control that cannot be seen, so that every key comes to the
+    // window.
     focusHolder_ = new QWidget(this);
     focusHolder_->setObjectName("Pic_Focus");
     focusHolder_->setAccessibleName(title);
@@ -75,18 +82,16 @@ void mensajes::AddButtons(const QString& text) {
 
 void mensajes::DrawGround(QPainter& painter) {
     BoardDialog::DrawGround(painter);
-    const auto draw = [&painter](const Box& box) {
-        decoration::DrawSunkenPaper(painter, QRectF(box.x, box.y, box.width, box.height));
-    };
-    draw(titleBox);
-    draw(TextBox(fit_.lineCount));
+    decoration::DrawSunkenPaper(painter, ToRect(titleBox));
+    decoration::DrawSunkenPaper(painter, ToRect(TextBox(fit_.lineCount)));
 }
 
-// The key is deliberately not looked at.
+// Any key says yes, Escape included: which key it is, is deliberately not asked.
 void mensajes::KeyPressed(QKeyEvent*) {
     Accept();
 }
 
+// Tab is a key like any other here: it answers.
 bool mensajes::focusNextPrevChild(bool) {
     return false;
 }
@@ -110,7 +115,7 @@ void mensajes::Refuse() {
 MessageAnswer ShowMessage(QWidget* parent, const Services& services, const QString& title,
                           const QString& text, Short lineCount, MessageButtons buttons) {
     DiscardQueuedInput();
-    // Over a window that is open already: below it nobody could answer.
+    // Over a window that is modal already: below it nobody could answer.
     QWidget* topmost = QApplication::activeModalWidget();
     mensajes window(topmost ? topmost : parent, services, title, text, lineCount, buttons);
     RunModal(window);

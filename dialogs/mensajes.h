@@ -8,14 +8,17 @@
 
 namespace zorva {
 
-/// The window of every message and every question. Any key answers at once, whichever it is: yes to
-/// a question; a notice is closed. Closing the window in any other way refuses.
+/// The window of every message and every question. Any key answers at once, whichever it is: it says yes
+/// to a question and closes a notice. Closing the window in any other way says no.
+///
+/// It is 400 layout pixels wide and 135 high, and 16 higher for each line of its text.
 class mensajes : public BoardDialog {
 public:
+    /// `lineCount` is the number of lines that the text was written for (see FitMessage).
     mensajes(QWidget* parent, const Services& services, const QString& title, const QString& text,
              Short lineCount, MessageButtons buttons);
 
-    /// What was answered; a notice is never accepted.
+    /// What the player has answered. A notice is never accepted.
     MessageAnswer Answer() const { return answer_; }
 
 protected:
@@ -31,12 +34,13 @@ private:
 
     const MessageFit fit_;
     const MessageButtons buttons_;
-    QWidget* focusHolder_ = nullptr;  // Pic_Focus
+    QWidget* focusHolder_ = nullptr;  // Pic_Focus; owned by the window
     MessageAnswer answer_ = MessageAnswer::Refused;
 };
 
-/// Shows a message over the parent, which may be null at the start, and returns when it was answered.
-/// What was pressed before it opened does not answer it. The answer to a notice means nothing.
+/// Shows a message and returns when the player has answered it. It opens over the window that is modal
+/// at the moment, else over `parent`, which may be null before the board is there. Keys and clicks from
+/// before it opened are discarded. The answer to a notice means nothing.
 MessageAnswer ShowMessage(QWidget* parent, const Services& services, const QString& title,
                           const QString& text, Short lineCount, MessageButtons buttons);
 

@@ -64,8 +64,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${PROJECT_HOMEPAGE_URL})
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The typefaces it is written in, and the sound library, which it loads by name.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-lato, fonts-dejavu-core, libsdl2-2.0-0")
+# The fonts. The libraries that the program is linked with, SDL2 among them, are found by shlibdeps.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-lato, fonts-dejavu-core")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Parchís, the Spanish race game on a cross-shaped board")

@@ -1,7 +1,7 @@
-"""Starts the installed game as an ordinary user and as root, plays a moment, leaves it and goes on.
+"""Starts the installed game as an ordinary user and as root, plays a few moves, leaves and continues the game.
 
-The environment variable ZORVA_INSTALLED names the program; ZORVA_ROOT the folder of the system it is
-installed in, when that is not this one. Nothing may be written beside the program.
+The environment variable ZORVA_INSTALLED names the program. ZORVA_ROOT is the root folder of the system in
+which it is installed, when that is not this system. The game must write nothing beside the program.
 """
 
 import os
@@ -20,7 +20,7 @@ NOBODY = 65534  # the user and the group that own nothing
 
 
 class Installed(driver.Program):
-    """The program where an installation has put it, with a new user's home."""
+    """The program in the folder where it was installed, started with an empty home folder."""
 
     user = NOBODY
 
@@ -30,10 +30,10 @@ class Installed(driver.Program):
         self._folder = tempfile.TemporaryDirectory(prefix="zorva-home-", dir=self.root / "tmp")
         home = "/" / Path(self._folder.name).relative_to(self.root)
         self.data = Path(self._folder.name) / ".local/share/zorva32"
-        self._environment = {
+        environment = {
             "PATH": "/usr/games:/usr/bin:/bin", "HOME": str(home), "XDG_RUNTIME_DIR": str(home),
             "LANG": "C.UTF-8", "DISPLAY": display.name, "SDL_AUDIODRIVER": "dummy", "TMPDIR": str(home)}
-        words = ["env", "-i", *(name + "=" + value for name, value in self._environment.items()), binary]
+        words = ["env", "-i", *(name + "=" + value for name, value in environment.items()), binary]
         if self.root != Path("/"):
             words = ["chroot", "--userspec=%d:%d" % (self.user, self.user), str(self.root), *words]
         elif os.geteuid() == 0:
@@ -44,7 +44,7 @@ class Installed(driver.Program):
         self.process = None
         self._read = (None, None)
 
-    # Changing the user would undo the bond to this process: it is made afterwards.
+    # A change of the user would undo what BOUND does, so BOUND comes after it.
     def spawn(self):
         at = self._words.index("env")
         bond = BOUND if self.root == Path("/") else ()
@@ -62,15 +62,10 @@ class InstalledGame(driver.WindowTest):
 
     def test_is_played_left_and_goes_on(self):
         before = sorted(self.program.folder.iterdir())
-        self.program.start()
-        self.skip_title()
-        self.answer(driver.LOAD_TITLE)
+        self.start_with_message(driver.LOAD_TITLE)
         self.wait_for_board()
-        self.display.key("F1")
-        manual = self.wait_for_message("Ayuda de la aplicación")
-        self.assertGreater(manual.height, self.layout.unit * 400, "a message, not the manual")
-        self.display.key("Escape")
-        self.wait_until_gone(manual)
+        manual = self.look_at_window("F1", "Ayuda de la aplicación")
+        self.assertGreater(manual.height, 400, "a message, not the manual")
 
         self.display.key("F2")
         self.answer(driver.START_TITLE, key="space")
@@ -90,7 +85,7 @@ class InstalledGame(driver.WindowTest):
 
 @unittest.skipUnless(os.geteuid() == 0, "only root can be root")
 class InstalledGameOfRoot(InstalledGame):
-    """Root may write anywhere: that nothing is written beside the program is the program's own doing."""
+    """Root may write anywhere, so it is the program that must refrain from writing beside itself."""
 
     user = 0
 

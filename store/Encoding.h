@@ -5,21 +5,22 @@
 
 namespace zorva {
 
-// The files of the game are text in Windows-1252, one byte a character; in memory texts are UTF-8.
-// The five bytes which that encoding leaves undefined (81, 8D, 8F, 90, 9D) stand for the control
-// characters of the same number, so that every byte survives being read and written again.
+// The two files of the game are text in Windows-1252, one byte per character. In memory all texts are
+// UTF-8. Windows-1252 leaves five bytes undefined (81, 8D, 8F, 90, 9D). Here each of them stands for the
+// control character with the same number, so that every byte survives being read and written again.
 
-/// Whether the encoding of the files has a byte for the character.
+/// Whether Windows-1252 has a byte for the character.
 bool IsInWindows1252(char32_t character);
 
-/// The text in the encoding of the files. What it cannot hold, broken UTF-8 included, becomes '?'.
+/// The text in Windows-1252. A character without a byte becomes '?', and so does each byte that is not
+/// part of well-formed UTF-8. The result is never longer than the text.
 std::string ToWindows1252(std::string_view utf8);
 
-/// The bytes of a file as UTF-8; every byte is some character.
+/// The bytes of a file as UTF-8. Every byte is a character, so this never fails.
 std::string FromWindows1252(std::string_view bytes);
 
-/// Reads the character that begins at `at` and moves `at` behind it: one to four bytes, or a single
-/// byte when there is no well-formed UTF-8; the result is then U+FFFD. `at` must lie in the text.
+/// Reads the character that begins at byte `at` and moves `at` to the next one. If the bytes there are
+/// no well-formed UTF-8, it moves on by one byte and returns U+FFFD. `at` must be less than the length.
 char32_t NextCharacter(std::string_view utf8, std::size_t& at);
 
 }  // namespace zorva

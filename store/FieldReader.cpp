@@ -5,7 +5,8 @@
 namespace zorva {
 namespace {
 
-constexpr long beyondShort = 100000;  // where counting digits stops
+/// Beyond every 16-bit number. A longer row of digits stays at this value, so that it overflows nothing.
+constexpr long beyondShort = 100000;
 
 bool IsDigit(char character) {
     return character >= '0' && character <= '9';
@@ -15,12 +16,13 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
     return text.substr(std::min(text.find_first_not_of(' '), text.size()));
 }
 
-/// A number or what is wrong with it.
+/// A number, or why the text is none.
 struct ParsedNumber {
     long value = 0;
     FileError error = FileError::None;
 };
 
+// Digits alone, with a minus sign at most: neither a plus sign, nor a fraction, nor blanks.
 ParsedNumber ParseNumber(std::string_view text) {
     const bool negative = !text.empty() && text.front() == '-';
     if (negative) text.remove_prefix(1);
@@ -38,6 +40,7 @@ ParsedNumber ParseNumber(std::string_view text) {
 
 void FieldReader::Refuse(FileError error) {
     if (error_ != FileError::None) return;
+    // With nothing left to read, all calls that follow end quickly and cannot misread what comes next.
     error_ = error;
     rest_ = line_ = {};
     lineHasMore_ = false;
@@ -53,6 +56,7 @@ void FieldReader::NextLine() {
         Refuse(FileError::PastTheEnd);
         return;
     }
+    // Both line ends are read: the game writes CR LF, an editor may leave LF.
     const std::size_t end = rest_.find('\n');
     line_ = rest_.substr(0, end);
     rest_ = end == std::string_view::npos ? std::string_view{} : rest_.substr(end + 1);
@@ -60,7 +64,7 @@ void FieldReader::NextLine() {
     lineHasMore_ = true;
 }
 
-// A comma inside quotes belongs to the text.
+// In a field that begins with a quote, the comma that ends it is looked for behind the closing quote.
 std::string_view FieldReader::Field() {
     if (!lineHasMore_) {
         Refuse(Missing());
@@ -79,12 +83,24 @@ std::string_view FieldReader::Field() {
 
 Short FieldReader::Number(Short lowest, Short highest) {
     const std::string_view field = Field();
+    // A line that ends right after a comma or a minus sign was cut off: the number is missing, not
+    // mistyped.
+    if (!lineHasMore_ && (field.empty() || field == "-")) Refuse(Missing());
+    return NumberIn(field, lowest, highest);
+}
+
+Short FieldReader::Cell(std::string_view& cells, std::size_t width, Short lowest, Short highest) {
+    if (cells.size() < width) Refuse(FileError::TypeMismatch);
+    const std::string_view cell = cells.substr(0, width);
+    cells.remove_prefix(cell.size());
+    return NumberIn(cell, lowest, highest);
+}
+
+Short FieldReader::NumberIn(std::string_view text, Short lowest, Short highest) {
     if (error_ != FileError::None) return lowest;
-    // What is cut off right behind a comma or a minus is missing, not mistyped.
-    const bool cutOff = (field.empty() || field == "-") && !lineHasMore_;
-    const ParsedNumber number = ParseNumber(WithoutLeadingBlanks(field));
+    const ParsedNumber number = ParseNumber(WithoutLeadingBlanks(text));
     if (number.error != FileError::None) {
-        Refuse(cutOff ? Missing() : number.error);
+        Refuse(number.error);
     } else if (number.value < lowest || number.value > highest) {
         Refuse(FileError::OutOfRange);
     } else {
@@ -96,6 +112,8 @@ Short FieldReader::Number(Short lowest, Short highest) {
 std::string_view FieldReader::Text() {
     const std::string_view field = Field();
     if (error_ != FileError::None) return {};
+    // Four cases: no text at all, a text cut off before its closing quote, a quote inside it, a good
+    // one.
     if (field.empty() || field.front() != '"') {
         Refuse(field.empty() && !lineHasMore_ ? Missing() : FileError::TypeMismatch);
     } else if (field.size() == 1 || field.find('"', 1) == std::string_view::npos) {
@@ -111,24 +129,6 @@ std::string_view FieldReader::Text() {
 void FieldReader::End() {
     EndLine();
     if (!rest_.empty()) Refuse(FileError::OutOfRange);
-}
-
-Short FieldReader::Cell(std::string_view& cells, std::size_t width, Short lowest, Short highest) {
-    if (error_ != FileError::None) return lowest;
-    if (cells.size() < width) {
-        Refuse(FileError::TypeMismatch);
-        return lowest;
-    }
-    const ParsedNumber number = ParseNumber(WithoutLeadingBlanks(cells.substr(0, width)));
-    cells.remove_prefix(width);
-    if (number.error != FileError::None) {
-        Refuse(number.error);
-    } else if (number.value < lowest || number.value > highest) {
-        Refuse(FileError::OutOfRange);
-    } else {
-        return ToShort(number.value);
-    }
-    return lowest;
 }
 
 }  // namespace zorva

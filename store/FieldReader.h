@@ -7,39 +7,49 @@
 
 namespace zorva {
 
-/// Takes a text apart, line by line and field by field: numbers in decimal and texts in double
-/// quotes, separated by commas. The first mistake is kept; from then on every line is empty and
-/// every number is the lowest allowed, so that a caller may ask for the error once, at the end.
+/// Reads a text line by line and field by field. Fields are decimal numbers or texts in double quotes,
+/// separated by commas. A line ends with LF or CR LF; the last line may lack its end.
+///
+/// The reader keeps the first mistake. From then on each call returns at once, with the lowest number
+/// allowed or an empty text, so a caller can read everything and ask for the error once, at the end.
 class FieldReader {
 public:
     explicit FieldReader(std::string_view bytes) : rest_(bytes) {}
 
-    /// Goes to the next line. The line before must have been read to its end.
+    /// Goes to the next line. Refuses the text if fields of the line before are left unread
+    /// (TypeMismatch) or if there is no next line (PastTheEnd).
     void NextLine();
-    /// The next field as a number from `lowest` to `highest`.
+    /// The next field as a number from `lowest` to `highest`; blanks in front are allowed. Refuses what
+    /// is no number (TypeMismatch), needs more than 16 bits (Overflow) or lies outside (OutOfRange).
     Short Number(Short lowest, Short highest);
-    /// The next field as a text, without its quotes.
+    /// The next field as a text, without its quotes. A comma inside the quotes belongs to the text.
     std::string_view Text();
-    /// Says that the text ends here: a further line is a mistake.
+    /// Refuses the text if anything is left: a field (TypeMismatch) or a line (OutOfRange).
     void End();
 
-    /// The next cell of a text, `width` characters with the number at their right end.
+    /// Takes the first `width` characters off `cells`, a text made of numbers in cells of fixed width,
+    /// each right-aligned. Refuses like Number.
     Short Cell(std::string_view& cells, std::size_t width, Short lowest, Short highest);
 
-    /// Reports a mistake seen by the caller.
+    /// Refuses the text for a mistake that the caller found. Only the first refusal counts.
     void Refuse(FileError error);
+    /// The first mistake, or None.
     FileError Error() const { return error_; }
 
 private:
-    /// The next field as it stands, quotes and all.
+    /// The next field as it stands in the text, with its quotes.
     std::string_view Field();
+    /// Refuses the text if the current line has unread fields.
     void EndLine();
-    /// The error for something missing: the text was cut off, or the line is another one.
+    /// The text as a number within the limits; refuses it as Number says.
+    Short NumberIn(std::string_view text, Short lowest, Short highest);
+    /// The error for a missing field. In the last line the file was cut off, as by a full disk; in an
+    /// earlier line something else was written.
     FileError Missing() const { return rest_.empty() ? FileError::PastTheEnd : FileError::TypeMismatch; }
 
-    std::string_view rest_;
-    std::string_view line_;
-    bool lineHasMore_ = false;
+    std::string_view rest_;     // the lines after the current one
+    std::string_view line_;     // the unread part of the current line
+    bool lineHasMore_ = false;  // an empty line_ may still hold one field, an empty one
     FileError error_ = FileError::None;
 };
 

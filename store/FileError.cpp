@@ -14,6 +14,7 @@ std::string NumberOf(FileError error) {
     return std::to_string(static_cast<Short>(error));
 }
 
+// The part of the message after the colon: "No se puede escribir el fichero ZORVA32.INI: ...".
 const char* ReasonText(FileError error) {
     switch (error) {
         case FileError::DiskFull: return "el disco está lleno";
@@ -30,6 +31,7 @@ const char* ReasonText(FileError error) {
 
 FileError FileErrorOf(const std::error_code& error) {
     using std::errc;
+    // Compared with the portable conditions, so that errno values and Windows error codes both match.
     if (!error) return FileError::None;
     if (error == errc::not_enough_memory) return FileError::OutOfMemory;
     if (IsOneOf(error, {errc::no_space_on_device, errc::file_too_large})) return FileError::DiskFull;
@@ -43,6 +45,7 @@ FileError FileErrorOf(const std::error_code& error) {
     if (IsOneOf(error, {errc::no_such_file_or_directory, errc::not_a_directory})) {
         return FileError::PathNotFound;
     }
+    // Here the path itself is the obstacle: something else has that name, or the name cannot be used.
     if (IsOneOf(error, {errc::is_a_directory, errc::file_exists, errc::directory_not_empty,
                         errc::too_many_symbolic_link_levels, errc::filename_too_long,
                         errc::invalid_argument, errc::text_file_busy})) {
@@ -52,6 +55,7 @@ FileError FileErrorOf(const std::error_code& error) {
 }
 
 std::string LoadErrorText(FileError error, const std::string& drive) {
+    // The blank before the colon of error 7 belongs to the text.
     switch (error) {
         case FileError::DriveNotReady: return "CID ERROR 68: Unidad " + drive + ": no preparada";
         case FileError::PathNotFound:

@@ -5,7 +5,8 @@ namespace {
 
 constexpr int mostKeptFiles = 9999;
 
-// Always the same name, so that what a killed run left is used up by the next one.
+// Always the same name: a file that a killed run left behind is overwritten by the next run, so that
+// such files never pile up.
 std::filesystem::path TemporaryBeside(const std::filesystem::path& file) {
     std::filesystem::path beside = file;
     return beside.replace_extension(".TMP");
@@ -16,14 +17,15 @@ void RemoveQuietly(const std::filesystem::path& file) {
     std::filesystem::remove(file, ignored);
 }
 
-// Replaces what has that name: in one step, also on Windows, where it fails as long as another program
-// has that file open without letting it be replaced. The old file stays then.
-FileError Rename(const std::filesystem::path& from, const std::filesystem::path& to) {
+// Replaces the file `to` in one step, on Windows too. There it fails while another program has the file
+// open and does not share it for deletion; the old file then stays.
+FileError RenameOver(const std::filesystem::path& from, const std::filesystem::path& to) {
     std::error_code error;
     std::filesystem::rename(from, to, error);
     return FileErrorOf(error);
 }
 
+// A link that leads nowhere takes up its name, too: renaming to it would replace the link.
 bool IsTaken(const std::filesystem::path& path) {
     std::error_code ignored;
     return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
@@ -33,14 +35,15 @@ bool IsTaken(const std::filesystem::path& path) {
 
 FileError ReplaceFile(const std::filesystem::path& file, std::string_view bytes, Durability durability) {
     const std::filesystem::path beside = TemporaryBeside(file);
+    // WriteNewFile refuses a name that is taken, so that it never writes through a link.
     RemoveQuietly(beside);
     FileError error = WriteNewFile(beside, bytes, durability);
     if (error != FileError::None) return error;
-    error = Rename(beside, file);
+    error = RenameOver(beside, file);
     if (error != FileError::None) {
         RemoveQuietly(beside);
     } else if (durability == Durability::Flushed) {
-        FlushFolder(file.parent_path());
+        FlushFolder(file.parent_path());  // without it a power cut could undo the renaming
     }
     return error;
 }

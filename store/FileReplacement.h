@@ -8,13 +8,14 @@
 
 namespace zorva {
 
-/// Replaces a file whole, or creates it: the bytes are written to a file beside it, which then takes
-/// its name. Whoever reads, or starts after a kill, finds the old file or the new one, never a part.
-/// When it fails the old file is untouched and nothing is left beside it.
+/// Replaces a whole file, or creates it: writes the bytes to a temporary file beside it (NAME.TMP) and
+/// renames that one. Other programs, and the next start after a kill, see the old file or the new one,
+/// never a part. If it fails, the old file is unchanged and the temporary file is removed.
 FileError ReplaceFile(const std::filesystem::path& file, std::string_view bytes, Durability durability);
 
-/// Gives a file a name that says that it is damaged and that no file has yet: NAME-1.MAL, NAME-2.MAL
-/// and so on. Returns the new path, empty when the file could not be renamed.
+/// Renames a damaged file to NAME-1.MAL or, if that name is taken, NAME-2.MAL and so on up to 9999.
+/// Never replaces a file kept earlier. Returns the new path; an empty one if the file could not be
+/// renamed and still stands in its place.
 std::filesystem::path SetAside(const std::filesystem::path& file);
 
 }  // namespace zorva

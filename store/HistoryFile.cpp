@@ -8,40 +8,41 @@
 namespace zorva {
 namespace {
 
-constexpr std::size_t nameLength = 9;
 constexpr std::size_t loserSlots = 3;
 constexpr std::size_t dataLength = HistoryRecordLength - 2;
 constexpr const char* lineEnd = "\r\n";
-/// Twenty million games; what is longer is no history.
+/// Bytes of twenty million games. A longer file is no history and would only fill the memory.
 constexpr std::size_t longestFile = std::size_t{1} << 30;
 
-/// Where a field of a record begins, counted from 0, and its length.
+/// The bytes of a record that a field takes up; the first byte of the record is number 0.
 struct Field {
     std::size_t begin;
     std::size_t length;
 };
 constexpr Field yearField{0, 4}, monthField{4, 2}, dayField{6, 2}, hourField{8, 2}, minuteField{10, 2};
-constexpr Field winnerField{12, nameLength}, pointsField{48, 3};
+constexpr Field winnerField{12, LongestName}, pointsField{48, 3};
 
 constexpr Field LoserField(std::size_t slot) {
-    return {winnerField.begin + (slot + 1) * nameLength, nameLength};
+    return {winnerField.begin + (slot + 1) * LongestName, LongestName};
 }
 
 // ---------------------------------------------------------------------------------- writing
 
-// The last digits of a number, padded with zeros.
+// The last `width` digits of a number, with leading zeros.
 std::string Digits(int number, std::size_t width) {
     const std::string digits = std::string(width, '0') + std::to_string(number);
     return digits.substr(digits.size() - width);
 }
 
+// Converted before it is cut: the file's 9 characters are bytes, and the name's UTF-8 may need more.
 std::string NameText(const std::string& name) {
     std::string text = ToWindows1252(name);
-    text.resize(nameLength, ' ');
+    text.resize(LongestName, ' ');
     return text;
 }
 
-// What completes a record that was torn after `length` bytes of it.
+// The bytes that complete a record of which only the first `length` bytes were written. The line end
+// comes last here, too, so that a record cut inside its line end still gets a correct one.
 std::string FillUp(std::size_t length) {
     if (length == 0) return {};
     std::string rest = std::string(dataLength, ' ') + lineEnd;
@@ -59,7 +60,8 @@ std::string NameOf(std::string_view record, Field field) {
     return Trimmed(FromWindows1252(Part(record, field)));
 }
 
-// The parts in this order with a mark between them; empty unless every part is there.
+// The fields in this order with a mark between them. Empty if a field is incomplete or all are blank, as
+// in a record that was filled up with blanks.
 std::string JoinedParts(std::string_view record, std::initializer_list<Field> fields, char mark) {
     std::string text;
     bool onlyBlanks = true;
@@ -73,7 +75,8 @@ std::string JoinedParts(std::string_view record, std::initializer_list<Field> fi
     return onlyBlanks ? std::string{} : text;
 }
 
-// Blanks are ignored, and what follows the digits.
+// Skips blanks, since points may be padded with blanks or zeros, and stops at the first other character.
+// Three digits at most, so the number fits.
 Short NumberIn(std::string_view text) {
     Short number = 0;
     for (const char character : text) {
@@ -84,7 +87,8 @@ Short NumberIn(std::string_view text) {
     return number;
 }
 
-// Between the first two a comma, before the third "y", whichever of them are there.
+// The joint belongs to the slot of the name that follows it: with slots 1 and 2 filled the text is
+// "Ana, Luis", not "Ana y Luis".
 std::string LosersText(std::string_view record) {
     constexpr const char* joints[loserSlots] = {"", ", ", " y "};
     std::string text;
@@ -99,6 +103,7 @@ std::string LosersText(std::string_view record) {
 
 }  // namespace
 
+// tm counts years from 1900 and months from 0.
 std::string HistoryRecordText(const std::tm& when, const GameResult& result, const Settings& settings) {
     Require(result.losers.size() <= loserSlots, "more losers than the history has room for");
     std::string text = Digits(when.tm_year + 1900, yearField.length) +
@@ -130,7 +135,7 @@ History ReadHistory(const std::filesystem::path& folder) {
     std::string bytes;
     try {
         if (ReadWholeFile(folder / HistoryFileName, longestFile, bytes) != FileError::None) return {};
-    } catch (const std::exception&) {  // longer than the memory
+    } catch (const std::exception&) {  // no memory for so long a file
         return {};
     }
     return History(std::move(bytes));

@@ -11,38 +11,45 @@
 
 namespace zorva {
 
-/// The history file: one record of fixed length per finished game, in Windows-1252, oldest first.
+// The history file: a record of fixed length for each finished game whose result the player chose to
+// keep, oldest first, in Windows-1252. docs/file-formats.md describes a record position by position.
+
 inline constexpr const char* HistoryFileName = "ZORVA32.HIS";
-/// Bytes of a record, its line end included.
+/// Bytes of a record, including the two of its line end.
 inline constexpr std::size_t HistoryRecordLength = 53;
 
-/// The record of a game that ended at `when` (a local time): date and time, the winner, the losers
-/// in colour order, the points in hundredths.
+/// The bytes of a record, line end included. `when` is the local time at which the game ended. Names of
+/// more than 9 characters are cut. The losers take their slots in the order of `result`, at most three;
+/// the points, 0..999 hundredths, get leading zeros.
 std::string HistoryRecordText(const std::tm& when, const GameResult& result, const Settings& settings);
 
-/// Adds a record to the history in that folder and waits for the disk. Records torn by an earlier
-/// failure are filled up with blanks first: the file only grows.
+/// Appends a record to the history in that folder and waits for the disk. The file only ever grows. If
+/// its last record is incomplete, as after a power cut, that one is first filled up with blanks: readers
+/// take records by their position in the file, so an incomplete one would shift all that follow.
 FileError AppendToHistory(const std::filesystem::path& folder, const std::string& record);
 
-/// All records of the history.
+/// The history as it was read from the file.
 class History {
 public:
     History() = default;
     explicit History(std::string bytes) : bytes_(std::move(bytes)) {}
 
-    /// The number of records; a last one cut short counts.
+    /// The number of records. An incomplete last one counts.
     std::size_t Count() const;
-    /// The bytes of a record: 0 is the oldest game, Count() - 1 the newest.
+    /// The bytes of a record, line end included; fewer than 53 for an incomplete one. Record 0 is the
+    /// oldest game, Count() - 1 the newest; another index stops the program. Valid as long as the
+    /// History.
     std::string_view Record(std::size_t index) const;
 
 private:
     std::string bytes_;
 };
 
-/// Reads the history of that folder. A file that is missing or cannot be read is an empty history.
+/// Reads the history in that folder. A file that is missing, cannot be read or has more than 1 GiB gives
+/// an empty history: the player is not told, because there may simply be no finished game yet.
 History ReadHistory(const std::filesystem::path& folder);
 
-/// A record as it is shown, in UTF-8.
+/// The five texts that the history window shows for a record, in UTF-8.
 struct HistoryEntry {
     std::string date;  ///< "03-11-1999"
     std::string time;  ///< "09:07"
@@ -53,7 +60,8 @@ struct HistoryEntry {
     bool operator==(const HistoryEntry&) const = default;
 };
 
-/// Takes a record apart, also one that is cut short: what is missing is an empty text, points 0.00.
+/// Takes any bytes as a record, in particular an incomplete one: a missing field gives an empty text,
+/// missing points give 0.00. Date and time are empty unless all of their digits are there.
 HistoryEntry DecodeHistoryRecord(std::string_view record);
 
 }  // namespace zorva

@@ -1,3 +1,5 @@
+// The functions of store/SystemFile.h on Linux and other POSIX systems.
+
 #include "store/SystemFile.h"
 
 #include <fcntl.h>
@@ -14,14 +16,15 @@ namespace {
 constexpr mode_t newFileMode = 0666;  // less what the user's mask takes away
 
 FileError LastError() {
-    if (errno == EDQUOT) return FileError::DiskFull;  // the user's share of the disk
+    // The standard library has no portable condition for these two.
+    if (errno == EDQUOT) return FileError::DiskFull;  // the user's quota
 #ifdef ENOMEDIUM
     if (errno == ENOMEDIUM) return FileError::DriveNotReady;
 #endif
     return FileErrorOf({errno, std::generic_category()});
 }
 
-/// A file that is open as long as this lives.
+/// Opens a file and closes it at the end of its scope.
 class OpenFile {
 public:
     OpenFile(const std::filesystem::path& file, int flags)
@@ -34,7 +37,8 @@ public:
 
     bool IsOpen() const { return descriptor_ >= 0; }
     int Descriptor() const { return descriptor_; }
-    /// A write may fail as late as here.
+    /// Network file systems report some failed writes only here. Linux frees the descriptor in any case:
+    /// closing it again could close another file.
     FileError Close() {
         const int closed = ::close(descriptor_);
         descriptor_ = -1;
@@ -45,6 +49,8 @@ private:
     int descriptor_;
 };
 
+// Asked of the open file: between a question about the path and the opening, the file could be
+// exchanged.
 FileError SizeOfRegular(int descriptor, std::size_t& size) {
     struct stat status {};
     if (::fstat(descriptor, &status) != 0) return LastError();
@@ -53,6 +59,7 @@ FileError SizeOfRegular(int descriptor, std::size_t& size) {
     return FileError::None;
 }
 
+// One call may write only a part, and a signal may interrupt it.
 FileError WriteAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
@@ -63,13 +70,13 @@ FileError WriteAll(int descriptor, std::string_view bytes) {
     return FileError::None;
 }
 
-// Some file systems have nothing to flush and say so.
+// Some file systems cannot flush and say so with these two errors; the data are then as safe as can be.
 FileError Flush(int descriptor) {
     const bool done = ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
     return done ? FileError::None : LastError();
 }
 
-// Room is made once; a file that became shorter meanwhile ends the loop.
+// Fills `bytes`, which has the file's size. If the file became shorter meanwhile, `bytes` does, too.
 FileError ReadAll(int descriptor, std::string& bytes) {
     std::size_t filled = 0;
     while (filled < bytes.size()) {
@@ -83,6 +90,7 @@ FileError ReadAll(int descriptor, std::string& bytes) {
     return FileError::None;
 }
 
+// The first error counts, but the file is closed in any case.
 FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability durability) {
     FileError error = WriteAll(target.Descriptor(), bytes);
     if (error == FileError::None && durability == Durability::Flushed) {
@@ -96,7 +104,8 @@ FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability dur
 
 FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, std::string& bytes) {
     bytes.clear();
-    const OpenFile source(file, O_RDONLY | O_NONBLOCK);  // a pipe would wait for its other end
+    // Without O_NONBLOCK, opening a pipe would wait for somebody to open its other end.
+    const OpenFile source(file, O_RDONLY | O_NONBLOCK);
     if (!source.IsOpen()) return LastError();
     std::size_t size = 0;
     const FileError error = SizeOfRegular(source.Descriptor(), size);
@@ -132,7 +141,8 @@ FileError RenameToFreeName(const std::filesystem::path& from, const std::filesys
     }
     if (errno != EINVAL && errno != ENOSYS) return LastError();
 #endif
-    // File systems without that call: looked up first, since a plain rename would replace.
+    // Some file systems lack that call. A plain rename would replace a file, so look first; a file
+    // created between the two calls would be lost.
     struct stat status {};
     if (::lstat(to.c_str(), &status) == 0) return FileError::PathAccess;
     return std::rename(from.c_str(), to.c_str()) == 0 ? FileError::None : LastError();

@@ -4,6 +4,7 @@
 
 #include "core/Board.h"
 #include "core/Displacement.h"
+#include "core/Records.h"
 #include "core/Rules.h"
 
 namespace zorva {
@@ -24,18 +25,10 @@ bool IsPass(const GameState& state, const MoveRecord& record) {
                         [&](Square square) { return IsMoveLegal(state, colour, record.Count, square); });
 }
 
-// A captured piece goes home at once, by a record in which nothing is left to choice.
-MoveRecord WayHomeOfCaptured(const GameState& state, const MoveRecord& capturing) {
-    const Short slot = state.CaptureReport == 1 ? 1 : 3;
-    const PieceCode victim = state.SquareOccupants[capturing.To][slot];
-    MoveRecord record;
-    record.MoverColour = ColourOf(victim);
-    record.FollowingColour = capturing.MoverColour;
-    record.Piece = PieceOf(victim);
-    record.From = capturing.To;
-    record.RepeatState = capturing.RepeatState;
-    record.OnBehalf = 1;
-    return record;
+// A captured piece returns at once.
+MoveRecord ReturnOfCaptured(const GameState& state, const MoveRecord& capturing) {
+    return ReturnRecord(CapturedPieceOn(state, capturing.To), capturing.To, capturing.MoverColour,
+                        capturing.RepeatState);
 }
 
 // -------------------------------------------------------------------------- dragged by hand
@@ -59,7 +52,7 @@ bool IsWalk(const GameState& state, const MoveRecord& record) {
            IsMoveLegal(state, colour, record.Count, record.From);
 }
 
-bool IsBonus(const GameState& state, const MoveRecord& previous, const MoveRecord& record) {
+bool IsBonusMove(const GameState& state, const MoveRecord& previous, const MoveRecord& record) {
     const bool fieldsFit = record.Die == 0 && record.Count == BonusDueAfter(previous) &&
                            record.MoverColour == ColourOnTurn(previous) &&
                            record.RepeatState == previous.RepeatState && record.TurnEnd == No;
@@ -83,20 +76,11 @@ bool IsRepeatOfDie(const MoveRecord& previous, const MoveRecord& record) {
     return previous.RepeatState == before && ColourOnTurn(previous) == record.MoverColour;
 }
 
-// The piece of the colour's latest move that was no bonus; 0 when there is none.
-Short PieceMovedLast(const GameState& state, Colour colour) {
-    for (Short move = state.MoveRecordCount; move >= 1; --move) {
-        const MoveRecord& record = state.MoveRecords[move];
-        const bool isBonus = record.Count == ArrivalBonus || record.Count == CaptureBonus;
-        if (record.MoverColour == colour && !isBonus) return record.Piece;
-    }
-    return 0;
-}
-
 // The third six sends the piece moved last back to its box, where it may be already.
 bool IsThirdSix(const GameState& state, const MoveRecord& record) {
     const Colour colour = record.MoverColour;
-    return record.Piece == PieceMovedLast(state, colour) &&
+    const Short latest = LatestMoveNoBonus(state, colour, ToShort(state.MoveRecordCount + 1));
+    return record.Piece == state.MoveRecords[latest].Piece &&
            record.From == state.PiecePosition[colour][record.Piece] && record.To == 0 &&
            record.From != GoalSquare[colour];
 }
@@ -131,24 +115,13 @@ bool IsThrown(const GameState& state, const MoveRecord& previous, const MoveReco
 
 }  // namespace
 
-Short BonusDueAfter(const MoveRecord& record) {
-    if (record.Piece == 0 || record.Manual) return 0;
-    // A capture on an exit square, which is safe, earns nothing.
-    if (record.OnBehalf != 0) return IsSafeSquare(record.From) ? Short{0} : CaptureBonus;
-    return record.To == GoalSquare[record.MoverColour] ? ArrivalBonus : Short{0};
-}
-
-Colour ColourOnTurn(const MoveRecord& record) {
-    return record.FollowingColour != 0 ? record.FollowingColour : record.MoverColour;
-}
-
 bool CanFollow(const GameState& state, const MoveRecord& record) {
     const MoveRecord& previous = state.MoveRecords[state.MoveRecordCount];
-    if (state.CaptureReport != 0) return record == WayHomeOfCaptured(state, previous);
+    if (state.CaptureReport != 0) return record == ReturnOfCaptured(state, previous);
     const bool bonusDue = BonusDueAfter(previous) != 0;
     if (record.Manual) return !bonusDue && IsDisplacementByHand(state, previous, record);
     if (record.OnBehalf != 0 || record.FollowingColour != 0) return false;
-    return bonusDue ? IsBonus(state, previous, record) : IsThrown(state, previous, record);
+    return bonusDue ? IsBonusMove(state, previous, record) : IsThrown(state, previous, record);
 }
 
 }  // namespace zorva

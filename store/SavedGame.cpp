@@ -5,17 +5,12 @@
 #include "core/Board.h"
 #include "core/Consistency.h"
 #include "core/Execution.h"
+#include "core/Records.h"
 #include "core/SilentOutside.h"
 #include "store/RecordCheck.h"
 
 namespace zorva {
 namespace {
-
-/// The world of a replay: records are carried out, nothing is thrown.
-class ReplayOutside final : public SilentOutside {
-public:
-    Short RollFace() override { Fatal("a replayed record throws no die"); }
-};
 
 bool IsPieceOf(Colour colour, PieceCode code) {
     return ColourOf(code) == colour && PieceOf(code) >= 1 && PieceOf(code) <= PiecesPerColour;
@@ -46,24 +41,25 @@ GameState StartOf(const GameState& game) {
     return start;
 }
 
-// Plays all records of the game that its own words allow; false at the first that they do not.
+// Replays the records 1 to `moves`; returns false at the first illegal one, or when the last one is a
+// capture without the captured piece's return.
 bool Replay(GameState& replayed, Short moves) {
-    ReplayOutside outside;
+    SilentOutside outside;
     const Settings settings;
     for (Short move = 1; move <= moves; ++move) {
         if (!CanFollow(replayed, replayed.MoveRecords[move])) return false;
         replayed.MoveRecordCount = move;
-        ExecuteMove({replayed, settings, outside}, ExecutionMode::Forward);
+        ExecuteMove({replayed, settings, outside}, ExecutionMode::Forward, move);
     }
     return replayed.CaptureReport == 0;
 }
 
+// The counts of pieces in the box and at home follow from the positions.
 bool RecordsLeadThere(const GameState& state) {
     GameState replayed = StartOf(state);
     return Replay(replayed, static_cast<Short>(state.MoveRecordCount - 1)) &&
            replayed.PiecePosition == state.PiecePosition &&
-           replayed.SquareOccupants == state.SquareOccupants &&
-           replayed.PiecesInBox == state.PiecesInBox && replayed.PiecesHome == state.PiecesHome;
+           replayed.SquareOccupants == state.SquareOccupants;
 }
 
 // A turn goes on after a six, whose number is that of the last record, and for a bonus.
@@ -94,14 +90,6 @@ bool IsSound(const GameState& state) {
     if (!state.GameInProgress) return true;
     return !HasWinner(state) && TurnFits(state, state.MoveRecords[state.MoveRecordCount - 1]) &&
            RecordsLeadThere(state);
-}
-
-void PrepareToContinue(GameState& state) {
-    Require(state.GameInProgress && state.MoveRecordCount >= 2, "no game to continue");
-    --state.MoveRecordCount;
-    const Short bonus = BonusDueAfter(state.MoveRecords[state.MoveRecordCount]);
-    state.ThrowNext = bonus == 0 ? Yes : No;
-    state.MoveCount = bonus;
 }
 
 }  // namespace zorva

@@ -14,10 +14,4 @@ void RecogniseLeftovers(GameState& state);
 /// records need not have been looked at.
 bool IsSound(const GameState& state);
 
-/// Makes a game that was just loaded ready for RunTurns, which opens a record at once: afterwards
-/// MoveRecordCount is the number of the last move made, so that the unfinished move goes on under its
-/// own number. A bonus move that was due is recognised from the last record. The log is to be rebuilt
-/// before, while MoveRecordCount is still what the file says. A game must be in progress.
-void PrepareToContinue(GameState& state);
-
 }  // namespace zorva

@@ -9,12 +9,13 @@ namespace {
 
 constexpr const char* lineEnd = "\r\n";
 
-// The number right-aligned in at least that many characters.
+// Right-aligned in at least `width` characters; a longer number is written whole.
 std::string Padded(Short number, std::size_t width) {
     const std::string digits = std::to_string(number);
     return digits.size() < width ? std::string(width - digits.size(), ' ') + digits : digits;
 }
 
+// Numbers in decimal with commas between them.
 std::string Joined(std::initializer_list<Short> numbers) {
     std::string line;
     for (const Short number : numbers) {
@@ -24,7 +25,8 @@ std::string Joined(std::initializer_list<Short> numbers) {
     return line;
 }
 
-// Nothing can stand for a quote inside quotes; no name that was typed into the game has one.
+// The format has no way to write a quote or a line end inside quotes. The settings window refuses both
+// in names; whatever else calls this loses the character, not the file.
 std::string Quoted(std::string text) {
     for (char& character : text) {
         if (character == '"' || character == '\r' || character == '\n') character = '\'';
@@ -42,6 +44,7 @@ std::string ColourLine(const Settings& settings, const GameState& state, Colour 
            lineEnd;
 }
 
+// Three cells of two characters for each square, 600 in all; an empty slot is " 0".
 std::string BoardLine(const GameState& state) {
     std::string board;
     for (Square square = 1; square <= LastSquare; ++square) {
@@ -50,7 +53,8 @@ std::string BoardLine(const GameState& state) {
     return Quoted(board) + lineEnd;
 }
 
-std::string TurnLine(const Settings& settings, const GameState& state) {
+// The state of the game and the settings that all players share.
+std::string GameLine(const Settings& settings, const GameState& state) {
     const Short inProgress = state.MoveRecordCount < 2 ? No : state.GameInProgress;
     return Joined({inProgress, state.MoveRecordCount, state.CurrentColour, Yes, state.SixesInRow,
                    settings.PauseBetweenMoves, settings.Tutor, settings.PlayOrder, settings.SoundOn,
@@ -59,11 +63,12 @@ std::string TurnLine(const Settings& settings, const GameState& state) {
            lineEnd;
 }
 
-// Flags are -1 in memory and 1 in the file.
+// Flags of a record are -1 or 0 in memory and 1 or 0 in the file, to keep the cell one character wide.
 Short FlagDigit(Short flag) {
     return flag == Yes ? 1 : 0;
 }
 
+// ReadRecord in SettingsReader.cpp expects the same widths.
 std::string RecordLine(const MoveRecord& record) {
     const std::string cells = Padded(record.MoverColour, 1) + Padded(record.FollowingColour, 1) +
                               Padded(record.Die, 1) + Padded(record.Count, 2) + Padded(record.Piece, 1) +
@@ -79,7 +84,8 @@ std::string SettingsText(const Settings& settings, const GameState& state) {
     std::string text;
     for (Colour colour = 1; colour <= ColourCount; ++colour) text += ColourLine(settings, state, colour);
     text += BoardLine(state);
-    text += TurnLine(settings, state);
+    text += GameLine(settings, state);
+    // The record with the number MoveRecordCount belongs to the unfinished move and is not written.
     for (Short move = 1; move < state.MoveRecordCount; ++move) {
         text += RecordLine(state.MoveRecords[move]);
     }

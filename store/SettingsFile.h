@@ -10,7 +10,9 @@
 
 namespace zorva {
 
-/// The settings file: the players' settings and the game in progress, text in Windows-1252.
+// The settings file: the settings and the game in progress, as text in Windows-1252.
+// docs/file-formats.md describes it field by field.
+
 inline constexpr const char* SettingsFileName = "ZORVA32.INI";
 
 /// What a settings file holds.
@@ -21,22 +23,27 @@ struct SettingsContent {
     bool operator==(const SettingsContent&) const = default;
 };
 
-/// The bytes of the settings file for that game: four lines of the colours, the board, the turn with
-/// the common settings, and the records of all moves made. `state` is to be a copy from a moment when
-/// nothing was thrown or moved yet: a game that goes on later goes on there. A game whose first move
-/// is not made yet is written as none; RepeatTurn is always written as true, because the colour on
-/// turn is chosen already.
+/// The bytes of the settings file: four colour lines, the board line, the game line with the common
+/// settings, and a line for each move made.
+///
+/// `state` must be a copy taken when a throw was awaited, before the die was thrown: the game will
+/// continue from there. If its first move has not been made, the file says that no game is in progress.
+/// RepeatTurn is always written as true: the colour on turn has been chosen and must not be passed over
+/// when the game continues.
 std::string SettingsText(const Settings& settings, const GameState& state);
 
 /// Whether a name may hold the character, and the file give it back: everything that the encoding of
 /// the file has, but for double quotes and control characters.
 bool CanStandInName(char32_t character);
 
-/// What reading comes to: the whole content, or why the bytes were refused.
+/// The whole content, or the reason why the bytes were refused.
 using SettingsReading = std::variant<SettingsContent, FileError>;
 
-/// Reads the bytes of a settings file. In the state, MoveRecordCount is the number of the unfinished
-/// move as it stands in the file.
+/// Reads the bytes of a settings file and changes nothing else. Refuses any bytes that the game could
+/// not have written: numbers outside their range, a board that contradicts the positions, records that
+/// break the rules or lead elsewhere. A blank name becomes the colour's default name; if no colour takes
+/// part, all four do. In the resulting state MoveRecordCount is the number of the unfinished move, as in
+/// the file (PrepareToContinue changes that).
 SettingsReading ReadSettings(std::string_view bytes);
 
 }  // namespace zorva

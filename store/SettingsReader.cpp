@@ -1,3 +1,5 @@
+// Reading the settings file; SettingsFile.cpp writes it.
+
 #include <algorithm>
 
 #include "core/Records.h"
@@ -9,29 +11,32 @@
 namespace zorva {
 namespace {
 
-constexpr std::size_t longestName = 9;
-constexpr std::size_t boardLength = 600;
-constexpr std::size_t recordLength = 16;
-/// Many times the longest game, and far enough from the largest number for one to be played to its end.
+constexpr std::size_t boardLength = 600;  // 100 squares, 3 slots each, 2 characters per slot
+constexpr std::size_t recordLength = 16;  // the widths of the eleven cells added up
+/// Many times the length of any ordinary game (some 400 moves), and 7,000 less than the move numbers
+/// that 16 bits hold: a game that is continued from here can still be played to its end.
 constexpr Short mostMoves = 25'000;
 
 bool IsControl(char character) {
     return static_cast<unsigned char>(character) < ' ';
 }
 
+// Control characters never get into a name that the game writes, and would upset the windows that show
+// it.
 std::string ReadName(FieldReader& reader, Colour colour) {
     const std::string_view bytes = reader.Text();
     if (std::any_of(bytes.begin(), bytes.end(), IsControl)) reader.Refuse(FileError::TypeMismatch);
-    if (bytes.size() > longestName) reader.Refuse(FileError::OutOfRange);
+    if (bytes.size() > LongestName) reader.Refuse(FileError::OutOfRange);
     const std::string name = FromWindows1252(bytes);
     return Trimmed(name).empty() ? DefaultName(colour) : name;
 }
 
-// Fields whose value says which of two answers was chosen.
+// 1 stands for the first of two answers, 2 for the second.
 Short ReadChoice(FieldReader& reader) {
     return reader.Number(1, 2);
 }
 
+// Only the form of the numbers is checked here; IsSound compares them with the board in the end.
 void ReadColour(FieldReader& reader, SettingsContent& content, Colour colour) {
     reader.NextLine();
     content.state.PiecesInBox[colour] = reader.Number(0, PiecesPerColour);
@@ -45,8 +50,9 @@ void ReadColour(FieldReader& reader, SettingsContent& content, Colour colour) {
     content.settings.PlayerActive[colour] = ReadChoice(reader);
 }
 
-// A game among nobody cannot be played, and during a game nobody can be switched on: such a file is
-// read as that of a first start.
+// A file in which no colour takes part would start a game that nobody can play. The settings window
+// could not repair it: it refuses to switch colours on during a game. So all four take part, as at a
+// first start.
 void LetSomebodyPlay(PerColour<Short>& active) {
     if (std::all_of(active.begin() + 1, active.end(), [](Short state) { return state == 2; })) {
         active = Settings{}.PlayerActive;
@@ -65,11 +71,12 @@ void ReadBoard(FieldReader& reader, GameState& state) {
     }
 }
 
-void ReadTurn(FieldReader& reader, SettingsContent& content) {
+void ReadGame(FieldReader& reader, SettingsContent& content) {
     GameState& state = content.state;
     Settings& settings = content.settings;
     reader.NextLine();
     state.GameInProgress = reader.Number(Yes, No);
+    // ReadRecords reads a negative count as 1.
     state.MoveRecordCount = reader.Number(INT16_MIN, mostMoves);
     state.CurrentColour = reader.Number(0, ColourCount);
     state.RepeatTurn = reader.Number(Yes, No);
@@ -87,6 +94,8 @@ Short ReadFlag(FieldReader& reader, std::string_view& cells) {
     return reader.Cell(cells, 1, 0, 1) == 1 ? Yes : No;
 }
 
+// Cells of the widths that RecordLine writes. A value that overflowed its cell makes the text longer
+// than 16 characters, and the file is refused: ordinary games have none.
 MoveRecord ReadRecord(FieldReader& reader) {
     reader.NextLine();
     std::string_view cells = reader.Text();
@@ -106,7 +115,8 @@ MoveRecord ReadRecord(FieldReader& reader) {
     return record;
 }
 
-// The records are opened one by one as in play, so that their table has the same room as then.
+// NewMoveRecord opens each record as during play, so that the table grows as it did then. The last one
+// opened is the unfinished move, which has no line in the file.
 void ReadRecords(FieldReader& reader, GameState& state) {
     const Short unfinished = state.MoveRecordCount < 0 ? Short{1} : state.MoveRecordCount;
     state.MoveRecordCount = 0;
@@ -126,10 +136,12 @@ SettingsReading ReadSettings(std::string_view bytes) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) ReadColour(reader, content, colour);
     LetSomebodyPlay(content.settings.PlayerActive);
     ReadBoard(reader, content.state);
-    ReadTurn(reader, content);
+    ReadGame(reader, content);
     ReadRecords(reader, content.state);
     reader.End();
     if (reader.Error() != FileError::None) return reader.Error();
+    // The records come last in the file, so from here on all numbers are known to be within their
+    // ranges.
     if (content.state.MoveRecordCount < 2) content.state.GameInProgress = No;
     ApplySettings(content.state, content.settings);
     RecogniseLeftovers(content.state);

@@ -5,7 +5,7 @@
 namespace zorva {
 namespace {
 
-/// More than the longest game fills; a longer file is not read at all.
+/// Bytes. The file of the longest game accepted (25,000 moves of 20 bytes each) has half as many.
 constexpr std::size_t longestFile = 1 << 20;
 
 constexpr const char* creationNotice =
@@ -23,6 +23,7 @@ FileError WriteDefaults(const std::filesystem::path& folder) {
     return SaveSettings(folder, defaults.settings, defaults.state, Durability::Flushed);
 }
 
+// A first start. If the defaults cannot be written, the game starts with them all the same.
 LoadedSettings Create(const std::filesystem::path& folder) {
     LoadedSettings created;
     created.outcome = LoadOutcome::Created;
@@ -35,6 +36,7 @@ LoadedSettings Create(const std::filesystem::path& folder) {
     return created;
 }
 
+// The defaults with the reason for them; touches no file.
 LoadedSettings Refused(const std::filesystem::path& folder, FileError error) {
     LoadedSettings refused;
     refused.outcome = LoadOutcome::Damaged;
@@ -45,7 +47,9 @@ LoadedSettings Refused(const std::filesystem::path& folder, FileError error) {
     return refused;
 }
 
-LoadedSettings KeepAside(const std::filesystem::path& folder, FileError error) {
+// A damaged file may be all that is left of somebody's game. It is never deleted, and the defaults are
+// written only once it has another name.
+LoadedSettings RefusedAndRenamed(const std::filesystem::path& folder, FileError error) {
     LoadedSettings refused = Refused(folder, error);
     refused.keptAs = SetAside(folder / SettingsFileName);
     if (!refused.keptAs.empty()) refused.writeError = WriteDefaults(folder);
@@ -55,13 +59,15 @@ LoadedSettings KeepAside(const std::filesystem::path& folder, FileError error) {
 LoadedSettings Load(const std::filesystem::path& folder) {
     std::string bytes;
     const FileError error = ReadWholeFile(folder / SettingsFileName, longestFile, bytes);
+    // The error is the same for a missing file and a missing folder, but only the first is a first
+    // start.
     if (error == FileError::PathNotFound) {
         std::error_code ignored;
         return std::filesystem::is_directory(folder, ignored) ? Create(folder) : Refused(folder, error);
     }
-    if (error != FileError::None) return KeepAside(folder, error);
+    if (error != FileError::None) return RefusedAndRenamed(folder, error);
     SettingsReading reading = ReadSettings(bytes);
-    if (const auto* damage = std::get_if<FileError>(&reading)) return KeepAside(folder, *damage);
+    if (const auto* damage = std::get_if<FileError>(&reading)) return RefusedAndRenamed(folder, *damage);
     LoadedSettings loaded;
     loaded.content = std::move(std::get<SettingsContent>(reading));
     return loaded;
@@ -73,6 +79,7 @@ LoadedSettings LoadSettings(const std::filesystem::path& folder) noexcept {
     try {
         return Load(folder);
     } catch (const std::bad_alloc&) {
+        // The file may be good: it is neither renamed nor replaced.
         return Refused(folder, FileError::OutOfMemory);
     }
 }

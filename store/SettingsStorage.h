@@ -11,30 +11,34 @@ namespace zorva {
 /// How the settings file was found at the start.
 enum class LoadOutcome {
     Loaded,   ///< it was good
-    Created,  ///< there was none; the defaults were taken and written
-    Damaged,  ///< it could not be used; the defaults were taken and the file was kept aside
+    Created,  ///< there was none: the content is the defaults, and they were written
+    Damaged,  ///< it could not be used: the content is the defaults, and the file was renamed if
+              ///< possible
 };
 
-/// The settings and the game to start with, and what there is to tell about them.
+/// The settings and the game to start with, and the message to the player about them, if any.
 struct LoadedSettings {
     LoadOutcome outcome = LoadOutcome::Loaded;
     SettingsContent content;
-    /// The message for the player; both empty when there is nothing to tell.
+    /// The message to the player. Both are empty if all is well.
     std::string title;
     std::string text;
-    /// Why the file was refused.
+    /// Why a Damaged file was refused.
     FileError error = FileError::None;
-    /// Why a new file with the defaults could not be written in its place.
+    /// Why the file with the defaults could not be written; None if it was, or if nothing was tried.
     FileError writeError = FileError::None;
-    /// Where the damaged file is now; empty when it is still in its place, and then nothing was
-    /// written over it.
+    /// The new path of a Damaged file. Empty if it could not be renamed; nothing was written over it
+    /// then, and the caller must not write over it either.
     std::filesystem::path keptAs;
 };
 
-/// Reads the settings file of that folder. Throws nothing, whatever is found there.
+/// Reads the settings file in that folder. A missing file is created with the defaults. A damaged one is
+/// renamed (see SetAside) and replaced by one with the defaults. If the folder itself is missing,
+/// nothing is created. Throws nothing.
 LoadedSettings LoadSettings(const std::filesystem::path& folder) noexcept;
 
-/// Replaces the settings file of that folder; for `state` see SettingsText. Throws nothing.
+/// Replaces the settings file in that folder. SettingsText says from which moment `state` must be. On an
+/// error the old file is unchanged. Throws nothing.
 FileError SaveSettings(const std::filesystem::path& folder, const Settings& settings,
                        const GameState& state, Durability durability) noexcept;
 

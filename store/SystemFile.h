@@ -9,30 +9,34 @@
 
 namespace zorva {
 
-/// Whether a write waits until the disk has the data, or leaves that to the system: fast, and safe
-/// against a kill of the program, but not against a power cut.
+// What the standard library cannot do with files: errors that give their reason, writes that never
+// follow a link, and waiting for the disk. PosixFile.cpp and WindowsFile.cpp implement these functions;
+// no other file of the game calls the operating system for files. They fail by returning the error and
+// throw only when memory runs out (std::bad_alloc).
+
+/// Lazy: the system writes the data to the disk when it likes. That is fast, and the data survive a kill
+/// of the program but not a power cut. Flushed: the call returns once the disk has the data.
 enum class Durability { Lazy, Flushed };
 
-// All that the standard library cannot do with files: errors that say why, writes that never follow
-// a link, and waiting for the disk. Nothing else in the game calls the system for a file.
-
-/// Reads a whole file, but no more than `limit` bytes: a longer one is out of range. What is no
-/// regular file is refused unread, so that nothing can block.
+/// Reads a whole file into `bytes`. Refuses a file of more than `limit` bytes (OutOfRange) and anything
+/// but a regular file (PathAccess): reading a pipe, for example, could block. Links are followed.
 FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, std::string& bytes);
 
-/// Creates a file that must not exist yet, a link of that name included, and writes it. Nothing of
-/// it is left behind when that fails. The folder's permissions of new files apply.
+/// Creates a file and writes it. Refuses a name that exists already, also as a link (PathAccess). If
+/// writing fails, the file is removed again. The permissions are those of any new file: 0666 less the
+/// user's mask.
 FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes, Durability durability);
 
-/// Writes behind the end of a file, which is created when it does not exist, and waits for the disk.
-/// What is written may depend on the size that the file has.
+/// Appends to a file, creating it if necessary, and waits for the disk. Calls `bytesForSize` with the
+/// size of the file (in bytes) and appends the result. Refuses a link and whatever is no regular file.
 FileError AppendToFile(const std::filesystem::path& file,
                        const std::function<std::string(std::size_t)>& bytesForSize);
 
-/// Renames a file to a name that must be free.
+/// Renames a file. Refuses if the name `to` exists already (PathAccess); nothing is ever replaced.
 FileError RenameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Waits until the disk has the names in the folder. Not every file system can: no error then.
+/// Waits until the disk has the folder's list of names, so that a renaming survives a power cut. Does
+/// nothing, and reports nothing, where the file system cannot do that.
 void FlushFolder(const std::filesystem::path& folder);
 
 }  // namespace zorva

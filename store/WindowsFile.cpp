@@ -1,5 +1,6 @@
-// What store/SystemFile.h promises, on Windows. A file is always opened in a way that lets others
-// replace or delete it meanwhile; where others do not, their file stays as it is and the error says so.
+// The functions of store/SystemFile.h on Windows. Files are opened so that other programs may read,
+// replace or delete them meanwhile. A file that another program does not share stays as it is
+// (PermissionDenied).
 
 #define NOMINMAX
 #define WIN32_LEAN_AND_MEAN
@@ -13,9 +14,9 @@ namespace zorva {
 namespace {
 
 constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-constexpr std::size_t mostAtOnce = 1U << 20U;
+constexpr std::size_t mostAtOnce = 1U << 20U;  // bytes per call: the system counts them in 32 bits
 
-// The library's own table does not know these.
+// The standard library maps most Windows errors to portable conditions, but not these.
 FileError LastError() {
     const DWORD error = GetLastError();
     switch (error) {
@@ -30,7 +31,7 @@ FileError LastError() {
     }
 }
 
-/// A file that is open as long as this lives. A link is never followed by what writes.
+/// Opens a file and closes it at the end of its scope.
 class OpenFile {
 public:
     OpenFile(const std::filesystem::path& file, DWORD access, DWORD disposition, DWORD flags)
@@ -44,6 +45,7 @@ public:
 
     bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
     HANDLE Handle() const { return handle_; }
+    /// Reports a write that failed as late as here.
     FileError Close() {
         const bool closed = CloseHandle(handle_) != 0;
         handle_ = INVALID_HANDLE_VALUE;
@@ -54,6 +56,8 @@ private:
     HANDLE handle_;
 };
 
+// Folders and links (reparse points) are disk files here, too, and must be told apart by their
+// attributes.
 FileError SizeOfRegular(HANDLE handle, std::size_t& size) {
     BY_HANDLE_FILE_INFORMATION information;
     LARGE_INTEGER bytes;
@@ -89,6 +93,7 @@ FileError ReadAll(HANDLE handle, std::string& bytes) {
     return FileError::None;
 }
 
+// The first error counts, but the file is closed in any case.
 FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability durability) {
     FileError error = WriteAll(target.Handle(), bytes);
     if (error == FileError::None && durability == Durability::Flushed &&
@@ -103,7 +108,8 @@ FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability dur
 
 FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, std::string& bytes) {
     bytes.clear();
-    // With that flag a folder can be opened, too, and is then told from a file.
+    // The flag allows a folder to be opened, so that the error is PathAccess instead of a denied
+    // permission.
     const OpenFile source(file, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
     if (!source.IsOpen()) return LastError();
     std::size_t size = 0;
@@ -125,6 +131,7 @@ FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes
 
 FileError AppendToFile(const std::filesystem::path& file,
                        const std::function<std::string(std::size_t)>& bytesForSize) {
+    // Opening a link itself, not its target, lets SizeOfRegular refuse it.
     OpenFile target(file, FILE_APPEND_DATA | FILE_READ_ATTRIBUTES | SYNCHRONIZE, OPEN_ALWAYS,
                     FILE_FLAG_OPEN_REPARSE_POINT);
     if (!target.IsOpen()) return LastError();
@@ -134,12 +141,12 @@ FileError AppendToFile(const std::filesystem::path& file,
     return WriteAndClose(target, bytesForSize(size), Durability::Flushed);
 }
 
-// Without the flag to replace, the system refuses a name that is taken.
+// Without MOVEFILE_REPLACE_EXISTING the system refuses a name that exists.
 FileError RenameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to) {
     return MoveFileExW(from.c_str(), to.c_str(), 0) ? FileError::None : LastError();
 }
 
-// The system keeps names in its journal by itself.
+// NTFS keeps its names in a journal; Windows has no call to flush a folder.
 void FlushFolder(const std::filesystem::path&) {}
 
 }  // namespace zorva

@@ -21,6 +21,8 @@ CommandLine::CommandLine(const std::vector<std::string>& arguments,
         const std::string& option = arguments[next];
         std::string value;
         if (IsOneOf(option, valued)) {
+            // Whatever follows is the value, even if it looks like an option: a file may have such a
+            // name.
             if (++next == arguments.size()) throw Failure(option + " needs a value");
             value = arguments[next];
         } else if (!IsOneOf(option, plain)) {
@@ -46,6 +48,7 @@ std::uint64_t CommandLine::Number(const std::string& option, std::uint64_t low,
 }
 
 std::optional<std::uint64_t> WholeNumber(std::string_view text) {
+    // Unlike std::stoull, from_chars accepts neither a sign nor blanks, and depends on no locale.
     std::uint64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;

@@ -20,9 +20,10 @@
 namespace zorva {
 namespace {
 
-constexpr std::uint64_t mostThrows = 10'000'000'000;
+constexpr std::uint64_t mostThrows = 10'000'000'000;  // takes about half an hour
 
-/// A world that is watched, so that each throw shows its ten faces, and does nothing but roll.
+/// A world that only rolls the die. As in the window, each throw rolls ten faces of which the last
+/// counts.
 class RollingWorld : public SilentOutside {
 public:
     explicit RollingWorld(std::function<Short()> roll) : roll_(std::move(roll)) {}
@@ -32,8 +33,7 @@ private:
     std::function<Short()> roll_;
 };
 
-/// The generator of the operating system. With the standard library's distribution it draws the faces of
-/// the window, too.
+/// The operating system's generator, which the window uses, too, and with the same distribution.
 class SystemGenerator {
 public:
     using result_type = std::uint32_t;
@@ -50,11 +50,13 @@ private:
     std::ifstream device_{"/dev/urandom", std::ios::binary};
 };
 
+// Each call of the result rolls one face.
 std::function<Short()> RollsOf(const CommandLine& options) {
     if (options.Has("--system") == options.Has("--seed")) {
         throw Failure("dice needs either --seed S or --system");
     }
     if (options.Has("--system")) {
+        // Shared, because std::function copies what it holds and a stream cannot be copied.
         return [system = std::make_shared<SystemGenerator>()] {
             return std::uniform_int_distribution<Short>(1, 6)(*system);
         };
@@ -63,6 +65,8 @@ std::function<Short()> RollsOf(const CommandLine& options) {
         [chance = Chance(options.Number("--seed", 0, UINT64_MAX))]() mutable { return chance.Face(); };
 }
 
+// Throws through ThrowDie, the procedure of the game, so that its ten faces are part of what is
+// measured.
 DiceStatistics Throw(std::uint64_t throws, std::function<Short()> rolls) {
     DiceStatistics statistics;
     GameState state;
@@ -70,6 +74,7 @@ DiceStatistics Throw(std::uint64_t throws, std::function<Short()> rolls) {
     RollingWorld world(std::move(rolls));
     const GameContext game{state, settings, world};
     for (std::uint64_t number = 0; number < throws; ++number) {
+        // The colours throw in turn, so that each has a quarter of the throws.
         state.CurrentColour = static_cast<Colour>(1 + number % ColourCount);
         ThrowDie(game);
         statistics.Add(state.CurrentColour, state.DieValue);
@@ -77,6 +82,7 @@ DiceStatistics Throw(std::uint64_t throws, std::function<Short()> rolls) {
     return statistics;
 }
 
+// One line per count, in columns that tools/measure_dice.py takes apart by their words.
 void Print(std::ostream& out, const DiceTest& test) {
     const std::uint64_t total = test.Total();
     out << test.name << '\n' << std::fixed << std::setprecision(1);
@@ -89,9 +95,8 @@ void Print(std::ostream& out, const DiceTest& test) {
             << std::setw(13) << std::max(band.low, 0.0) << " .. " << std::setw(13) << band.high
             << (inside ? "\n" : "  outside\n");
     }
-    out << std::setprecision(2) << "  chi-square " << test.ChiSquare() << " with "
-        << test.counts.size() - 1 << " degrees of freedom, p = " << std::setprecision(4)
-        << test.Probability() << "\n\n";
+    out << std::setprecision(4) << "  chi-square " << test.ChiSquare() << " with " << test.Degrees()
+        << " degrees of freedom\n\n";
 }
 
 }  // namespace
@@ -101,9 +106,7 @@ void DiceCommand(const std::vector<std::string>& arguments, std::ostream& out) {
     const std::uint64_t throws = options.Number("--throws", 1, mostThrows);
     const DiceStatistics statistics = Throw(throws, RollsOf(options));
     for (const DiceTest& test : statistics.Tests()) Print(out, test);
-    out << "One count in a hundred lies outside its band, and one p in a hundred below 0.01, when the "
-           "die "
-           "is fair.\n";
+    out << "When the die is fair, one count in a hundred lies outside its band.\n";
 }
 
 }  // namespace zorva

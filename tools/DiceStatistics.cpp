@@ -2,39 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace zorva {
 namespace {
 
-constexpr double accuracy = 1e-15;
-constexpr int mostTerms = 100'000;
-
-// The lower part of the incomplete gamma function, by its series; for x below a + 1.
-double LowerPart(double a, double x) {
-    double term = 1 / a, sum = term;
-    for (int n = 1; n < mostTerms && term > sum * accuracy; ++n) sum += term *= x / (a + n);
-    return sum * std::exp(-x + a * std::log(x) - std::lgamma(a));
-}
-
-// The upper part, by its continued fraction (Lentz); for x from a + 1 on.
-double UpperPart(double a, double x) {
-    constexpr double tiny = std::numeric_limits<double>::min() / accuracy;
-    double b = x + 1 - a, c = 1 / tiny, d = 1 / b, fraction = d;
-    for (int n = 1; n < mostTerms; ++n) {
-        const double numerator = -n * (n - a);
-        b += 2;
-        d = numerator * d + b;
-        if (std::abs(d) < tiny) d = tiny;
-        c = b + numerator / c;
-        if (std::abs(c) < tiny) c = tiny;
-        d = 1 / d;
-        fraction *= d * c;
-        if (std::abs(d * c - 1) < accuracy) break;
-    }
-    return fraction * std::exp(-x + a * std::log(x) - std::lgamma(a));
-}
-
+// Index 0 of the tables of faces is not used.
 DiceTest TestOfFaces(const std::string& name, const std::array<std::uint64_t, 7>& faces) {
     DiceTest test{name, {}};
     for (std::size_t face = 1; face <= 6; ++face) {
@@ -43,6 +15,7 @@ DiceTest TestOfFaces(const std::string& name, const std::array<std::uint64_t, 7>
     return test;
 }
 
+// A face that tends to follow another one would show here, though each face alone comes often enough.
 DiceTest TestOfPairs(const std::array<std::array<std::uint64_t, 7>, 7>& pairs) {
     DiceTest test{"pairs of faces", {}};
     for (std::size_t first = 1; first <= 6; ++first) {
@@ -54,16 +27,17 @@ DiceTest TestOfPairs(const std::array<std::array<std::uint64_t, 7>, 7>& pairs) {
     return test;
 }
 
-// A run of sixes goes on with one chance in six, whatever its length. Long runs are so rare that they
-// are taken together until five are expected: with fewer, a chi-square says nothing.
+// A run of sixes goes on with a chance of one in six, however long it is: the chance of a run of n sixes
+// is 5/6 x (1/6)^(n-1). Long runs are rare. They are counted together so that at least five are
+// expected, as textbooks ask for: with fewer, chi-square does not follow its distribution.
 template <std::size_t Size>
 DiceTest TestOfRuns(const std::array<std::uint64_t, Size>& runs) {
     constexpr double fewest = 5;
-    std::uint64_t left = 0;
+    std::uint64_t left = 0;  // runs of `length` sixes or more
     for (const std::uint64_t count : runs) left += count;
     const double total = static_cast<double>(left);
     DiceTest test{"sixes in a row", {}};
-    double longer = 1;
+    double longer = 1;  // the chance that a run has at least `length` sixes
     std::size_t length = 1;
     for (; length + 1 < Size && (length == 1 || total * longer / 6 >= fewest); ++length) {
         test.counts.push_back({std::to_string(length), runs[length], longer * 5 / 6});
@@ -75,12 +49,6 @@ DiceTest TestOfRuns(const std::array<std::uint64_t, Size>& runs) {
 }
 
 }  // namespace
-
-double ChanceOfChiSquare(double value, int degrees) {
-    if (value <= 0) return 1;
-    const double a = degrees / 2.0, x = value / 2;
-    return x < a + 1 ? 1 - LowerPart(a, x) : UpperPart(a, x);
-}
 
 std::uint64_t DiceTest::Total() const {
     std::uint64_t total = 0;
@@ -94,18 +62,18 @@ double DiceTest::ChiSquare() const {
     for (const DiceCount& count : counts) {
         const double expected = total * count.probability;
         const double deviation = static_cast<double>(count.counted) - expected;
+        // Nothing is expected only when nothing was counted.
         if (expected > 0) sum += deviation * deviation / expected;
     }
     return sum;
 }
 
-double DiceTest::Probability() const {
-    return ChanceOfChiSquare(ChiSquare(), static_cast<int>(counts.size()) - 1);
-}
-
 Band BandOf(const DiceCount& count, std::uint64_t total) {
+    // 99 % of a normal distribution lie within so many standard deviations of its mean. Counts of
+    // hundreds and more follow it closely.
     constexpr double deviationsOf99 = 2.5758293035489;
     const double expected = static_cast<double>(total) * count.probability;
+    // The standard deviation of a binomial distribution.
     const double half = deviationsOf99 * std::sqrt(expected * (1 - count.probability));
     return {expected, expected - half, expected + half};
 }
@@ -114,12 +82,14 @@ void DiceStatistics::Add(Colour colour, Short face) {
     Require(colour >= 1 && colour <= ColourCount && face >= 1 && face <= 6, "no throw of a die");
     ++faces_[face];
     ++ofColour_[colour][face];
+    // Pairs do not overlap (1st with 2nd, 3rd with 4th): overlapping ones would not be independent.
     if (before_ != 0) ++pairs_[before_][face];
     before_ = before_ == 0 ? face : Short{0};
     if (face == 6) {
         ++run_;
     } else if (run_ > 0) {
-        ++runs_[std::min(run_, longestRun)];
+        ++runs_[std::min(run_,
+                         longestRun)];  // only runs that are over: the next six could prolong others
         run_ = 0;
     }
 }

@@ -1,3 +1,5 @@
+// A game whose throws are given, for tests that compare a whole game with its expected course.
+
 #include "tools/ScriptedGame.h"
 
 #include <fstream>
@@ -16,6 +18,7 @@
 namespace zorva {
 namespace {
 
+// The fields in their order in the file, but flags as they are in memory, -1 for yes.
 void PrintRecord(std::ostream& out, Short moveNumber, const MoveRecord& record) {
     out << moveNumber << ": " << record.MoverColour << ',' << record.FollowingColour << ',' << record.Die
         << ',' << record.Count << ',' << record.Piece << ',' << record.From << ',' << record.To << ','
@@ -23,7 +26,7 @@ void PrintRecord(std::ostream& out, Short moveNumber, const MoveRecord& record) 
         << '\n';
 }
 
-/// The world of a scripted game: it supplies the throws and prints the log.
+/// The world of a scripted game: it supplies the throws, prints the log and stops the game in time.
 class ScriptedWorld : public DecidedThrows {
 public:
     ScriptedWorld(GameState& state, const std::vector<Short>& throws, ScriptedGameOutput wanted,
@@ -39,6 +42,7 @@ public:
         if (wanted_.records) PrintRecord(out_, moveNumber, record);
     }
 
+    // Called before each throw and bonus move. ThrowNext tells them apart: a bonus move needs no throw.
     void PositionReached() override {
         stopped_ = state_.ThrowNext && used_ == throws_.size();
         if (stopped_) state_.GameInProgress = No;
@@ -47,17 +51,19 @@ public:
     bool HasStopped() const { return stopped_; }
 
 protected:
+    // PositionReached stops the game before this would read beyond the last throw.
     Short NextThrow() override { return throws_[used_++]; }
 
 private:
     GameState& state_;
-    const std::vector<Short>& throws_;
+    const std::vector<Short>& throws_;  // must outlive the world
     const ScriptedGameOutput wanted_;
     std::ostream& out_;
     std::size_t used_ = 0;
     bool stopped_ = false;
 };
 
+// The 16 positions, the occupied slots as SQUARE.SLOT=CODE, and whose turn it is.
 void PrintPosition(const GameState& state, std::ostream& out) {
     out << "positions";
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
@@ -76,18 +82,21 @@ void PrintPosition(const GameState& state, std::ostream& out) {
         << '\n';
 }
 
+// Nothing for a game that stopped because the throws ran out.
 void PrintResult(const GameState& state, const Settings& settings, std::ostream& out) {
     if (state.GameInProgress) return;
     const GameResult result = ResultOf(state, settings);
     out << "winner " << result.winner << " points " << PointsText(result.points) << '\n';
 }
 
+// There is no draw for the first colour here, since it would use up throws.
 Colour FirstColour(const CommandLine& options, const Settings& settings) {
     const Colour first = static_cast<Colour>(options.Number("--first", 1, ColourCount));
     if (IsTakingPart(settings, first)) return first;
     throw Failure("colour " + std::to_string(first) + " takes no part in this game");
 }
 
+// `number` counts the throws from 1. Of a long word the message shows the beginning.
 Short ThrowOf(const std::string& word, std::size_t number, const std::string& fileName) {
     if (word.size() == 1 && word[0] >= '1' && word[0] <= '6') return static_cast<Short>(word[0] - '0');
     throw Failure(fileName + ": throw " + std::to_string(number) + " is \"" + word.substr(0, 20) +
@@ -96,22 +105,25 @@ Short ThrowOf(const std::string& word, std::size_t number, const std::string& fi
 
 }  // namespace
 
-std::vector<Short> ReadThrows(const std::string& fileName) {
-    std::ifstream file(fileName);
+std::vector<Short> ReadThrows(std::istream& file, const std::string& fileName) {
     std::vector<Short> throws;
     std::string word;
     while (file >> word) throws.push_back(ThrowOf(word, throws.size() + 1, fileName));
+    // Reading ends in good order at the end of the file only: not in one that cannot be opened, nor a
+    // folder.
     if (!file.eof() || file.bad()) throw Failure("cannot read " + fileName);
     return throws;
 }
 
 void PlayScriptedGame(GameState& state, const Settings& settings, Colour first,
                       const std::vector<Short>& throws, ScriptedGameOutput wanted, std::ostream& out) {
+    // `settings` itself stays, so that a saved game has the persons that it had.
     const Settings played = WithoutPeople(settings);
     ScriptedWorld world(state, throws, wanted, out);
     const GameContext game{state, played, world};
     ResetGame(game);
     PlayFrom(game, first);
+    // Ending the game was only the way out of PlayFrom.
     if (world.HasStopped()) state.GameInProgress = Yes;
 }
 
@@ -120,11 +132,13 @@ void PlayCommand(const std::vector<std::string>& arguments, std::ostream& out) {
                               {"--log", "--records"});
     SettingsContent file = ReadSettingsArgument(options.Text("--settings"));
     const Colour first = FirstColour(options, file.settings);
-    const std::vector<Short> throws = ReadThrows(options.Text("--dice"));
+    std::ifstream dice(options.Text("--dice"));
+    const std::vector<Short> throws = ReadThrows(dice, options.Text("--dice"));
     PlayScriptedGame(file.state, file.settings, first, throws,
                      {options.Has("--log"), options.Has("--records")}, out);
     PrintPosition(file.state, out);
     PrintResult(file.state, file.settings, out);
+    // Written as it stands: a game that stopped can be continued in the window.
     if (options.Has("--save")) WriteSettingsArgument(options.Text("--save"), file);
 }
 

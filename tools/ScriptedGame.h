@@ -8,23 +8,24 @@
 
 namespace zorva {
 
-/// Which lines of a game are printed while it is played.
+/// What is printed while a game is played.
 struct ScriptedGameOutput {
-    bool log = false;      ///< each log line, the heading included
+    bool log = false;      ///< each log line, including the heading
     bool records = false;  ///< each move record
 };
 
-/// Reads throws, 1..6 with white space between them. Anything else in the file, and a file that
-/// cannot be read, is thrown as a Failure.
-std::vector<Short> ReadThrows(const std::string& fileName);
+/// Reads throws: faces 1..6 with white space between them. Throws a Failure at anything else, and if the
+/// file cannot be read; its message mentions `fileName`.
+std::vector<Short> ReadThrows(std::istream& file, const std::string& fileName);
 
-/// Plays a game from its start with the given throws, `first` beginning. All colours are played by
-/// the computer whatever the settings say. A game that needs more throws than there are stops where
-/// the next one would be awaited and stays in progress. `state` may hold any earlier game.
+/// Plays a game from its start. `first` begins; the die shows the given throws, one after another. The
+/// computer plays all colours, whatever the settings say. When the throws run out the game stops before
+/// the next throw and stays in progress. `state` may hold an earlier game, which ResetGame removes.
 void PlayScriptedGame(GameState& state, const Settings& settings, Colour first,
                       const std::vector<Short>& throws, ScriptedGameOutput wanted, std::ostream& out);
 
-/// The `play` command: plays a scripted game and prints how it went and how it stands at the end.
+/// The `play` command: plays a scripted game and prints the position at its end and, if the game was
+/// finished, the winner. The whole games in tests/data/games are compared with this output.
 void PlayCommand(const std::vector<std::string>& arguments, std::ostream& out);
 
 }  // namespace zorva

@@ -12,18 +12,20 @@ std::string ReadBytes(const std::string& fileName) {
     std::ifstream file(fileName, std::ios::binary);
     if (!file) throw Failure("cannot open " + fileName);
     std::ostringstream bytes;
-    // An empty file sets the failure flag as well; it is refused by its content.
+    // Copying an empty file would set the failure flag of `bytes`. Let ReadSettings refuse it instead.
     if (file.peek() != std::ifstream::traits_type::eof()) bytes << file.rdbuf();
     if (file.bad() || bytes.bad()) throw Failure("cannot read " + fileName);
     return bytes.str();
 }
 
+// English, because the tool is for developers; the game's own messages give the error's number.
 const char* Reason(FileError error) {
     switch (error) {
         case FileError::Overflow: return "a number is too large";
         case FileError::OutOfRange:
-            return "a number cannot be meant, or the numbers contradict each other";
-        case FileError::TypeMismatch: return "something else stands where a number or a text should";
+            return "a number is out of range, or the numbers contradict each other";
+        case FileError::TypeMismatch:
+            return "a number or a text is expected where something else stands";
         case FileError::PastTheEnd: return "it ends too early";
         default: return "it cannot be read";
     }
@@ -38,6 +40,8 @@ SettingsContent ReadSettingsArgument(const std::string& fileName) {
 }
 
 void WriteSettingsArgument(const std::string& fileName, const SettingsContent& content) {
+    // In place and not by ReplaceFile: the argument may be a pipe or /dev/stdout. Binary, because the
+    // text has its own line ends.
     std::ofstream file(fileName, std::ios::binary | std::ios::trunc);
     file << SettingsText(content.settings, content.state) << std::flush;
     if (!file) throw Failure("cannot write " + fileName);

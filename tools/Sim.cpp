@@ -11,6 +11,7 @@
 namespace zorva {
 namespace {
 
+// Printed by --help. Lines of at most 100 characters.
 constexpr const char* usage =
     "zorva-sim plays games of the computer without a window.\n"
     "\n"
@@ -37,12 +38,13 @@ constexpr const char* usage =
     "\n"
     "zorva-sim dice --throws N (--seed S | --system)\n"
     "    N throws of the die, counted: faces, pairs, sixes in a row, faces of each colour. Each count\n"
-    "    stands beside the band that a fair die keeps to in 99 of 100 cases, each table beside the\n"
-    "    chance of deviating as much. S begins a series that is the same everywhere; --system takes\n"
-    "    the generator of the operating system, as the window does.\n"
+    "    stands beside the band that a fair die keeps to in 99 of 100 cases, each table ends with its\n"
+    "    chi-square. S begins a series that is the same everywhere; --system takes the generator of\n"
+    "    the operating system, as the window does.\n"
     "\n"
     "Colours are played by the computer whatever the settings file says.\n";
 
+// `progress` is null when no progress is wanted.
 void Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
     if (arguments.empty()) throw Failure("a command is missing: play, match or dice, or --help");
     if (arguments[0] == "play") return PlayCommand(arguments, out);
@@ -52,7 +54,8 @@ void Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostr
     out << usage;
 }
 
-// Arguments and files are quoted in messages: whatever they hold, a message stays one line.
+// Messages quote arguments and files. Control characters in them become blanks, so that each message
+// stays one line and cannot steer the terminal.
 std::string OnOneLine(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](unsigned char letter) { return letter < 0x20 || letter == 0x7f; },
@@ -66,6 +69,7 @@ int RunSim(const std::vector<std::string>& arguments, std::ostream& out, std::os
            bool showProgress) {
     try {
         Run(arguments, out, showProgress ? &err : nullptr);
+        // A full disk, or a pipe whose reader has gone, shows only when the buffer is written.
         if (!out.flush()) throw Failure("cannot write the output");
         return 0;
     } catch (const Failure& failure) {

@@ -6,9 +6,9 @@
 
 namespace zorva {
 
-/// The whole of zorva-sim but the process around it: carries out the command that the arguments
-/// (without the program's name) ask for and returns the exit status, 0, or 2 after one line on `err`
-/// that says what is wrong. `showProgress` allows a line on `err` that says how far a match is.
+/// Runs zorva-sim with these arguments (without the program's name). Returns the exit status: 0, or 2
+/// after a line on `err` that says what is wrong. `showProgress` allows a match to show on `err` how
+/// many games are finished; it is meant for terminals. Tests call this instead of starting a process.
 int RunSim(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
            bool showProgress);
 

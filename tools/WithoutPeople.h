@@ -4,11 +4,11 @@
 
 namespace zorva {
 
-/// The settings with every colour played by the computer and no wait before a throw: such a game
-/// runs from beginning to end by itself.
+/// The same settings, but the computer plays every colour and no throw waits for a click: a game with
+/// these settings runs to its end by itself.
 inline Settings WithoutPeople(Settings settings) {
-    settings.PlayerType.fill(1);
-    settings.PauseBetweenMoves = 2;
+    settings.PlayerType.fill(1);     // the computer
+    settings.PauseBetweenMoves = 2;  // do not wait
     return settings;
 }
 

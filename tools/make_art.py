@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Draws the game's pictures into assets/.
+"""Draws the game's images, cursors and icons and writes them into assets/ as SVG files.
 
-    tools/make_art.py            draws all of them
-    tools/make_art.py board die  draws those whose name begins with one of the words
-    tools/make_art.py --check    says whether the files are what it would draw
+    tools/make_art.py            writes all of them
+    tools/make_art.py board die  writes those whose names begin with one of these words
+    tools/make_art.py --check    names the files that are not what it would write; status 1 if there are any
 """
 
 import pathlib
@@ -16,7 +16,7 @@ ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 
 
 def drawings():
-    """Every picture by its file's name, as something that draws it when called."""
+    """Yields the name of each file, without its ending, and the function that draws it."""
     yield "bitmaps/board", board.draw
     yield "bitmaps/board_shadow", shadow.draw
     yield "bitmaps/surface", surface.draw
@@ -33,12 +33,12 @@ def drawings():
             yield f"bitmaps/{name}{ending}", partial(keys.draw_answer, name, pressed)
     for name, draw in (*panel.drawings(), *windows.drawings(), *title.drawings()):
         yield f"bitmaps/{name}", draw
-    yield from pointer_drawings()
+    yield from cursor_drawings()
     yield "icon/zorva", icon.draw
     yield "icon/zorva_small", icon.draw_small
 
 
-def pointer_drawings():
+def cursor_drawings():
     for colour, (die, hand) in enumerate((("DadoAmar", "ManoCeAm"), ("DadoAzul", "ManoCeAz"), ("DadoRojo", "ManoCeRo"),
                                           ("DadoVerd", "ManoCeVe")), start=1):
         yield f"cursors/{die}", partial(cursors.draw_die, die, colour)
@@ -49,13 +49,13 @@ def pointer_drawings():
 
 
 def hot_spots():
-    """One line per pointer: its name and the point it points at, in units of its drawing."""
-    names = sorted(name.split("/")[1] for name, _ in pointer_drawings())
+    """The hot spots of the cursors: a line for each with its name, x and y, in units of its drawing."""
+    names = sorted(name.split("/")[1] for name, _ in cursor_drawings())
     return "".join("{} {} {}\n".format(name, *cursors.hot_spot(name)) for name in names)
 
 
 def files(words):
-    """The wanted files by their path, with what belongs in them."""
+    """Yields the path and the text of each file to be written. The hot spots are always among them."""
     for name, draw in drawings():
         if not words or any(name.split("/")[1].startswith(w) for w in words):
             yield ASSETS / f"{name}.svg", draw().text()
@@ -63,7 +63,7 @@ def files(words):
 
 
 def check(words):
-    """Whether the files are what this script writes; names those that are not."""
+    """Whether the files are what this script would write. Prints the names of those that are not."""
     stale = [file for file, text in files(words) if not file.exists() or file.read_text(encoding="utf-8") != text]
     for file in stale:
         print(f"{file.relative_to(ASSETS)} is not what tools/make_art.py draws", file=sys.stderr)

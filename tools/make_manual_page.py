@@ -2,7 +2,7 @@
 """Writes docs/manual.html, the player's manual as a web page, from assets/manual/ZORVA32.HLP.
 
     tools/make_manual_page.py           # writes the page
-    tools/make_manual_page.py --check   # is the page what this script writes?
+    tools/make_manual_page.py --check   # fails if the page is not what this script writes
 """
 
 import re
@@ -14,7 +14,7 @@ ROOT = Path(__file__).resolve().parent.parent
 MANUAL = ROOT / "assets/manual/ZORVA32.HLP"
 PAGE = ROOT / "docs/manual.html"
 PICTURES = "../assets/manual/"
-PIXELS = 2  # of a picture for one on the page
+PIXELS = 2  # pixels of a screenshot for each pixel of the page
 
 STYLE = """<meta name="viewport" content="width=device-width, initial-scale=1"/>
 <style>

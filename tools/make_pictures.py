@@ -1,13 +1,12 @@
 #!/usr/bin/env python3
-"""Takes the pictures of the manual from the real program, on a virtual screen.
+"""Takes the manual's screenshots of the real program on a virtual screen.
 
-    tools/make_pictures.py PROGRAM            # the built zorva32; takes them all
-    tools/make_pictures.py PROGRAM tablero    # those whose names begin so
+    tools/make_pictures.py PROGRAM            # PROGRAM is the built zorva32; takes all screenshots
+    tools/make_pictures.py PROGRAM tablero    # takes those whose names begin with this word
 
 The screen has two pixels for each pixel of the layout, and so have the pictures. They are written to
 assets/manual/ with few colours, which keeps them small. Needs what the tests with a window need, and
-imagemagick and pngquant. The dice fall the same way each time when ZORVA_SAME_DICE names the library
-that the tests build.
+imagemagick and pngquant, and what the tests build beside the program. The dice fall the same way each time.
 """
 
 import os
@@ -25,7 +24,7 @@ import driver  # noqa: E402
 from inifile import COMPUTER, ON, PERSON, Settings, game_at  # noqa: E402
 
 FOLDER = ROOT / "assets/manual"
-WIDEST = 440  # pixels of the layout, so that a picture fits on every page
+WIDEST = 440  # layout pixels; wider screenshots are scaled down to fit on a page
 COLOURS = 256
 
 POSITIONS = {1: [76, 68, 20, 0], 2: [84, 22, 41, 0], 3: [92, 39, 8, 47], 4: [100, 56, 33, 0]}
@@ -55,7 +54,7 @@ class Pictures(driver.WindowTest):
         self.assertEqual(self.layout.unit, 2)
 
     def keep(self, name, x=0, y=0, width=None, height=None):
-        """Writes that part of the screen (in pixels of the layout) as the manual's picture of that name."""
+        """Writes a part of the screen (in pixels of the layout) as the manual's picture of that name."""
         if wanted and not name.startswith(wanted):
             return
         part = [round(2 * v) for v in (x, y, width or self.layout.width, height or self.layout.height)]
@@ -70,7 +69,7 @@ class Pictures(driver.WindowTest):
         print(name, (FOLDER / (name + ".png")).stat().st_size)
 
     def keep_window(self, name, window):
-        self.keep(name, window.x / 2, window.y / 2, window.width / 2, window.height / 2)
+        self.keep(name, *(value / 2 for value in window[2:]))
 
     def begin(self, turn=1, settings=PEOPLE):
         self.start(settings, game_at(POSITIONS, turn=turn))
@@ -100,8 +99,7 @@ class Pictures(driver.WindowTest):
         self.settle()
         x, y = self.point_of_piece(game, 1, 3)
         self.keep("elegir", max(0, x - 270), max(0, y - 110), 360, 300)
-        corner = self.layout.corner[1]
-        self.keep("casa", corner[0], corner[1], 231, 231)
+        self.keep("casa", *self.layout.houses[0])
 
     def test_moving_by_hand(self):
         self.begin()
@@ -116,22 +114,22 @@ class Pictures(driver.WindowTest):
 
     # -------------------------------------------------------------------------------- the windows
 
-    def window_of(self, key, title):
+    def open_and_keep(self, name, key, title):
         self.display.key(key)
         window = self.wait_for_message(title)
         self.display.move(2, 2)
         self.settle()
+        self.keep_window(name, window)
         return window
 
     def test_the_windows_behind_the_menu(self):
         self.program.history.write_bytes(history_bytes())
         self.begin()
-        self.keep_window("historico", self.window_of("F4", "Histórico de partidas"))
+        self.open_and_keep("historico", "F4", "Histórico de partidas")
         self.display.key("Escape")
         self.wait_for_board()
-        window = self.window_of("F3", "Personalizar la aplicación")
-        self.keep_window("personalizar", window)
-        # The page of the rules is behind the last control but one.
+        window = self.open_and_keep("personalizar", "F3", "Personalizar la aplicación")
+        # The control before the last opens the page of the rules.
         self.display.key("shift+Tab", "shift+Tab", "space")
         self.settle()
         self.keep_window("normas", window)
@@ -139,10 +137,7 @@ class Pictures(driver.WindowTest):
     def test_a_question(self):
         self.begin()
         self.play_moves(2)
-        self.display.key("F6")
-        window = self.wait_for_message(driver.POSTPONE_TITLE)
-        self.settle()
-        self.keep_window("pregunta", window)
+        self.open_and_keep("pregunta", "F6", driver.POSTPONE_TITLE)
 
 
 if __name__ == "__main__":

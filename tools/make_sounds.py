@@ -2,8 +2,8 @@
 """Makes the recordings of the game, the same bytes every time.
 
     make_sounds.py            writes assets/sounds/01.wav and the others, and the table in its README.md
-    make_sounds.py --check    says which of these files are not as they would be written; status 1
-    make_sounds.py --measure  prints the table, and how like each other the recordings are
+    make_sounds.py --check    names the files that differ from what it would write; status 1 if any does
+    make_sounds.py --measure  prints the table alone
 """
 
 import argparse
@@ -27,7 +27,7 @@ FADE_OUT = 0.012
 
 
 def limited(value):
-    """Rounds off what would come near the ceiling; nothing ever reaches it."""
+    """Bends a value above the knee towards the ceiling, which none ever reaches."""
     size = abs(value)
     if size <= KNEE:
         return value
@@ -37,7 +37,7 @@ def limited(value):
 
 
 def faded(signal):
-    """Begins and ends at nothing, so that nothing clicks."""
+    """The signal with a short fade-in and fade-out, so that neither end clicks."""
     result = list(signal)
     for seconds, first, way in ((FADE_IN, 0, 1), (FADE_OUT, len(result) - 1, -1)):
         count = samples(seconds)
@@ -47,7 +47,8 @@ def faded(signal):
 
 
 def finished(recording):
-    """The recording as whole numbers of 16 bits, at its loudness."""
+    """The recording as signed 16-bit samples at its loudness. The limiter takes some of the gain back, so
+    the gain is found in six rounds."""
     signal = faded(high_pass(recording.samples(), 45))
     wanted = decibels(LOUDNESS - recording.soft + 0.691)
     gain, result = 1.0, signal
@@ -58,6 +59,7 @@ def finished(recording):
 
 
 def wave_file(numbers):
+    """The bytes of a WAV file with one channel of these 16-bit samples."""
     data = struct.pack("<%dh" % len(numbers), *numbers)
     layout = struct.pack("<IHHIIHH", 16, 1, 1, RATE, 2 * RATE, 2, 16)
     return (b"RIFF" + struct.pack("<I", 36 + len(data)) + b"WAVEfmt " + layout
@@ -65,7 +67,7 @@ def wave_file(numbers):
 
 
 class Measured:
-    """What the table says of one recording."""
+    """The figures of one recording in the table."""
 
     def __init__(self, recording, numbers):
         signal = [number / 32768 for number in numbers]
@@ -79,6 +81,7 @@ class Measured:
         self.portrait = measure.portrait(frames)
 
     def nearest(self, others):
+        """The likeness of the most similar other recording, and its id."""
         return max((measure.likeness(self.portrait, other.portrait), other.recording.sound)
                    for other in others if other is not self)
 
@@ -100,7 +103,7 @@ def table(all_measured):
 
 
 def readme_with(new_table):
-    """The folder's page with the table that stands between its two marks."""
+    """The text of the folder's README.md with a new table between its two marks."""
     text = (FOLDER / "README.md").read_text(encoding="utf-8")
     before, rest = text.split("<!-- table -->\n")
     return before + "<!-- table -->\n" + new_table + "<!-- end -->\n" + rest.split("<!-- end -->\n")[1]

@@ -1,24 +1,27 @@
 #!/usr/bin/python3
-"""Throws the die many times and draws what came.
+"""Throws the die many times, and puts the counts into docs/fair-dice.md and its drawing.
 
     tools/measure_dice.py [--throws N] [--sim build/play/tools/zorva-sim]
 
-throws it N times (60,000,000 unless told otherwise) with seed 1, puts the tables into docs/fair-dice.md and
-draws docs/fair-dice.svg. Needs python3-matplotlib.
+N is 60,000,000 unless given; the seed is 1. Needs python3-matplotlib and python3-scipy.
 """
 
 import argparse
-import os
 import re
 import subprocess
-import sys
 
-HERE = os.path.dirname(os.path.abspath(__file__))
-DOCS = os.path.join(HERE, "..", "docs")
+import report
+
+
+def with_probabilities(text):
+    """Appends to each chi-square how likely a fair die is to reach it or more."""
+    from scipy.stats import chi2
+    return re.sub(r"chi-square ([\d.]+) with (\d+) degrees of freedom",
+                  lambda found: f"{found[0]}, p = {chi2.sf(float(found[1]), int(found[2])):.4f}", text)
 
 
 def read(text):
-    """The tables that zorva-sim prints: their names, and of each count its name, number and band."""
+    """The tables that zorva-sim prints. By table: the name, number, expected number and band of each count."""
     tables = {}
     for block in text.strip().split("\n\n")[:-1]:
         lines = block.splitlines()
@@ -30,17 +33,12 @@ def read(text):
 
 
 def draw(tables, throws):
-    import matplotlib
-    matplotlib.use("svg")
-    matplotlib.rcParams.update({"svg.hashsalt": "zorva", "svg.fonttype": "none", "font.size": 9})
-    import matplotlib.pyplot as plot
-
-    figure, axes = plot.subplots(figsize=(8, 4))
+    figure, axes = report.plot((8, 4), font=9)
     place, ticks = 0, []
     for name, counts in tables.items():
         begin = place
         for _, counted, expected, _, high in counts:
-            # In half widths of the band: 1 is where one of a hundred counts of a fair die lies outside.
+            # Deviations in half widths of the band: one count in a hundred of a fair die lies beyond 1.
             axes.plot(place, (counted - expected) / (high - expected), "o", markersize=4, color="#1f5f9f")
             place += 1
         ticks.append(((begin + place - 1) / 2, name.replace("faces of ", "faces,\n").replace(
@@ -53,26 +51,17 @@ def draw(tables, throws):
     axes.set_ylabel("deviation, in half bands")
     axes.set_ylim(-1.6, 1.6)
     axes.set_title(f"{throws:,} throws: each count, and the band of 99 in 100")
-    figure.tight_layout()
-    figure.savefig(os.path.join(DOCS, "fair-dice.svg"), metadata={"Date": None})
+    report.save(figure, "fair-dice")
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--throws", type=int, default=60_000_000)
-    parser.add_argument("--sim", default=os.path.join(HERE, "..", "build", "play", "tools", "zorva-sim"))
+    parser.add_argument("--sim", default=report.SIM)
     options = parser.parse_args()
     text = subprocess.run([options.sim, "dice", "--throws", str(options.throws), "--seed", "1"], check=True,
                           capture_output=True, text=True).stdout
-    document = os.path.join(DOCS, "fair-dice.md")
-    with open(document, encoding="utf-8") as file:
-        page = file.read()
-    marks = re.compile(r"(<!-- tables -->\n).*?(\n<!-- end -->)", re.S)
-    if not marks.search(page):
-        sys.exit("docs/fair-dice.md has no place for the tables")
-    page = marks.sub(lambda found: found[1] + "```\n" + text.rstrip() + "\n```" + found[2], page)
-    with open(document, "w", encoding="utf-8") as file:
-        file.write(page)
+    report.renew("fair-dice", {"tables": "```\n" + with_probabilities(text).rstrip() + "\n```"})
     draw(read(text), options.throws)
 
 

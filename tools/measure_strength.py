@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""Measures how strong the levels of play are, and draws what it finds.
+"""Measures how strong the levels of play are, and puts the results into docs/strength.md and its drawings.
 
     tools/measure_strength.py [--games N] [--sim build/play/tools/zorva-sim] [--keep FILE]
 
-plays N games (100,000 unless told otherwise) for each point with zorva-sim and renews the tables of
-docs/strength.md and the pictures docs/strength-*.svg. Needs python3-matplotlib. The same N gives the same
-tables on every machine. FILE keeps what was played: a run that was broken off goes on where it was.
+Plays N games, 100,000 unless given, for each point of the tables. The same N gives the same tables on every
+machine. FILE keeps the results of the matches played, so that a run that was interrupted continues where
+it stopped. Needs python3-matplotlib.
 """
 
 import argparse
@@ -17,11 +17,11 @@ import subprocess
 import sys
 import zlib
 
-HERE = os.path.dirname(os.path.abspath(__file__))
-DOCS = os.path.join(HERE, "..", "docs")
+import report
+
 COLOURS = ("yellow", "blue", "red", "green")
 LEVELS = range(0, 101, 10)
-# The options of the rules as the game begins with them, and what the other answer of each is.
+# The default rules, in the order of zorva-sim's option --rules, and the other answer to each.
 USUAL_RULES = (2, 1, 1, 1)
 OTHER_RULES = ("a six with none in the box counts 7, not 12",
                "with all in the box a five is needed to begin",
@@ -30,7 +30,7 @@ OTHER_RULES = ("a six with none in the box counts 7, not 12",
 
 
 def interval(wins, games):
-    """The share of wins and the 95 % interval around it (Wilson), in per cent."""
+    """The share of wins and its 95 % confidence interval (Wilson's), in per cent."""
     z = 1.959964
     share = wins / games
     middle = (share + z * z / (2 * games)) / (1 + z * z / games)
@@ -44,7 +44,7 @@ def text_of(wins, games):
 
 
 class Sim:
-    """zorva-sim, and what it has played."""
+    """Runs zorva-sim and remembers the results of its matches."""
 
     def __init__(self, program, keep):
         self.program, self.keep, self.played = program, keep, {}
@@ -64,13 +64,13 @@ class Sim:
 
 
 class Match:
-    """One run of zorva-sim match, read."""
+    """The result of one run of zorva-sim match."""
 
     def __init__(self, sim, games, levels, players=(1, 1, 1, 1), rules=USUAL_RULES, order=2):
         words = ["--games", games, "--levels", self.listed(levels), "--players", self.listed(players),
                  "--rules", self.listed(rules), "--order", order]
         words = [str(word) for word in words]
-        # Every match has games of its own, the same ones each time.
+        # The seed depends on the match alone: different matches have different games, the same in every run.
         words += ["--seed", str(zlib.crc32(" ".join(words).encode()))]
         out = sim.play(words)
         self.games = games
@@ -80,7 +80,7 @@ class Match:
             if row:
                 self.wins[COLOURS.index(row[1])] = int(row[2])
         if sum(self.wins.values()) != games:
-            sys.exit("zorva-sim has printed something else:\n" + out)
+            sys.exit("zorva-sim printed something unexpected:\n" + out)
         shares = re.search(r"wins by turn, from the colour that begins:(.*)", out)[1]
         self.by_turn = [float(share) / 100 for share in shares.replace("%", "").split()]
         self.moves = float(re.search(r"mean moves per game ([\d.]+)", out)[1])
@@ -91,7 +91,8 @@ class Match:
 
 
 def one_against_others(sim, games, level, others, seats):
-    """Wins of a level that sits in each of the seats in turn, the others of their own level."""
+    """Wins and games of `level`, which takes each of the seats for an equal share of the games; the other
+    players, of level `others`, take the rest of the seats."""
     players = tuple(1 if seat in seats else 2 for seat in range(4))
     wins = 0
     share = games // len(seats)
@@ -106,7 +107,7 @@ FOUR, TWO = (0, 1, 2, 3), (0, 2)
 
 
 def measure(sim, games):
-    """Everything that is told, by the name of its table."""
+    """The results for all tables, by the table's name."""
     found = {}
     for name, others, seats in (("four-50", 50, FOUR), ("four-100", 100, FOUR), ("two-50", 50, TWO),
                                 ("two-100", 100, TWO)):
@@ -164,28 +165,11 @@ def tables(found):
     }
 
 
-def renew(document, renewed):
-    with open(document, encoding="utf-8") as file:
-        text = file.read()
-    for name, rows in renewed.items():
-        marks = re.compile(f"(<!-- {name} -->\n).*?(\n<!-- end -->)", re.S)
-        if not marks.search(text):
-            sys.exit(f"{document} has no place for the table {name}")
-        text = marks.sub(lambda found, rows=rows: found[1] + rows + found[2], text)
-    with open(document, "w", encoding="utf-8") as file:
-        file.write(text)
-
-
 def draw(found):
-    import matplotlib
-    matplotlib.use("svg")
-    matplotlib.rcParams.update({"svg.hashsalt": "zorva", "svg.fonttype": "none", "font.size": 10})
-    import matplotlib.pyplot as plot
-
     for file, fair, sets in (
             ("four", 25, (("four-50", "against three of level 50"), ("four-100", "against three of level 100"))),
             ("two", 50, (("two-50", "against one of level 50"), ("two-100", "against one of level 100")))):
-        figure, axes = plot.subplots(figsize=(7, 4))
+        figure, axes = report.plot((7, 4))
         for name, label in sets:
             points = [interval(*found[name][level]) for level in LEVELS]
             shares = [share for share, _, _ in points]
@@ -196,18 +180,17 @@ def draw(found):
         axes.set_title("One against three" if file == "four" else "One against one")
         axes.legend()
         axes.grid(alpha=0.3)
-        figure.tight_layout()
-        figure.savefig(os.path.join(DOCS, f"strength-{file}.svg"), metadata={"Date": None})
+        report.save(figure, f"strength-{file}")
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--games", type=int, default=100_000)
-    parser.add_argument("--sim", default=os.path.join(HERE, "..", "build", "play", "tools", "zorva-sim"))
+    parser.add_argument("--sim", default=report.SIM)
     parser.add_argument("--keep")
     options = parser.parse_args()
     found = measure(Sim(options.sim, options.keep), options.games)
-    renew(os.path.join(DOCS, "strength.md"), tables(found))
+    report.renew("strength", tables(found))
     draw(found)
 
 

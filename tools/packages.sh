@@ -1,9 +1,9 @@
-# Sourced by play and check: installs the Debian packages that are missing, says what it does, and
-# ends with a clear message when something cannot be had.
+# Functions for play, check and other scripts, which source this file. They install missing Debian packages and
+# build presets, and end the script with a clear message if that fails.
 
 to_build="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libgl-dev libsdl2-dev fonts-lato fonts-dejavu-core"
 to_watch="xvfb xauth xdotool openbox x11-utils x11-xserver-utils python3"
-to_test="$to_watch libgtest-dev librapidcheck-dev libbenchmark-dev dbus-daemon clang libclang-rt-14-dev"
+to_test="$to_watch libgtest-dev libbenchmark-dev dbus-daemon clang libclang-rt-14-dev"
 to_serve="tigervnc-standalone-server tigervnc-tools novnc websockify openbox xauth x11-utils x11-xserver-utils python3"
 to_package="dpkg-dev gzip lintian desktop-file-utils appstream mandoc"
 
@@ -47,7 +47,7 @@ install_missing() {
         }
 }
 
-# Configures a preset and builds it; quick when nothing has changed.
+# Configures a preset and builds it. Quick if nothing has changed. The caller must have set $log.
 build() {
     preset=$1
     [ -f "build/$preset/build.ninja" ] || echo "Configuring ($preset)"

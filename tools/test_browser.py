@@ -1,10 +1,10 @@
 #!/usr/bin/python3
-"""Plays the game in a real web browser, as somebody does on whose machine ./play finds no screen.
+"""Plays the game in a real web browser, as a player does on whose machine ./play finds no screen.
 
-    tools/test_browser.py PROGRAM     # the built zorva32, its manual beside it
+    tools/test_browser.py PROGRAM     # PROGRAM is the built zorva32, with its manual beside it
 
 Needs what ./play installs for the browser, and chromium, chromium-driver and python3-selenium. Takes about
-a minute; a picture of the page is left in the current folder when something fails.
+a minute. If it fails it leaves a screenshot, browser.png, in the current folder.
 """
 
 import os
@@ -22,18 +22,19 @@ from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
 ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / "tests/window"))
-
-import inifile  # noqa: E402
-from layout import Layout  # noqa: E402
-
-SCREEN = (1280, 960)
 PATIENCE = 60
+
+# On this screen a pixel of the layout is a pixel of the screen. In each house lies a place without a piece.
+SCREEN = (1024, 768)
+YELLOW, BLUE, RED, GREEN = (714, 714), (714, 252), (252, 252), (252, 714)
+NEW_GAME = (896, 75)
+# The button that brings the hidden window back stands a little to the lower left of the middle.
+SHOW_AGAIN = (467, 424)
 
 # The mean colour of a part of the screen, as the page shows it.
 MEAN = """
 const canvas = document.querySelector('#noVNC_container canvas');
-if (!canvas) return null;
+if (!canvas) return [0, 0, 0];
 const [x, y, w, h] = arguments;
 const data = canvas.getContext('2d').getImageData(x, y, w, h).data;
 let sum = [0, 0, 0];
@@ -44,16 +45,14 @@ return sum.map(s => s * 4 / data.length);
 
 def await_true(condition, what):
     end = time.monotonic() + PATIENCE
-    while time.monotonic() < end:
-        answer = condition()
-        if answer:
-            return answer
+    while not condition():
+        if time.monotonic() > end:
+            raise AssertionError(what + ": not within %d seconds" % PATIENCE)
         time.sleep(0.3)
-    raise AssertionError(what + ": not within %d seconds" % PATIENCE)
 
 
 class Page:
-    """The game's page in a browser, at points of the layout."""
+    """The game's page in a browser, at points of the screen."""
 
     def __init__(self, address, password):
         options = webdriver.ChromeOptions()
@@ -61,78 +60,60 @@ class Page:
             options.add_argument(word)
         options.binary_location = "/usr/bin/chromium"
         self.browser = webdriver.Chrome(options=options)
-        self.layout = Layout(*SCREEN)
         self.browser.get(address)
         field = self.browser.find_element(By.ID, "noVNC_password_input")
         await_true(field.is_displayed, "the question for the password")
         field.send_keys(password, Keys.ENTER)
 
-    def mean(self, point, size=6):
-        x, y = self.layout.device(point)
-        return self.browser.execute_script(MEAN, x - size // 2, y - size // 2, size, size)
+    def mean(self, point):
+        return self.browser.execute_script(MEAN, point[0] - 3, point[1] - 3, 6, 6)
 
-    # The houses of the four colours stand where they belong.
     def shows_board(self):
-        seen = [self.mean(self.layout.house(colour)) for colour in (1, 2, 3, 4)]
-        if None in seen:
-            return False
-        yellow, blue, red, green = seen
+        """Whether the houses of the four colours stand where they belong."""
+        yellow, blue, red, green = map(self.mean, (YELLOW, BLUE, RED, GREEN))
         return (min(yellow[:2]) > 100 > yellow[2] and blue[2] > 90 > blue[0]
                 and red[0] > 70 > red[1] and green[1] > 45 > green[0])
 
     def click(self, point):
         canvas = self.browser.find_element(By.CSS_SELECTOR, "#noVNC_container canvas")
-        x, y = self.layout.device(point)
         share = canvas.rect["width"] / SCREEN[0]
-        ActionChains(self.browser).move_to_element_with_offset(
-            canvas, round((x - SCREEN[0] / 2) * share), round((y - SCREEN[1] / 2) * share)).click().perform()
+        offset = (round((at - size / 2) * share) for at, size in zip(point, SCREEN))
+        ActionChains(self.browser).move_to_element_with_offset(canvas, *offset).click().perform()
 
     def key(self, key):
         ActionChains(self.browser).send_keys(key).perform()
 
 
-def game(folder):
-    try:
-        return inifile.from_bytes((folder / "ZORVA32.INI").read_bytes())[1]
-    except FileNotFoundError:
-        return None
+def play(page, file):
+    def moves():
+        """The moves of the game in progress: the settings take the first six lines of the file."""
+        return file.read_bytes().count(b"\r\n") - 6 if file.exists() else 0
 
-
-def play(page, folder):
-    await_true(lambda: any(page.mean((400, 300)) or ()), "a picture")
-    page.key(" ")  # the title
+    await_true(lambda: any(page.mean((400, 300))), "a picture")
+    page.key(" ")  # the splash window
     await_true(lambda: page.shows_board() and (page.key(" ") or True), "the board")
     print("the board is seen")
-    middle = (page.layout.width / 2, page.layout.height / 2)
-
-    def moves():
-        now = game(folder)
-        return now.moves if now and now.in_progress else 0
-
-    page.click(page.layout.button("new game"))
+    page.click(NEW_GAME)
     await_true(lambda: page.key(" ") or moves() >= 1, "a game")
     before = moves()
-    await_true(lambda: page.click(page.layout.house(3)) or moves() >= before + 2, "two moves more")
+    await_true(lambda: page.click(RED) or moves() >= before + 2, "two moves more")
     print("a game is played with clicks")
     page.key(Keys.ESCAPE)
     await_true(lambda: not page.shows_board(), "the hidden window")
-    # The button stands a little to the lower left of the middle.
-    await_true(lambda: page.click((middle[0] - 36, middle[1] + 32)) or page.shows_board(), "the window again")
+    await_true(lambda: page.click(SHOW_AGAIN) or page.shows_board(), "the window again")
     print("the hidden window comes back")
 
 
 def main(program):
-    with tempfile.TemporaryDirectory() as name:
-        folder = Path(name)
+    with tempfile.TemporaryDirectory() as folder:
         binary = shutil.copy2(program, folder)
         server = subprocess.Popen([ROOT / "tools/serve-browser", binary], stdout=subprocess.PIPE, text=True,
                                   env=dict(os.environ, ZORVA_SCREEN="%dx%d" % SCREEN))
         page = None
         try:
             address = re.search(r"http://127\.0\.0\.1:\S+", server.stdout.readline()).group()
-            password = server.stdout.readline().split()[-1]
-            page = Page(address, password)
-            play(page, folder)
+            page = Page(address, server.stdout.readline().split()[-1])
+            play(page, Path(folder) / "ZORVA32.INI")
         except Exception:
             if page:
                 page.browser.save_screenshot("browser.png")

@@ -1,7 +1,7 @@
-"""How a picture looks to a player who cannot tell some colours apart.
+"""How an image looks to players who cannot tell some colours apart.
 
-The matrices are those of Machado, Oliveira and Fernandes (2009) for the full deficiency; they apply
-to linear light.
+The matrices are those of Machado, Oliveira and Fernandes (2009) for the complete deficiency. They apply to linear
+light, so the stored values are converted before and after.
 """
 
 DEFICIENCIES = {
@@ -25,13 +25,13 @@ _LINEAR = [_linear(value) for value in range(256)]
 
 
 def colour_seen_by(kind, colour):
-    """What a colour (red, green, blue from 0 to 255) looks like."""
+    """The colour (red, green, blue; 0 to 255 each) that such a player sees."""
     light = [_LINEAR[value] for value in colour]
     return tuple(_stored(sum(share * part for share, part in zip(row, light))) for row in DEFICIENCIES[kind])
 
 
 def seen_by(kind, picture):
-    """A picture of the screen as it looks; the picture itself stays as it is."""
+    """A copy of a screenshot with the colours that such a player sees."""
     known = {}
     data = bytearray(picture._data)
     for at in range(picture._start, picture._start + picture.height * picture._row, 4):

@@ -131,9 +131,9 @@ TEST(PiecePlaces, OnAGoalAreNeverShared) {
             for (std::size_t count = 1; count <= 4; ++count) {
                 const PieceCode code = CodeOf(1, order[count - 1]);
                 state.PiecePosition[1][order[count - 1]] = 76;
-                auto& slots = state.SquareOccupants[76];
-                const auto free = std::find(slots.begin() + 1, slots.end(), 0);
-                if (free != slots.end()) *free = code;
+                auto& occupants = state.SquareOccupants[76];
+                const auto free = std::find(occupants.begin() + 1, occupants.end(), 0);
+                if (free != occupants.end()) *free = code;
                 std::set<std::pair<int, int>> taken;
                 for (std::size_t piece = 0; piece < count; ++piece) {
                     const Point at = PlaceOfPiece(layout, state, CodeOf(1, order[piece]));

@@ -159,7 +159,7 @@ TEST(BoardPicture, ShowsEachPieceAtItsPlace) {
         for (const char* position : positions) {
             SCOPED_TRACE(position);
             board.state = Position(position);
-            board.scene.TakeAllPieces();
+            board.scene.Clear();
             board.PutDownAll();
             for (const PieceCode code : AllPieces()) {
                 const QPoint at = board.Device(PlaceOfPiece(board.layout, board.state, code));
@@ -183,7 +183,7 @@ public:
         Look("the last move");
         board_.scene.ShowWinner(2);
         Look("the winner's display");
-        board_.scene.ShowWinner(0);
+        board_.scene.ShowTurn(0, 0);
         Look("the end");
     }
     int Looks() const { return looks_; }
@@ -199,20 +199,20 @@ public:
         board_.scene.PutDown(piece);
         if (chance_.Below(4) == 0) Look("putting down");
     }
-    void DrawDie(Colour colour, Short face) override {
-        if (face != 0) board_.scene.ShowTurn(board_.state.CurrentColour, 0);
-        board_.scene.ShowDie(colour, face, face != 0 && board_.state.DieValue == 0);
+    void ClearDice() override { board_.scene.ClearDice(); }
+    void DrawDie(Colour colour, Short face, DieIs how) override {
+        board_.scene.ShowDie(colour, face, how);
         if (chance_.Below(30) == 0) Look("a die");
     }
     void ShowChosenMove(PieceCode piece, Square from, Square to) override {
         board_.scene.ShowMove({piece, from, to});
         if (chance_.Below(4) == 0) Look("the chosen move");
     }
-    void EmptyBoard() override {
-        board_.scene.TakeAllPieces();
-        Look("emptying the board");
+    void RefreshBoard(PiecesShown pieces) override {
+        if (pieces == PiecesShown::OnTheirSquares) return board_.scene.Refresh();
+        board_.scene.Clear();
+        Look("clearing the board");
     }
-    void RefreshBoard() override { board_.scene.Refresh(); }
     MessageAnswer ShowMessage(std::string_view, std::string_view, Short, MessageButtons) override {
         return MessageAnswer::Accepted;
     }
@@ -275,8 +275,8 @@ private:
             [&](bool on) { scene.ShowMove(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowPreview(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowManualMode(on); },
-            [&](bool on) { on ? DragAndLetGo() : scene.ShowDie(3, 0, false); },
-            [&](bool on) { on ? scene.ShowDie(3, 6, false) : scene.ShowTurn(2, 10); },
+            [&](bool on) { on ? DragAndLetGo() : scene.ShowDie(3, 0, DieIs::AtRest); },
+            [&](bool on) { on ? scene.ShowDie(3, 6, DieIs::RollingBy) : scene.ShowTurn(2, 10); },
             [&](bool on) { scene.ShowTurn(on ? Colour{1} : board_.state.CurrentColour, on ? 20 : 0); },
         };
         if (chance_.Below(2) == 0) scene.ShowMovable(movable);

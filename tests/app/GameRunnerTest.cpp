@@ -118,6 +118,7 @@ TEST_F(RunnerTest, AContinuedGameGoesOnToItsEnd) {
     };
     state.GameInProgress = Yes;
     state.CurrentColour = 2;
+    state.MoveRecordCount = 2;
     runner.Continue();
     EXPECT_EQ(told, Told{"over"});
     EXPECT_EQ(waits, 5);

@@ -21,7 +21,7 @@ double ChiSquare(const std::vector<int>& counts, double expected) {
 class DiceByChance : public SilentOutside {
 public:
     Short RollFace() override { return chance_.Face(); }
-    void DrawDie(Colour, Short face) override { repeated += face == std::exchange(shown, face); }
+    void DrawDie(Colour, Short face, DieIs) override { repeated += face == std::exchange(shown, face); }
 
     Short shown = 0;
     int repeated = 0;  ///< faces that seemed not to turn

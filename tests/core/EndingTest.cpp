@@ -52,13 +52,14 @@ TEST(EndOfGame, CelebratesTellsAndOffersTheHistory) {
 
         Notes wanted{"sound 14", "pause 45"};
         for (int blink = 0; blink < 4; ++blink) {
-            wanted.insert(wanted.end(), {"winner 3 1", "pause 55", "winner 3 0", "pause 20"});
+            wanted.insert(wanted.end(), {"turn 3 won", "pause 55", "turn 3 over", "pause 20"});
         }
+        wanted.push_back("turn 3 won");
         wanted.push_back("message Final de la Partida|Puntos : 9.99\nHa ganado la partida Eva|2");
         wanted.push_back(
             "message Histórico de partidas jugadas|¿Se actualiza el Histórico de partidas?|1 yes/no");
         if (keep) wanted.push_back("keep 3 999");
-        wanted.push_back("refresh");
+        wanted.push_back("turn 3 over");
         EXPECT_EQ(outside.All(), wanted);
         EXPECT_EQ(state.GameInProgress, No);
         EXPECT_EQ(state.MoveRecordCount, 0);

@@ -9,20 +9,19 @@
 namespace zorva::test {
 namespace {
 
-/// Makes a record the current one: piece `piece` of the colour goes to a square.
+/// Writes record 1: piece `piece` of the colour goes to a square.
 void Prepare(GameState& state, Colour colour, Short piece, Square to) {
     MoveRecord record;
     record.MoverColour = colour;
     record.Piece = piece;
     record.From = piece == 0 ? Square{0} : state.PiecePosition[colour][piece];
     record.To = to;
-    state.MoveRecordCount = 1;
     state.MoveRecords[1] = record;
 }
 
 Notes Execute(GameState& state, ExecutionMode mode = ExecutionMode::Forward) {
     NotingOutside outside(state);
-    ExecuteMove({state, Settings{}, outside}, mode);
+    ExecuteMove({state, Settings{}, outside}, mode, 1);
     return outside.All();
 }
 

@@ -71,11 +71,11 @@ TEST(NewGame, SeatsThePiecesAsksAndAnnouncesWhoBegins) {
     NotingOutside outside(state, {4});
     // The throw of the draw is the only one: the game stops where its first throw would be awaited.
     EXPECT_EQ(StartGame({state, settings, outside}), StartOutcome::Played);
-    Notes wanted{"log Inicio de la partida", "die 1 0", "die 2 0", "die 3 0", "die 4 0", "empty"};
+    Notes wanted{"log Inicio de la partida", "clear", "empty"};
     for (const char* piece : {"put 21 0", "put 22 0", "put 23 0", "put 24 0"}) {
         wanted.insert(wanted.end(), {piece, "sound 7", "pause 15"});
     }
-    wanted.insert(wanted.end(), {"pause 30", question, "pause 90"});
+    wanted.insert(wanted.end(), {"pause 30", question, "turn 0 draw", "pause 90", "turn 2 draw"});
     const Notes& seen = outside.All();
     ASSERT_GT(seen.size(), wanted.size());
     EXPECT_EQ(Notes(seen.begin(), seen.begin() + static_cast<long>(wanted.size())), wanted);
@@ -99,6 +99,39 @@ TEST(NewGame, LeavesThePiecesInTheirBoxesWhenItIsCancelled) {
     EXPECT_EQ(state.PiecesInBox, (PerColour<Short>{0, 4, 4, 4, 4}));
     EXPECT_EQ(SlotsText(state, 30), "0 0 0");
     EXPECT_EQ(SlotsText(state, GoalSquare[1]), "0 0 13");  // the third slot is left alone
+}
+
+TEST(ContinuedGame, PutsThePiecesDownAndGoesOnWithTheUnfinishedMove) {
+    const struct {
+        const char* name;
+        MoveRecord last;
+        const char* next;
+    } rows[] = {
+        {"a throw", {1, 0, 3, 3, 1, 7, 10, 0, No, 0, Yes}, "turn 1 throws"},
+        {"a bonus for a capture", {3, 1, 0, 0, 1, 10, 0, 0, No, 1, No}, "turn 1 capture"},
+        {"none off an exit square", {3, 1, 0, 0, 1, 5, 0, 0, No, 1, No}, "turn 1 throws"},
+        {"a bonus for an arrival", {1, 0, 1, 1, 2, 75, 76, 0, No, 0, Yes}, "turn 1 arrival"},
+        {"none by hand", {1, 0, 0, 0, 2, 60, 76, 0, Yes, 0, Yes}, "turn 1 throws"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        Settings settings;
+        settings.PlayerActive = {0, 1, 2, 1, 2};
+        settings.PauseBetweenMoves = 2;
+        GameState state = Position("1:10 76 0 0");
+        state.GameInProgress = state.RepeatTurn = Yes;
+        state.CurrentColour = 1;
+        state.MoveRecords[1] = row.last;
+        state.MoveRecordCount = 2;
+        NotingOutside outside(state);
+        ContinueGame({state, settings, outside});
+        EXPECT_EQ(outside.Only({"turn"}).at(0), row.next);
+        EXPECT_EQ(state.MoveRecordCount, 2 + (row.next[7] == 't' ? 0 : 1)) << "bonus moves are made";
+        const Notes pieces = outside.Only({"put"});
+        EXPECT_EQ(Notes(pieces.begin(), pieces.begin() + 8),
+                  (Notes{"put 11 10", "put 12 76", "put 13 0", "put 14 0", "put 31 0", "put 32 0",
+                         "put 33 0", "put 34 0"}));
+    }
 }
 
 }  // namespace

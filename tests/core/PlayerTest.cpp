@@ -122,8 +122,7 @@ TEST(SquareValue, WeighsAttackAgainstRisk) {
     for (const ValueRow& row : valueRows) {
         const GameState state = OnTurn(row.position, ColourOf(row.piece), 0, row.sixValue);
         const double value = row.attack / 447.0 - row.threats * row.perThreat / 984.0;
-        EXPECT_DOUBLE_EQ(SquareValue(state, ColourOf(row.piece), row.piece, row.square), value)
-            << row.name;
+        EXPECT_DOUBLE_EQ(SquareValue(state, row.piece, row.square), value) << row.name;
     }
 }
 

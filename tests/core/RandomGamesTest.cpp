@@ -10,7 +10,6 @@
 #include "core/Consistency.h"
 #include "core/Execution.h"
 #include "core/Rules.h"
-#include "store/SavedGame.h"
 #include "store/SettingsFile.h"
 #include "tests/support/RandomGame.h"
 
@@ -107,8 +106,7 @@ private:
         if (loaded->settings != kind_.settings) return "has other settings:" + where;
         if (SettingsText(loaded->settings, loaded->state) != text)
             return "is written otherwise:" + where;
-        PrepareToContinue(loaded->state);
-        PlayOnRandomGame(loaded->state, kind_, chanceThere_);
+        ContinueRandomGame(loaded->state, kind_, chanceThere_);
         return EndsAsHere(loaded->state) ? "" : "ends otherwise:" + where;
     }
 
@@ -120,17 +118,12 @@ private:
     }
 
     void Redo(Short move, ExecutionMode mode, Short position) {
-        SilentFaces silent;
-        state_.MoveRecordCount = move;
-        ExecuteMove({state_, kind_.settings, silent}, mode);
+        SilentOutside silent;
+        ExecuteMove({state_, kind_.settings, silent}, mode, move);
         if (!problem_.empty() || Tables(state_) == before_[position]) return;
         problem_ = (mode == ExecutionMode::Backward ? "taking back move " : "repeating move ") +
                    std::to_string(move) + " leads to another position";
     }
-
-    class SilentFaces : public SilentOutside {
-        Short RollFace() override { return 1; }
-    };
 
     Chance chance_;
     Chance choice_;

@@ -38,11 +38,11 @@ public:
     std::map<Short, GameState> beginnings;  ///< of moves: as it stood when the throw was awaited
     std::map<Short, GameState> before;      ///< ... and right before the record
 
-    GameContext AsTable() { return {state, kind.settings, *this}; }
+    GameContext AsGame() { return {state, kind.settings, *this}; }
 
     void Play() {
-        ResetGame(AsTable());
-        PlayFrom(AsTable(), kind.first);
+        ResetGame(AsGame());
+        PlayFrom(AsGame(), kind.first);
     }
 
     /// Goes on from a wait for a throw.
@@ -50,7 +50,7 @@ public:
         state = beginning;
         --state.MoveRecordCount;
         state.RepeatTurn = Yes;  // the colour on turn is chosen already
-        RunTurns(AsTable());
+        RunTurns(AsGame());
     }
 
     void PositionReached() override {
@@ -104,7 +104,7 @@ public:
 
     void Run(Chance& chance) {
         if (!CanSwitchOn(game_.state, recorder_)) return;
-        RecorderSwitchOn(game_.AsTable(), recorder_);
+        RecorderSwitchOn(game_.AsGame(), recorder_);
         EXPECT_EQ(game_.selected, live_.MoveRecordCount - 1);
         for (int times = 0; times < 2; ++times) {
             while (CanStepBack(game_.state, recorder_)) StepAndLook(StepBack);
@@ -117,7 +117,7 @@ public:
              --left) {
             StepAndLook(StepBack);
         }
-        RecorderSwitchOff(game_.AsTable(), recorder_);
+        RecorderSwitchOff(game_.AsGame(), recorder_);
         EXPECT_EQ(Bare(game_.state), Bare(live_));
         EXPECT_EQ(game_.log, log_);
         EXPECT_EQ(game_.selected, -1);
@@ -126,7 +126,7 @@ public:
 
 private:
     void StepAndLook(void (*step)(const GameContext&, RecorderState&)) {
-        step(game_.AsTable(), recorder_);
+        step(game_.AsGame(), recorder_);
         const Short position = game_.state.MoveRecordCount;
         const bool atEnd = position == live_.MoveRecordCount;
         const GameState& wanted = atEnd ? live_ : game_.before[position];
@@ -175,14 +175,14 @@ void RestoreAndCompare(std::uint64_t number, std::size_t& insideTurns) {
         RecorderState recorder;
         const bool done = beginning.MoveRecordCount != 0;
         if (done || live.state.MoveRecordCount < at || !CanSwitchOn(live.state, recorder)) return;
-        RecorderSwitchOn(live.AsTable(), recorder);
+        RecorderSwitchOn(live.AsGame(), recorder);
         for (std::uint32_t steps = 1 + recording.Below(8); steps > 0; --steps) {
-            StepBack(live.AsTable(), recorder);
+            StepBack(live.AsGame(), recorder);
         }
         const Short wanted = live.state.MoveRecordCount;
         const std::vector<MoveRecord> tape = live.state.MoveRecords;
         const int told = live.positionsReached;
-        RestorePosition(live.AsTable(), recorder);
+        RestorePosition(live.AsGame(), recorder);
         EXPECT_EQ(live.positionsReached, told + 1) << "the game is to be kept as it stands now";
         const Short restored = live.state.MoveRecordCount;
         insideTurns += restored < wanted;
@@ -262,7 +262,7 @@ TEST(Recorder, GoesBackToTheBeginningOfATurn) {
         EXPECT_EQ(state.RepeatTurn, row.sixes != 0 ? Yes : No);
         EXPECT_EQ(state.MoveRecords[row.restored], MoveRecord{}) << "not forgotten";
         EXPECT_EQ(outside.Only({"die"}).back(),
-                  "die " + std::to_string(row.colour) + (row.sixes != 0 ? " 6" : " 5"));
+                  "die " + std::to_string(row.colour) + (row.sixes != 0 ? " 6 ready" : " 5 ready"));
         EXPECT_EQ(StateProblem(state), "");
         EXPECT_TRUE(outside.inputs.empty());
     }

@@ -56,8 +56,8 @@ constexpr KindRow kindRows[] = {
     {"so does an arrival's", {0, 10, 0, 0, 0, 0, 0}, "3,0,0,10,2,40,44,0,0,0,0"},
     {"the first of two pieces out", {5, 5, 0, 1, 0, 0, 0}, "3,0,5,5,2,40,44,0,0,0,-1"},
     {"the second, though a capture took the die", {0, 0, 0, 2, 0, 0, 0}, "3,0,5,5,2,40,44,0,0,0,0"},
-    {"a captured piece's way home", {0, 0, 1, 0, 1, 4, 0}, "4,3,0,0,2,40,44,1,0,1,0"},
-    {"even while a second piece is due", {0, 0, 0, 1, 2, 4, 0}, "4,3,0,0,2,40,44,0,0,1,0"},
+    {"a captured piece's return", {0, 0, 1, 0, 1, 4, 0}, "4,3,0,0,2,40,0,1,0,1,0"},
+    {"even while a second piece is due", {0, 0, 0, 1, 2, 4, 0}, "4,3,0,0,2,40,0,0,0,1,0"},
     {"a displacement of the colour on turn", {0, 0, 0, 0, 0, 0, 3}, "3,0,0,0,2,40,44,0,-1,0,-1"},
     {"of another colour's piece", {0, 0, 1, 0, 0, 0, 1}, "3,1,0,0,2,40,44,1,-1,0,-1"},
     {"a displacement is never a second piece", {0, 0, 0, 2, 0, 0, 3}, "3,0,0,0,2,40,44,0,-1,0,-1"},
@@ -93,8 +93,7 @@ TEST(Log, IsBuiltAgainFromTheRecords) {
         state.MoveRecords[state.MoveRecordCount] = Record(colour, 3, 0, 0, 0);
     }
     NotingOutside outside(state);
-    RebuildLog({state, Settings{}, outside});
-    // The third record is the unfinished move.
+    RebuildLog({state, Settings{}, outside}, 2);
     EXPECT_EQ(outside.All(), (Notes{"log Inicio de partida", "log   1 Azul pasa", "log   2 Rojo pasa"}));
 }
 

@@ -170,16 +170,15 @@ TEST(Turns, ShowAndSoundAThrow) {
     GameState state = Position("4:60 0 0 0");
     NotingOutside outside(state, {3});
     PlayFrom({state, PlainSettings(), outside}, 4);
-    const Notes wanted{
-        "die 1 0",  "die 2 0",  "die 3 0",  "die 4 0", "pause 15",  // the game begins
-        "die 4 5",  "sound 5",                                      // the throw is offered
-        "sound 17", "die 4 5",  "pause 9",  "die 4 4", "pause 8",  "sound 17",
-        "die 4 5",  "pause 7",  // and rolls
-        "die 4 4",  "pause 6",  "sound 18", "die 4 5", "pause 5",  "die 4 4",
-        "pause 4",  "sound 19", "die 4 5",  "pause 3", "die 4 4",  "pause 2",
-        "die 4 5",  "pause 1",  "die 4 3",  "pause 0", "pause 15", "show 41 60 63",  // the move
-    };
-    const Notes seen = outside.Only({"die", "pause", "sound", "show"});
+    Notes wanted{"clear", "pause 15", "turn 4 throws", "die 4 5 ready", "sound 5"};
+    constexpr int sounds[] = {17, 0, 17, 0, 18, 0, 19, 0, 0};
+    for (int roll = 1; roll <= 9; ++roll) {
+        if (sounds[roll - 1] != 0) wanted.push_back("sound " + std::to_string(sounds[roll - 1]));
+        wanted.push_back(roll % 2 == 1 ? "die 4 5 rolls" : "die 4 4 rolls");
+        wanted.push_back("pause " + std::to_string(10 - roll));
+    }
+    wanted.insert(wanted.end(), {"die 4 3 thrown", "pause 0", "pause 15", "show 41 60 63"});
+    const Notes seen = outside.Only({"die", "clear", "turn", "pause", "sound", "show"});
     ASSERT_GE(seen.size(), wanted.size());
     EXPECT_EQ(Notes(seen.begin(), seen.begin() + static_cast<long>(wanted.size())), wanted);
 }
@@ -206,9 +205,9 @@ TEST(Turns, LeaveASixOnTheTableForTheThrowThatFollows) {
             GameState state = Position(position);
             NotingOutside outside(state, {thrown});
             PlayFrom({state, PlainSettings(), outside}, 1);
-            const Notes dice = outside.Only({"die"});
-            EXPECT_EQ(std::count(dice.begin(), dice.end(), "die 3 0"), thrown == 6 ? 1 : 2);
-            EXPECT_EQ(dice.back(), thrown == 6 ? "die 1 6" : "die 2 5");
+            const Notes dice = outside.Only({"die", "clear"});
+            EXPECT_EQ(std::count(dice.begin(), dice.end(), "clear"), thrown == 6 ? 1 : 2);
+            EXPECT_EQ(dice.back(), thrown == 6 ? "die 1 6 ready" : "die 2 5 ready");
         }
     }
 }

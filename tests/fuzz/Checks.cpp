@@ -1,33 +1,25 @@
 #include "tests/fuzz/Checks.h"
 
-#include <cstdio>
-
 #include "core/Consistency.h"
 #include "core/DecidedThrows.h"
 #include "core/Execution.h"
+#include "core/GameStart.h"
 #include "core/Turns.h"
 #include "engine/Chance.h"
-#include "store/SavedGame.h"
 
 namespace zorva::fuzz {
 namespace {
 
 constexpr Short movesPlayedOn = 25;
 
-class NoThrows : public SilentOutside {
-    Short RollFace() override { Fatal("nothing is thrown here"); }
-};
-
-/// Players who throw and take the advised move, and stop after a while.
+/// Persons who throw, take the advised move and stop after some moves.
 class Players : public DecidedThrows {
 public:
     Players(GameState& state, std::uint64_t seed)
         : state_(state), chance_(seed), last_(state.MoveRecordCount + movesPlayedOn) {}
 
-    bool IsWatched() const override { return false; }
-
     void PositionReached() override {
-        InsistOnSoundTables(state_);
+        RequireSoundTables(state_);
         if (state_.MoveRecordCount > last_) state_.GameInProgress = No;
     }
 
@@ -52,34 +44,42 @@ bool HaveSameTables(const GameState& one, const GameState& other) {
 
 }  // namespace
 
-void InsistOnSoundTables(const GameState& state) {
+void RequireSoundTables(const GameState& state) {
     if (state.CaptureReport != 0) return;
     const std::string problem = StateProblem(state);
     Require(problem.empty(), problem.c_str());
 }
 
-void InsistOnWayBack(GameState state) {
+void RequireWayBack(GameState state) {
     const Settings settings;
-    NoThrows silent;
+    SilentOutside silent;
     const GameState before = state;
     const auto moves = static_cast<Short>(state.MoveRecordCount - 1);
     for (Short move = moves; move >= 1; --move) {
-        state.MoveRecordCount = move;
-        ExecuteMove({state, settings, silent}, ExecutionMode::Backward);
+        ExecuteMove({state, settings, silent}, ExecutionMode::Backward, move);
     }
     Require(state.PiecesInBox == GameState{}.PiecesInBox, "a piece is out before the first move");
-    InsistOnSoundTables(state);
+    RequireSoundTables(state);
     for (Short move = 1; move <= moves; ++move) {
-        state.MoveRecordCount = move;
-        ExecuteMove({state, settings, silent}, ExecutionMode::Forward);
+        ExecuteMove({state, settings, silent}, ExecutionMode::Forward, move);
     }
     Require(HaveSameTables(state, before), "back and forward leads elsewhere");
 }
 
-void InsistOnGoingOn(GameState state, const Settings& settings, std::uint64_t seed) {
-    PrepareToContinue(state);
+SettingsContent RequireReadable(const SettingsContent& content) {
+    const std::string text = SettingsText(content.settings, content.state);
+    const SettingsReading reading = ReadSettings(text);
+    const auto* loaded = std::get_if<SettingsContent>(&reading);
+    Require(loaded != nullptr, "what the game wrote is refused");
+    Require(SettingsText(loaded->settings, loaded->state) == text, "written again it differs");
+    return *loaded;
+}
+
+void RequirePlayable(const SettingsContent& content, std::uint64_t seed) {
+    RequireWayBack(content.state);
+    GameState state = content.state;
     Players players(state, seed);
-    RunTurns({state, settings, players});
+    ContinueGame({state, content.settings, players});
 }
 
 }  // namespace zorva::fuzz

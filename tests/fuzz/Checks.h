@@ -4,24 +4,27 @@
 #include <cstdint>
 #include <string_view>
 
-#include "core/GameState.h"
+#include "store/SettingsFile.h"
 
 namespace zorva::fuzz {
 
-/// What the fuzzer made up, as bytes of a file.
+/// The fuzzer's input as the bytes of a file.
 inline std::string_view AsBytes(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
 }
 
-// Whatever does not hold stops the program, which the fuzzer reports with the bytes that did it.
+// Each of these stops the program unless its sentence holds. The fuzzer then reports the input.
 
-/// The tables are sound, unless a captured piece is still on its way home.
-void InsistOnSoundTables(const GameState& state);
+/// The tables agree with one another, unless a captured piece is still to be sent home.
+void RequireSoundTables(const GameState& state);
 
-/// All moves of the game, made forwards by now, can be taken back to the boxes and made again.
-void InsistOnWayBack(GameState state);
+/// All moves of the game can be taken back to the start and made again.
+void RequireWayBack(GameState state);
 
-/// A game in progress that was loaded can be played on for some moves.
-void InsistOnGoingOn(GameState state, const Settings& settings, std::uint64_t seed);
+/// The content can be written and read again, and then gives the same text. Returns what was read.
+SettingsContent RequireReadable(const SettingsContent& content);
+
+/// The game can be taken back, and after loading the computer can continue it for some moves.
+void RequirePlayable(const SettingsContent& content, std::uint64_t seed);
 
 }  // namespace zorva::fuzz

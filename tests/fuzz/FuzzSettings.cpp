@@ -1,5 +1,5 @@
-// Any bytes as the settings file: refused with a number, or a game that can be played, taken back,
-// written and read again as the same.
+// Feeds any bytes to the reader of the settings file. It must refuse them with a number or return a game
+// that can be played, taken back, written and read again.
 
 #include <cstring>
 #include <functional>
@@ -14,8 +14,8 @@ namespace {
 
 using namespace zorva;
 
-// A file is nearly all digits and blanks: changing one into another keeps its form, which the
-// fuzzer's own changes mostly break.
+// A settings file consists mostly of digits and blanks. Exchanging one for another keeps its form, which
+// the fuzzer's own changes mostly break.
 void ChangeDigits(std::uint8_t* data, std::size_t size, Chance& chance) {
     for (std::uint32_t times = 1 + chance.Below(4), tries = 0; times > 0 && tries < 1000; ++tries) {
         std::uint8_t& byte = data[(chance.Next() >> 1) % size];
@@ -43,15 +43,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     SettingsContent content = std::get<SettingsContent>(reading);
-    fuzz::InsistOnSoundTables(content.state);
-    content.state.RepeatTurn = Yes;  // it is always written so
-    const std::string text = SettingsText(content.settings, content.state);
-    const SettingsReading again = ReadSettings(text);
-    const auto* same = std::get_if<SettingsContent>(&again);
-    Require(same != nullptr && *same == content, "written and read it is another");
-    Require(SettingsText(same->settings, same->state) == text, "written twice it differs");
-    if (!content.state.GameInProgress) return 0;
-    fuzz::InsistOnWayBack(content.state);
-    fuzz::InsistOnGoingOn(content.state, content.settings, std::hash<std::string_view>{}(bytes));
+    fuzz::RequireSoundTables(content.state);
+    content.state.RepeatTurn = Yes;  // the file always says so
+    Require(fuzz::RequireReadable(content) == content, "written and read it is another");
+    if (content.state.GameInProgress) {
+        fuzz::RequirePlayable(content, std::hash<std::string_view>{}(bytes));
+    }
     return 0;
 }

@@ -1,4 +1,4 @@
-"""Looks whether programs were built so that a mistake in the code is hard to turn against the player.
+"""Checks that programs were built with the protections of cmake/Hardening.cmake.
 
 Usage: check.py PROGRAM...
 """
@@ -36,11 +36,11 @@ def problems_of(program):
 
 
 def problems_of_code(code):
-    """What only the machine code tells: on x86-64 alone."""
+    """What can be seen only in the machine code; for x86-64."""
     functions = re.findall(r"^[0-9a-f]+ <_Z(?:N5zorva\w*|\w*5zorva\w*)>:\n\s*[0-9a-f]+:\t(\w+)", code, re.M)
     if len(functions) < 20:
         yield "has no functions of ours"
-    # Those that are only called directly may go without; the compiler leaves it out there.
+    # The compiler leaves the mark out of functions that are only called directly, hence the half.
     if functions.count("endbr64") < len(functions) / 2:
         yield "does not mark where it may be jumped to"
 

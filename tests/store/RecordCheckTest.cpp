@@ -11,10 +11,6 @@
 namespace zorva::test {
 namespace {
 
-class NoThrows : public SilentOutside {
-    Short RollFace() override { Fatal("nothing is thrown here"); }
-};
-
 // A record as a line of the file has it.
 MoveRecord RecordOf(const std::string& line) {
     const auto number = [&line](std::size_t at, std::size_t width) {
@@ -33,8 +29,8 @@ public:
     void Play(const std::string& line) {
         ASSERT_TRUE(Takes(line)) << line;
         state_.MoveRecords[++state_.MoveRecordCount] = RecordOf(line);
-        NoThrows silent;
-        ExecuteMove({state_, settings_, silent}, ExecutionMode::Forward);
+        SilentOutside silent;
+        ExecuteMove({state_, settings_, silent}, ExecutionMode::Forward, state_.MoveRecordCount);
     }
 
 private:

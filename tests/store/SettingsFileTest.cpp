@@ -23,7 +23,7 @@ const std::string firstStart =
     "4,0,0,0,0,0,\"Verde\",50,1,1\r\n" +
     emptyBoard + "0,0,0,-1,0,1,1,2,1,1,2,1,1,1,50\r\n";
 
-// Yellow has brought out two pieces with a five, red is to throw after its first six.
+// Yellow has brought out two pieces with a five; red throws again after its first six.
 std::string SmallGame() {
     std::string board = Repeated(" 0", 300);
     board.replace(2 * (3 * (5 - 1)), 4, "1112");
@@ -43,29 +43,23 @@ std::string SmallGame() {
            "\"306 61  0 451001\"\r\n";
 }
 
+// Throws, and so fails the test, when the bytes are refused.
 SettingsContent Loaded(const std::string& bytes) {
-    const SettingsReading reading = ReadSettings(bytes);
-    if (const auto* error = std::get_if<FileError>(&reading)) {
-        ADD_FAILURE() << "refused with " << static_cast<int>(*error) << "\n" << bytes;
-        return {};
-    }
-    return std::get<SettingsContent>(reading);
+    return std::get<SettingsContent>(ReadSettings(bytes));
 }
 
-// The number of the refusal, 0 for a file that is good.
+// The number of the refusal, 0 for a good file.
 int ErrorOf(const std::string& bytes) {
     const SettingsReading reading = ReadSettings(bytes);
-    const auto* error = std::get_if<FileError>(&reading);
-    return error == nullptr ? 0 : static_cast<int>(*error);
+    return reading.index() == 0 ? 0 : static_cast<int>(std::get<FileError>(reading));
 }
 
+// Throws when `what` is not in the text.
 std::string Replaced(std::string text, const std::string& what, const std::string& with) {
-    const std::size_t at = text.find(what);
-    if (at == std::string::npos) ADD_FAILURE() << "no " << what << " in the file";
-    return at == std::string::npos ? text : text.replace(at, what.size(), with);
+    return text.replace(text.find(what), what.size(), with);
 }
 
-// With that in the slots of yellow's goal.
+// The text with `slots` as the three cells of yellow's goal.
 std::string OnGoal(std::string text, const char* slots) {
     const std::size_t board = text.find("\" 0 0") + 1;
     return text.replace(board + 2 * (3 * (GoalSquare[1] - 1)), 6, slots);
@@ -73,17 +67,34 @@ std::string OnGoal(std::string text, const char* slots) {
 
 TEST(SettingsFile, OfAFirstStart) {
     EXPECT_EQ(SettingsText(Settings{}, GameState{}), firstStart);
-    const SettingsContent content = Loaded(firstStart);
-    EXPECT_EQ(content.settings, Settings{});
-    EXPECT_EQ(content.state.GameInProgress, No);
+    EXPECT_EQ(Loaded(firstStart).settings, Settings{});
+    EXPECT_EQ(Loaded(firstStart).state.GameInProgress, No);
+}
+
+TEST(SettingsFile, EachChoiceHasItsPlace) {
+    constexpr Short Settings::*inOrder[] = {&Settings::PauseBetweenMoves, &Settings::Tutor,
+                                            &Settings::PlayOrder,         &Settings::SoundOn,
+                                            &Settings::ButtonInfo,        &Settings::RuleSixAllOut,
+                                            &Settings::RuleLeaveAllInBox, &Settings::RuleFiveAllInBox,
+                                            &Settings::RuleFiveSomeInBox};
+    std::size_t at = firstStart.rfind("-1,0,") + 5;
+    for (Short Settings::*const choice : inOrder) {
+        Settings settings;
+        settings.*choice = static_cast<Short>(3 - settings.*choice);
+        std::string text = firstStart;
+        text[at] = text[at] == '1' ? '2' : '1';
+        EXPECT_EQ(SettingsText(settings, {}), text) << at;
+        EXPECT_EQ(Loaded(text).settings, settings) << at;
+        at += 2;
+    }
 }
 
 TEST(SettingsFile, OfAGame) {
     const SettingsContent content = Loaded(SmallGame());
-    EXPECT_EQ(content.settings.PlayerName[1], "Begoña");
-    EXPECT_EQ(content.settings.PlayerName[3], "a,b");
+    EXPECT_EQ(content.settings.PlayerName, (PerColour<std::string>{"", "Begoña", "Azul", "a,b", " x "}));
+    EXPECT_EQ(content.settings.PlayerLevel, (PerColour<Short>{0, 100, 0, 7, 50}));
+    EXPECT_EQ(content.settings.PlayerType[1], 2);
     EXPECT_EQ(content.settings.PlayerActive, (PerColour<Short>{0, 1, 2, 1, 2}));
-    EXPECT_EQ(content.settings.RuleFiveSomeInBox, 2);
     const GameState& state = content.state;
     EXPECT_EQ(state.GameInProgress, Yes);
     EXPECT_EQ(state.MoveRecordCount, 5);
@@ -91,26 +102,19 @@ TEST(SettingsFile, OfAGame) {
     EXPECT_EQ(state.SixesInRow, 1);
     EXPECT_EQ(state.PlayDirection, -1);
     EXPECT_EQ(state.SixValue, 7);
-    EXPECT_EQ(state.SquareOccupants[5][2], 12);
     EXPECT_EQ(state.MoveRecords[2], (MoveRecord{1, 0, 5, 5, 2, 0, 5, 0, No, 0, No}));
     EXPECT_EQ(state.MoveRecords[4], (MoveRecord{3, 0, 6, 6, 1, 0, 45, 1, No, 0, Yes}));
     EXPECT_EQ(SettingsText(content.settings, state), SmallGame());
 }
 
-TEST(SettingsFile, WritesConditionsWithoutChangingTheGame) {
-    GameState state;
-    state.GameInProgress = Yes;
-    state.CurrentColour = 2;
-    state.MoveRecordCount = 1;
-    EXPECT_NE(SettingsText({}, state).find("\r\n0,1,2,-1,0,"), std::string::npos)
-        << "a game whose first move is not made is not kept";
-    state = Loaded(SmallGame()).state;
+TEST(SettingsFile, WritesWhatAContinuedGameNeeds) {
+    GameState state = Loaded(SmallGame()).state;
     state.RepeatTurn = No;
-    EXPECT_NE(SettingsText({}, state).find("\r\n-1,5,3,-1,1,"), std::string::npos)
-        << "the colour on turn is to throw";
     state.MoveRecords[1].Count = 123;
-    EXPECT_NE(SettingsText({}, state).find("\"1051231  0  50001\"\r\n"), std::string::npos)
-        << "a longer value is written whole";
+    const std::string text = SettingsText({}, state);
+    EXPECT_NE(text.find("\r\n-1,5,3,-1,1,"), std::string::npos) << "the colour on turn is to throw";
+    EXPECT_NE(text.find("\"1051231  0  50001\"\r\n"), std::string::npos)
+        << "a long value is written whole";
 }
 
 TEST(SettingsFile, ANameNeverBreaksTheFile) {
@@ -149,60 +153,57 @@ TEST(SettingsFile, IsGoodWithSmallLiberties) {
         << "a game without a move";
     const std::string nobody =
         Replaced(Replaced(SmallGame(), ",100,2,1", ",100,2,2"), ",7,1,1", ",7,1,2");
-    EXPECT_EQ(Loaded(nobody).settings.PlayerActive, Settings{}.PlayerActive)
-        << "a game that nobody plays, and in which nobody could be switched on";
+    EXPECT_EQ(Loaded(nobody).settings.PlayerActive, Settings{}.PlayerActive) << "no colour takes part";
 }
 
 TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
-    const std::string game = SmallGame();
     struct Row {
-        const char* name;
-        std::string bytes;
+        const char *name, *good, *damaged;
         int error;
     };
-    const Row rows[] = {
-        {"an empty file", "", 62},
-        {"more moves than can be counted on from",
-         Replaced(firstStart, "0,0,0,-1", "-1,32767,1,-1") + Repeated("\"101 10  0  00001\"\r\n", 32766),
-         9},
-        {"cut off inside a number", "4,0,", 62},
-        {"cut off inside a name", "4,0,0,0,0,0,\"Ama", 62},
-        {"the last record is missing", game.substr(0, game.size() - 20), 62},
-        {"more records promised than there are", Replaced(game, "-1,5,", "-1,6,"), 62},
-        {"a word for a number", Replaced(game, "100,2,1", "cien,2,1"), 13},
-        {"a fraction", Replaced(game, "100,2,1", "1.5,2,1"), 13},
-        {"a number for a name", Replaced(game, "\"Azul\"", "7"), 13},
-        {"a quote inside a name", Replaced(game, "\"Azul\"", "\"A\"zul\""), 13},
-        {"a control character in a name", Replaced(game, "\"Azul\"", "\"A\x01zul\""), 13},
-        {"a field too many", Replaced(game, ",0,1,2\r\n3,", ",0,1,2,1\r\n3,"), 13},
-        {"the board is a cell short", Replaced(game, "1112 0", "1112"), 13},
-        {"a letter on the board", Replaced(game, "1112 0", "1112 x"), 13},
-        {"a record is too short", Replaced(game, "\"301 10", "\"301 1"), 13},
-        {"a number beyond sixteen bits", Replaced(game, "100,2,1", "32768,2,1"), 6},
-        {"a level of 101", Replaced(game, "100,2,1", "101,2,1"), 9},
-        {"a third type of player", Replaced(game, "100,2,1", "100,3,1"), 9},
-        {"a choice of 0", Replaced(game, "1,2,1,1,2,1", "1,0,1,1,2,1"), 9},
-        {"a square 101", Replaced(game, "2,0,5,5,", "2,0,5,101,"), 9},
-        {"a name of ten letters", Replaced(game, "Azul", "1234567890"), 9},
-        {"five colours", Replaced(game, "-1,5,3,", "-1,5,5,"), 9},
-        {"no colour on turn in a game", Replaced(game, "-1,5,3,-1,1", "-1,5,0,-1,0"), 9},
-        {"another colour on turn after its six", Replaced(game, "-1,5,3,", "-1,5,1,"), 9},
-        {"a turn that goes on and does not", Replaced(game, "-1,5,3,-1,1", "-1,5,3,0,1"), 9},
-        {"more sixes than the last record says", Replaced(game, "-1,5,3,-1,1", "-1,5,3,-1,2"), 9},
-        {"one record more than promised", game + "\"301 10  0  00001\"\r\n", 9},
-        {"one record less promised", Replaced(game, "-1,5,", "-1,4,"), 9},
-        {"the box disagrees with the positions", Replaced(game, "2,0,5,5,", "1,0,5,5,"), 9},
-        {"a piece where the board has none", Replaced(game, "3,0,45,", "3,0,46,"), 9},
-        {"a piece on the board twice", Replaced(game, "31 0 0", "31 031"), 9},
-        {"a code that no piece has", Replaced(game, "31 0 0", "35 0 0"), 9},
-        {"the second slot filled before the first", Replaced(game, "31 0 0", " 031 0"), 9},
-        {"the pieces of a square in the other order", Replaced(game, "1112", "1211"), 9},
-        {"a record against the rules", Replaced(game, "\"301 10", "\"305 50"), 9},
-        {"records that lead elsewhere", Replaced(game, "1  0 451001", "2  0 451001"), 9},
-        {"a gap on a goal", OnGoal(Replaced(firstStart, "4,0,0,0,", "2,2,76,76,"), "11 012"), 9},
-        {"a rival's piece left on a goal", OnGoal(game, " 0 021"), 9},
+    constexpr Row rows[] = {
+        {"a word for a number", "100,2,1", "cien,2,1", 13},
+        {"a number for a name", "\"Azul\"", "7", 13},
+        {"a quote inside a name", "\"Azul\"", "\"A\"zul\"", 13},
+        {"a control character in a name", "\"Azul\"", "\"A\x01zul\"", 13},
+        {"a field too many", ",0,1,2\r\n3,", ",0,1,2,1\r\n3,", 13},
+        {"the board is a cell short", "1112 0", "1112", 13},
+        {"a record is too short", "\"301 10", "\"301 1", 13},
+        {"a number beyond sixteen bits", "100,2,1", "32768,2,1", 6},
+        {"a level of 101", "100,2,1", "101,2,1", 9},
+        {"a third type of player", "100,2,1", "100,3,1", 9},
+        {"a choice of 0", "1,2,1,1,2,1", "1,0,1,1,2,1", 9},
+        {"a square 101", "2,0,5,5,", "2,0,5,101,", 9},
+        {"a name of ten letters", "Azul", "1234567890", 9},
+        {"five colours", "-1,5,3,", "-1,5,5,", 9},
+        {"no colour on turn in a game", "-1,5,3,-1,1", "-1,5,0,-1,0", 9},
+        {"another colour on turn after its six", "-1,5,3,", "-1,5,1,", 9},
+        {"a turn that goes on and does not", "-1,5,3,-1,1", "-1,5,3,0,1", 9},
+        {"more sixes than the last record says", "-1,5,3,-1,1", "-1,5,3,-1,2", 9},
+        {"one record less promised", "-1,5,", "-1,4,", 9},
+        {"the box disagrees with the positions", "2,0,5,5,", "1,0,5,5,", 9},
+        {"a piece where the board has none", "3,0,45,", "3,0,46,", 9},
+        {"a piece on the board twice", "31 0 0", "31 031", 9},
+        {"a code that no piece has", "31 0 0", "35 0 0", 9},
+        {"the second slot filled before the first", "31 0 0", " 031 0", 9},
+        {"the pieces of a square in the other order", "1112", "1211", 9},
+        {"a record against the rules", "\"301 10", "\"305 50", 9},
+        {"records that lead elsewhere", "1  0 451001", "2  0 451001", 9},
     };
-    for (const Row& row : rows) EXPECT_EQ(ErrorOf(row.bytes), row.error) << row.name;
+    const std::string game = SmallGame();
+    for (const Row& row : rows) {
+        EXPECT_EQ(ErrorOf(Replaced(game, row.good, row.damaged)), row.error) << row.name;
+    }
+    EXPECT_EQ(ErrorOf(""), 62);
+    EXPECT_EQ(ErrorOf("4,0,"), 62) << "cut off inside a number";
+    EXPECT_EQ(ErrorOf("4,0,0,0,0,0,\"Ama"), 62) << "cut off inside a name";
+    EXPECT_EQ(ErrorOf(game.substr(0, game.size() - 20)), 62) << "the last record is missing";
+    EXPECT_EQ(ErrorOf(game + "\"301 10  0  00001\"\r\n"), 9) << "one record more than promised";
+    EXPECT_EQ(ErrorOf(OnGoal(game, " 0 021")), 9) << "a rival's piece left on a goal";
+    EXPECT_EQ(ErrorOf(OnGoal(Replaced(firstStart, "4,0,0,0,", "2,2,76,76,"), "11 012")), 9) << "a gap";
+    const std::string passes = Repeated("\"101 10  0  00001\"\r\n", 25'000);
+    EXPECT_EQ(ErrorOf(Replaced(firstStart, "0,0,0,-1", "-1,25001,1,-1") + passes), 9)
+        << "too many moves";
 }
 
 }  // namespace

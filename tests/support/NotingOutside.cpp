@@ -32,6 +32,19 @@ void NotingOutside::PositionReached() {
     if (state_.ThrowNext && throws_.empty()) state_.GameInProgress = No;
 }
 
+void NotingOutside::DrawDie(Colour colour, Short face, DieIs how) {
+    static constexpr const char* words[] = {"ready", "rolls", "thrown", "rests"};
+    Note("die", {colour, face});
+    notes_.back().append(1, ' ').append(words[static_cast<int>(how)]);
+}
+
+void NotingOutside::ShowTurn(Colour colour, TurnIs why) {
+    static constexpr const char* words[] = {"draw", "throws", "capture", "arrival",
+                                            "tape", "won",    "over"};
+    Note("turn", {colour});
+    notes_.back().append(1, ' ').append(words[static_cast<int>(why)]);
+}
+
 void NotingOutside::AddLogLine(Short moveNumber, const MoveRecord& record) {
     notes_.push_back("log " + LogLineText(moveNumber, record));
 }

@@ -36,13 +36,15 @@ public:
     void LiftPiece(PieceCode piece, Square from) override { Note("lift", {piece, from}); }
     void StepPiece(PieceCode piece, Square from, Square to) override { Note("step", {piece, from, to}); }
     void PutDownPiece(PieceCode piece, Square at) override { Note("put", {piece, at}); }
-    void DrawDie(Colour colour, Short face) override { Note("die", {colour, face}); }
+    void DrawDie(Colour colour, Short face, DieIs how) override;
+    void ClearDice() override { Note("clear", {}); }
+    void ShowTurn(Colour colour, TurnIs why) override;
     void ShowChosenMove(PieceCode piece, Square from, Square to) override {
         Note("show", {piece, from, to});
     }
-    void DrawWinner(Colour colour, bool visible) override { Note("winner", {colour, visible}); }
-    void EmptyBoard() override { Note("empty", {}); }
-    void RefreshBoard() override { Note("refresh", {}); }
+    void RefreshBoard(PiecesShown pieces) override {
+        notes_.push_back(pieces == PiecesShown::None ? "empty" : "refresh");
+    }
     void BeginLog(std::string_view heading) override { notes_.push_back("log " + std::string(heading)); }
     void AddLogLine(Short moveNumber, const MoveRecord& record) override;
     MessageAnswer ShowMessage(std::string_view title, std::string_view text, Short lineCount,

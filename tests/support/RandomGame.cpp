@@ -4,7 +4,6 @@
 #include "core/Displacement.h"
 #include "core/GameStart.h"
 #include "core/Rules.h"
-#include "core/Turns.h"
 
 namespace zorva::test {
 namespace {
@@ -33,8 +32,6 @@ public:
           chance_(chance),
           beforeRecord_(beforeRecord),
           atPosition_(atPosition) {}
-
-    bool IsWatched() const override { return kind_.watched; }
 
     void AddLogLine(Short moveNumber, const MoveRecord& record) override {
         logged_ = moveNumber;
@@ -92,7 +89,6 @@ RandomGameKind RandomGameKind::Of(Chance& chance) {
     }
     kind.faces = RandomFaces(chance);
     kind.shiftsByHand = chance.Below(4) == 0;
-    kind.watched = chance.Below(2) == 0;
     return kind;
 }
 
@@ -129,11 +125,11 @@ Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chanc
     return world.Logged();
 }
 
-void PlayOnRandomGame(GameState& state, const RandomGameKind& kind, Chance chance) {
+void ContinueRandomGame(GameState& state, const RandomGameKind& kind, Chance chance) {
     const BeforeRecord nobodyLooks;
     const AtEachPosition nobodyKeeps;
     RandomWorld world(state, kind, chance, nobodyLooks, nobodyKeeps);
-    RunTurns({state, kind.settings, world});
+    ContinueGame({state, kind.settings, world});
 }
 
 }  // namespace zorva::test

@@ -15,7 +15,6 @@ struct RandomGameKind {
     PerColour<PieceCode> leftovers{};  ///< what stands in slot 3 of the goals before the game
     std::array<Short, 10> faces{};     ///< throws are picked from these
     bool shiftsByHand = false;         ///< pieces are dragged by hand now and then
-    bool watched = true;               ///< the game is played as if somebody saw it
     Colour first = 1;
 
     /// Any rules, levels, directions and players; dice fair or rich in some faces.
@@ -39,7 +38,7 @@ using AtEachPosition = std::function<void(const GameState& state, const Chance& 
 Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chance,
                      const BeforeRecord& beforeRecord, const AtEachPosition& atPosition = {});
 
-/// Plays on, from a state made ready for RunTurns and the chance of that position.
-void PlayOnRandomGame(GameState& state, const RandomGameKind& kind, Chance chance);
+/// Goes on with a game as read from its file, with the chance of that position.
+void ContinueRandomGame(GameState& state, const RandomGameKind& kind, Chance chance);
 
 }  // namespace zorva::test

@@ -2,7 +2,7 @@
 
 from math import cos, pi, sin
 
-from layout import COLOURS, GOAL_SQUARE, PIECES
+from inifile import COLOURS, PIECES
 
 SQUARES = range(1, 101)
 

@@ -7,20 +7,13 @@ import subprocess
 import tempfile
 import time
 import zlib
-from dataclasses import dataclass
+from collections import namedtuple
 
-# What is started ends with this process, however that ends.
+# A program that is started through this ends together with the tests, however they end.
 BOUND = ("setpriv", "--pdeathsig", "KILL", "--")
 
 
-@dataclass(frozen=True)
-class Window:
-    id: str
-    title: str
-    x: int
-    y: int
-    width: int
-    height: int
+Window = namedtuple("Window", "id title x y width height")
 
 
 class Picture:
@@ -41,11 +34,14 @@ class Picture:
         return (red, green, blue)
 
     def part(self, x, y, width, height):
-        """The bytes of a rectangle, to be compared with another picture's."""
+        """The bytes of a rectangle, for a comparison with another picture."""
         x, y = max(x, 0), max(y, 0)
         rows = range(y, min(y + height, self.height))
         first = (self.start + row * self.row_bytes + x * 4 for row in rows)
         return b"".join(self._data[at:at + width * 4] for at in first)
+
+    def same_as(self, other):
+        return self._data == other._data
 
     def save(self, path):
         """Writes a PNG file."""
@@ -66,21 +62,20 @@ class Picture:
 
 
 class Display:
-    """One virtual screen. Everything the mouse and the keyboard do has reached it on return."""
+    """One virtual screen. A call of the mouse or the keyboard returns when the screen has received all of it."""
 
     def __init__(self, width, height):
         self.width, self.height = width, height
         self._folder = tempfile.TemporaryDirectory(prefix="zorva-screen-")
         self._processes = []
         self.name = self._start_screen()
-        # Without a session bus of its own the screen would get one started, at a moment of its own.
+        # Without this address a library would start a session bus at some moment of a test.
         self.environment = dict(os.environ, DISPLAY=self.name, HOME=self._folder.name,
                                 DBUS_SESSION_BUS_ADDRESS="unix:path=%s/none" % self._folder.name)
         self._empty_menu()
         self._manager = self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        # A window that is older than the manager would never get the keyboard.
         self._wait_for_manager()
-        # One line at a time, so that each answer arrives when its command is done.
+        # Line by line: each answer must arrive when its command is done.
         self._hand = self._start("stdbuf", "-oL", "xdotool", "-", stdin=subprocess.PIPE,
                                  stdout=subprocess.PIPE, text=True)
 
@@ -103,7 +98,7 @@ class Display:
         return ":" + number
 
     def _empty_menu(self):
-        """The manager's own menu of the bare screen could end the manager, which a stray click would find."""
+        """Empties the menu that a click on the bare screen opens: one of its entries ends the manager."""
         folder = os.path.join(self._folder.name, "openbox")
         os.mkdir(folder)
         with open(os.path.join(folder, "menu.xml"), "w") as file:
@@ -116,15 +111,22 @@ class Display:
         return self._manager.poll() is None
 
     def _wait_for_manager(self):
+        """Waits until the manager does what it is asked to do. It announces itself earlier than that, and a window
+        that opens in between is not shown until something else happens. It shall have one desktop, because
+        it brings nothing to the front from another one."""
         end = time.monotonic() + 20
-        while "window id" not in self._run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"):
+        while "= 1" not in self._run("xprop", "-root", "_NET_NUMBER_OF_DESKTOPS"):
             if time.monotonic() > end:
                 raise RuntimeError("the window manager does not start")
-            time.sleep(0.02)
+            self._run("xdotool", "set_num_desktops", "1")
 
     @property
     def screen_process(self):
         return self._processes[0]
+
+    @property
+    def manager_process(self):
+        return self._manager
 
     def close(self):
         self._hand.stdin.close()
@@ -139,7 +141,7 @@ class Display:
 
     @property
     def memory_file(self):
-        """The file that is the screen's memory, in the form that Picture reads."""
+        """The file in which the screen keeps its pixels; Picture reads it."""
         return os.path.join(self._folder.name, "Xvfb_screen0")
 
     def picture(self):
@@ -147,8 +149,8 @@ class Display:
             return Picture(file.read())
 
     def _run(self, *command):
-        """What a command that looks at the screen prints; nothing when it fails. xdotool has been seen to hang
-        when a window went away under it: who asked looks again."""
+        """What a command that looks at the screen prints; nothing when it fails. xdotool may hang when a window
+        closes while it looks at it: the caller gets nothing then, and looks again."""
         try:
             done = subprocess.run(command, env=self.environment, timeout=5, stdout=subprocess.PIPE,
                                   stderr=subprocess.DEVNULL, text=True)
@@ -157,11 +159,11 @@ class Display:
         return done.stdout if done.returncode == 0 else ""
 
     def active_window(self):
-        """The window that the keys go to; None when it is the manager's own."""
+        """The window that gets the keys; None when that is the manager's own."""
         return self._window("getwindowfocus")
 
     def window_named(self, title):
-        """The window of that title, whether or not the keys go to it; None when none is seen."""
+        """The window of that title, whether or not it gets the keys; None when it is not shown."""
         return self._window("search", "--onlyvisible", "--limit", "1", "--name", "^" + title)
 
     def _window(self, *choice):
@@ -171,21 +173,21 @@ class Display:
         sizes = [int(values.get(key, 0)) for key in ("X", "Y", "WIDTH", "HEIGHT")]
         if min(sizes[2:]) < 2:
             return None
-        # The toolkit adds the program's name to every title but the program's own.
+        # Qt adds the program's name to every title but the board's.
         return Window(values["WINDOW"], title.removesuffix(" — Zorva"), *sizes)
 
     def is_shown(self, window):
         return window.id in self._run("xdotool", "search", "--onlyvisible", "--name", "^Zorva").split()
 
     def is_dialog(self, window):
-        """Whether it belongs to another window."""
+        """Whether the window belongs to another one."""
         return "window id" in self._run("xprop", "-id", window.id, "WM_TRANSIENT_FOR")
 
     # ------------------------------------------------------------------ the mouse and the keyboard
 
     def act(self, *commands):
-        """Carries out commands of xdotool, one after the other. What it is asked at the end, to know that it
-        is done, must not look at a window: one that closes at that moment would end it."""
+        """Carries out commands of xdotool one after the other. The question at the end tells when they are done.
+        It concerns the screen and no window, because xdotool ends when a window closes while it looks at it."""
         self._hand.stdin.write("".join(command + "\n" for command in commands) + "getdisplaygeometry\n")
         self._hand.stdin.flush()
         if not self._hand.stdout.readline():
@@ -194,15 +196,12 @@ class Display:
     def move(self, x, y):
         self.act("mousemove %d %d" % (x, y))
 
-    def click(self, x, y, button=1):
-        self.act("mousemove %d %d" % (x, y), "click %d" % button)
+    def click(self, x, y, *buttons):
+        self.act("mousemove %d %d" % (x, y), *("click %d" % button for button in buttons or (1,)))
 
     def drag(self, start, end, steps=8):
-        self.act("mousemove %d %d" % start, "mousedown 1")
-        for step in range(1, steps + 1):
-            x, y = (round(a + (b - a) * step / steps) for a, b in zip(start, end))
-            self.act("mousemove %d %d" % (x, y))
-        self.act("mouseup 1")
+        way = (tuple(a + (b - a) * step / steps for a, b in zip(start, end)) for step in range(1, steps + 1))
+        self.act("mousemove %d %d" % start, "mousedown 1", *("mousemove %d %d" % point for point in way), "mouseup 1")
 
     def key(self, *names):
         self.act(*("key " + name for name in names))

@@ -1,11 +1,12 @@
 """Plays the real program in a real window: the helper of all tests with a window.
 
-A test says what a player does and sees; what it waits for is looked at again and again until it is
-there, never slept for. The environment variable ZORVA32 names the program; ZORVA_PICTURES the
-folder for a picture of the screen at each failure; ZORVA_SAME_DICE the library that makes the dice
-fall the same way at each run of a test (without it they fall as they like).
+A test says what a player does and sees. It never sleeps for a while and hopes: it looks again and again
+until it sees what it waits for, or until the program, the screen and the window manager all rest. The
+environment variable ZORVA32 names the program, ZORVA_PICTURES the folder for a picture of the screen at
+each failure.
 """
 
+import functools
 import os
 import shutil
 import signal
@@ -18,10 +19,11 @@ from pathlib import Path
 
 import inifile
 from display import BOUND, Display
-from layout import Layout
+from layout import Layout, helper
 
-POLL = 0.02       # seconds between two looks
-PATIENCE = 20     # seconds until something expected is given up
+POLL = 0.01       # seconds between two looks
+REST = 0.08       # seconds without any work after which everything has come to rest
+PATIENCE = 20     # seconds until a test gives up what it waits for
 TEST_LIMIT = 240  # seconds for a whole test
 
 START_TITLE = "Comienza la Partida"
@@ -35,31 +37,35 @@ EXIT_TITLE = "Salir del programa"
 ABANDON_TITLE = "Abandonar la partida en curso"
 LOAD_TITLE = "Error en la carga de datos iniciales"
 
-# Where a message has its buttons: pixels of the layout from its middle and from its lower edge.
+# The buttons of a message: pixels of the layout from its middle.
 MESSAGE_BUTTONS = {"accept": 0, "yes": -64, "no": 64}
-ABOVE_EDGE = 38
+
+
+def message_button(window, button):
+    """Where a message has that button, on the screen. A message is 400 pixels of the layout wide."""
+    unit = window.width / 400
+    return (round(window.x + window.width / 2 + MESSAGE_BUTTONS[button] * unit),
+            round(window.y + window.height - 38 * unit))
 
 
 class Program:
-    """The program in a folder of its own, on a display."""
+    """The program in a folder of its own, on a display. `dice` is the seed of its dice."""
 
-    def __init__(self, display, binary, dice=0):
+    def __init__(self, display, binary, dice=None):
         self._folder = tempfile.TemporaryDirectory(prefix="zorva-program-")
         root = Path(self._folder.name)
-        self.folder = root / "game"
-        self.folder.mkdir()
-        self.data = self.folder  # where the program keeps its files
-        self.fallback = root / "home/.local/share/zorva32"
-        self._binary = shutil.copy2(binary, self.folder)
+        self.folder = self.data = root / "game"  # `data` is where the program keeps its files
+        for name in ("game", "home", "run"):
+            (root / name).mkdir(mode=0o700)
+        self._words = [*BOUND, shutil.copy2(binary, self.folder)]
         for manual in Path(binary).parent.glob("ZORVA32.HLP"):
             shutil.copy2(manual, self.folder)
-        for name in ("home", "run"):
-            (root / name).mkdir(mode=0o700)
-        self._environment = dict(display.environment, HOME=str(root / "home"),
-                                 XDG_RUNTIME_DIR=str(root / "run"), SDL_AUDIODRIVER="dummy")
-        self._environment.pop("XDG_DATA_HOME", None)
-        if "ZORVA_SAME_DICE" in os.environ:
-            self._environment.update(LD_PRELOAD=os.environ["ZORVA_SAME_DICE"], ZORVA_DICE=str(dice))
+        # Without a locale, which must make no difference.
+        self.environment = {name: value for name, value in display.environment.items()
+                            if name not in ("LANG", "XDG_DATA_HOME") and not name.startswith("LC_")}
+        self.environment.update(HOME=str(root / "home"), XDG_RUNTIME_DIR=str(root / "run"), SDL_AUDIODRIVER="dummy")
+        if dice is not None:
+            self.environment.update(LD_PRELOAD=helper("libhooks.so"), ZORVA_DICE=str(dice))
         self.process = None
         self._read = (None, None)
 
@@ -72,18 +78,13 @@ class Program:
         return self.data / "ZORVA32.HIS"
 
     def spawn(self):
-        return subprocess.Popen([*BOUND, self._binary], env=self._environment, cwd=self.folder)
+        return subprocess.Popen(self._words, env=self.environment, cwd=self.folder)
 
     def start(self):
         self.process = self.spawn()
 
     def is_running(self):
         return self.process is not None and self.process.poll() is None
-
-    def condition(self):
-        if self.is_running():
-            return "is running"
-        return "ended with status %s" % (self.process and self.process.returncode)
 
     def game(self):
         """The game as the file has it: at the beginning of a turn."""
@@ -92,7 +93,7 @@ class Program:
     def settings(self):
         return self._file()[0]
 
-    # The file is replaced whole at every turn; it is parsed once for each.
+    # The program replaces the whole file at every turn; each one is parsed once.
     def _file(self):
         with open(self.ini, "rb") as file:
             status = os.fstat(file.fileno())
@@ -100,18 +101,6 @@ class Program:
             if self._read[0] != key:
                 self._read = (key, inifile.from_bytes(file.read()))
         return self._read[1]
-
-    def processor_seconds(self):
-        user, system = self._status()[11:13]
-        return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")
-
-    def is_asleep(self):
-        """Whether it waits for something, rather than for the processor."""
-        return self._status()[0] == "S"
-
-    def _status(self):
-        with open("/proc/%d/stat" % self.process.pid) as file:
-            return file.read().rpartition(")")[2].split()
 
     def kill(self):
         self.process.kill()
@@ -123,53 +112,92 @@ class Program:
         self._folder.cleanup()
 
 
+def processor_seconds(process):
+    """The time that the main thread of a process has run; None while it runs or waits for a processor."""
+    folder = "/proc/%d/" % process.pid
+    try:
+        with open(folder + "stat") as stat, open(folder + "schedstat") as times:
+            state = stat.read().rpartition(")")[2].split()[0]
+            return int(times.read().split()[0]) / 1e9 if state != "R" else None
+    except (FileNotFoundError, ProcessLookupError):
+        return 0
+
+
 class WindowTest(unittest.TestCase):
     """A test with a screen and the program; `screen` is the size in device pixels."""
 
     screen = (1024, 768)
+    dice_fall_the_same_way = True
+
+    @classmethod
+    def setUpClass(cls):
+        cls.display = Display(*cls.screen)
+        cls.addClassCleanup(cls.display.close)
 
     def setUp(self):
         signal.signal(signal.SIGALRM, self._out_of_time)
         signal.alarm(TEST_LIMIT)
         self.addCleanup(signal.alarm, 0)
-        self.display = Display(*self.screen)
-        self.addCleanup(self.display.close)
-        self.program = Program(self.display, os.environ["ZORVA32"], zlib.crc32(self.id().encode()))
+        dice = zlib.crc32(self.id().encode()) if self.dice_fall_the_same_way else None
+        self.program = Program(self.display, os.environ["ZORVA32"], dice)
         self.addCleanup(self.program.close)
         self.addCleanup(self._keep_picture)
-        self.layout = Layout(*self.screen)
+
+    @functools.cached_property
+    def layout(self):
+        return Layout(*self.screen)
 
     def _out_of_time(self, *_):
         raise TimeoutError("the test took longer than %d seconds" % TEST_LIMIT)
 
     def _keep_picture(self):
-        failed = any(error for _, error in getattr(self._outcome, "errors", ())) or any(
-            case is self for case, _ in self._outcome.result.failures + self._outcome.result.errors)
-        if failed:
-            folder = Path(os.environ.get("ZORVA_PICTURES", "."))
-            self.display.picture().save(folder / (self.id() + ".png"))
+        result = self._outcome.result
+        if any(case is self for case, _ in result.failures + result.errors):
+            self.display.picture().save(Path(os.environ.get("ZORVA_PICTURES", ".")) / (self.id() + ".png"))
 
     # ------------------------------------------------------------------------------- waiting
 
     def wait_until(self, condition, what, timeout=PATIENCE):
-        """Looks until the condition holds, and returns what it gave."""
+        """Looks until the condition holds, and returns its answer."""
         end = time.monotonic() + timeout
-        while True:
-            answer = condition()
-            if answer:
-                return answer
+        while not (answer := condition()):
             if time.monotonic() > end:
                 window = self.display.active_window()
-                self.fail("%s: not within %g s; the program %s, the window on top is %s"
-                          % (what, timeout, self.program.condition(), window and repr(window.title)))
+                self.fail("%s: not within %g s; the program's status is %s, the window on top is %s"
+                          % (what, timeout, self.program.process.poll(), window and repr(window.title)))
             time.sleep(POLL)
+        return answer
 
-    def holds_for(self, seconds, condition, what):
-        """Looks for that long whether the condition stays true."""
-        end = time.monotonic() + seconds
-        while time.monotonic() < end:
-            self.assertTrue(condition(), what)
+    def comes_before_rest(self, condition):
+        """Whether the condition holds before the program, the screen and the window manager come to rest. They
+        rest when all of them sleep and have done nothing for a while; a machine under load takes its time."""
+        seen, since, end = None, 0, time.monotonic() + PATIENCE
+        while not condition():
+            now = time.monotonic()
+            work = [processor_seconds(process) for process in
+                    (self.program.process, self.display.screen_process, self.display.manager_process)]
+            if work != seen or None in work:
+                seen, since = work, now
+            elif now - since > REST:
+                return False
+            self.assertLess(now, end, "the program never rests")
             time.sleep(POLL)
+        return True
+
+    def settle(self):
+        """Waits until the program has done all that it was asked to do."""
+        self.comes_before_rest(lambda: False)
+
+    def advances(self, act):
+        """Does something and says whether the game went on by it."""
+        before = self.file_stamp()
+        act()
+        return self.comes_before_rest(lambda: self.file_stamp() != before)
+
+    def file_stamp(self):
+        """A value that changes whenever the program writes its file, which it does at every turn."""
+        status = os.stat(self.program.ini)
+        return (status.st_ino, status.st_mtime_ns)
 
     # -------------------------------------------------------------------------- start and end
 
@@ -181,22 +209,23 @@ class WindowTest(unittest.TestCase):
 
     def start_again(self, continues=False):
         """Starts the program with the file that is there."""
-        self.program.start()
-        self.skip_title()
-        if continues:
-            self.answer(CONTINUE_TITLE)
+        self.start_with_message(CONTINUE_TITLE if continues else None)
         self.wait_for_board()
 
-    def skip_title(self):
-        """Breaks the title of the start off with a key."""
-        def title_window():
-            window = self.display.active_window()
-            return window if window and self.display.is_dialog(window) else None
+    def start_with_message(self, title):
+        """Starts the program and answers the message that comes after the splash window."""
+        self.program.start()
+        self.skip_title()
+        if title:
+            self.answer(title, key="Return")
 
-        window = self.wait_until(title_window, "the title")
+    def skip_title(self):
+        """Closes the splash window with a key."""
+        window = self.wait_until(lambda: (now := self.display.active_window()) and self.display.is_dialog(now) and now,
+                                 "the title")
         self.assertEqual(window.title, "Zorva")
         self.display.key("space")
-        # The board may have the keyboard before the title has gone.
+        # The board may get the keyboard before the splash window has closed.
         self.wait_until(lambda: not self.display.is_shown(window), "the end of the title")
 
     def wait_for_end(self):
@@ -207,7 +236,7 @@ class WindowTest(unittest.TestCase):
     # ------------------------------------------------------------------------------- windows
 
     def title(self):
-        """The title of the message that is open; None when the board has the keyboard."""
+        """The title of the message that has the keyboard; None when no message has it."""
         window = self.display.active_window()
         return window.title if window and window.title != "Zorva" else None
 
@@ -219,41 +248,44 @@ class WindowTest(unittest.TestCase):
         self.wait_until(self.board_is_active, "the board on top")
 
     def wait_for_message(self, title):
-        def found():
-            window = self.display.active_window()
-            return window if window and window.title == title else None
-
-        return self.wait_until(found, "the message %r" % title)
+        return self.wait_until(lambda: (now := self.display.active_window()) and now.title == title and now, title)
 
     def wait_until_gone(self, window):
-        def gone():
-            now = self.display.active_window()
-            return not self.program.is_running() or (now is not None and now.id != window.id)
-
-        self.wait_until(gone, "the end of the window %r" % window.title)
+        self.wait_until(lambda: not self.program.is_running() or
+                        (now := self.display.active_window()) and now.id != window.id,
+                        "the end of the window %r" % window.title)
 
     def answer(self, title, button="accept", key=None):
-        """Waits for a message, clicks its button or presses a key, and sees it go."""
+        """Waits for a message, clicks its button or presses a key, and waits until the message has closed."""
         window = self.wait_for_message(title)
         if key:
             self.display.key(key)
         else:
-            x = window.x + window.width / 2 + MESSAGE_BUTTONS[button] * self.layout.unit
-            y = window.y + window.height - ABOVE_EDGE * self.layout.unit
-            self.display.click(round(x), round(y))
+            self.display.click(*message_button(window, button))
         self.wait_until_gone(window)
 
+    def look_at_window(self, key, title):
+        """Opens a window with a key, leaves it with Escape, and returns what it was."""
+        self.display.key(key)
+        window = self.wait_for_message(title)
+        self.display.key("Escape")
+        self.wait_until_gone(window)
+        self.wait_for_board()
+        return window
+
     # ------------------------------------------------------------------------ mouse on the board
+
+    @property
+    def ways_to_leave(self):
+        return (lambda: self.click_button("leave"), lambda: self.display.key("F6"), lambda: self.display.key("alt+F4"))
 
     def point_of_piece(self, game, colour, piece):
         """Where a piece is drawn, as a point of the layout."""
         square = game.piece(colour, piece)
-        if square == 0:
-            return self.layout.box(colour, piece)
-        return self.layout.slot(square, game.slot_of(colour, piece))
+        return self.layout.slot(square, game.slot_of(colour, piece)) if square else self.layout.box(colour, piece)
 
     def rest_pointer(self):
-        """Puts the pointer, which pictures show, where it covers and touches nothing."""
+        """Puts the cursor, which pictures show, where it covers and touches nothing."""
         self.point_at(self.layout.house(3))
 
     def point_at(self, point):
@@ -262,11 +294,8 @@ class WindowTest(unittest.TestCase):
     def click(self, point, button=1):
         self.display.click(*self.layout.device(point), button)
 
-    def click_piece(self, game, colour, piece):
-        self.click(self.point_of_piece(game, colour, piece))
-
     def click_board(self, button=1):
-        """A click on the board where no piece ever is."""
+        """Clicks on the board where no piece ever is."""
         self.click(self.layout.house(3), button)
 
     def click_button(self, name):
@@ -279,76 +308,52 @@ class WindowTest(unittest.TestCase):
     def drag(self, start, end):
         self.display.drag(self.layout.device(start), self.layout.device(end))
 
+    def settled_picture(self):
+        """The screen once nothing changes any more."""
+        self.rest_pointer()
+        self.settle()
+        return self.display.picture()
+
+    def part(self, picture, box):
+        """The pixels of a box of the layout: left, top, width, height."""
+        size = (round(length * self.layout.unit) for length in box[2:])
+        return picture.part(*self.layout.device(box[:2]), *size)
+
     # --------------------------------------------------------------------------------- the game
 
     def game(self):
         return self.program.game()
 
-    def wait_for_moves(self, moves, timeout=PATIENCE):
+    def wait_for_moves(self, moves):
         """The game at the beginning of a turn after at least that many moves. A third six on the way
         is acknowledged."""
         def reached():
-            if self.game().moves >= moves:
-                return True
-            if self.title() == SIXES_TITLE:
+            if self.game().moves < moves and self.title() == SIXES_TITLE:
                 self.answer(SIXES_TITLE)
-            return False
+            return self.game().moves >= moves
 
-        self.wait_until(reached, "move %d" % moves, timeout)
+        self.wait_until(reached, "move %d" % moves)
         return self.game()
 
-    def file_stamp(self):
-        """Changes whenever the program writes its file, which it does at every turn."""
-        status = os.stat(self.program.ini)
-        return (status.st_ino, status.st_mtime_ns)
-
-    def advances(self, act, patience=0.15):
-        """Does something and says whether the game went on by it."""
-        before = self.file_stamp()
-        act()
-        end = time.monotonic() + patience
-        while time.monotonic() < end:
-            if self.file_stamp() != before:
-                return True
-            time.sleep(0.005)
-        return False
-
-    def settle(self):
-        """Waits until the program has done all it was asked: it sleeps, and has done nothing for a while.
-        A key pressed too early is kept by the game for its next throw, so the file alone does not tell."""
-        seen, since = None, time.monotonic()
-        while seen is None or time.monotonic() - since < 0.3:
-            now = (self.program.processor_seconds(), self.file_stamp(), self.title())
-            if now != seen or not self.program.is_asleep():
-                seen, since = now, time.monotonic()
-            time.sleep(POLL)
-
-    def play_moves(self, moves):
-        """At least that many more moves by keys, which throw and take the advised move; up to a position
-        before a throw, at which the game stands still."""
-        wanted, last_change = self.game().moves + moves, time.monotonic()
-        while self.game().moves < wanted or self.game().bonus_due():
-            if self.advances(lambda: self.display.key("space")):
-                last_change = time.monotonic()
-            elif self.title():
-                self.answer(self.title())
-            if self.game().moves >= wanted:
-                self.settle()
-            self.assertLess(time.monotonic() - last_change, PATIENCE, "the game stands still")
-
-    def play_until(self, title, act, answer):
-        """Plays on until that message is open: does `act`, which says whether the game went on, and
-        answers every message on the way. A game that nothing moves any more is a failure."""
+    def play_until(self, is_enough, act, answer=lambda title: None):
+        """Plays on until that is enough: does `act`, which says whether the game went on, and answers every
+        message on the way. Fails when nothing moves the game any more."""
         last_change = time.monotonic()
-        while True:
+        while not is_enough():
             if act():
                 last_change = time.monotonic()
-                continue
-            now = self.title()
-            if now == title:
-                return
-            if now:
-                answer(now)
+            elif title := self.title():
+                if is_enough():
+                    break
+                answer(title)
                 last_change = time.monotonic()
-            if time.monotonic() - last_change > PATIENCE:
-                self.fail("the game stands still after move %d" % self.game().moves)
+            self.assertLess(time.monotonic() - last_change, PATIENCE,
+                            "the game stands still after move %d" % self.game().moves)
+
+    def play_moves(self, moves):
+        """At least that many more moves by keys, which throw and take the advised move; then the game stands
+        still, and the next colour is about to throw."""
+        wanted = self.game().moves + moves
+        self.play_until(lambda: self.game().moves >= wanted, lambda: self.advances(lambda: self.display.key("space")),
+                        self.answer)
+        self.settle()

@@ -3,21 +3,23 @@
 import time
 import unittest
 
-from driver import ABANDON_TITLE, WindowTest
+from driver import ABANDON_TITLE, WindowTest, processor_seconds
 from inifile import COMPUTER, ON, PERSON, Settings, game_at
 
-SECONDS = 3
+SECONDS = 2
 LIMIT = 0.02  # of one core
 POSITIONS = {1: [76, 76, 20, 40], 2: [84, 0, 84, 25], 3: [92, 92, 0, 60], 4: [100, 0, 100, 100]}
 
 
 class Waiting(WindowTest):
     def assert_idle(self, what):
-        """Measures once what led there has faded: sounds, glows, the last repaint."""
-        time.sleep(1.5)
-        before = self.program.processor_seconds()
+        """Measures once the sounds and lights of the step before have ended."""
+        time.sleep(1)
+        self.settle()
+        before = processor_seconds(self.program.process)
         time.sleep(SECONDS)
-        share = (self.program.processor_seconds() - before) / SECONDS
+        self.settle()
+        share = (processor_seconds(self.program.process) - before) / SECONDS
         print("%-32s %.2f %% of a core" % (what, share * 100), flush=True)
         self.assertLess(share, LIMIT, what)
 
@@ -25,25 +27,17 @@ class Waiting(WindowTest):
         self.start(Settings(pause=ON))
         self.assert_idle("before a game")
         self.program.kill()
-        types = (PERSON, COMPUTER, COMPUTER, COMPUTER)
-        self.start(Settings(types=types, pause=ON), game_at(POSITIONS, turn=1))
-        self.assert_idle("awaiting a throw")
-        self.click_board(button=3)
-        self.assert_idle("in manual mode")
-        self.click_board(button=3)
-        self.click_recorder("on/off")
-        self.assert_idle("with the recorder on")
-        self.click_recorder("on/off")
-        self.click_board()
-        self.assert_idle("awaiting a move")
-        self.point_at(self.layout.square(20))
-        self.assert_idle("pointing at a piece")
-        self.display.key("F2")
-        self.wait_for_message(ABANDON_TITLE)
-        self.assert_idle("behind a question")
-        self.answer(ABANDON_TITLE, "no")
-        self.display.key("Escape")
-        self.assert_idle("hidden")
+        self.start(Settings(types=(PERSON, COMPUTER, COMPUTER, COMPUTER), pause=ON), game_at(POSITIONS, turn=1))
+        steps = (("awaiting a throw", lambda: None),
+                 ("in manual mode", lambda: self.click_board(button=3)),
+                 ("with the recorder on", lambda: (self.click_board(button=3), self.click_recorder("on/off"))),
+                 ("awaiting a move", lambda: (self.click_recorder("on/off"), self.click_board())),
+                 ("pointing at a piece", lambda: self.point_at(self.layout.square(20))),
+                 ("behind a question", lambda: (self.display.key("F2"), self.wait_for_message(ABANDON_TITLE))),
+                 ("hidden", lambda: (self.answer(ABANDON_TITLE, "no"), self.display.key("Escape"))))
+        for what, step in steps:
+            step()
+            self.assert_idle(what)
 
 
 if __name__ == "__main__":

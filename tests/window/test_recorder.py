@@ -1,13 +1,13 @@
 """The recorder through all its keys, on a whole game with captures."""
 
-import time
 import unittest
 from pathlib import Path
 
 import board
 import inifile
-from driver import EXIT_TITLE, WindowTest
-from inifile import ON, Settings, positions_after
+from driver import ABANDON_TITLE, DRAW_TITLE, EXIT_TITLE, START_TITLE, WindowTest
+from inifile import COLOURS, ON, PERSON, Settings, game_at, positions_after
+from layout import RECORDER_KEYS
 
 NOTICE_TITLE = "Tecla no activa"
 TAPE = Path(__file__).parent.parent / "data/games/game15/expected.INI"
@@ -23,62 +23,44 @@ class RecorderTest(WindowTest):
         self.tape = inifile.from_bytes(TAPE.read_bytes())[1]
         self.start(Settings(pause=ON, speed=self.speed), self.tape)
         self.press = self.click_recorder
-        self.off = self.key_part("on/off")
-        self.up = self.automatic_keys()
+        self.keys_down()
 
-    def difference(self, moves):
-        return board.difference(self.display.picture(), self.layout, positions_after(self.tape, moves))
+    def positions(self, picture):
+        """The numbers of moves after which the board looks like this; several when a colour passes."""
+        return [moves for moves in range(self.tape.moves + 1)
+                if not board.difference(picture, self.layout, positions_after(self.tape, moves))]
 
     def wait_for_position(self, moves):
-        """The board shows the game after that many of its moves."""
-        self.wait_until(lambda: not self.difference(moves), "the position after move %d" % moves)
+        """Waits until the board shows the game after that many of its moves."""
+        self.wait_until(lambda: not board.difference(self.display.picture(), self.layout,
+                                                     positions_after(self.tape, moves)),
+                        "the position after move %d" % moves)
 
-    def position(self):
-        """The numbers of moves whose position is on the board, once it stands still: more than one
-        when nothing moved in between."""
-        picture = [None]
+    def assert_stays_at(self, moves, what=None):
+        self.assertIn(moves, self.positions(self.settled_picture()), what)
 
-        def shown():
-            before, picture[0] = picture[0], self.display.picture()
-            time.sleep(0.1)
-            if not before or self.board_part(before) != self.board_part(picture[0]):
-                return []
-            return [moves for moves in range(self.tape.moves + 1)
-                    if not board.difference(picture[0], self.layout, positions_after(self.tape, moves))]
+    def log_part(self):
+        return self.part(self.settled_picture(), self.layout.log)
 
-        return self.wait_until(shown, "a position of the tape")
+    def keys_down(self):
+        """Which keys of the recorder are drawn otherwise than at the start of the test."""
+        picture = self.display.picture()
+        parts = {key: self.part(picture, (x - 10, y - 6, 20, 12)) for key, (x, y) in zip(RECORDER_KEYS, self.layout.keys)}
+        self.up = getattr(self, "up", parts)
+        return {key for key in parts if parts[key] != self.up[key]}
 
-    def board_part(self, picture):
-        x, y = self.layout.device((self.layout.margin, self.layout.margin))
-        side = round(21 * self.layout.cell * self.layout.unit)
-        return picture.part(x, y, side, side)
-
-    def log_part(self, picture):
-        left = round(self.layout.board_extent + (self.layout.width - self.layout.board_extent - 150) / 2)
-        x, y = self.layout.device((left, 304))
-        return picture.part(x, y, 150, picture.height - y)
-
-    def switch_on(self):
+    def switch(self, on):
         self.press("on/off")
-        self.wait_until(lambda: self.key_part("on/off") != self.off, "the recorder to be on")
+        self.wait_until(lambda: self.keys_down() == ({"on/off"} if on else set()), "the key for on and off")
 
-    def switch_off(self):
-        self.press("on/off")
-        self.wait_until(lambda: self.key_part("on/off") == self.off, "the recorder to be off")
-
-    def key_part(self, key):
-        x, y = self.layout.device(self.layout.recorder_key(key))
-        return self.display.picture().part(x - 10, y - 6, 20, 12)
-
-    def automatic_keys(self):
-        return [self.key_part("auto back"), self.key_part("auto forward")]
-
-    def wait_for_rest(self):
-        """No automatic replay runs: both its keys are up."""
-        self.wait_until(lambda: self.automatic_keys() == self.up, "the automatic keys to be up")
+    def replay_to(self, key, moves):
+        """Presses an automatic key and waits until the replay has ended by itself there."""
+        self.press(key)
+        self.wait_for_position(moves)
+        self.wait_until(lambda: self.keys_down() == {"on/off"}, "the automatic keys to be up")
 
     def step_to(self, moves, start):
-        """Steps back one by one; every position on the way is looked at."""
+        """Steps back one by one and looks at every position on the way."""
         for position in range(start - 1, moves - 1, -1):
             self.press("back")
             self.wait_for_position(position)
@@ -87,117 +69,115 @@ class RecorderTest(WindowTest):
 class Replaying(RecorderTest):
     def walk_through(self):
         end = self.tape.moves
-        self.switch_on()
-        self.press("auto back")
-        self.wait_for_position(0)
-        self.wait_for_rest()
+        self.switch(on=True)
+        self.replay_to("auto back", 0)
         self.press("back")
         self.press("auto back")
-        self.assertIn(0, self.position(), "back from the start")
+        self.assert_stays_at(0, "back from the start")
         for position in (1, 2, 3):
             self.press("forward")
             self.wait_for_position(position)
-        self.press("auto forward")
-        self.wait_for_position(end)
-        self.wait_for_rest()
+        self.replay_to("auto forward", end)
         self.press("forward")
         self.press("auto forward")
-        self.assertIn(end, self.position(), "forward from the end")
-        self.step_to(end - 25, end)
-        self.switch_off()
+        self.assert_stays_at(end, "forward from the end")
+        self.step_to(end - 20, end)
+        self.switch(on=False)
         self.wait_for_position(end)
 
     def test_twice_through_a_whole_game(self):
-        stamp = self.file_stamp()
-        self.rest_pointer()
-        time_before = self.display.picture()
+        stamp, before = self.file_stamp(), self.settled_picture()
         self.walk_through()
         self.press = lambda key: self.display.key(KEYBOARD[key])
         self.walk_through()
-        self.rest_pointer()
-        self.wait_until(lambda: self.board_part(self.display.picture()) == self.board_part(time_before)
-                        and self.log_part(self.display.picture()) == self.log_part(time_before),
-                        "the board and the log as before")
+        self.assertTrue(self.settled_picture().same_as(before), "not everything is as before")
         self.assertEqual(self.file_stamp(), stamp, "a replay changed the file")
         self.click_board()
         self.wait_for_moves(self.tape.moves + 1)
         self.assertEqual(self.game().records[:self.tape.moves], self.tape.records)
 
     def test_the_game_stands_still_meanwhile(self):
-        self.switch_on()
-        self.step_to(self.tape.moves - 3, self.tape.moves)
+        log, position = self.log_part(), self.tape.moves - 3
+        self.switch(on=True)
+        self.step_to(position, self.tape.moves)
+        self.assertNotEqual(self.log_part(), log, "the log marks the position")
         stamp = self.file_stamp()
         self.click_board()
         self.click_board(button=3)
         self.display.key("space", "Return", "Tab", "F5")
-        self.holds_for(0.5, lambda: self.file_stamp() == stamp, "the game went on")
-        self.assertIn(self.tape.moves - 3, self.position())
-        for leave in (lambda: self.click_button("leave"), lambda: self.display.key("F6"),
-                      lambda: self.display.key("alt+F4")):
+        self.assert_stays_at(position)
+        for leave in self.ways_to_leave:
             leave()
             self.answer(EXIT_TITLE)
             self.wait_for_board()
             self.assertTrue(self.program.is_running())
-        self.display.key("Escape")
-        self.wait_until(lambda: not self.board_is_active(), "the window to be hidden")
-        self.program.spawn().wait(timeout=20)
-        self.wait_for_board()
-        self.assertIn(self.tape.moves - 3, self.position(), "the recorder lost its place")
+        for key in ("Escape", "q", "Q"):
+            self.display.key(key)
+            self.wait_until(lambda: not self.board_is_active(), "the window to be hidden")
+            self.assertEqual(self.program.spawn().wait(timeout=20), 0, "the second start")
+            self.wait_for_board()
+        self.assert_stays_at(position, "the recorder lost its place")
+        self.assertEqual(self.file_stamp(), stamp, "the game went on")
 
 
 class Stopping(RecorderTest):
-    speed = 85  # slow enough to be stopped on the way
+    speed = 90  # slow enough to be stopped on the way
 
     def test_only_its_own_key_stops_an_automatic_replay(self):
-        self.switch_on()
+        self.switch(on=True)
         ends = {"auto back": 0, "auto forward": self.tape.moves}
         for key, other in (("auto back", "auto forward"), ("auto forward", "auto back")):
-            self.start_replay(key)
-            for ignored in (other, "restore", "forward", "back", "on/off"):
-                self.press(ignored)
-            self.press(key)
-            self.wait_for_rest()
-            reached = self.position()
+            # All at once: on a busy machine the replay could end between two clicks.
+            points = [self.layout.device(self.layout.recorder_key(pressed))
+                      for pressed in (key, other, "restore", "forward", "back", "on/off", key)]
+            self.display.act(*(word for point in points for word in ("mousemove %d %d" % point, "click 1")))
+            reached = self.positions(self.settled_picture())
+            self.assertTrue(reached)
             self.assertFalse(set(reached) & set(ends.values()), "the replay was not stopped on its way")
-            self.start_replay(key)
+            self.press(key)
+            self.wait_until(lambda: key in self.keys_down(), "the replay to begin")
             self.press(other)
-            self.wait_for_position(ends[key])
-            self.wait_for_rest()
 
-    def start_replay(self, key):
-        self.press(key)
-        self.wait_until(lambda: self.automatic_keys() != self.up, "the replay to begin")
+            def is_over():
+                self.assertNotIn(other, self.keys_down(), "both replays at once")
+                return self.keys_down() == {"on/off"}
+
+            self.wait_until(is_over, "the end of the replay")
+            self.wait_for_position(ends[key])
 
 
 class Restoring(RecorderTest):
     def restored_from(self, moves):
         """The moves that are left when the tape is restored at a position."""
-        position = moves + 1
-        while position > 1 and not self.tape.records[position - 1].turn_end:
-            position -= 1
-        return position - 1
+        while moves > 0 and not self.tape.records[moves].turn_end:
+            moves -= 1
+        return moves
+
+    def restore(self, back):
+        """Steps back that far and restores; returns how many moves are left."""
+        start = self.tape.moves
+        self.switch(on=True)
+        self.step_to(start - back, start)
+        left = self.restored_from(start - back)
+        self.press("restore")
+        self.wait_until(lambda: self.game().moves == left, "the forgotten moves to be gone from the file")
+        self.wait_for_position(left)
+        return left
 
     def test_at_the_end_the_key_explains_itself(self):
-        self.switch_on()
+        self.switch(on=True)
         self.press("restore")
         self.answer(NOTICE_TITLE)
         self.wait_for_board()
-        self.assertIn(self.tape.moves, self.position())
-        self.switch_off()
+        self.assert_stays_at(self.tape.moves)
+        self.switch(on=False)
 
     def test_restore_and_play_on_twice(self):
         for back in (30, 17):
-            start = self.tape.moves
-            self.switch_on()
-            self.step_to(start - back, start)
-            left = self.restored_from(start - back)
-            self.press("restore")
-            self.wait_until(lambda: self.game().moves == left, "the forgotten moves to be gone from the file")
-            self.wait_for_position(left)
-            game = self.game()
+            left = self.restore(back)
+            game, forgotten = self.game(), self.tape.records[left]
             self.assertEqual(game.records, self.tape.records[:left])
             self.assertEqual(game.positions, positions_after(self.tape, left))
-            forgotten = self.tape.records[left]
             self.assertEqual(game.colour, forgotten.following or forgotten.mover)
             self.play_moves(12)
             self.tape = self.game()
@@ -205,31 +185,64 @@ class Restoring(RecorderTest):
             self.assertEqual(positions_after(self.tape, self.tape.moves), self.tape.positions)
 
     def test_the_log_forgets_too(self):
-        self.switch_on()
-        self.step_to(self.tape.moves - 20, self.tape.moves)
-        left = self.restored_from(self.tape.moves - 20)
-        self.press("restore")
-        self.wait_until(lambda: self.game().moves == left, "the file of the restored game")
-        self.wait_for_position(left)
-        self.rest_pointer()
-        self.position()
-        after_restore = self.log_part(self.display.picture())
+        self.restore(20)
+        after_restore = self.log_part()
         self.program.kill()
         self.start_again(continues=True)
-        self.rest_pointer()
-        self.wait_until(lambda: self.log_part(self.display.picture()) == after_restore,
-                        "the log that the moves in the file give")
+        self.assertEqual(self.log_part(), after_restore, "the log that the moves in the file give")
 
     def test_a_new_game_ends_the_replay(self):
-        self.switch_on()
-        self.step_to(self.tape.moves - 5, self.tape.moves)
-        self.press("auto back")
-        self.display.key("F2")
-        self.answer("Abandonar la partida en curso", "yes")
-        self.answer("Comienza la Partida", "yes")
-        self.wait_until(lambda: self.title() == "Sorteo del jugador que comienza", "the draw")
-        self.assertFalse(self.game().in_progress)
-        self.assertEqual(self.game().records, [])
+        for key in ("auto back", "back"):
+            self.switch(on=True)
+            self.step_to(self.tape.moves - 3, self.tape.moves)
+            self.press(key)
+            self.display.key("F2")
+            self.answer(ABANDON_TITLE, "yes")
+            self.answer(START_TITLE, "yes")
+            self.wait_for_message(DRAW_TITLE)
+            self.assertEqual(self.game().records, [])
+            self.assertFalse(self.game().in_progress)
+            self.play_moves(12)
+            self.assertEqual(self.keys_down(), set())
+            self.tape = self.game()
+
+
+class Dice(WindowTest):
+    def houses(self):
+        """For each colour a spot of its house, which lies in the shade or not, and the middle of its tray, with the
+        face of a die but not its edges."""
+        picture = self.settled_picture()
+        return {colour: (self.part(picture, (left + 8, top + height - 14, 6, 6)),
+                         self.part(picture, (x + side / 5, y + side / 5, side * 3 / 5, side * 3 / 5)))
+                for colour, (left, top, _, height), (x, y, side, _) in zip(COLOURS, self.layout.houses, self.layout.trays)}
+
+    def test_dice_and_houses_look_at_each_position_as_they_did(self):
+        spots = {colour: [first, first + 1] for colour, first in zip(COLOURS, (6, 23, 40, 57))}
+        self.start(Settings(types=(PERSON,) * 4, pause=ON), game_at(spots, turn=1))
+        first, thrown, lit = self.game().moves, {}, {}
+        while len(thrown) < 10:
+            before = self.game()
+            if not self.advances(self.click_board):
+                lit[before.colour], seen = self.houses()[before.colour]
+                self.display.key("Return")
+                last = self.wait_for_moves(before.moves + 1).records[before.moves]
+                if last.count != 20:  # a bonus is counted without a throw
+                    thrown[last.mover, last.die] = seen
+                self.settle()
+        tape = self.game().records
+        self.display.key("ctrl+Home")
+        for key, positions in (("ctrl+Left", range(len(tape) - 1, first, -1)),
+                               ("ctrl+Right", range(first + 2, len(tape)))):
+            for position in positions:
+                self.display.key(key)
+                last, houses = tape[position - 1], self.houses()
+                self.assertEqual([colour for colour in COLOURS if houses[colour][0] == lit[colour]],
+                                 [tape[position].mover], "the house in the light after move %d" % position)
+                dice = {colour: house[1] for colour, house in houses.items()}
+                die = dice.pop(last.mover)
+                # Where the player had no choice the throw was not seen.
+                self.assertTrue(die == thrown.get((last.mover, last.die), die), "after move %d" % position)
+                self.assertFalse(set(dice.values()) & set(thrown.values()), "another die after move %d" % position)
 
 
 if __name__ == "__main__":

@@ -1,7 +1,8 @@
 """The board: 21 cells of 33 units, in a frame of 16.
 
-One arm is described, the lower one; turning it by quarter turns against the clock gives the
-arms of blue, red and green, with the figures the right way round for the player at that side.
+Only the lower arm, yellow's, is described. Quarter turns counter-clockwise give the arms of blue, red and green,
+with their numbers upright for the player on that side. Coordinates are in units of the drawing from the top left
+corner of the field within the frame.
 """
 
 from . import frame, house
@@ -19,7 +20,7 @@ FIGURE = 12.0
 
 
 def turned(arm):
-    """The quarter turn that brings the lower arm to the arm of colour `arm` + 1."""
+    """A function that turns a point of the lower arm to the arm of colour `arm` + 1."""
     def place(x, y):
         x, y = x - MIDDLE, y - MIDDLE
         for _ in range(arm):
@@ -29,7 +30,7 @@ def turned(arm):
 
 
 def square_number(arm, square):
-    """The number on arm `arm` of what is `square` on the lower arm."""
+    """The number of a square of arm `arm`; `square` is the number of its counterpart on the lower arm."""
     return (square + 17 * arm - 1) % 68 + 1
 
 
@@ -78,7 +79,7 @@ def _coloured_squares(board, arm):
 
 
 def _inlaid_square(board, arm, place, x, y):
-    # The full colour, flat, in a narrow border of a deeper tone.
+    # The full colour without shading, in a narrow border of a deeper tone.
     tones = TONES[arm + 1]
     board.path(_quad(place, x, y, x + BLOCK, y + CELL), fill=tones.edge)
     left = 3 if x < MIDDLE else 2
@@ -111,7 +112,7 @@ def _safe_rings(board):
 
 
 def _crisp(value):
-    # A line of one unit covers whole pixels when it lies beside the cells' borders.
+    # A line one unit wide covers whole pixels if it lies beside the border of the cells, not across it.
     return value + LINE / 2 if value < MIDDLE else value - LINE / 2
 
 
@@ -128,7 +129,7 @@ def _arm_lines():
 
 
 def _lines(board):
-    # Opaque strokes, one element each: the renderer is many times slower with any other.
+    # Opaque strokes, one element each: Qt's renderer is many times slower with translucent or joined ones.
     for arm in range(4):
         place = turned(arm)
         for start, end in _arm_lines():

@@ -1,4 +1,4 @@
-"""The mouse cursors: dice and hands, outlined light and dark so that they stand out on anything."""
+"""The mouse cursors: dice and hands. A dark and a light outline make them visible on any ground."""
 
 from .marks import draw_mark
 from .palette import IVORY, IVORY_LIGHT, TONES
@@ -8,7 +8,7 @@ DARK = "#1c120c"
 SKIN = ("#fff3e2", "#efcaa2", "#b98a60")
 WHITE = ("#ffffff", "#f1ece2", "#b9b1a3")
 
-# A finger is a thick line: x1, y1, x2, y2, thickness.
+# Each finger is a thick line: x1, y1, x2, y2, thickness.
 OPEN_FINGERS = [(11.4, 17, 9.2, 8, 3.7), (15.1, 16, 14.5, 5, 3.8), (18.9, 16, 20, 5.8, 3.8), (22.2, 18, 25, 10, 3.4),
                 (11.2, 23.2, 5, 17.6, 3.8)]
 OPEN_PALM = "M10.4 15.5L23.4 16.5C24.2 21 22.8 24 21 26.5L12.6 26.5C10.6 23.5 9.2 20 10.4 15.5Z"
@@ -32,7 +32,7 @@ HOT_SPOTS = {"ManoIndice": (12, 3)}
 
 
 def hot_spot(name):
-    """The point that a cursor points at; most are held by their middle."""
+    """The hot spot of a cursor: x and y in its drawing, which is 32 units wide. Most have it in the middle."""
     return HOT_SPOTS.get(name, (16, 16))
 
 

@@ -1,11 +1,11 @@
-"""Figures for the squares, as the centre lines of strokes: height 11, width per figure below."""
+"""The digits of the square numbers, as centre lines of strokes. They are 11 units high; each has its own width."""
 
 from .svg import num
 
 HEIGHT = 11.0
 GAP = 2.1
 
-# Absolute path commands M, L and C only, every word set apart by a blank.
+# Width and path of each digit. The path has only the absolute commands M, L and C; blanks separate all words.
 FIGURES = {
     "0": (6.4, "M 3.2 0 C 5.3 0 6.4 2.1 6.4 5.5 C 6.4 8.9 5.3 11 3.2 11 C 1.1 11 0 8.9 0 5.5 C 0 2.1 1.1 0 3.2 0"),
     "1": (3.4, "M 0 2.5 L 3.2 0 L 3.2 11"),
@@ -25,12 +25,12 @@ FIGURES = {
 
 
 def width(text):
-    """Width of a number at the figures' own height."""
+    """The width of a number whose digits are 11 units high."""
     return sum(FIGURES[c][0] for c in text) + GAP * (len(text) - 1)
 
 
 def number(value, cx, cy, height, place):
-    """Path data of a number centred on (cx, cy); `place` moves each point to its final position."""
+    """The path of a number centred on (cx, cy). `place` maps each point to its final position."""
     text = str(value)
     scale = height / HEIGHT
     x = cx - width(text) * scale / 2

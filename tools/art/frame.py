@@ -31,7 +31,7 @@ def _moulding(board, outer, inner, light):
 
 
 def _inlay(board, side):
-    # Solid squares upon one another; only a narrow edge of each stays in sight.
+    # Solid squares, each covering all but a narrow edge of the one below.
     metal = board.linear(0, 0, 0, side, (0, BRASS_LIGHT), (0.3, BRASS), (0.5, BRASS_LIGHT), (0.75, BRASS),
                          (1, BRASS_DARK))
     for grow, fill in ((4.6, "#241008"), (4, metal), (2.4, "#241008")):
@@ -39,7 +39,7 @@ def _inlay(board, side):
 
 
 def draw_inner_edge(board, side):
-    """The shadow that the frame throws on the paper, from the light at the top left."""
+    """The frame's shadow on the paper; the light comes from the top left."""
     depth = 7.0
     down = board.linear(0, 0, 0, depth, (0, "#1a0c04", 0.42), (0.4, "#1a0c04", 0.14), (1, "#1a0c04", 0))
     right = board.linear(0, 0, depth, 0, (0, "#1a0c04", 0.42), (0.4, "#1a0c04", 0.14), (1, "#1a0c04", 0))

@@ -42,7 +42,7 @@ def _triangles(icon, cx, cy, half):
 
 
 def draw_small():
-    """For 16 to 24 pixels: no frame and no shadow, and at 16 all edges on whole pixels."""
+    """The icon for 16 to 24 pixels: without frame and shadow; at 16 all edges lie on whole pixels."""
     icon = Drawing((0, 0, 16, 16), "The program's icon for 16 to 24 pixels. Drawn by tools/make_art.py.")
     icon.rect(0, 0, 16, 16, 3.5, fill="#1c0d06")
     for colour, corners in {3: ((1, 1), (15, 1), (8, 8)), 2: ((15, 1), (15, 15), (8, 8)),

@@ -7,7 +7,7 @@ SHADE = "#241007"
 
 
 def draw_key(drawing, x, y, width, height, rx, pressed):
-    """A key of polished mahogany with a brass line let in; a pressed one has sunk into its well."""
+    """A key of polished mahogany; a pressed one has sunk into its well."""
     end_y = y + height
     slant = x + width if width < 1.5 * height else x
     if not pressed:
@@ -39,7 +39,7 @@ def draw_inlay(drawing, x, y, width, height, rx, pressed, weight=1.2):
 
 
 class Emblem:
-    """Draws an emblem twice: its shadow in the wood, then the ivory let into it."""
+    """Draws an emblem twice: first its shadow in the wood, then the ivory inlay."""
 
     def __init__(self, drawing, pressed):
         self.drawing = drawing

@@ -1,5 +1,8 @@
-"""The band of leather beside the board, and the recorder's case on it. All but the reel are painted with
-their corners as they are and the 16 units between them stretched."""
+"""The leather band beside the board and the recorder's case on it.
+
+The program stretches all of them but the reel and the cup: the corners keep their size, the 16 units between them
+grow.
+"""
 
 import math
 
@@ -12,7 +15,7 @@ LEATHER_LIGHT, LEATHER, LEATHER_DARK = "#35200f", "#28170a", "#190d06"
 
 
 def drawings():
-    """Every picture of the panel by its name, as something that draws it when called."""
+    """Yields the name of each image of the panel and the function that draws it."""
     yield "panel_band", draw_band
     yield "panel_shadow", draw_shadow
     yield "panel_case", draw_case
@@ -99,7 +102,7 @@ def draw_reel():
 
 
 def draw_cup():
-    """A dice cup seen from above; the die at its bottom lies in the dark, as it is none of the game's."""
+    """A dice cup seen from above. The die in it lies in the dark, so that nobody takes it for the die of the game."""
     cup = Drawing((0, 0, 140, 140), "A dice cup on the table. Drawn by tools/make_art.py.")
     x, y = 64, 64
     cup.soft_disc(x + 12, y + 14, 50, 10, 0.5)

@@ -1,4 +1,4 @@
-"""The pieces: turned and lacquered counters seen a little from the front, each with its mark inlaid."""
+"""The pieces: turned, lacquered counters seen slightly from the front, each with its colour's mark inlaid."""
 
 from .marks import draw_mark
 from .palette import INK, IVORY_LIGHT, TONES
@@ -34,7 +34,7 @@ def draw(colour):
 
 
 def draw_shadow():
-    """What a piece in the air casts on the ground; it falls apart from it, so it is a drawing of its own."""
+    """The shadow of a piece in the air. The program paints it at a distance, so it is a drawing of its own."""
     shadow = Drawing((0, 0, 40, 40), "The shadow of a piece in the air. Drawn by tools/make_art.py.")
     dark = "#000000"
     shadow.circle(20, 20, 15.4, fill=shadow.radial(20, 20, 15.4, (0, dark, 0.5), (0.6, dark, 0.32), (1, dark, 0)))

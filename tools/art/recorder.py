@@ -1,11 +1,12 @@
-"""The recorder's strip: on the left all keys at rest, 51 units further right all of them pressed."""
+"""The recorder's strip: on the left all keys at rest, and 51 units further right the same keys pressed."""
 
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY, IVORY_DARK, IVORY_LIGHT
 from .svg import Drawing, mix, points
 
 STEP = 51
 POWER, BACK, FORWARD, REWIND, ADVANCE, RESTORE = range(6)
-# The switch is drawn 38 wide, as wide as it can be clicked; its image reaches 4 units further.
+# x, y and width of each key. The switch is drawn as wide as it can be clicked, 38; the image that the program
+# copies is 4 units wider.
 KEYS = {POWER: (6, 6, 38), BACK: (4, 25, 21), FORWARD: (25, 25, 21), REWIND: (4, 41, 21), ADVANCE: (25, 41, 21),
         RESTORE: (14, 57, 21)}
 HEIGHT = 13

@@ -48,7 +48,7 @@ def _figure(table, chance, body, top, height):
 
 
 def _fibres(table, chance, body, top, height):
-    # One element each: many strokes in one path cost the renderer several times as much.
+    # One element each: Qt's renderer takes several times as long for many strokes in one path.
     for tone, share in 6 * ((DARK, 0.55), (LIGHT, 0.4)):
         x, length = chance.uniform(-100, WIDTH - 100), chance.uniform(200, 800)
         y, drift = top + chance.uniform(5, height - 5), chance.uniform(-3, 3)

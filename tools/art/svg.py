@@ -1,15 +1,15 @@
-"""A small writer of drawings in the part of SVG that the program's renderer paints faithfully.
+"""A small writer of SVG files, limited to what Qt's renderer paints faithfully.
 
-That part is SVG Tiny 1.2: plain #rrggbb colours with separate opacities, gradients whose
-centre and radius are spelled out, no filters, masks, clip paths, patterns or reused symbols.
-Soft shadows are therefore piles of translucent shapes.
+That is SVG Tiny 1.2: plain #rrggbb colours with separate opacities, and gradients with explicit centre and
+radius, but no filters, masks, clip paths, patterns or reused symbols. Soft shadows are therefore piles of
+translucent shapes.
 """
 
 import math
 
 
 def num(value):
-    """A coordinate with at most two decimals and nothing superfluous."""
+    """A coordinate with at most two decimals, without trailing zeros."""
     text = f"{value:.2f}".rstrip("0").rstrip(".")
     return "0" if text in ("-0", "") else text
 
@@ -36,7 +36,7 @@ def star(cx, cy, outer, inner, tips, turn=0.0):
 
 
 class Drawing:
-    """One SVG file in the making: gradients above, shapes below, in painting order."""
+    """An SVG file while it is drawn. The shapes are kept in painting order."""
 
     def __init__(self, view_box, note):
         self.view_box = view_box
@@ -44,7 +44,7 @@ class Drawing:
         self.gradients = {}
         self.shapes = []
 
-    # Paints. Each gives back what fill= or stroke= must say; equal gradients are stored once.
+    # Gradients. Each call returns the value for fill= or stroke=. Equal gradients are stored once.
 
     def linear(self, x1, y1, x2, y2, *stops):
         return self._gradient("linear", f'x1="{num(x1)}" y1="{num(y1)}" x2="{num(x2)}" y2="{num(y2)}"', stops)
@@ -61,7 +61,7 @@ class Drawing:
         name = self.gradients.setdefault(text, f"g{len(self.gradients) + 1}")
         return f"url(#{name})"
 
-    # Shapes. Keywords become attributes, with _ for -; `fill` is none unless given.
+    # Shapes. Keywords become attributes, with - for _. Without `fill` a shape is not filled.
 
     def _add(self, tag, attributes, style):
         style.setdefault("fill", "none")
@@ -90,7 +90,7 @@ class Drawing:
     def close_group(self):
         self.shapes.append("</g>")
 
-    # Pieces of light common to all drawings.
+    # Soft shadows and lights.
 
     def soft_rect(self, x, y, width, height, rx, blur, opacity, layers=6, colour="#000000"):
         """A blurred rectangle: nested ones whose opacities add up towards the middle."""

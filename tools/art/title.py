@@ -1,4 +1,4 @@
-"""The letters of the title: lacquered counters of the four colours and a die, with the letter let in."""
+"""The letters of the title: four lacquered counters and a die, each with a letter inlaid, and a brass plate."""
 
 from .dice import draw_body
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY_LIGHT
@@ -17,7 +17,7 @@ COLOURS = {"z": 1, "o": 2, "r": 3, "v": 4}
 
 
 def drawings():
-    """Every picture of the title by its name, as something that draws it when called."""
+    """Yields the name of each image of the title and the function that draws it."""
     for letter in STROKES:
         yield f"careta_{letter}", lambda letter=letter: draw_letter(letter)
     yield "careta_plate", draw_plate

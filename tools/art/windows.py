@@ -1,4 +1,4 @@
-"""What the windows over the board are furnished with: switches, scales, keys, the folder of the history."""
+"""The images of the windows over the board: switches, scales, keys and the folder of the history."""
 
 from .keys import Emblem, draw_inlay, draw_key
 from .palette import (BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY, IVORY_DARK, IVORY_LIGHT, PAPER, PAPER_DARK,
@@ -9,7 +9,7 @@ MANILA_LIGHT, MANILA, MANILA_DARK = "#ecd29a", "#dcb970", "#a97f3c"
 
 
 def drawings():
-    """Every picture of the windows by its name, as something that draws it when called."""
+    """Yields the name of each image of the windows and the function that draws it."""
     yield "personal_selector_1", lambda: draw_selector("first answer", False)
     yield "personal_selector_2", lambda: draw_selector("second answer", True)
     yield "personal_switch_on", lambda: draw_selector("on", True, lit=True)
@@ -25,8 +25,8 @@ def drawings():
 
 
 def draw_selector(meaning, right, lit=False):
-    """A switch with two places. Of two answers the first lies left and the second right; what is on or
-    off is on at the right, in a lit groove."""
+    """A switch with two positions. The first of two answers is on the left, the second on the right. An option that is
+    on is on the right, in a lit groove."""
     switch = Drawing((0, 0, 30, 21), f"Selector, {meaning}. Drawn by tools/make_art.py.")
     groove = ((0, "#2c5c1c"), (1, "#7fc24a")) if lit else ((0, "#150a05"), (1, "#4a2d1a"))
     switch.rect(0.5, 0.5, 29, 20, 10, fill="#ffffff", fill_opacity=0.5)
@@ -51,7 +51,7 @@ def draw_scale():
 
 
 def draw_marker():
-    """What is dragged along a scale; its point shows the value."""
+    """The marker that is dragged along a scale. Its point shows the value."""
     marker = Drawing((0, 0, 12, 18), "Scale's marker. Drawn by tools/make_art.py.")
     outline = [(0.6, 1.6), (1.6, 0.6), (10.4, 0.6), (11.4, 1.6), (11.4, 11.6), (6, 17.6), (0.6, 11.6)]
     marker.path(points([(x + 0.4, min(y + 0.4, 17.8)) for x, y in outline]), fill="#000000", fill_opacity=0.35)
@@ -87,7 +87,7 @@ def _arrow(d, colour, wood):
 
 
 def draw_folder():
-    """The open folder: its cover on the left, on the right the sheet that the games are written on."""
+    """The open folder: on the left its cover, on the right the sheet with the games."""
     folder = Drawing((0, 0, 548, 340), "The folder of the history. Drawn by tools/make_art.py.")
     folder.soft_rect(8, 12, 536, 324, 8, 5, 0.5, layers=10)
     _board(folder, 2, 14, 178, 318)
@@ -110,7 +110,7 @@ def _board(folder, x, y, width, height):
 
 
 def _label(folder):
-    # Where the program writes what the folder is.
+    # The program writes the folder's title on it.
     folder.rect(23, 53, 136, 58, 3, fill="#3b2506", fill_opacity=0.35)
     folder.rect(22, 52, 136, 58, 3, fill=folder.linear(22, 52, 158, 110, (0, PAPER_LIGHT), (1, PAPER_DARK)))
     folder.rect(26, 56, 128, 50, 2, stroke="#a0332a", stroke_width=1.2)
@@ -135,7 +135,7 @@ def _ring(folder, y):
 
 
 def draw_corner(older):
-    """The lifted corner by which the sheet is turned: right to older games, left back to newer ones."""
+    """The lifted corner that turns the page: on the right to older games, on the left to newer ones."""
     corner = Drawing((0, 0, 52, 30), f"Page corner, to {'older' if older else 'newer'} games. Drawn by tools/make_art.py.")
     if not older:
         corner.open_group("translate(52 0) scale(-1 1)")

@@ -1,8 +1,8 @@
-"""What the sounds are made of: struck wood, bars, bells, strings, brass, paper.
+"""The instruments: struck wood, bars, bells, strings, brass, paper.
 
-Struck things are a short push that sets a few modes swinging: the longer the contact, the softer
-the sound. Each instrument returns a signal that begins at its first moment and has its highest
-value at 1, or at the force that was asked for.
+A struck body is a short push that excites a few modes, the frequencies at which the body vibrates: the
+longer the contact, the softer the sound. Each function returns a signal that starts at once and whose
+peak is 1, or the force that was asked for.
 """
 
 from math import sqrt
@@ -25,7 +25,7 @@ def pitch(name):
 
 
 def push(random, contact, roughness=0.0):
-    """A touch of so many seconds, of area 1; roughness is the part of scraping in it."""
+    """A push that lasts `contact` seconds, with area 1. `roughness` is the share of noise in it, 0 to 1."""
     count = max(3, samples(contact))
     hill = [(0.5 - 0.5 * cosine(2 * PI * (i + 0.5) / count)) for i in range(count)]
     hill = [h * (1 + roughness * (2 * random.random() - 1)) for h in hill]
@@ -34,19 +34,20 @@ def push(random, contact, roughness=0.0):
 
 
 def struck(touch, modes, length):
-    """A body of modes (frequency, seconds to fall to 1/e, gain) after a touch."""
+    """A body after a push. Each of its modes is (frequency in Hz, seconds to fall to 1/e, gain)."""
     result = silence(length)
     for frequency, decay, gain in modes:
         add(result, ring(touch, frequency, decay, length), gain=gain)
     return normal(result)
 
 
-# A small board held at its rim: the higher a mode, the weaker and the shorter.
+# The modes of a small board held at its rim, as multiples of the lowest.
 BOARD = (1.0, 1.59, 2.14, 2.65, 3.50, 4.60, 5.98)
 
 
 def board(random, base, decay, contact, length=0.3, roughness=0.9):
-    """A tap on wood. No two are alike: each shifts its modes by up to a hundredth."""
+    """A tap on wood. The higher a mode, the weaker and shorter it is. No two taps are alike: each mode is
+    shifted at random by up to one percent."""
     modes = []
     for k, ratio in enumerate(BOARD):
         shift = 1 + 0.01 * (2 * random.random() - 1)
@@ -55,7 +56,7 @@ def board(random, base, decay, contact, length=0.3, roughness=0.9):
 
 
 def marimba(random, note, decay=0.16, contact=0.0007, length=0.6):
-    """A tuned bar of rosewood over its tube, and the knock of the mallet on it."""
+    """A tuned rosewood bar over its tube, and the knock of the mallet."""
     f = pitch(note)
     modes = ((f, decay, 1.0), (3.93 * f, decay * 0.30, 0.32), (9.1 * f, decay * 0.09, 0.12))
     bar = struck(push(random, contact, 0.3), modes, length)
@@ -63,7 +64,7 @@ def marimba(random, note, decay=0.16, contact=0.0007, length=0.6):
 
 
 def bell(random, note, decay=0.30, contact=0.0007, length=0.6):
-    """A small bell touched with felt; the doubled first mode makes it shimmer."""
+    """A small bell struck with felt. Its first mode is doubled, a little apart, which makes it shimmer."""
     f = pitch(note)
     modes = ((f, decay, 0.6), (1.004 * f, decay, 0.5), (2.0 * f, decay * 0.7, 0.22),
              (2.76 * f, decay * 0.45, 0.20), (5.40 * f, decay * 0.2, 0.10))
@@ -71,7 +72,7 @@ def bell(random, note, decay=0.30, contact=0.0007, length=0.6):
 
 
 def die_hit(random, force, length=0.12):
-    """A small hard cube on a table: the cube clicks, the table answers lower and longer."""
+    """A small hard cube hits a table: the cube clicks, the table sounds lower and longer."""
     turn = 1 + 0.10 * (2 * random.random() - 1)
     cube = ((1870 * turn, 0.0070, 0.90), (2840 * turn, 0.0050, 0.80), (4300 * turn, 0.0030, 0.55))
     table = ((245, 0.020, 0.22), (418 * turn, 0.018, 0.30), (690, 0.013, 0.30), (1120, 0.009, 0.30))
@@ -85,15 +86,15 @@ def castanet(random, force=1.0):
 
 
 def paper(random, length, middle, top, grain):
-    """A sheet that is moved: noise in a band that wanders (`middle`, given the time), loudest at
-    `top` seconds, with a share of single crackles."""
+    """A sheet in motion: noise in a band around `middle(t)` Hz, loudest at `top` seconds. The higher
+    `grain` is, from 0 to 1, the more single crackles stand out of it."""
     rough = [v if random.random() < 0.03 else (1 - grain) * v for v in noise(random, length)]
     rough = [v * 4 * grain if abs(v) > 1 - grain else v for v in rough]
     return normal(shaped(band(low_pass(rough, 5000), middle, 0.7), swell(length, top)))
 
 
 def sliding(random, length, frequency, top):
-    """Wood over wood or felt: dull noise, uneven as the hand is."""
+    """Wood slides over wood or felt: dull noise whose strength wavers as a hand does."""
     moments = range(2 + int(length / 0.012))
     sway = line([(0.012 * i, 0.55 + 0.45 * random.random()) for i in moments])
     rough = band(low_pass(noise(random, length), 1600), lambda t: frequency * (1 + 0.5 * t / length), 0.8)
@@ -102,8 +103,8 @@ def sliding(random, length, frequency, top):
 
 
 def string(random, note, ring_seconds=1.6, length=2.0, pick=0.17, brightness=2600):
-    """A plucked gut string: a burst of noise goes round a loop that dulls and weakens it. An
-    all-pass takes up the part of the loop's length that is no whole sample."""
+    """A plucked gut string: a burst of noise circulates in a delay loop that dulls and weakens it. The
+    loop holds whole samples; an all-pass filter adds the rest of the period."""
     period = RATE / pitch(note)
     count = int(period - 0.6)
     part = period - 0.5 - count
@@ -126,7 +127,7 @@ def string(random, note, ring_seconds=1.6, length=2.0, pick=0.17, brightness=260
 
 
 def brass(note, length):
-    """A small trumpet: the louder it is, the more overtones it has."""
+    """A small trumpet: the louder it plays, the more overtones it has."""
     f = pitch(note)
     envelope = line(((0, 0.0), (0.035, 1.0), (0.10, 0.78), (length * 0.6, 0.62), (length, 0.0)))
     result = []

@@ -1,11 +1,11 @@
-"""What is measured of a recording: peak, loudness, colour, and how unlike another it is."""
+"""Measures a recording: peak, loudness, colour, and likeness to another recording."""
 
 from math import log10
 
 from sounds.signals import PI, RATE, SINES, TABLE_SIZE, cosine, decibels, samples, sine
 
 SILENCE = -120.0
-# The ear weighs a short sound over about an eighth of a second.
+# Seconds over which the ear judges the loudness of a short sound.
 WINDOW = 0.125
 
 
@@ -28,7 +28,8 @@ def biquad(signal, b, a):
 
 
 def k_weighted(signal):
-    """As the ear hears it: a shelf for the head above 1.7 kHz, and no depths (ITU-R BS.1770)."""
+    """The signal filtered as the ear hears it (ITU-R BS.1770): frequencies above 1.7 kHz are raised, as the
+    head does, and the lowest are taken out."""
     k = sine(PI * 1681.974450955533 / RATE) / cosine(PI * 1681.974450955533 / RATE)
     q, high, middle = 0.7071752369554196, decibels(3.999843853973347), decibels(1.998551301)
     whole = 1 + k / q + k * k
@@ -43,7 +44,7 @@ def k_weighted(signal):
 
 
 def loudest_power(signal):
-    """The highest mean square of the weighted signal in a window of an eighth of a second."""
+    """The highest mean square of the filtered signal in any window of an eighth of a second."""
     count = samples(WINDOW)
     squares = [v * v for v in k_weighted(signal)]
     total = best = 0.0
@@ -78,7 +79,7 @@ HILL = [0.5 - 0.5 * cosine(2 * PI * i / FRAME) for i in range(FRAME)]
 
 
 def spectra(signal):
-    """The power of every frequency in frames of 23 ms."""
+    """The power of each frequency, in overlapping frames of 23 ms that start every 12 ms."""
     padded = [0.0] * HOP + list(signal) + [0.0] * FRAME
     result = []
     for start in range(0, len(signal) + HOP, HOP):
@@ -88,7 +89,7 @@ def spectra(signal):
 
 
 def centroid(frames):
-    """Where the middle of the spectrum lies, in Hz: low is dull, high is bright."""
+    """The mean frequency in Hz, weighted by power: low is dull, high is bright."""
     total = weighted = 0.0
     for frame in frames:
         for i, power in enumerate(frame):
@@ -98,7 +99,7 @@ def centroid(frames):
 
 
 def portrait(frames):
-    """How the third-octave bands go in time: the loudness of each, in frames of 12 ms."""
+    """For each frame the power of every third-octave band, compressed about as the ear does."""
     result = []
     for frame in frames:
         bands = [0.0] * len(EDGES)
@@ -113,14 +114,14 @@ def portrait(frames):
 
 
 def likeness(one, other):
-    """1 for the same portrait, 0 for portraits that share nothing."""
+    """How like two portraits are: 1 for equal ones, 0 when they share no band at any time."""
     product = sum(a * b for f, g in zip(one, other) for a, b in zip(f, g))
     square = sum(a * a for f in one for a in f) * sum(b * b for g in other for b in g)
     return product / square ** 0.5
 
 
 def body(signal):
-    """Seconds until nine tenths of the sound's energy are over."""
+    """The seconds in which the first nine tenths of the energy are heard."""
     whole = sum(v * v for v in signal)
     reached = 0.0
     for i, v in enumerate(signal):

@@ -1,4 +1,4 @@
-"""The recordings of the game, one function each."""
+"""The recordings of the game: one function for each sound, and the table of all sounds."""
 
 from random import Random
 
@@ -209,7 +209,8 @@ def die_rests(random):
 
 
 class Recording:
-    """One of the sounds: what makes it, when it is heard, and its loudness beside the others."""
+    """One sound: its id, when it is heard, the function that makes it, the decibels by which it is softer
+    than the others, and the strength of its room."""
 
     def __init__(self, sound, heard, make, soft=0.0, room=1.0):
         self.sound, self.heard, self.make, self.soft, self.room = sound, heard, make, soft, room
@@ -218,7 +219,7 @@ class Recording:
         return in_room(self.make(Random(1000 + self.sound)), self.room)
 
 
-OFTEN = 2.0
+OFTEN = 2.0  # decibels: sounds heard many times a minute are softer
 RECORDINGS = (
     Recording(1, "a menu button is pressed", button_pressed),
     Recording(2, "the help or a page of the manual opens", help_page),

@@ -1,8 +1,8 @@
-"""Signals as plain lists of numbers at 44100 a second, and what is done with them.
+"""Signals, which are lists of samples, 44100 a second, and the operations on them.
 
-Sine and exponential are worked out here with additions and multiplications alone: these are
-exact to the last bit on every machine, as square roots are; other functions of a mathematics
-library are not, and a recording must come out the same wherever it is made.
+Sine and exponential are computed here from the four basic operations, which give the same bits on every
+machine, as square roots do. The functions of a mathematics library may differ in the last bit from machine
+to machine, and the recordings must not.
 """
 
 RATE = 44100
@@ -39,7 +39,7 @@ def cosine(x):
 
 
 def decibels(db):
-    """The factor of an amplitude that is so many decibels."""
+    """The factor that changes an amplitude by `db` decibels."""
     return exponential(db * 0.11512925464970229)
 
 
@@ -47,13 +47,14 @@ SINES = [sine(2 * PI * i / TABLE_SIZE) for i in range(TABLE_SIZE + 1)]
 
 
 def wave(phase):
-    """The sine of a phase counted in whole turns, read from a table."""
+    """The sine of a phase in turns (1 is a full circle), not negative; read from a table."""
     at = (phase - int(phase)) * TABLE_SIZE
     left = int(at)
     return SINES[left] + (SINES[left + 1] - SINES[left]) * (at - left)
 
 
 def samples(seconds):
+    """The number of samples in so many seconds."""
     return int(seconds * RATE + 0.5)
 
 
@@ -62,7 +63,7 @@ def silence(seconds):
 
 
 def add(into, signal, at=0.0, gain=1.0):
-    """Mixes a signal into another from `at` seconds on; what sticks out at the end is dropped."""
+    """Adds a signal to `into` from `at` seconds on and returns `into`; drops what would exceed its end."""
     start = samples(at)
     for i in range(min(len(signal), len(into) - start)):
         into[start + i] += gain * signal[i]
@@ -70,14 +71,14 @@ def add(into, signal, at=0.0, gain=1.0):
 
 
 def normal(signal):
-    """The signal with its highest value at 1, so that gains can be compared."""
+    """The signal scaled to a peak of 1, so that gains can be compared."""
     highest = max(abs(value) for value in signal)
     return [value / highest for value in signal]
 
 
 def ring(push, frequency, decay, length):
-    """A mode of a body: swings at a frequency while pushed and after, and falls to 1/e in `decay`
-    seconds."""
+    """One mode of a body: it vibrates at `frequency` Hz while it is pushed and afterwards, and falls to
+    1/e in `decay` seconds."""
     turn = 2 * PI * frequency / RATE
     radius = exponential(-1 / (decay * RATE))
     first, second, gain = 2 * radius * cosine(turn), -radius * radius, sine(turn)
@@ -92,7 +93,7 @@ def ring(push, frequency, decay, length):
 
 
 def low_pass(signal, frequency):
-    """Takes off what is above a frequency, gently (one pole)."""
+    """Weakens the frequencies above `frequency` gently (one pole)."""
     keep = exponential(-2 * PI * frequency / RATE)
     result, last = [], 0.0
     for value in signal:
@@ -102,12 +103,13 @@ def low_pass(signal, frequency):
 
 
 def high_pass(signal, frequency):
+    """Weakens the frequencies below `frequency` gently."""
     return [value - low for value, low in zip(signal, low_pass(signal, frequency))]
 
 
 def band(signal, frequency_at, width):
-    """Lets through a band whose middle moves: `frequency_at` is given the time in seconds.
-    `width` is the band's width as a part of its frequency."""
+    """Lets a moving band through: its middle is `frequency_at(t)` Hz at `t` seconds, its width the part
+    `width` of that."""
     low = middle = 0.0
     result = []
     for i, value in enumerate(signal):
@@ -123,12 +125,12 @@ def noise(random, seconds):
 
 
 def shaped(signal, gain_at):
-    """The signal under an envelope, which is given the time in seconds."""
+    """The signal times an envelope: `gain_at(t)` is its gain at `t` seconds."""
     return [value * gain_at(i / RATE) for i, value in enumerate(signal)]
 
 
 def line(points):
-    """An envelope through points of (second, value), straight between them."""
+    """An envelope of straight lines through points of (seconds, value)."""
     def value(t):
         for (t0, v0), (t1, v1) in zip(points, points[1:]):
             if t < t1:
@@ -138,7 +140,7 @@ def line(points):
 
 
 def swell(length, top):
-    """A smooth hill that begins and ends at nothing and is highest at `top` seconds."""
+    """An envelope that rises smoothly from 0 to 1 at `top` seconds and falls to 0 at `length`."""
     def value(t):
         if t >= length:
             return 0.0
@@ -147,12 +149,12 @@ def swell(length, top):
     return value
 
 
-# The first echoes of a small furnished room: seconds and gains. They tie the sounds together.
+# The first echoes of a small furnished room: (seconds, gain). All sounds share them and so belong together.
 ROOM = ((0.0053, 0.20), (0.0089, 0.16), (0.0137, 0.13), (0.0193, 0.09), (0.0291, 0.06))
 
 
 def in_room(signal, gain=1.0):
-    """The signal and its echoes, each duller than the sound itself."""
+    """The signal with its echoes, which are duller than itself; `gain` scales the echoes."""
     dull = low_pass(low_pass(signal, 2600), 2600)
     result = list(signal)
     for delay, part in ROOM:

@@ -1,0 +1,226 @@
+#include "app/BoardInput.h"
+
+#include <gtest/gtest.h>
+
+#include <QKeyEvent>
+
+#include "tests/app/BoardWindow.h"
+
+namespace zorva::test {
+namespace {
+
+/// Yellow is on turn: its pieces stand on 10 and 30, one on its goal and one in its box.
+class OnTheBoard : public testing::Test, public BoardWindow {
+protected:
+    OnTheBoard() : BoardWindow("1:10 30 76 0  2:40 0 0 0  3:60 60 0 0") {
+        state.GameInProgress = Yes;
+        state.CurrentColour = 1;
+        state.MoveCount = 3;
+        settings.PlayerType[1] = 2;
+    }
+
+    void AwaitThrow() { state.WaitingForThrow = Yes; }
+
+    // Pieces 1 and 2 may be picked; the advice is to move piece 2.
+    void AwaitMove() {
+        state.WaitingForMove = Yes;
+        state.MovablePieces = {0, Yes, Yes, No, No};
+        state.LegalMoveCount = 2;
+        state.BestPiece = 2;
+        state.BestFrom = 30;
+        state.BestTo = 33;
+        input.ShowWhatCanBePicked();
+    }
+
+    void Click(Point at, Qt::MouseButton button = Qt::LeftButton) {
+        input.Press(at, button);
+        input.Release(at);
+    }
+
+    void Drag(PieceCode piece, Point to) {
+        input.Press(PlaceOf(piece), Qt::LeftButton);
+        input.Move(to);
+        input.Release(to);
+    }
+
+    void Key(int key, const char* text = "") {
+        input.PlainKey(QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
+    }
+
+    QCursor Named(const char* name) { return mesa.Shared().cursors.Named(name); }
+
+    RecorderState recorder;
+    BoardInput input{state, settings, recorder, mesa};
+};
+
+TEST_F(OnTheBoard, AClickThrowsOnlyWhileAThrowIsAwaited) {
+    Click(PlaceOf(11));
+    EXPECT_EQ(state.MovePiece, 0) << "nothing is awaited";
+    AwaitThrow();
+    recorder.RecorderOn = Yes;
+    Click(PlaceOfSquare(50));
+    EXPECT_EQ(state.WaitingForThrow, Yes) << "the recorder is on";
+    recorder.RecorderOn = No;
+    input.Release(PlaceOfSquare(50));
+    EXPECT_EQ(state.WaitingForThrow, Yes) << "nothing was pressed";
+    Click(PlaceOfSquare(50));
+    EXPECT_EQ(state.WaitingForThrow, No);
+}
+
+TEST_F(OnTheBoard, AClickPicksAPieceThatMayMove) {
+    const struct {
+        const char* name;
+        PieceCode piece;
+        Qt::MouseButton button;
+        bool person;
+        Short picked;
+    } rows[] = {
+        {"a piece that may move", 11, Qt::LeftButton, true, 1},
+        {"one on its goal", 13, Qt::LeftButton, true, 0},
+        {"another colour's", 21, Qt::LeftButton, true, 0},
+        {"with the right button", 11, Qt::RightButton, true, 0},
+        {"where the computer plays", 11, Qt::LeftButton, false, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        settings.PlayerType[1] = row.person ? 2 : 1;
+        AwaitMove();
+        state.MovePiece = state.MoveFrom = state.MoveTo = 0;
+        mesa.Scene().ShowMove({});
+        Click(PlaceOf(row.piece), row.button);
+        EXPECT_EQ(state.MovePiece, row.picked);
+        EXPECT_EQ(state.WaitingForMove, row.picked != 0 ? No : Yes);
+        EXPECT_EQ(state.MoveFrom, row.picked != 0 ? 10 : 0);
+        EXPECT_EQ(state.MoveTo, row.picked != 0 ? 13 : 0);
+        EXPECT_EQ(View().shown.piece, row.picked != 0 ? 11 : 0);
+    }
+}
+
+TEST_F(OnTheBoard, KeysThrowAcceptAndMark) {
+    AwaitThrow();
+    Key(Qt::Key_I, "i");
+    EXPECT_EQ(state.WaitingForThrow, Yes) << "i is no key of the game";
+    Key(Qt::Key_Space, " ");
+    EXPECT_EQ(state.WaitingForThrow, No);
+    AwaitMove();
+    Key(Qt::Key_A, "a");
+    EXPECT_EQ(state.MovePiece, 2) << "any key takes the advised move";
+    AwaitMove();
+    input.MarkNext(-1);
+    EXPECT_EQ(View().marked, 12);
+    EXPECT_EQ(View().preview.to, 33);
+    input.MarkNext(-1);
+    input.MarkNext(-1);
+    EXPECT_EQ(View().marked, 12) << "round and round";
+    input.MarkNext(1);
+    EXPECT_EQ(View().marked, 11);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(state.MovePiece, 1) << "Enter takes the marked one";
+    AwaitMove();
+    EXPECT_EQ(View().marked, 0);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(state.MovePiece, 2) << "and the advised one when none is marked";
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(mesa.isMinimized());
+}
+
+TEST_F(OnTheBoard, ShowsWhatCanBePickedAndWhereItWouldGo) {
+    AwaitMove();
+    EXPECT_TRUE(View().movable[11] && View().movable[12]);
+    EXPECT_FALSE(View().movable[13] || View().movable[21]);
+    input.Move(PlaceOf(11));
+    EXPECT_EQ(View().preview.piece, 11);
+    EXPECT_EQ(View().preview.to, 13);
+    EXPECT_EQ(input.CursorAt(PlaceOf(11)), Named("ManoCeAm"));
+    EXPECT_EQ(input.CursorAt(PlaceOfSquare(50)).shape(), Qt::ArrowCursor);
+    input.Move(PlaceOfSquare(50));
+    EXPECT_EQ(View().preview.piece, 0);
+    state.WaitingForMove = No;
+    input.ShowWhatCanBePicked();
+    EXPECT_FALSE(View().movable[11]);
+    AwaitThrow();
+    EXPECT_EQ(input.CursorAt(PlaceOfSquare(50)), Named("DadoAmar"));
+    recorder.RecorderOn = Yes;
+    EXPECT_EQ(input.CursorAt(PlaceOfSquare(50)).shape(), Qt::ArrowCursor);
+}
+
+TEST_F(OnTheBoard, TheRightButtonTurnsManualModeOnAndOff) {
+    AwaitThrow();
+    Click(PlaceOfSquare(50), Qt::RightButton);
+    EXPECT_EQ(state.ManualMode, Yes);
+    EXPECT_TRUE(View().manualMode);
+    Click(PlaceOfSquare(50));
+    EXPECT_EQ(state.WaitingForThrow, Yes) << "in manual mode a click does not throw";
+    Click(PlaceOfSquare(50), Qt::RightButton);
+    EXPECT_EQ(state.ManualMode, No);
+    EXPECT_FALSE(View().manualMode);
+    Click(PlaceOfSquare(50), Qt::RightButton);
+    Key(Qt::Key_Space, " ");
+    EXPECT_EQ(state.ManualMode, No) << "a key leaves manual mode";
+    EXPECT_EQ(state.WaitingForThrow, Yes) << "and does not throw";
+}
+
+TEST_F(OnTheBoard, APieceIsDroppedWhereItMayStandAndGlidesBackElsewhere) {
+    const Layout& layout = mesa.Shared().layout;
+    const Point ownBox = layout.House(1).Centre(), otherBox = layout.House(2).Centre();
+    const struct {
+        const char* name;
+        PieceCode piece;
+        Point to;
+        bool accepted;
+        Square square;
+        std::vector<Sound> heard;
+    } rows[] = {
+        {"a free square", 11, PlaceOfSquare(20), true, 20, {Sound::MoveByHand, Sound::MoveByHand}},
+        {"its own box", 11, ownBox, true, 0, {Sound::MoveByHand, Sound::MoveByHand}},
+        {"another box", 11, otherBox, false, 0, {Sound::MoveByHand, Sound::Refusal}},
+        {"a full square", 11, PlaceOfSquare(60), false, 0, {Sound::MoveByHand, Sound::Refusal}},
+        {"off the board", 11, {5, 5}, false, 0, {Sound::MoveByHand, Sound::Refusal}},
+        {"where it stood", 11, PlaceOfSquare(10), false, 0, {Sound::MoveByHand, Sound::MoveByHand}},
+        {"a piece on its goal stays there", 13, PlaceOfSquare(20), false, 0, {}},
+        {"another colour's piece",
+         21,
+         PlaceOfSquare(45),
+         true,
+         45,
+         {Sound::MoveByHand, Sound::MoveByHand}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        AwaitThrow();
+        state.CurrentColour = 1;
+        state.ManualShiftMade = state.ManualMode = No;
+        Click(PlaceOfSquare(50), Qt::RightButton);
+        sounds.clear();
+        Drag(row.piece, row.to);
+        EXPECT_EQ(sounds, row.heard);
+        EXPECT_FALSE(input.IsDragging());
+        EXPECT_EQ(state.ManualShiftMade, row.accepted ? Yes : No);
+        EXPECT_EQ(state.WaitingForThrow, row.accepted ? No : Yes);
+        EXPECT_EQ(View().manualMode, !row.accepted);
+        if (row.accepted) {
+            EXPECT_EQ(CodeOf(state.CurrentColour, state.MovePiece), row.piece);
+            EXPECT_EQ(state.MoveTo, row.square);
+        } else {
+            EXPECT_EQ(View().inAir, 0);
+            EXPECT_EQ(View().at[row.piece], AsPointF(PlaceOf(row.piece)));
+        }
+        mesa.Scene().Refresh();
+    }
+}
+
+TEST_F(OnTheBoard, TheHandShowsWhetherAPieceMayBeDropped) {
+    AwaitThrow();
+    Click(PlaceOfSquare(50), Qt::RightButton);
+    EXPECT_EQ(input.CursorAt(PlaceOf(11)), Named("ManoAbie"));
+    EXPECT_EQ(input.CursorAt(PlaceOf(13)), Named("ManoBlan"));
+    input.Press(PlaceOf(11), Qt::LeftButton);
+    EXPECT_EQ(input.CursorAt(PlaceOfSquare(20)), Named("ManoVerde"));
+    EXPECT_EQ(input.CursorAt(PlaceOfSquare(60)), Named("ManoRoja"));
+    input.CancelDrag();
+    EXPECT_FALSE(input.IsDragging());
+    EXPECT_EQ(View().at[11], AsPointF(PlaceOf(11)));
+}
+
+}  // namespace
+}  // namespace zorva::test

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <vector>
+
+#include "app/BoardHits.h"
+#include "app/Mesa.h"
+#include "app/PiecePlaces.h"
+#include "tests/support/Positions.h"
+
+namespace zorva::test {
+
+/// A board window of 1024x768 pixels on a screen that nobody sees: there a pixel of the layout is a
+/// device pixel.
+struct BoardWindow {
+    explicit BoardWindow(const char* position = "") : state(Position(position)) {
+        mesa.Shared().PlaySound = [this](Sound sound) { sounds.push_back(sound); };
+        mesa.resize(1024, 768);
+        mesa.show();
+        for (Colour colour = 1; colour <= ColourCount; ++colour) {
+            for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+                mesa.Scene().PutDown(CodeOf(colour, piece));
+            }
+        }
+    }
+
+    const BoardView& View() { return mesa.Scene().View(); }
+    Point PlaceOf(PieceCode code) { return PlaceOfPiece(mesa.Shared().layout, state, code); }
+    Point PlaceOfSquare(Square square) { return mesa.Shared().layout.SquarePosition(square); }
+
+    GameState state;
+    Settings settings;
+    std::vector<Sound> sounds;
+    Mesa mesa{state, settings};
+};
+
+}  // namespace zorva::test

@@ -1,0 +1,146 @@
+#include "app/MoveLog.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QImage>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "app/Artwork.h"
+#include "app/Cursors.h"
+#include "app/Palette.h"
+
+namespace zorva {
+namespace {
+
+/// The window behind the log, which must never get a click that was made on the log.
+class Behind : public QWidget {
+public:
+    int clicks = 0;
+
+protected:
+    void mousePressEvent(QMouseEvent*) override { ++clicks; }
+    void mouseReleaseEvent(QMouseEvent*) override { ++clicks; }
+};
+
+class MoveLogTest : public testing::Test {
+protected:
+    MoveLogTest() {
+        behind.resize(200, 200);
+        log.setGeometry(20, 20, 150, 150);  // eight lines and a half
+        behind.show();
+        log.Begin("Inicio");
+        AddTo(30);
+    }
+
+    void AddTo(int last) {
+        for (int row = log.model()->rowCount(); row <= last; ++row) log.Add(QString::number(row));
+        QApplication::processEvents();
+    }
+
+    /// The rows that are seen whole, and the one that is selected (-1: none), as "3..10 s7".
+    std::string Seen() {
+        QApplication::processEvents();
+        const QRect page = log.viewport()->rect();
+        const int first = log.indexAt({5, 0}).row();
+        const int last = log.indexAt({5, page.bottom()}).row();
+        const bool isWhole = log.visualRect(log.model()->index(first, 0)).top() == 0 &&
+                             log.visualRect(log.model()->index(last, 0)).bottom() == page.bottom();
+        const QModelIndexList selected = log.selectionModel()->selectedIndexes();
+        return QStringLiteral("%1..%2 s%3%4")
+            .arg(first)
+            .arg(last)
+            .arg(selected.isEmpty() ? -1 : selected.first().row())
+            .arg(isWhole ? "" : " cut")
+            .toStdString();
+    }
+
+    void Wheel(int angle) {
+        QWheelEvent event({50, 50}, log.mapToGlobal(QPointF(50, 50)), {}, {0, angle}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(log.viewport(), &event);
+    }
+
+    Artwork artwork;
+    Cursors cursors{artwork};
+    Services services{artwork, cursors, LayoutFor(1024, 768), 1, {}, {}};
+    Behind behind;
+    MoveLog log{&behind, services};
+};
+
+TEST_F(MoveLogTest, ShowsTheLineThatMattersAndNeverHalfALine) {
+    EXPECT_EQ(Seen(), "23..30 s-1");
+    log.Select(30);
+    EXPECT_EQ(Seen(), "23..30 s30");
+    log.Select(5);
+    EXPECT_EQ(Seen(), "5..12 s5");
+    log.Select(13);
+    EXPECT_EQ(Seen(), "6..13 s13");
+    log.resize(150, 100);
+    EXPECT_EQ(Seen(), "9..13 s13") << "after a change of the size";
+    log.resize(150, 150);
+    log.Select(-1);
+    EXPECT_EQ(Seen(), "9..16 s-1") << "nothing to scroll to";
+    log.Select(8);
+    AddTo(31);
+    EXPECT_EQ(Seen(), "24..31 s-1") << "a new line deselects and is seen";
+    log.Select(31);
+    log.CutFrom(20);
+    EXPECT_EQ(Seen(), "12..19 s-1");
+    log.Begin("Otra");
+    AddTo(7);
+    EXPECT_EQ(Seen(), "0..7 s-1");
+}
+
+TEST_F(MoveLogTest, IsAListForScreenReaders) {
+    log.CutFrom(2);
+    log.Select(1);
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&log);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->text(QAccessible::Name), "Registro de jugadas");
+    ASSERT_EQ(list->childCount(), 2);
+    EXPECT_EQ(list->child(0)->text(QAccessible::Name), "Inicio");
+    EXPECT_EQ(list->child(1)->text(QAccessible::Name), "1");
+    EXPECT_TRUE(list->child(1)->state().selected);
+    EXPECT_FALSE(log.currentIndex().isValid()) << "they would believe that it has the focus";
+}
+
+TEST_F(MoveLogTest, TheMouseScrollsItAndDoesNothingElse) {
+    for (const QEvent::Type type :
+         {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+        QMouseEvent event(type, {50, 50}, log.mapToGlobal(QPointF(50, 50)), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(log.viewport(), &event);
+    }
+    EXPECT_EQ(behind.clicks, 0);
+    EXPECT_EQ(Seen(), "23..30 s-1");
+    EXPECT_FALSE(log.hasFocus());
+    const int bottom = log.verticalScrollBar()->value();
+    Wheel(120);
+    EXPECT_EQ(bottom - log.verticalScrollBar()->value(), 3 * 16) << "three lines for a notch";
+    Wheel(10);
+    EXPECT_EQ(bottom - log.verticalScrollBar()->value(), 3 * 16 + 4) << "touchpads scroll by less";
+    AddTo(31);
+    EXPECT_EQ(Seen(), "24..31 s-1") << "the next move is seen all the same";
+}
+
+TEST_F(MoveLogTest, LooksLikePaperWithABarOnTheSelectedLine) {
+    log.Select(0);
+    log.Select(7);
+    const auto colourAt = [this](int x, int y) { return log.grab().toImage().pixelColor(x, y); };
+    const int atRow = 6 + 16 * 7 + 1;  // the seventh move's row, above its text
+    EXPECT_EQ(colourAt(1, atRow), palette::Mark);
+    EXPECT_EQ(colourAt(100, atRow), palette::Brass);
+    log.Select(-1);
+    EXPECT_EQ(colourAt(100, atRow), palette::Paper) << "an odd line";
+    EXPECT_EQ(colourAt(100, atRow - 16), palette::RuledPaper) << "an even line";
+    Wheel(-120);
+    EXPECT_EQ(colourAt(100, atRow), palette::RuledPaper) << "the rules scroll with the lines";
+    EXPECT_LT(colourAt(100, 0).value(), 140) << "the slit's shadow stays";
+}
+
+}  // namespace
+}  // namespace zorva

@@ -1,0 +1,130 @@
+#include "app/RecorderControl.h"
+
+#include <gtest/gtest.h>
+
+#include "core/Records.h"
+#include "tests/app/BoardWindow.h"
+#include "tests/support/NotingOutside.h"
+
+namespace zorva::test {
+namespace {
+
+/// A world that notes what it is asked for, and in which somebody may press a key during a yield.
+class YieldingOutside : public NotingOutside {
+public:
+    using NotingOutside::NotingOutside;
+    void YieldToEvents(UserInput input) override {
+        EXPECT_EQ(input, UserInput::Handled);
+        if (atYield) atYield();
+    }
+    std::function<void()> atYield;
+};
+
+/// Yellow has walked from 10 to 13 and to 18; a throw is awaited.
+class WithATape : public testing::Test, public BoardWindow {
+protected:
+    WithATape() : BoardWindow("1:18 0 0 0") {
+        state.GameInProgress = state.WaitingForThrow = Yes;
+        state.CurrentColour = 2;
+        state.MoveRecords[1] = {1, 0, 3, 3, 1, 10, 13, 0, No, 0, Yes};
+        state.MoveRecords[2] = {1, 0, 5, 5, 1, 13, 18, 0, No, 0, Yes};
+        state.MoveRecordCount = 3;
+    }
+
+    std::string Live() {
+        std::string live;
+        for (int key = 0; key < RecorderKeyCount; ++key) {
+            live += control.IsLive(static_cast<RecorderKey>(key)) ? 'x' : '-';
+        }
+        return live;
+    }
+
+    RecorderState recorder;
+    YieldingOutside outside{state};
+    RecorderControl control{{state, settings, outside}, recorder, mesa};
+};
+
+TEST_F(WithATape, KeysAreLiveWhereTheyDoSomething) {
+    EXPECT_EQ(Live(), "x-----");
+    state.WaitingForThrow = No;
+    EXPECT_EQ(Live(), "------");
+    state.WaitingForThrow = Yes;
+    control.Press(RecorderKey::BackOne);
+    EXPECT_EQ(state.MoveRecordCount, 3) << "the recorder is off";
+    control.Press(RecorderKey::OnOff);
+    EXPECT_EQ(Live(), "xx-x--");
+    control.Press(RecorderKey::BackOne);
+    EXPECT_EQ(Live(), "xxxxxx");
+    control.Press(RecorderKey::BackOne);
+    EXPECT_EQ(Live(), "x-x-xx");
+    control.Press(RecorderKey::BackOne);
+    EXPECT_EQ(state.MoveRecordCount, 1);
+    control.Press(RecorderKey::ForwardOne);
+    EXPECT_EQ(state.MoveRecordCount, 2);
+    EXPECT_EQ(state.PiecePosition[1][1], 13);
+}
+
+TEST_F(WithATape, TheDieOfTheLastMoveLiesAtRest) {
+    control.Press(RecorderKey::OnOff);
+    control.Press(RecorderKey::BackOne);
+    EXPECT_EQ(outside.Only({"die"}), Notes{"die 1 3 rests"});
+    EXPECT_EQ(outside.Only({"turn"}).back(), "turn 1 tape");
+    control.Press(RecorderKey::BackOne);
+    EXPECT_EQ(outside.Only({"die"}), Notes{"die 1 3 rests"}) << "no move is on the board";
+    control.Press(RecorderKey::OnOff);
+    EXPECT_EQ(outside.Only({"die"}).back(), "die 2 5 ready");
+    EXPECT_EQ(outside.Only({"turn"}).back(), "turn 2 throws");
+    EXPECT_EQ(state.PiecePosition[1][1], 18);
+    EXPECT_EQ(recorder.RecorderOn, No);
+}
+
+TEST_F(WithATape, AKeyThatRunsByItselfStopsAtTheEndOrWhenItIsPressedAgain) {
+    control.Press(RecorderKey::OnOff);
+    control.Press(RecorderKey::AutoBack);
+    EXPECT_EQ(state.MoveRecordCount, 1);
+    int yields = 0;
+    outside.atYield = [&] {
+        ++yields;
+        EXPECT_EQ(Live(), state.MoveRecordCount == 2 ? "----x-" : "------");
+        control.Press(RecorderKey::AutoBack);
+        control.Press(RecorderKey::OnOff);
+        control.Press(RecorderKey::Restore);
+        EXPECT_EQ(recorder.RecorderOn, Yes);
+        control.Press(RecorderKey::AutoForward);
+    };
+    control.Press(RecorderKey::AutoForward);
+    EXPECT_EQ(yields, 1) << "pressed again it stops";
+    EXPECT_EQ(state.MoveRecordCount, 2);
+    EXPECT_FALSE(IsReplaying(recorder));
+    outside.atYield = {};
+    control.Press(RecorderKey::AutoForward);
+    EXPECT_EQ(state.MoveRecordCount, 3);
+    EXPECT_EQ(outside.Only({"pause"}), (Notes{"pause 5", "pause 5", "pause 5", "pause 5"}));
+}
+
+TEST_F(WithATape, RestoreForgetsTheMovesBehindOrExplainsItself) {
+    control.Press(RecorderKey::OnOff);
+    control.Press(RecorderKey::Restore);
+    EXPECT_EQ(outside.Only({"message"}).size(), 1u);
+    EXPECT_EQ(recorder.RecorderOn, Yes);
+    control.Press(RecorderKey::BackOne);
+    control.Press(RecorderKey::Restore);
+    EXPECT_EQ(recorder.RecorderOn, No);
+    EXPECT_EQ(state.MoveRecordCount, 2);
+    EXPECT_EQ(state.MoveRecords[2], MoveRecord{});
+    EXPECT_EQ(outside.Only({"message"}).size(), 1u);
+}
+
+TEST_F(WithATape, TakingTheTapeOutStopsAReplayAtTheEnd) {
+    control.TakeTapeOut();
+    EXPECT_EQ(outside.All(), Notes{}) << "the recorder is off";
+    control.Press(RecorderKey::OnOff);
+    outside.atYield = [&] { control.TakeTapeOut(); };
+    control.Press(RecorderKey::AutoBack);
+    EXPECT_EQ(recorder.RecorderOn, No);
+    EXPECT_EQ(state.MoveRecordCount, 3);
+    EXPECT_EQ(state.PiecePosition[1][1], 18);
+}
+
+}  // namespace
+}  // namespace zorva::test

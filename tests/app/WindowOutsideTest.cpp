@@ -1,0 +1,122 @@
+#include "app/WindowOutside.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "app/MoveLog.h"
+#include "tests/app/BoardWindow.h"
+
+namespace zorva::test {
+namespace {
+
+class InTheWindow : public testing::Test, public BoardWindow {
+protected:
+    InTheWindow() : BoardWindow("1:10 0 0 0") { settings.Speed = 100; }
+
+    WindowOutside outside{mesa, state, settings};
+};
+
+TEST_F(InTheWindow, ADieWaitsAskewRollsByAndComesToRest) {
+    const auto isAtRest = [&] { return View().diePose[2].tilt == 0 && View().diePose[2].size == 1; };
+    outside.DrawDie(2, 5, DieIs::Ready);
+    EXPECT_TRUE(View().dieReady[2]);
+    EXPECT_FALSE(isAtRest());
+    for (Short roll = 1; roll <= 9; ++roll) {
+        outside.DrawDie(2, 3, DieIs::RollingBy);
+        EXPECT_FALSE(isAtRest()) << "face " << roll;
+        outside.Pause(1);
+    }
+    EXPECT_FALSE(View().dieReady[2]);
+    outside.DrawDie(2, 4, DieIs::Thrown);
+    EXPECT_TRUE(isAtRest());
+    EXPECT_EQ(View().dieFace[2], 4);
+    outside.DrawDie(2, 1, DieIs::RollingBy);
+    EXPECT_FALSE(isAtRest()) << "each throw begins anew";
+    outside.DrawDie(2, 6, DieIs::AtRest);
+    EXPECT_TRUE(isAtRest());
+    outside.ClearDice();
+    EXPECT_EQ(View().dieFace[2], 0);
+}
+
+TEST_F(InTheWindow, TheLightFollowsTheTurn) {
+    const struct {
+        TurnIs why;
+        Colour lit;
+        Short bonus;
+    } rows[] = {
+        {TurnIs::InDraw, 3, 0},
+        {TurnIs::Throws, 3, 0},
+        {TurnIs::BonusForCapture, 3, 20},
+        {TurnIs::BonusForArrival, 3, 10},
+        {TurnIs::OnTape, 3, 0},
+        {TurnIs::Won, 3, 0},
+        {TurnIs::Over, 0, 0},
+    };
+    for (const auto& row : rows) {
+        outside.ShowTurn(3, row.why);
+        EXPECT_EQ(View().onTurn, row.lit) << static_cast<int>(row.why);
+        EXPECT_EQ(View().bonusDue, row.bonus) << static_cast<int>(row.why);
+    }
+}
+
+TEST_F(InTheWindow, APieceWalksAndTheBoardIsClearedAndDrawnAgain) {
+    int lifted = 0;
+    outside.PieceLifted = [&] { ++lifted; };
+    outside.LiftPiece(11, 10);
+    EXPECT_EQ(View().inAir, 11);
+    outside.StepPiece(11, 10, 11);
+    outside.StepDelay(80);
+    EXPECT_EQ(View().at[11], AsPointF(PlaceOfSquare(11)));
+    EXPECT_EQ(View().counted, 1);
+    state = Position("1:11 0 0 0");
+    outside.PutDownPiece(11, 11);
+    EXPECT_EQ(View().inAir, 0);
+    EXPECT_EQ(lifted, 1);
+    outside.RefreshBoard(PiecesShown::None);
+    EXPECT_FALSE(View().present[11]);
+    outside.PutDownPiece(11, 11);
+    state = Position("1:20 0 0 0");
+    outside.RefreshBoard(PiecesShown::OnTheirSquares);
+    EXPECT_EQ(View().at[11], AsPointF(PlaceOfSquare(20)));
+}
+
+TEST_F(InTheWindow, HandsOnMessagesSoundsResultsAndPositions) {
+    QString asked;
+    mesa.Ask = [&](const QString& title, const QString& text, Short lines, MessageButtons buttons) {
+        asked = QStringLiteral("%1|%2|%3|%4").arg(title, text).arg(lines).arg(static_cast<int>(buttons));
+        return MessageAnswer::Accepted;
+    };
+    EXPECT_EQ(outside.ShowMessage("Título", "¿Sí?", 2, MessageButtons::YesNo), MessageAnswer::Accepted);
+    EXPECT_EQ(asked, "Título|¿Sí?|2|2");
+    int kept = 0, results = 0;
+    outside.PositionKept = [&] { ++kept; };
+    outside.ResultKept = [&](const GameResult& result) { results += result.points; };
+    outside.PositionReached();
+    outside.KeepResult({1, {2}, 250});
+    outside.PlaySound(Sound::Victory);
+    EXPECT_EQ(kept, 1);
+    EXPECT_EQ(results, 250);
+    EXPECT_EQ(sounds, std::vector<Sound>{Sound::Victory});
+    outside.ShowChosenMove(11, 10, 13);
+    EXPECT_EQ(View().shown.to, 13);
+}
+
+TEST_F(InTheWindow, WaitsAsLongAsTheSpeedSays) {
+    EXPECT_DOUBLE_EQ(PauseMilliseconds(100, 50), 500);
+    EXPECT_DOUBLE_EQ(PauseMilliseconds(45, 0), 450);
+    EXPECT_DOUBLE_EQ(PauseMilliseconds(45, 100), 0);
+    EXPECT_DOUBLE_EQ(PauseMilliseconds(0, 0), 0);
+    EXPECT_DOUBLE_EQ(StepMilliseconds(80, 50), 80);
+    EXPECT_DOUBLE_EQ(StepMilliseconds(80, 0), 160);
+    EXPECT_DOUBLE_EQ(StepMilliseconds(0, 0), 0);
+}
+
+TEST_F(InTheWindow, RollsAllSixFacesAndNoOther) {
+    std::set<Short> faces;
+    for (int roll = 0; roll < 400; ++roll) faces.insert(outside.RollFace());
+    EXPECT_EQ(faces, (std::set<Short>{1, 2, 3, 4, 5, 6}));
+}
+
+}  // namespace
+}  // namespace zorva::test
