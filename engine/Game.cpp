@@ -42,13 +42,12 @@ bool Game::BeginMove() {
 unsigned Game::MakeMove(Throw thrown) {
     const MoveChoice choice = ChooseMove(position_, rules_, seat_, thrown);
     ++decisions_;
-    if (thrown.face != 0) latestPiece_[seat_] = choice.piece;
+    if (thrown.face != 0) thrownPiece_ = choice.piece;
     if (choice.piece == NoPiece) return 0;
     const unsigned bonus = MovePiece(choice.piece, choice.to);
     if (!choice.bringsTwo) return bonus;
     ++moves_;
     ++decisions_;
-    latestPiece_[seat_] = 1;
     return MovePiece(1, 0);
 }
 
@@ -57,7 +56,6 @@ unsigned Game::MovePiece(unsigned piece, unsigned to) {
     if (victim != 0) {
         ++moves_;
         ++captures_;
-        latestPiece_[SeatOfOccupant(victim)] = PieceOfOccupant(victim);
         const bool isOnExit = to == 0;  // which earns no bonus
         return isOnExit ? 0 : CaptureBonus;
     }
@@ -66,14 +64,16 @@ unsigned Game::MovePiece(unsigned piece, unsigned to) {
     return isOver_ ? 0 : ArrivalBonus;
 }
 
-// The third six in a row sends the piece moved last back to its box. If that piece is home, nothing
-// happens and the throw leaves no record.
+// The third six in a row sends the piece moved last back to its box. That is the piece of the second
+// six, the throw before: bonus moves do not count, and nobody captures it meanwhile. If it is home,
+// nothing happens and the third six leaves no record.
 void Game::TakeThirdSix() {
-    const unsigned piece = latestPiece_[seat_];
-    if (piece == NoPiece) return;
-    const unsigned step = position_.SideOf(seat_).StepOf(piece);
-    if (step == GoalStep) --moves_;
-    if (step < GoalStep) position_.SendToBox(seat_, piece);
+    if (thrownPiece_ == NoPiece) return;
+    if (position_.SideOf(seat_).StepOf(thrownPiece_) == GoalStep) {
+        --moves_;
+    } else {
+        position_.SendToBox(seat_, thrownPiece_);
+    }
 }
 
 }  // namespace zorva::engine

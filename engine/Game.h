@@ -49,9 +49,8 @@ private:
     int moves_ = 0;
     int captures_ = 0;
     int decisions_ = 0;
-    /// By seat, the piece of its latest record that was no bonus move, NoPiece when the seat passed: the
-    /// piece that a third six sends home.
-    std::array<unsigned, SeatCount> latestPiece_{NoPiece, NoPiece, NoPiece, NoPiece};
+    /// The piece that the last throw moved, bonus moves left aside; NoPiece when it moved none.
+    unsigned thrownPiece_ = NoPiece;
 };
 
 }  // namespace zorva::engine

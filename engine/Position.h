@@ -3,59 +3,9 @@
 #include <cstdint>
 
 #include "core/GameState.h"
-#include "engine/Track.h"
+#include "engine/Side.h"
 
 namespace zorva::engine {
-
-/// Where the four pieces of a seat stand, in its own steps, and what follows from it. Every move keeps
-/// all of it up to date.
-class Side {
-public:
-    /// All pieces in the box. `sixValue` is what a six counts with none there: 7 or 12.
-    explicit Side(unsigned sixValue);
-
-    /// The step of a piece 0..3; BoxStep in the box.
-    unsigned StepOf(unsigned piece) const { return steps_[piece]; }
-
-    unsigned InBox() const { return inBox_; }
-    unsigned Home() const { return home_; }
-
-    /// The ring squares with at least one piece, and those with two: a barrier.
-    RingSet Pieces() const { return pieces_; }
-    RingSet Pairs() const { return pairs_; }
-    /// The same of the home column. The goal is in neither set: it has room for all.
-    ColumnSet ColumnPairs() const { return columnPairs_; }
-
-    /// How many of its pieces can land on a ring square with one throw, a six counted as it counts now.
-    /// On its own step 0 none ever can.
-    unsigned Threats(unsigned step) const { return threats_[step]; }
-
-    /// The steps that its pieces have come from the exit, added up: StepsFromExit (core/Board.h).
-    int Walked() const;
-
-    /// Moves a piece, forwards or back into the box.
-    void Move(unsigned piece, unsigned to);
-
-    bool operator==(const Side&) const = default;
-
-private:
-    void ChangeThreats(unsigned step, bool comes);
-    void SetSix(std::uint8_t six);
-    void CountBox();
-
-    std::array<std::uint8_t, PiecesPerColour> steps_{BoxStep, BoxStep, BoxStep, BoxStep};
-    std::uint8_t inBox_ = PiecesPerColour;
-    std::uint8_t home_ = 0;
-    std::uint8_t sixValue_;
-    std::uint8_t six_ = 6;  // what a six counts now
-    RingSet pieces_ = 0;
-    RingSet pairs_ = 0;
-    ColumnSet column_ = 0;
-    ColumnSet columnPairs_ = 0;
-    // [step]. Longer than the ring: what pieces in the column or the box could reach is counted as well,
-    // so that no branch asks where a piece stands, and never read.
-    std::array<std::uint8_t, StepCount + 16> threats_{};
-};
 
 /// A piece of any seat in one byte: bits 0 and 1 are the piece, bits 2 and 3 its seat, bit 4 is always
 /// set. 0 is nobody.

@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstdlib>
+#include <iostream>
+#include <sstream>
+
+#include "core/Player.h"
+#include "core/Rules.h"
+#include "engine/Evaluator.h"
+#include "engine/MoveChoice.h"
+#include "tests/support/Positions.h"
+#include "tests/support/RandomGame.h"
+
+namespace zorva::test {
+namespace {
+
+/// Random games to take positions from, some 2,700 positions each; ZORVA_ENGINE_GAMES asks for more.
+std::uint64_t GamesToPlay() {
+    const char* wanted = std::getenv("ZORVA_ENGINE_GAMES");
+    return wanted ? std::strtoull(wanted, nullptr, 10) : 1000;
+}
+
+/// To the last bit, since decisions compare scores that are almost equal; 0 and -0 are one.
+bool IsSameScore(double one, double other) {
+    return std::bit_cast<std::uint64_t>(one + 0.0) == std::bit_cast<std::uint64_t>(other + 0.0);
+}
+
+/// Asks core and engine the same questions about a position and says what they answer differently.
+class Comparison {
+public:
+    /// Compares the moves of all four colours, each with a count, a level and rules by chance.
+    std::string Look(const GameState& seen) {
+        state_.PiecePosition = seen.PiecePosition;
+        state_.SquareOccupants = seen.SquareOccupants;
+        state_.PiecesInBox = seen.PiecesInBox;
+        state_.PiecesHome = seen.PiecesHome;
+        state_.SixValue = seen.SixValue;
+        settings_.RuleSixAllOut = seen.SixValue == 7 ? 1 : 2;
+        const engine::Position position(state_);
+        std::string difference;
+        for (Colour colour = 1; colour <= ColourCount && difference.empty(); ++colour) {
+            Ask(colour);
+            difference = DifferentMove(position);
+            if (difference.empty()) difference = DifferentChoice(position);
+        }
+        return difference;
+    }
+
+    std::uint64_t Positions() const { return positions_; }
+    std::uint64_t Scores() const { return scores_; }
+
+private:
+    Short Either() { return static_cast<Short>(1 + chance_.Below(2)); }
+
+    void Ask(Colour colour) {
+        ++positions_;
+        state_.CurrentColour = colour;
+        state_.MoveCount = static_cast<Short>(1 + chance_.Below(20));
+        state_.DieValue = state_.MoveCount <= 6 ? state_.MoveCount : Short{0};
+        state_.SecondMovePending = 0;
+        settings_.PlayerLevel[colour] = static_cast<Short>(chance_.Below(101));
+        settings_.RuleLeaveAllInBox = Either();
+        settings_.RuleFiveAllInBox = Either();
+        settings_.RuleFiveSomeInBox = Either();
+    }
+
+    // Which pieces may move, how far, and with what score.
+    std::string DifferentMove(const engine::Position& position) {
+        const Colour colour = state_.CurrentColour;
+        const auto seat = engine::SeatOf(colour);
+        const auto count = static_cast<unsigned>(state_.MoveCount);
+        const engine::SeatView view(position, seat);
+        const engine::Evaluator evaluator(view, engine::GameRules(settings_), count,
+                                          view.MovablePieces(count));
+        for (unsigned piece = 0; piece < PiecesPerColour; ++piece) {
+            const auto number = static_cast<Short>(piece + 1);
+            const Square from = state_.PiecePosition[colour][number];
+            const bool isLegal = IsMoveLegal(state_, colour, state_.MoveCount, from);
+            if (view.IsMoveLegal(piece, count) != isLegal) return About("the legality", number);
+            if (!isLegal) continue;
+            ++scores_;
+            const unsigned step = engine::StepAfter(position.SideOf(seat).StepOf(piece), count);
+            if (engine::SquareAt(seat, step) != DestinationOf(colour, state_.MoveCount, from)) {
+                return About("the destination", number);
+            }
+            if (!IsSameScore(evaluator.ScoreOfMove(piece), ScoreOfMove(state_, settings_, number))) {
+                return About("the score", number);
+            }
+        }
+        return {};
+    }
+
+    std::string DifferentChoice(const engine::Position& position) {
+        const auto seat = engine::SeatOf(state_.CurrentColour);
+        const engine::MoveChoice choice = engine::ChooseMove(
+            position, engine::GameRules(settings_), seat,
+            {static_cast<unsigned>(state_.DieValue), static_cast<unsigned>(state_.MoveCount)});
+        ChooseComputerMove(state_, settings_);
+        const bool moves = choice.piece != engine::NoPiece;
+        const bool isSame = state_.BestPiece == (moves ? static_cast<Short>(choice.piece + 1) : 0) &&
+                            state_.BestTo == (moves ? engine::SquareAt(seat, choice.to) : 0) &&
+                            (state_.SecondMovePending == 1) == choice.bringsTwo;
+        return isSame ? "" : About("the choice", state_.BestPiece);
+    }
+
+    std::string About(const char* what, Short piece) const {
+        std::ostringstream text;
+        text << what << ": colour " << state_.CurrentColour << ", piece " << piece << ", "
+             << state_.MoveCount << " squares, level " << settings_.PlayerLevel[state_.CurrentColour]
+             << ", at";
+        for (Colour colour = 1; colour <= ColourCount; ++colour)
+            text << ' ' << SquaresText(state_, colour);
+        return text.str();
+    }
+
+    Chance chance_{3};
+    GameState state_;
+    Settings settings_;
+    std::uint64_t positions_ = 0;
+    std::uint64_t scores_ = 0;
+};
+
+TEST(Decision, IsThatOfTheRuleBookInEveryPositionOfRandomGames) {
+    Comparison comparison;
+    std::string difference;
+    const std::uint64_t games = GamesToPlay();
+    for (std::uint64_t number = 0; number < games; ++number) {
+        Chance chance(2, number);
+        GameState state;
+        PlayRandomGame(state, RandomGameKind::Of(chance), chance,
+                       [&](const GameState& seen, const MoveRecord&) {
+                           // Between a capture and the victim's way home there is nothing to decide.
+                           if (difference.empty() && seen.CaptureReport == 0) {
+                               difference = comparison.Look(seen);
+                           }
+                       });
+        ASSERT_EQ(difference, "") << "in game " << number;
+    }
+    EXPECT_GT(comparison.Positions(), 2000 * games);
+    EXPECT_GT(comparison.Scores(), 1500 * games);
+    std::cout << comparison.Positions() << " positions and " << comparison.Scores()
+              << " scores compared\n";
+}
+
+}  // namespace
+}  // namespace zorva::test
