@@ -44,16 +44,21 @@ void PutAllIntoBoxes(GameState& state) {
     }
 }
 
-// Each piece of those taking part is put down where it stands: in its box in a new game.
-void SeatPieces(const GameContext& game) {
+// Each piece of a colour is put down where it stands: in its box in a new game.
+void SeatPiecesOf(const GameContext& game, Colour colour) {
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        const PieceCode code = CodeOf(colour, piece);
+        game.outside.PutDownPiece(code, game.state.PositionOf(code));
+        game.outside.PlaySound(Sound::Box);
+        game.outside.Pause(15);
+    }
+}
+
+void SeatNewPieces(const GameContext& game) {
+    game.outside.RefreshBoard(PiecesShown::None);
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (!IsTakingPart(game.settings, colour)) continue;
-        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-            const PieceCode code = CodeOf(colour, piece);
-            game.outside.PutDownPiece(code, game.state.PositionOf(code));
-            game.outside.PlaySound(Sound::Box);
-            game.outside.Pause(15);
-        }
+        SeatPiecesOf(game, colour);
         game.outside.Pause(30);
     }
 }
@@ -127,8 +132,7 @@ void PlayFrom(const GameContext& game, Colour first) {
 StartOutcome StartGame(const GameContext& game) {
     ResetGame(game);
     game.outside.ClearDice();
-    game.outside.RefreshBoard(PiecesShown::None);
-    SeatPieces(game);
+    SeatNewPieces(game);
     if (!AskToBegin(game)) return StartOutcome::Cancelled;
     game.state.GameInProgress = Yes;
     DrawFirstPlayer(game);
@@ -146,7 +150,9 @@ StartOutcome StartGame(const GameContext& game) {
 void ContinueGame(const GameContext& game) {
     GameState& state = game.state;
     Require(state.GameInProgress && state.MoveRecordCount >= 2, "no game to continue");
-    SeatPieces(game);
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (IsTakingPart(game.settings, colour)) SeatPiecesOf(game, colour);
+    }
     --state.MoveRecordCount;
     state.MoveCount = BonusDueAfter(state.MoveRecords[state.MoveRecordCount]);
     state.ThrowNext = state.MoveCount == 0 ? Yes : No;
