@@ -6,11 +6,11 @@ if(NOT gzip OR NOT date OR NOT shlibdeps)
     return()
 endif()
 
-# ------------------------------------------------------------------- what only the package has
+# ------------------------------------------------------------------- files of the package alone
 
 set(maintainer "The Zorva authors <zorva@example.org>")
 
-# The package's changelog has one block for each release, ended by who made it and when.
+# The package's changelog: a block for each release, ending with its maintainer and date.
 set(changelog "")
 set(ending "")
 foreach(line IN LISTS ZORVA_CHANGES)
@@ -64,7 +64,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${PROJECT_HOMEPAGE_URL})
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The typefaces it is written in, and the sound library, which it loads by name.
+# The fonts, and the sound library, which the program loads at run time, so that dpkg-shlibdeps cannot see it.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-lato, fonts-dejavu-core, libsdl2-2.0-0")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
