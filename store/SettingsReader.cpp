@@ -53,7 +53,7 @@ void ReadColour(FieldReader& reader, SettingsContent& content, Colour colour) {
 // A file in which no colour takes part would start a game that nobody can play. The settings window
 // could not repair it: it refuses to switch colours on during a game. So all four take part, as at a
 // first start.
-void LetSomebodyPlay(PerColour<Short>& active) {
+void ActivateAllIfNone(PerColour<Short>& active) {
     if (std::all_of(active.begin() + 1, active.end(), [](Short state) { return state == 2; })) {
         active = Settings{}.PlayerActive;
     }
@@ -134,7 +134,7 @@ SettingsReading ReadSettings(std::string_view bytes) {
     FieldReader reader(bytes);
     SettingsContent content;
     for (Colour colour = 1; colour <= ColourCount; ++colour) ReadColour(reader, content, colour);
-    LetSomebodyPlay(content.settings.PlayerActive);
+    ActivateAllIfNone(content.settings.PlayerActive);
     ReadBoard(reader, content.state);
     ReadGame(reader, content);
     ReadRecords(reader, content.state);
