@@ -83,8 +83,8 @@ std::string_view FieldReader::Field() {
 
 Short FieldReader::Number(Short lowest, Short highest) {
     const std::string_view field = Field();
-    // A line that ends right after a comma or a minus sign was cut off: the number is missing, not
-    // mistyped.
+    // A line that ends right after a comma or a minus sign
+    // was cut off: the number is missing, not mistyped.
     if (!lineHasMore_ && (field.empty() || field == "-")) Refuse(MissingField());
     return NumberIn(field, lowest, highest);
 }
@@ -112,8 +112,8 @@ Short FieldReader::NumberIn(std::string_view text, Short lowest, Short highest) 
 std::string_view FieldReader::Text() {
     const std::string_view field = Field();
     if (error_ != FileError::None) return {};
-    // Four cases: no text at all, a text cut off before its closing quote, a quote inside it, a good
-    // one.
+    // Four cases: no text at all, a text cut off before its
+    // closing quote, a quote inside it, a good one.
     if (field.empty() || field.front() != '"') {
         Refuse(field.empty() && !lineHasMore_ ? MissingField() : FileError::TypeMismatch);
     } else if (field.size() == 1 || field.find('"', 1) == std::string_view::npos) {
