@@ -167,6 +167,7 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
         {"a quote inside a name", "\"Azul\"", "\"A\"zul\"", 13},
         {"a control character in a name", "\"Azul\"", "\"A\x01zul\"", 13},
         {"a field too many", ",0,1,2\r\n3,", ",0,1,2,1\r\n3,", 13},
+        {"a field too many in the last line", "0 451001\"", "0 451001\",1", 13},
         {"the board is a cell short", "1112 0", "1112", 13},
         {"a record is too short", "\"301 10", "\"301 1", 13},
         {"a number beyond sixteen bits", "100,2,1", "32768,2,1", 6},
