@@ -6,11 +6,11 @@ if(NOT gzip OR NOT date OR NOT shlibdeps)
     return()
 endif()
 
-# ------------------------------------------------------------------- what only the package has
+# ------------------------------------------------------------------- files of the package alone
 
 set(maintainer "The Zorva authors <zorva@example.org>")
 
-# The package's changelog has one block for each release, ended by who made it and when.
+# The package's changelog: a block for each release, ending with its maintainer and date.
 set(changelog "")
 set(ending "")
 foreach(line IN LISTS ZORVA_CHANGES)

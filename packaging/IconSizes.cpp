@@ -1,5 +1,5 @@
-// zorva_icon_sizes DRAWING FOLDER SIZE...: writes a drawing as a PNG file of each size, in the folders
-// that an icon theme has.
+// zorva_icon_sizes DRAWING FOLDER SIZE...: renders an SVG drawing as a PNG file of each size (in
+// pixels), in the folders of an icon theme: FOLDER/32x32/apps/zorva32.png and so on.
 
 #include <QDir>
 #include <QImage>

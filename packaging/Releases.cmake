@@ -1,5 +1,5 @@
-# Reads the releases out of CHANGELOG.md: ZORVA_RELEASES for the software catalogue, and a list of
-# "version|date" and "* text" lines for the package's changelog. The newest must be the project's version.
+# Reads the releases from CHANGELOG.md. Sets ZORVA_RELEASES for the software catalogue and ZORVA_CHANGES, a list
+# of "version|date" and "* text", for the package's changelog. The newest must be the project's version.
 set(changes ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${changes})
 file(STRINGS ${changes} lines ENCODING UTF-8)
@@ -7,7 +7,7 @@ file(STRINGS ${changes} lines ENCODING UTF-8)
 set(ZORVA_RELEASES "")
 set(ZORVA_CHANGES "")
 foreach(line IN LISTS lines)
-    string(REPLACE ";" "\\;" line "${line}")  # a list of its own otherwise
+    string(REPLACE ";" "\\;" line "${line}")  # a semicolon would split the list
     if(line MATCHES "^## ([0-9.]+) - ([0-9]+-[0-9]+-[0-9]+)$")
         string(APPEND ZORVA_RELEASES
                "    <release version=\"${CMAKE_MATCH_1}\" date=\"${CMAKE_MATCH_2}\"/>\n")

@@ -1,4 +1,4 @@
-# The source archive of what is committed: the same bytes for the same commit.
+# The source archive of the committed files. The same commit gives the same bytes.
 find_program(git git)
 if(NOT git OR NOT EXISTS ${PROJECT_SOURCE_DIR}/.git)
     return()

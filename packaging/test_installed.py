@@ -1,7 +1,7 @@
-"""Starts the installed game as an ordinary user and as root, plays a few moves, leaves and continues the game.
+"""Starts the installed game as an ordinary user and as root, plays some moves, leaves it and continues.
 
-The environment variable ZORVA_INSTALLED names the program. ZORVA_ROOT is the root folder of the system in
-which it is installed, when that is not this system. The game must write nothing beside the program.
+The environment variable ZORVA_INSTALLED is the path of the program, and ZORVA_ROOT the root folder of the system in
+which it is installed, if that is not this one. Nothing may be written beside the program.
 """
 
 import os
@@ -16,11 +16,11 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests/window"))
 import driver  # noqa: E402
 from display import BOUND  # noqa: E402
 
-NOBODY = 65534  # the user and the group that own nothing
+NOBODY = 65534  # the user and the group nobody, who own no files
 
 
 class Installed(driver.Program):
-    """The program in the folder where it was installed, started with an empty home folder."""
+    """The installed program, run by a user with an empty home folder."""
 
     user = NOBODY
 
@@ -44,7 +44,7 @@ class Installed(driver.Program):
         self.process = None
         self._read = (None, None)
 
-    # A change of the user would undo what BOUND does, so BOUND comes after it.
+    # BOUND ends the program together with this process. Changing the user would undo it, so it comes afterwards.
     def spawn(self):
         at = self._words.index("env")
         bond = BOUND if self.root == Path("/") else ()
@@ -85,7 +85,7 @@ class InstalledGame(driver.WindowTest):
 
 @unittest.skipUnless(os.geteuid() == 0, "only root can be root")
 class InstalledGameOfRoot(InstalledGame):
-    """Root may write anywhere, so it is the program that must refrain from writing beside itself."""
+    """Root may write anywhere, so only the program itself can decide not to write beside itself."""
 
     user = 0
 

@@ -9,27 +9,27 @@ namespace {
 
 // The characters of the bytes 80..9F, as the Unicode mapping of Windows-1252 lists them. Each other byte
 // is the character with its own number, as in Latin-1.
-constexpr std::array<char32_t, 32> upperControls{
+constexpr std::array<char32_t, 32> specialCharacters{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-constexpr unsigned firstUpperControl = 0x80;
-constexpr unsigned firstPlainUpper = 0xA0;
+constexpr unsigned firstSpecial = 0x80;
+constexpr unsigned firstBehindSpecials = 0xA0;
 constexpr char32_t replacement = 0xFFFD;  // Unicode's sign for broken text
 
 char32_t CharacterOf(unsigned char byte) {
-    if (byte < firstUpperControl || byte >= firstPlainUpper) return byte;
-    return upperControls[byte - firstUpperControl];
+    if (byte < firstSpecial || byte >= firstBehindSpecials) return byte;
+    return specialCharacters[byte - firstSpecial];
 }
 
 // Nothing when Windows-1252 lacks the character. U+0080 is such a one: its byte is the euro sign.
 std::optional<unsigned char> ByteOf(char32_t character) {
-    if (character < firstUpperControl || (character >= firstPlainUpper && character <= 0xFF)) {
+    if (character < firstSpecial || (character >= firstBehindSpecials && character <= 0xFF)) {
         return static_cast<unsigned char>(character);
     }
-    const auto found = std::find(upperControls.begin(), upperControls.end(), character);
-    if (found == upperControls.end()) return std::nullopt;
-    return static_cast<unsigned char>(firstUpperControl + (found - upperControls.begin()));
+    const auto found = std::find(specialCharacters.begin(), specialCharacters.end(), character);
+    if (found == specialCharacters.end()) return std::nullopt;
+    return static_cast<unsigned char>(firstSpecial + (found - specialCharacters.begin()));
 }
 
 // Three bytes are enough: all characters of Windows-1252 lie below U+10000.

@@ -67,7 +67,7 @@ void FieldReader::NextLine() {
 // In a field that begins with a quote, the comma that ends it is looked for behind the closing quote.
 std::string_view FieldReader::Field() {
     if (!lineHasMore_) {
-        Refuse(Missing());
+        Refuse(MissingField());
         return {};
     }
     std::size_t from = 0;
@@ -83,9 +83,9 @@ std::string_view FieldReader::Field() {
 
 Short FieldReader::Number(Short lowest, Short highest) {
     const std::string_view field = Field();
-    // A line that ends right after a comma or a minus sign was cut off: the number is missing, not
-    // mistyped.
-    if (!lineHasMore_ && (field.empty() || field == "-")) Refuse(Missing());
+    // A line that ends right after a comma or a minus sign
+    // was cut off: the number is missing, not mistyped.
+    if (!lineHasMore_ && (field.empty() || field == "-")) Refuse(MissingField());
     return NumberIn(field, lowest, highest);
 }
 
@@ -112,12 +112,12 @@ Short FieldReader::NumberIn(std::string_view text, Short lowest, Short highest) 
 std::string_view FieldReader::Text() {
     const std::string_view field = Field();
     if (error_ != FileError::None) return {};
-    // Four cases: no text at all, a text cut off before its closing quote, a quote inside it, a good
-    // one.
+    // Four cases: no text at all, a text cut off before its
+    // closing quote, a quote inside it, a good one.
     if (field.empty() || field.front() != '"') {
-        Refuse(field.empty() && !lineHasMore_ ? Missing() : FileError::TypeMismatch);
+        Refuse(field.empty() && !lineHasMore_ ? MissingField() : FileError::TypeMismatch);
     } else if (field.size() == 1 || field.find('"', 1) == std::string_view::npos) {
-        Refuse(Missing());
+        Refuse(MissingField());
     } else if (field.find('"', 1) != field.size() - 1) {
         Refuse(FileError::TypeMismatch);
     } else {

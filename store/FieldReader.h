@@ -45,7 +45,9 @@ private:
     Short NumberIn(std::string_view text, Short lowest, Short highest);
     /// The error for a missing field. In the last line the file was cut off, as by a full disk; in an
     /// earlier line something else was written.
-    FileError Missing() const { return rest_.empty() ? FileError::PastTheEnd : FileError::TypeMismatch; }
+    FileError MissingField() const {
+        return rest_.empty() ? FileError::PastTheEnd : FileError::TypeMismatch;
+    }
 
     std::string_view rest_;     // the lines after the current one
     std::string_view line_;     // the unread part of the current line

@@ -36,9 +36,9 @@ public:
 
     /// The number of records. An incomplete last one counts.
     std::size_t Count() const;
-    /// The bytes of a record, line end included; fewer than 53 for an incomplete one. Record 0 is the
-    /// oldest game, Count() - 1 the newest; another index stops the program. Valid as long as the
-    /// History.
+    /// The bytes of a record, line end included; fewer than 53 for an
+    /// incomplete one. Record 0 is the oldest game, Count() - 1 the newest;
+    /// another index stops the program. Valid as long as the History.
     std::string_view Record(std::size_t index) const;
 
 private:

@@ -49,8 +49,8 @@ private:
     int descriptor_;
 };
 
-// Asked of the open file: between a question about the path and the opening, the file could be
-// exchanged.
+// Asked of the open file: between a question about the path
+// and the opening, the file could be exchanged.
 FileError SizeOfRegular(int descriptor, std::size_t& size) {
     struct stat status {};
     if (::fstat(descriptor, &status) != 0) return LastError();

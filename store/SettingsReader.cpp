@@ -21,8 +21,8 @@ bool IsControl(char character) {
     return static_cast<unsigned char>(character) < ' ';
 }
 
-// Control characters never get into a name that the game writes, and would upset the windows that show
-// it.
+// Control characters never get into a name that the game
+// writes, and would upset the windows that show it.
 std::string ReadName(FieldReader& reader, Colour colour) {
     const std::string_view bytes = reader.Text();
     if (std::any_of(bytes.begin(), bytes.end(), IsControl)) reader.Refuse(FileError::TypeMismatch);
@@ -50,10 +50,10 @@ void ReadColour(FieldReader& reader, SettingsContent& content, Colour colour) {
     content.settings.PlayerActive[colour] = ReadChoice(reader);
 }
 
-// A file in which no colour takes part would start a game that nobody can play. The settings window
-// could not repair it: it refuses to switch colours on during a game. So all four take part, as at a
-// first start.
-void LetSomebodyPlay(PerColour<Short>& active) {
+// A file in which no colour takes part would start a game that nobody can
+// play. The settings window could not repair it: it refuses to switch
+// colours on during a game. So all four take part, as at a first start.
+void ActivateAllIfNone(PerColour<Short>& active) {
     if (std::all_of(active.begin() + 1, active.end(), [](Short state) { return state == 2; })) {
         active = Settings{}.PlayerActive;
     }
@@ -134,14 +134,14 @@ SettingsReading ReadSettings(std::string_view bytes) {
     FieldReader reader(bytes);
     SettingsContent content;
     for (Colour colour = 1; colour <= ColourCount; ++colour) ReadColour(reader, content, colour);
-    LetSomebodyPlay(content.settings.PlayerActive);
+    ActivateAllIfNone(content.settings.PlayerActive);
     ReadBoard(reader, content.state);
     ReadGame(reader, content);
     ReadRecords(reader, content.state);
     reader.End();
     if (reader.Error() != FileError::None) return reader.Error();
-    // The records come last in the file, so from here on all numbers are known to be within their
-    // ranges.
+    // The records come last in the file, so from here on
+    // all numbers are known to be within their ranges.
     if (content.state.MoveRecordCount < 2) content.state.GameInProgress = No;
     ApplySettings(content.state, content.settings);
     RecogniseLeftovers(content.state);

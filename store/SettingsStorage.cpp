@@ -59,8 +59,8 @@ LoadedSettings RefusedAndRenamed(const std::filesystem::path& folder, FileError 
 LoadedSettings Load(const std::filesystem::path& folder) {
     std::string bytes;
     const FileError error = ReadWholeFile(folder / SettingsFileName, longestFile, bytes);
-    // The error is the same for a missing file and a missing folder, but only the first is a first
-    // start.
+    // The error is the same for a missing file and a
+    // missing folder, but only the first is a first start.
     if (error == FileError::PathNotFound) {
         std::error_code ignored;
         return std::filesystem::is_directory(folder, ignored) ? Create(folder) : Refused(folder, error);

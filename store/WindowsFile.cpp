@@ -1,6 +1,6 @@
-// The functions of store/SystemFile.h on Windows. Files are opened so that other programs may read,
-// replace or delete them meanwhile. A file that another program does not share stays as it is
-// (PermissionDenied).
+// The functions of store/SystemFile.h on Windows. Files are opened so
+// that other programs may read, replace or delete them meanwhile. A file
+// that another program does not share stays as it is (PermissionDenied).
 
 #define NOMINMAX
 #define WIN32_LEAN_AND_MEAN
@@ -56,8 +56,8 @@ private:
     HANDLE handle_;
 };
 
-// Folders and links (reparse points) are disk files here, too, and must be told apart by their
-// attributes.
+// Folders and links (reparse points) are disk files here,
+// too, and must be told apart by their attributes.
 FileError SizeOfRegular(HANDLE handle, std::size_t& size) {
     BY_HANDLE_FILE_INFORMATION information;
     LARGE_INTEGER bytes;
@@ -108,8 +108,8 @@ FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability dur
 
 FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, std::string& bytes) {
     bytes.clear();
-    // The flag allows a folder to be opened, so that the error is PathAccess instead of a denied
-    // permission.
+    // The flag allows a folder to be opened, so that the
+    // error is PathAccess instead of a denied permission.
     const OpenFile source(file, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
     if (!source.IsOpen()) return LastError();
     std::size_t size = 0;

@@ -21,8 +21,8 @@ CommandLine::CommandLine(const std::vector<std::string>& arguments,
         const std::string& option = arguments[next];
         std::string value;
         if (IsOneOf(option, valued)) {
-            // Whatever follows is the value, even if it looks like an option: a file may have such a
-            // name.
+            // Whatever follows is the value, even if it looks
+            // like an option: a file may have such a name.
             if (++next == arguments.size()) throw Failure(option + " needs a value");
             value = arguments[next];
         } else if (!IsOneOf(option, plain)) {

@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::uint64_t mostThrows = 10'000'000'000;  // takes about half an hour
 
-/// A world that only rolls the die. As in the window, each throw rolls ten faces of which the last
-/// counts.
+/// A world that only rolls the die. As in the window, each
+/// throw rolls ten faces of which the last counts.
 class RollingWorld : public SilentOutside {
 public:
     explicit RollingWorld(std::function<Short()> roll) : roll_(std::move(roll)) {}
@@ -65,8 +65,8 @@ std::function<Short()> RollsOf(const CommandLine& options) {
         [chance = Chance(options.Number("--seed", 0, UINT64_MAX))]() mutable { return chance.Face(); };
 }
 
-// Throws through ThrowDie, the procedure of the game, so that its ten faces are part of what is
-// measured.
+// Throws through ThrowDie, the procedure of the game, so
+// that its ten faces are part of what is measured.
 DiceStatistics Throw(std::uint64_t throws, std::function<Short()> rolls) {
     DiceStatistics statistics;
     GameState state;

@@ -47,9 +47,9 @@ public:
     /// Counts a throw, 1..6, of that colour; anything else stops the program.
     void Add(Colour colour, Short face);
 
-    /// Seven tests: the faces, pairs of faces (each throw belongs to one pair), runs of sixes, and the
-    /// faces of each colour. They mean little below some 1,000 throws: few of each pair are expected
-    /// then.
+    /// Seven tests: the faces, pairs of faces (each throw belongs to one
+    /// pair), runs of sixes, and the faces of each colour. They mean
+    /// little below some 1,000 throws: few of each pair are expected then.
     std::vector<DiceTest> Tests() const;
 
 private:

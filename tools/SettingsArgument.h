@@ -10,8 +10,8 @@ namespace zorva {
 /// game, the tool neither repairs nor renames it.
 SettingsContent ReadSettingsArgument(const std::string& fileName);
 
-/// Writes a settings file, over an existing one if there is one. Throws a Failure if that is not
-/// possible.
+/// Writes a settings file, over an existing one if there is
+/// one. Throws a Failure if that is not possible.
 void WriteSettingsArgument(const std::string& fileName, const SettingsContent& content);
 
 }  // namespace zorva

@@ -6,7 +6,7 @@
 #include "tools/DiceCommand.h"
 #include "tools/Failure.h"
 #include "tools/MatchCommand.h"
-#include "tools/ScriptedGame.h"
+#include "tools/PlayCommand.h"
 
 namespace zorva {
 namespace {

@@ -43,7 +43,7 @@ TEST(Encoding, WhatItCannotHoldBecomesAQuestionMark) {
         {"a letter where a continuation should be", "\xC3z", "?z"},
         {"an overlong blank", "\xC0\xA0", "??"},
         {"an overlong slash of three bytes", "\xE0\x80\xAF", "???"},
-        {"half of a surrogate pair", "\xED\xA0\x80", "???"},
+        {"halves of surrogate pairs", "\xED\xA0\x80\xED\xBF\xBF", "??????"},
         {"above the last character", "\xF4\x90\x80\x80", "????"},
     };
     for (const Row& row : rows) EXPECT_EQ(ToWindows1252(row.utf8), row.bytes) << row.name;

@@ -11,7 +11,7 @@
 namespace zorva::test {
 namespace {
 
-// A record as a line of the file has it.
+// The record that a line of the file describes.
 MoveRecord RecordOf(const std::string& line) {
     const auto number = [&line](std::size_t at, std::size_t width) {
         return ToShort(std::stoi(line.substr(at, width)));
@@ -21,7 +21,7 @@ MoveRecord RecordOf(const std::string& line) {
             number(9, 3), number(12, 1), flag(13),     number(14, 1), flag(15)};
 }
 
-/// A game that consists of the records it is given.
+/// A game that plays the records it is given.
 class Game {
 public:
     bool Takes(const std::string& line) const { return CanFollow(state_, RecordOf(line)); }
@@ -38,7 +38,7 @@ private:
     GameState state_;
 };
 
-// What is played before, and the record that comes next, with a comma between records. "100 01  0
+// The records played before, with commas between them, and the record that comes next. "100 01  0
 // 440101": yellow drags its piece 1 out of the box to square 44.
 struct Row {
     const char* name;
@@ -64,50 +64,52 @@ const Row rows[] = {
     {"a colour with a five does not pass", "", "305 50  0  00001", false},
     {"a colour with four in the box passes", "", "304 40  0  00001", true},
     {"a pass names no square", "", "304 40  5  00001", false},
-    {"nor a colour that follows", "", "314 40  0  00001", false},
+    {"a pass names no following colour", "", "314 40  0  00001", false},
     {"a piece that is not there", "", "303 31 39 420001", false},
     {"a first move cannot go on with a turn", "", "304 40  0  00000", false},
     {"a face needs its own count", redIsOut, "302 31 42 450001", false},
     {"a walk ends where it ends", redIsOut, "302 21 42 450001", false},
 
     {"the second of two pieces goes on with the turn", "105 51  0  50001", "105 52  0  50000", true},
-    {"or is a five of a later turn", "105 51  0  50001", "105 52  0  50001", true},
-    {"the second is piece 2", "105 51  0  50001", "105 53  0  50000", false},
-    {"with all others in the box", "100 03  0 100101,105 51  0  50001", "105 52  0  50000", false},
+    {"an exit with a five may also begin a turn", "105 51  0  50001", "105 52  0  50001", true},
+    {"the second of two pieces is piece 2", "105 51  0  50001", "105 53  0  50000", false},
+    {"no second exit when a third piece was out", "100 03  0 100101,105 51  0  50001",
+     "105 52  0  50000", false},
     {"no third piece on the exit square", twoAreOut, "105 53  0  50001", false},
 
     {"a capture is followed by the way home", capture, "310 01 45  00010", true},
-    {"of that piece and no other", capture, "310 02 45  00010", false},
-    {"and by nothing else", capture, "204 40  0  00001", false},
+    {"no other piece goes home after a capture", capture, "310 02 45  00010", false},
+    {"no throw comes before the way home", capture, "204 40  0  00001", false},
     {"nobody goes home uncaptured", "300 01  0 450101", "310 01 45  00010", false},
-    {"then twenty are due", captureDone, "100201 45 650000", true},
-    {"no other count", captureDone, "100101 45 550000", false},
-    {"to the colour that captured", captureDone, "200200  0  00000", false},
-    {"and not to be left out", captureDone, "204 40  0  00001", false},
-    {"twenty without a capture", "100 01  0 440101", "100201 44 640000", false},
-    {"nor put off by a displacement", captureDone, "200 01  0 220101", false},
+    {"a capture earns twenty", captureDone, "100201 45 650000", true},
+    {"a capture does not earn ten", captureDone, "100101 45 550000", false},
+    {"the colour that captured gets the twenty", captureDone, "200200  0  00000", false},
+    {"no throw comes before the bonus move", captureDone, "204 40  0  00001", false},
+    {"no twenty without a capture", "100 01  0 440101", "100201 44 640000", false},
+    {"no displacement comes before the bonus move", captureDone, "200 01  0 220101", false},
     {"a capture on the exit square earns nothing", exitCapture + ",310 01  5  00010", "404 40  0  00001",
      true},
-    {"there the piece in slot 2 goes home", exitCapture, "210 01  5  00010", false},
+    {"after a capture on the exit square slot 1 stays", exitCapture, "210 01  5  00010", false},
 
-    {"ten are due on the goal", "100 01  0 750101,101 11 75 760001", "100100  0  00000", true},
-    {"not for a piece dragged there", "100 01  0 760101", "100100  0  00000", false},
+    {"reaching the goal earns ten", "100 01  0 750101,101 11 75 760001", "100100  0  00000", true},
+    {"being dragged to the goal earns nothing", "100 01  0 760101", "100100  0  00000", false},
     {"nobody walks past the goal", "100 01  0 750101", "102 21 75 770001", false},
 
     {"a six with all out counts seven or twelve", allOut, "106121 10 221001", true},
-    {"and not six", allOut, "106 61 10 161001", false},
+    {"a six with all out does not count six", allOut, "106 61 10 161001", false},
     {"a six with one in the box counts six", "100 01  0 100101", "106 71 10 171001", false},
     {"the second six follows the first", "100 01  0 100101", "106 61 10 162000", false},
-    {"not that of another colour", "106 60  0  01001", "306 60  0  02000", false},
+    {"a second six needs a first one of its colour", "106 60  0  01001", "306 60  0  02000", false},
     {"the third six sends the piece back", twoSixes, "106 61 22  00001", true},
-    {"the piece moved last, no other", twoSixes, "106 62 11  00001", false},
-    {"none that has come home", twoSixesHome, "106 61 76  00001", false},
+    {"the third six sends no other piece back", twoSixes, "106 62 11  00001", false},
+    {"the third six sends no piece back from the goal", twoSixesHome, "106 61 76  00001", false},
     {"the third six is not walked", twoSixes, "106 61 22 280001", false},
 
     {"the colour on turn is kept when another is dragged", "", "120 01  0 440101", true},
-    {"which is never its own", "", "110 01  0 440101", false},
+    {"the colour on turn does not stand beside itself", "", "110 01  0 440101", false},
     {"nobody is dragged onto a rival", "300 01  0 450101", "100 01  0 450101", false},
-    {"but beside one where it is safe", "300 01  0 460101", "100 01  0 460101", true},
+    {"a piece may be dragged beside a rival on a safe square", "300 01  0 460101", "100 01  0 460101",
+     true},
     {"nobody is dragged off its way", "", "200 01  0 200101", false},
     {"nobody is dragged from the goal", "100 01  0 760101", "100 01 76 100101", false},
     {"a displacement ends its turn", "", "100 01  0 440100", false},

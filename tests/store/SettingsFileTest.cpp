@@ -149,8 +149,8 @@ TEST(SettingsFile, IsGoodWithSmallLiberties) {
     EXPECT_EQ(ErrorOf(Replaced(SmallGame(), ",100,2,1", ", 100, 2, 1")), 0) << "blanks before numbers";
     EXPECT_EQ(ErrorOf(Replaced(firstStart, "Azul", "123456789")), 0) << "a name of nine letters";
     EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "0,-7,0,-1")).state.MoveRecordCount, 1);
-    EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "-1,1,2,-1")).state.GameInProgress, No)
-        << "a game without a move";
+    EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "-1,1,2,0")).state.GameInProgress, No)
+        << "a game without a move, whose turn passes on";
     const std::string nobody =
         Replaced(Replaced(SmallGame(), ",100,2,1", ",100,2,2"), ",7,1,1", ",7,1,2");
     EXPECT_EQ(Loaded(nobody).settings.PlayerActive, Settings{}.PlayerActive) << "no colour takes part";
@@ -167,6 +167,7 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
         {"a quote inside a name", "\"Azul\"", "\"A\"zul\"", 13},
         {"a control character in a name", "\"Azul\"", "\"A\x01zul\"", 13},
         {"a field too many", ",0,1,2\r\n3,", ",0,1,2,1\r\n3,", 13},
+        {"a field too many in the last line", "0 451001\"", "0 451001\",1", 13},
         {"the board is a cell short", "1112 0", "1112", 13},
         {"a record is too short", "\"301 10", "\"301 1", 13},
         {"a number beyond sixteen bits", "100,2,1", "32768,2,1", 6},

@@ -32,7 +32,6 @@ TEST(SettingsStorage, AMissingFileIsCreatedWithTheDefaults) {
     const LoadedSettings created = LoadSettings(folder / "");
     EXPECT_EQ(created.outcome, LoadOutcome::Created);
     EXPECT_EQ(created.content.settings, Settings{});
-    EXPECT_EQ(created.writeError, FileError::None);
     EXPECT_EQ(created.title, title);
     EXPECT_TRUE(created.text.starts_with("No se encuentra el fichero")) << created.text;
     EXPECT_EQ(FileBytes(folder / SettingsFileName), defaults);

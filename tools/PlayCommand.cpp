@@ -1,6 +1,4 @@
-// A game whose throws are given, for tests that compare a whole game with its expected course.
-
-#include "tools/ScriptedGame.h"
+#include "tools/PlayCommand.h"
 
 #include <fstream>
 #include <optional>
@@ -18,6 +16,12 @@
 namespace zorva {
 namespace {
 
+/// What is printed while a game is played.
+struct Wanted {
+    bool log = false;      ///< each log line, including the heading
+    bool records = false;  ///< each move record
+};
+
 // The fields in their order in the file, but flags as they are in memory, -1 for yes.
 void PrintRecord(std::ostream& out, Short moveNumber, const MoveRecord& record) {
     out << moveNumber << ": " << record.MoverColour << ',' << record.FollowingColour << ',' << record.Die
@@ -29,8 +33,7 @@ void PrintRecord(std::ostream& out, Short moveNumber, const MoveRecord& record) 
 /// The world of a scripted game: it supplies the throws, prints the log and stops the game in time.
 class ScriptedWorld : public DecidedThrows {
 public:
-    ScriptedWorld(GameState& state, const std::vector<Short>& throws, ScriptedGameOutput wanted,
-                  std::ostream& out)
+    ScriptedWorld(GameState& state, const std::vector<Short>& throws, Wanted wanted, std::ostream& out)
         : state_(state), throws_(throws), wanted_(wanted), out_(out) {}
 
     void BeginLog(std::string_view heading) override {
@@ -57,7 +60,7 @@ protected:
 private:
     GameState& state_;
     const std::vector<Short>& throws_;  // must outlive the world
-    const ScriptedGameOutput wanted_;
+    const Wanted wanted_;
     std::ostream& out_;
     std::size_t used_ = 0;
     bool stopped_ = false;
@@ -103,20 +106,19 @@ Short ThrowOf(const std::string& word, std::size_t number, const std::string& fi
                   "\" and not a face from 1 to 6");
 }
 
-}  // namespace
-
-std::vector<Short> ReadThrows(std::istream& file, const std::string& fileName) {
+std::vector<Short> ReadThrows(const std::string& fileName) {
+    std::ifstream file(fileName);
     std::vector<Short> throws;
     std::string word;
     while (file >> word) throws.push_back(ThrowOf(word, throws.size() + 1, fileName));
-    // Reading ends in good order at the end of the file only: not in one that cannot be opened, nor a
-    // folder.
+    // A file that cannot be opened, or a folder, has no end to be reached.
     if (!file.eof() || file.bad()) throw Failure("cannot read " + fileName);
     return throws;
 }
 
-void PlayScriptedGame(GameState& state, const Settings& settings, Colour first,
-                      const std::vector<Short>& throws, ScriptedGameOutput wanted, std::ostream& out) {
+// Leaves the game in progress if the throws run out.
+void Play(GameState& state, const Settings& settings, Colour first, const std::vector<Short>& throws,
+          Wanted wanted, std::ostream& out) {
     // `settings` itself stays, so that a saved game has the persons that it had.
     const Settings played = WithoutPeople(settings);
     ScriptedWorld world(state, throws, wanted, out);
@@ -127,15 +129,16 @@ void PlayScriptedGame(GameState& state, const Settings& settings, Colour first,
     if (world.HasStopped()) state.GameInProgress = Yes;
 }
 
+}  // namespace
+
 void PlayCommand(const std::vector<std::string>& arguments, std::ostream& out) {
     const CommandLine options(arguments, {"--settings", "--first", "--dice", "--save"},
                               {"--log", "--records"});
     SettingsContent file = ReadSettingsArgument(options.Text("--settings"));
     const Colour first = FirstColour(options, file.settings);
-    std::ifstream dice(options.Text("--dice"));
-    const std::vector<Short> throws = ReadThrows(dice, options.Text("--dice"));
-    PlayScriptedGame(file.state, file.settings, first, throws,
-                     {options.Has("--log"), options.Has("--records")}, out);
+    const std::vector<Short> throws = ReadThrows(options.Text("--dice"));
+    Play(file.state, file.settings, first, throws, {options.Has("--log"), options.Has("--records")},
+         out);
     PrintPosition(file.state, out);
     PrintResult(file.state, file.settings, out);
     // Written as it stands: a game that stopped can be continued in the window.
