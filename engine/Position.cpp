@@ -53,7 +53,7 @@ Occupant Position::Land(Occupants& here, Occupant newcomer, bool isSafe) {
     const bool isEmpty = here.first == 0;
     const bool captures = !isEmpty & !isSafe & (SeatOfOccupant(here.first) != SeatOfOccupant(newcomer));
     const Occupant victim = captures ? here.first : Occupant{0};
-    here = isEmpty | captures ? Occupants{newcomer, 0} : Occupants{here.first, newcomer};
+    here = (isEmpty | captures) ? Occupants{newcomer, 0} : Occupants{here.first, newcomer};
     return victim;
 }
 
