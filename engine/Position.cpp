@@ -1,8 +1,14 @@
 #include "engine/Position.h"
 
-#include <utility>
-
 namespace zorva::engine {
+namespace {
+
+// Where nobody is captured; the home column is not safe in the sense of IsSafeSquare, but no rival
+// comes.
+constexpr auto isSafe = MakeByStep<bool>(
+    [](unsigned step, Square square) { return step >= RingSteps || IsSafeSquare(square); });
+
+}  // namespace
 
 Position::Position(unsigned sixValue)
     : sides_{Side(sixValue), Side(sixValue), Side(sixValue), Side(sixValue)} {}
@@ -14,18 +20,18 @@ Position::Position(const GameState& state) : Position(static_cast<unsigned>(stat
             if (square != 0) sides_[seat].Move(piece, StepOf(seat, square));
         }
     }
-    for (Square square = 1; square <= LastRingSquare; ++square) {
+    for (Square square = 1; square <= LastSquare; ++square) {
+        if (IsGoal(square)) continue;
         const auto& slots = state.SquareOccupants[square];
-        occupants_[square] = {OccupantOf(slots[1]), OccupantOf(slots[2])};
+        occupants_[square] = Pair(OccupantOf(slots[1]), OccupantOf(slots[2]));
     }
 }
 
 Occupant Position::Move(Seat seat, unsigned piece, unsigned to) {
     LeaveSquare(seat, piece);
     sides_[seat].Move(piece, to);
-    if (to >= RingSteps) return 0;
-    const bool isSafe = (UnsafeSteps >> to & 1) == 0;
-    const Occupant victim = Land(occupants_[SquareAt(seat, to)], OccupantOf(seat, piece), isSafe);
+    if (to == GoalStep) return 0;
+    const Occupant victim = Land(occupants_[SquareAt(seat, to)], OccupantOf(seat, piece), isSafe[to]);
     if (victim != 0) PutIntoBox(victim);
     return victim;
 }
@@ -39,30 +45,34 @@ void Position::PutIntoBox(Occupant occupant) {
     sides_[SeatOfOccupant(occupant)].Move(PieceOfOccupant(occupant), BoxStep);
 }
 
-// A piece that stays moves up to the first place.
+// A piece that stays moves up to the first place. Out of the box nothing changes: nobody is kept there.
 void Position::LeaveSquare(Seat seat, unsigned piece) {
-    const unsigned step = sides_[seat].StepOf(piece);
-    if (step >= RingSteps) return;
-    const Occupants here = occupants_[SquareAt(seat, step)];
-    const bool isFirst = here.first == OccupantOf(seat, piece);
-    occupants_[SquareAt(seat, step)] = {isFirst ? here.second : here.first, 0};
+    Occupants& here = occupants_[SquareAt(seat, sides_[seat].StepOf(piece))];
+    const bool isFirst = First(here) == OccupantOf(seat, piece);
+    here = isFirst ? Second(here) : First(here);
 }
 
-Occupant Position::Land(Occupants& here, Occupant newcomer, bool isSafe) {
-    if (here.second != 0) return LandAsThird(here, newcomer, isSafe);
-    const bool isEmpty = here.first == 0;
-    const bool captures = !isEmpty & !isSafe & (SeatOfOccupant(here.first) != SeatOfOccupant(newcomer));
-    const Occupant victim = captures ? here.first : Occupant{0};
-    here = isEmpty | captures ? Occupants{newcomer, 0} : Occupants{here.first, newcomer};
-    return victim;
+Occupant Position::Land(Occupants& here, Occupant newcomer, bool onSafe) {
+    if (Second(here) != 0) return LandAsThird(here, newcomer, onSafe);
+    const Occupant first = First(here);
+    const bool isEmpty = first == 0;
+    const bool captures = !isEmpty & !onSafe & (SeatOfOccupant(first) != SeatOfOccupant(newcomer));
+    const Occupants beside = Pair(first, newcomer);
+    here = (isEmpty | captures) ? newcomer : beside;
+    return captures ? first : Occupant{0};
 }
 
 // Only a piece out of its box comes to a full square. If the square is unsafe, a count began with all
 // pieces in the box: the two are rivals, and the first to have come goes. If it is safe, it is the exit.
-Occupant Position::LandAsThird(Occupants& here, Occupant newcomer, bool isSafe) {
-    if (!isSafe) return std::exchange(here.first, std::exchange(here.second, newcomer));
-    const bool isSecondOwn = SeatOfOccupant(here.second) == SeatOfOccupant(newcomer);
-    return std::exchange(isSecondOwn ? here.first : here.second, newcomer);
+Occupant Position::LandAsThird(Occupants& here, Occupant newcomer, bool onSafe) {
+    const Occupant first = First(here), second = Second(here);
+    if (!onSafe) {
+        here = Pair(second, newcomer);
+        return first;
+    }
+    const bool isSecondOwn = SeatOfOccupant(second) == SeatOfOccupant(newcomer);
+    here = isSecondOwn ? Pair(newcomer, second) : Pair(first, newcomer);
+    return isSecondOwn ? first : second;
 }
 
 }  // namespace zorva::engine

@@ -37,8 +37,8 @@ public:
 
     const Side& SideOf(Seat seat) const { return sides_[seat]; }
 
-    /// Of the pieces on a ring square, the one that came first; 0 when the square is empty.
-    Occupant FirstOn(Square square) const { return occupants_[square].first; }
+    /// Of the pieces on a square, the one that came first; 0 when the square is empty or a goal.
+    Occupant FirstOn(Square square) const { return First(occupants_[square]); }
 
     /// Moves a piece to a step of its track and carries out the capture that CaptureOn (core/Rules.h)
     /// defines: the victim is in its box afterwards. Returns the victim, 0 when there is none. Does not
@@ -51,23 +51,25 @@ public:
     bool operator==(const Position&) const = default;
 
 private:
-    /// The pieces on a ring square in the order of their arrival, as in slots 1 and 2 of
-    /// SquareOccupants. The order decides which of two pieces is captured by a third that comes out of
-    /// its box.
-    struct Occupants {
-        Occupant first = 0;
-        Occupant second = 0;
+    /// The pieces on a square in the order of their arrival, as in slots 1 and 2 of SquareOccupants: the
+    /// first in the lower byte, the second in the upper one. The order decides which of two pieces is
+    /// captured by a third that comes out of its box. One number, so that a piece comes and goes without
+    /// a branch.
+    using Occupants = std::uint16_t;
 
-        bool operator==(const Occupants&) const = default;
-    };
+    static constexpr Occupants Pair(Occupant first, Occupant second) {
+        return static_cast<Occupants>(first | second << 8);
+    }
+    static constexpr Occupant First(Occupants here) { return static_cast<Occupant>(here & 0xffU); }
+    static constexpr Occupant Second(Occupants here) { return static_cast<Occupant>(here >> 8); }
 
     void PutIntoBox(Occupant occupant);
     void LeaveSquare(Seat seat, unsigned piece);
-    static Occupant Land(Occupants& here, Occupant newcomer, bool isSafe);
-    static Occupant LandAsThird(Occupants& here, Occupant newcomer, bool isSafe);
+    static Occupant Land(Occupants& here, Occupant newcomer, bool onSafe);
+    static Occupant LandAsThird(Occupants& here, Occupant newcomer, bool onSafe);
 
     std::array<Side, SeatCount> sides_;
-    std::array<Occupants, LastRingSquare + 1> occupants_{};
+    std::array<Occupants, LastSquare + 1> occupants_{};  // nobody on [0], the box, and on the goals
 };
 
 }  // namespace zorva::engine
