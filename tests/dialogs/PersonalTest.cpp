@@ -157,6 +157,7 @@ TEST_F(PersonalTest, SomeoneMustTakePart) {
     QString title;
     Person person([&title](QWidget& message) { title = message.accessibleName(); });
     QTest::mouseClick(Find("Pic_Salir"), Qt::LeftButton);
+    window->close();  // the window manager is refused, too
     EXPECT_EQ(title, "Datos incorrectos");
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(saved, 0);
