@@ -97,6 +97,7 @@ TEST_F(HistoricTest, TheSheetIsRuledInColumns) {
         }
         EXPECT_FALSE(HasInk(picture, QRect(x + 1, 6, 1, 264))) << "a word touches the rule at " << x;
     }
+    EXPECT_FALSE(HasInk(picture, QRect(278, 22, 4, 248))) << "names reach the rule of the points";
     for (int slot = 1; slot <= 8; ++slot) {
         EXPECT_EQ(picture.pixelColor(15, 18 + 32 * slot), QColor(0, 255, 0));
     }
