@@ -12,7 +12,7 @@
 namespace zorva {
 namespace {
 
-// In pixels of the layout.
+// In layout pixels.
 constexpr double linePitch = 16;
 constexpr double fontSize = 12;
 constexpr double padding = 6;       // between the paper's edges and its lines
@@ -20,6 +20,7 @@ constexpr double paperWidth = 150;  // holds every line; on narrower paper the f
 constexpr double markWidth = 3;     // of the edge of the selected line
 constexpr double shadowHeight = 9;  // of the slit
 
+// In logical pixels, of which rows of a list view take whole ones.
 int RowHeight(const Services& services) {
     return qRound(services.ToLogical(linePitch));
 }
@@ -39,6 +40,7 @@ public:
             painter->fillRect(QRectF(row.x(), row.y(), markWidth * unit, row.height()), palette::Mark);
         }
         const double size = fontSize * std::min(unit, row.width() / paperWidth);
+        // Moves stand in columns, so their font has equal widths.
         painter->setFont(index.row() == 0 ? TextFont(size, QFont::Bold) : ColumnFont(size));
         painter->setPen(palette::Ink);
         painter->drawText(row.adjusted(padding * unit, 0, 0, 0),
@@ -57,7 +59,7 @@ private:
 }  // namespace
 
 MoveLog::MoveLog(QWidget* parent, const Services& services) : QListView(parent), services_(services) {
-    setModel(&lines_);
+    setModel(&lines_);  // first: most of what follows lays the rows out
     setObjectName("Lis_Grabadora");
     setAccessibleName("Registro de jugadas");
     setFocusPolicy(Qt::NoFocus);

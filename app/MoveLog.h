@@ -31,11 +31,10 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
-    // Taken, so that they neither select a row nor go on to the board.
+    // Taken here: Qt would make a row the current one, scroll while the mouse is dragged, and hand moves
+    // on to the board.
     void mousePressEvent(QMouseEvent*) override {}
     void mouseMoveEvent(QMouseEvent*) override {}
-    void mouseReleaseEvent(QMouseEvent*) override {}
-    void mouseDoubleClickEvent(QMouseEvent*) override {}
 
 private:
     void PaintPaper();

@@ -22,7 +22,7 @@ constexpr Box labelBox{44, 77, 124, 44};
 constexpr Box countBox{28, 300, 150, 40};
 constexpr Box leaveButton{468, 370, 96, 30};
 
-// The games on the page by their numbers, of which 1 is the oldest game: "16 - 9 de 16".
+// Which games are on the page and how many there are, counted from the newest: "1 - 8 de 16".
 QString CountText(const HistoricPages& pages) {
     if (pages.Entries() == 0) return {};
     const long newest = pages.Entries() - pages.Top();

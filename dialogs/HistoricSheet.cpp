@@ -37,6 +37,7 @@ const char* const heading = "Fecha         Hora    Ganador / Perdedores         
 constexpr TextStyle headingStyle{11.5, QFont::Bold};
 constexpr TextStyle recordStyle{11.2, QFont::Normal, true};
 
+// Decoded records are UTF-8, whatever the file is in.
 QString Read(const std::string& utf8) {
     return QString::fromStdString(utf8);
 }
@@ -48,7 +49,7 @@ PageCorner::PageCorner(QWidget* sheet, const Services& services, const char* obj
     : QAbstractButton(sheet), services_(services) {
     setObjectName(objectName);
     setAccessibleName(name);
-    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAttribute(Qt::WA_TransparentForMouseEvents);  // the sheet gets them
 }
 
 void PageCorner::paintEvent(QPaintEvent*) {

@@ -49,7 +49,7 @@ OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlac
     setObjectName(ObjectNameOf(place));
     setAccessibleName(NameOf(place));
     setCheckable(true);
-    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAttribute(Qt::WA_TransparentForMouseEvents);  // the page gets them
     connect(this, &QAbstractButton::toggled, this, &OptionStop::Toggled);
 }
 
@@ -92,7 +92,7 @@ OptionPage::OptionPage(QWidget* window, const Services& services, const char* na
     : QWidget(window), services_(services), settings_(settings), places_(places), fontSize_(fontSize) {
     setObjectName(name);
     setGeometry(window->rect());
-    setMouseTracking(true);
+    setMouseTracking(true);  // for the hand over a selector
     for (const OptionPlace& place : places_) {
         auto* stop = new OptionStop(this, services, place, fontSize);
         OptionPage::Place(stop, place.Whole());

@@ -75,6 +75,7 @@ void Personal::ShowRules(bool rules) {
     first->setFocus();
 }
 
+// Every option has two answers, so a choice is a flip.
 void Personal::OptionChosen(Option option, Colour player) {
     const QString refusal = RefusalOf(option);
     if (!refusal.isEmpty()) {

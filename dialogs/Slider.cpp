@@ -20,7 +20,7 @@ Slider::Slider(QWidget* parent, const Services& services, const QString& objectN
     setSingleStep(1);
     setPageStep(10);
     setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(true);
+    setMouseTracking(true);  // for the hand over the marker
 }
 
 void Slider::paintEvent(QPaintEvent*) {

@@ -24,6 +24,7 @@ public:
 protected:
     void mousePressEvent(QMouseEvent*) override { ++clicks; }
     void mouseReleaseEvent(QMouseEvent*) override { ++clicks; }
+    void mouseMoveEvent(QMouseEvent*) override { ++clicks; }
 };
 
 class MoveLogTest : public testing::Test {
@@ -109,8 +110,8 @@ TEST_F(MoveLogTest, IsAListForScreenReaders) {
 }
 
 TEST_F(MoveLogTest, TheMouseScrollsItAndDoesNothingElse) {
-    for (const QEvent::Type type :
-         {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseMove,
+                                    QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
         QMouseEvent event(type, {50, 50}, log.mapToGlobal(QPointF(50, 50)), Qt::LeftButton,
                           Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(log.viewport(), &event);
@@ -118,6 +119,7 @@ TEST_F(MoveLogTest, TheMouseScrollsItAndDoesNothingElse) {
     EXPECT_EQ(behind.clicks, 0);
     EXPECT_EQ(Seen(), "23..30 s-1");
     EXPECT_FALSE(log.hasFocus());
+    EXPECT_FALSE(log.currentIndex().isValid());
     const int bottom = log.verticalScrollBar()->value();
     Wheel(120);
     EXPECT_EQ(bottom - log.verticalScrollBar()->value(), 3 * 16) << "three lines for a notch";

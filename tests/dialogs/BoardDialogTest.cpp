@@ -84,7 +84,6 @@ TEST_F(BoardDialogTest, ScreenReadersFindNamesRolesAndAnswers) {
         const char *control, *name, *description;
         QAccessible::Role role;
     } rows[] = {
-        {"Tex_Titulo", "Salir del programa", "", QAccessible::StaticText},
         {"Tex_Mensaje", "¿Desea salir?", "", QAccessible::StaticText},
         {"Pic_Si", "Sí", "", QAccessible::Button},
         {"Pic_Focus", "Salir del programa", "¿Desea salir?", QAccessible::Client},

@@ -57,9 +57,8 @@ TEST_F(MessageTest, NoTextIsEverClipped) {
             const Short lineCount = row.lineCount ? row.lineCount : MessageLinesFor(row.text);
             mensajes window(&board, *services, row.title, row.text, lineCount, notice);
             Show(window);
-            for (const char* name : {"Tex_Titulo", "Tex_Mensaje"}) {
-                ExpectWhole(*Control(window, name));
-            }
+            ExpectWhole(*Control(window, "Tex_Titulo"));
+            ExpectWhole(*Control(window, "Tex_Mensaje"));
             EXPECT_EQ(Control<QLabel>(window, "Tex_Mensaje")->text(), row.text) << "with all its blanks";
         }
     }

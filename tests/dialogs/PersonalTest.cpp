@@ -69,6 +69,9 @@ protected:
     }
 
     Settings settings;
+    const std::pair<const char*, Short*> sliders[3] = {{"Pic_Nivel_1", &settings.PlayerLevel[1]},
+                                                       {"Pic_Nivel_4", &settings.PlayerLevel[4]},
+                                                       {"Pic_Velocidad", &settings.Speed}};
     std::unique_ptr<Personal> window;
     int applied = 0;
     int saved = 0;
@@ -136,16 +139,13 @@ TEST_F(PersonalTest, AGameLocksTheDirectionAndWhoTakesPart) {
         const Settings before = settings;
         QString said;
         Person person([&](QWidget& message) {
-            said = message.accessibleName() + ": " + message.accessibleDescription();
+            said = message.accessibleDescription();
             EXPECT_EQ(message.height(), 3 * 16 + 135) << "three lines";
-            QTest::keyClick(message.focusWidget(), Qt::Key_Return);
         });
         Press(row.option, row.player);
         EXPECT_EQ(settings == before, row.IsLockedInGame());
-        const char* refusal = row.option == Option::PlayOrder ? "cambiar el Sentido" : "activar ";
-        EXPECT_EQ(said.startsWith(QString("Selección improcedente: No se puede ") + refusal),
-                  row.IsLockedInGame())
-            << said;
+        const char* refused = row.option == Option::PlayOrder ? "cambiar el Sentido" : "desactivar";
+        EXPECT_EQ(said.contains(refused), row.IsLockedInGame()) << said;
         if (!row.IsLockedInGame()) Press(row.option, row.player);  // other options depend on it
     }
 }
@@ -157,6 +157,7 @@ TEST_F(PersonalTest, SomeoneMustTakePart) {
     QString title;
     Person person([&title](QWidget& message) { title = message.accessibleName(); });
     QTest::mouseClick(Find("Pic_Salir"), Qt::LeftButton);
+    window->close();  // the window manager is refused, too
     EXPECT_EQ(title, "Datos incorrectos");
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(saved, 0);
@@ -169,7 +170,6 @@ TEST_F(PersonalTest, AColourThatTakesNoPartShowsItsStateOnly) {
     Open();
     for (const bool active : {false, true}) {
         Press(Option::PlayerState, 3);
-        EXPECT_TRUE(Find(Option::PlayerState, 3)->isVisible());
         for (const QString& name :
              {QString("Txt_Nombre_3"), QString("Pic_Nivel_3"), NameOf(Option::PlayerType, 3)}) {
             EXPECT_EQ(Find(name)->isVisible(), active) << name;
@@ -180,17 +180,6 @@ TEST_F(PersonalTest, AColourThatTakesNoPartShowsItsStateOnly) {
     }
 }
 
-struct SliderRow {
-    const char* name;
-    std::function<Short&(Settings&)> field;
-};
-
-const SliderRow sliders[] = {
-    {"Pic_Nivel_1", [](Settings& s) -> Short& { return s.PlayerLevel[1]; }},
-    {"Pic_Nivel_4", [](Settings& s) -> Short& { return s.PlayerLevel[4]; }},
-    {"Pic_Velocidad", [](Settings& s) -> Short& { return s.Speed; }},
-};
-
 TEST_F(PersonalTest, NamesAndSlidersFollowTheKeyboard) {
     settings.PlayerName[2] = "Íñigo";
     Open();
@@ -200,11 +189,11 @@ TEST_F(PersonalTest, NamesAndSlidersFollowTheKeyboard) {
     EXPECT_EQ(settings.PlayerName[4], "Pepa  ");
     const std::pair<Qt::Key, Short> steps[] = {
         {Qt::Key_PageUp, 60}, {Qt::Key_Right, 61}, {Qt::Key_Home, 0}, {Qt::Key_End, 100}};
-    for (const SliderRow& row : sliders) {
+    for (const auto& [name, field] : sliders) {
         for (const auto& [key, value] : steps) {
             applied = 0;
-            QTest::keyClick(Find(row.name), key);
-            EXPECT_EQ(row.field(settings), value) << row.name;
+            QTest::keyClick(Find(name), key);
+            EXPECT_EQ(*field, value) << name;
             EXPECT_EQ(applied, 1);
         }
     }
@@ -225,13 +214,13 @@ TEST_F(PersonalTest, ASliderIsDraggedUntilTheCursorLeavesIt) {
         UseScreen(size);
         settings = {};
         Open();
-        for (const SliderRow& row : sliders) {
-            QWidget* slider = Find(row.name);
+        for (const auto& [name, field] : sliders) {
+            QWidget* slider = Find(name);
             const auto at = [this](double value) { return InLogical({6.5 + value, 9}); };
             for (const auto& drag : drags) {
                 if (drag.way[0] < 200) QTest::mousePress(slider, Qt::LeftButton, {}, at(drag.way[0]));
                 for (const double value : drag.way) QTest::mouseMove(slider, at(value));
-                EXPECT_EQ(row.field(settings), drag.reached) << row.name << ' ' << drag.name;
+                EXPECT_EQ(*field, drag.reached) << name << ' ' << drag.name;
                 QTest::mouseRelease(slider, Qt::LeftButton, {}, at(drag.way.back()));
             }
         }
@@ -242,7 +231,6 @@ TEST_F(PersonalTest, TheThirdRuleDependsOnTheFirst) {
     settings.RuleFiveAllInBox = 2;
     Open();
     GoToRules();
-    EXPECT_TRUE(Find(Option::RuleFiveAllInBox)->isVisible());
     Press(Option::RuleLeaveAllInBox);
     EXPECT_FALSE(Find(Option::RuleFiveAllInBox)->isVisible());
     Press(Option::RuleFiveAllInBox);
@@ -314,13 +302,12 @@ TEST_F(PersonalTest, ANameIsFormedWhileItIsTyped) {
 }
 
 TEST_F(PersonalTest, TheWidestNameIsSeenWhole) {
-    settings.PlayerName[1] = "Wwwwwwwww";
     for (const QSize size : ScreenSizes) {
         UseScreen(size);
+        settings.PlayerName = {"", "Wwwwwwwww", "W"};
         Open();
         Control<QLineEdit>(*window, "Txt_Nombre_2")->setText("Wwwwwwwww");
-        for (const char* name : {"Txt_Nombre_1", "Txt_Nombre_2"}) {
-            const auto* box = Control<QLineEdit>(*window, name);
+        for (const auto* box : window->findChildren<QLineEdit*>()) {
             EXPECT_LE(QFontMetricsF(box->font()).horizontalAdvance(box->text()), box->width() - 4);
         }
     }

@@ -44,7 +44,6 @@ void Person::Act() {
     const QPointer<QWidget> window = QApplication::activeModalWidget();
     if (busy_ || !window || window == below_ || !window->isActiveWindow()) return;
     busy_ = true;
-    ++windows_;
     action_(*window);
     leftOpen_ = window && window->isVisible();
     if (leftOpen_) window->close();

@@ -63,8 +63,6 @@ class Person {
 public:
     explicit Person(std::function<void(QWidget& window)> action);
 
-    /// How many windows were acted on.
-    int Windows() const { return windows_; }
     /// Whether the last of them was still open after the action.
     bool LeftOpen() const { return leftOpen_; }
 
@@ -74,7 +72,6 @@ private:
     std::function<void(QWidget& window)> action_;
     const QWidget* const below_;  // open already
     QTimer timer_;
-    int windows_ = 0;
     bool leftOpen_ = false;
     bool busy_ = false;
 };
