@@ -136,9 +136,8 @@ QRect BoardPainter::PulseArea(const BoardView::Pulse& pulse) const {
 
 void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
     layout_ = layout;
-    BoardPictures pictures = emptyBoard_.PicturesFor(layout, devicePixels);
-    Pic_TableroVacio = std::move(pictures.empty);
-    Pic_TableroLleno = std::move(pictures.full);
+    Pic_TableroVacio = background_.Take(layout, devicePixels);
+    Pic_TableroLleno = QPixmap(devicePixels);
     stamps_.clear();
 }
 
@@ -249,7 +248,7 @@ void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour col
     const Short face = view.dieFace[colour];
     if (face == 0) return;
     const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
-    const QPixmap picture = artwork_.Picture(QStringLiteral("die_%1").arg(face), SideBySide(side));
+    const QPixmap picture = artwork_.Pixmap(QStringLiteral("die_%1").arg(face), SideBySide(side));
     const BoardView::DiePose& pose = view.diePose[colour];
     if (pose.tilt == 0 && pose.size == 1) {
         PaintCentred(painter, picture, DiePlace(colour, pose).center());
@@ -378,8 +377,8 @@ void BoardPainter::PaintPiece(QPainter& painter, const BoardView& view, PieceCod
     if (height > 0) PaintGroundShadow(painter, Device(view.at[code]), height);
     const double side = PieceSide();
     const int growth = qRound(side * (PieceScale(height) - 1) / 2);
-    const QPixmap picture = artwork_.Picture(QStringLiteral("piece_%1").arg(ColourOf(code)),
-                                             SideBySide(side) + QSize(2, 2) * growth);
+    const QPixmap picture = artwork_.Pixmap(QStringLiteral("piece_%1").arg(ColourOf(code)),
+                                            SideBySide(side) + QSize(2, 2) * growth);
     PaintCentred(painter, picture, Device(view.at[code]) - QPointF(0, height * layout_.Unit));
 }
 
@@ -388,7 +387,7 @@ void BoardPainter::PaintGroundShadow(QPainter& painter, QPointF at, double heigh
     const double far = std::min(height / layout_.PieceSize, 2.0);
     const QPointF beside = QPointF(0.1, 0.12) * layout_.PieceSize * layout_.Unit * (1 + far);
     painter.setOpacity(1 - 0.33 * far);
-    PaintCentred(painter, artwork_.Picture("piece_shadow", SideBySide(PieceSide())), at + beside);
+    PaintCentred(painter, artwork_.Pixmap("piece_shadow", SideBySide(PieceSide())), at + beside);
     painter.setOpacity(1);
 }
 

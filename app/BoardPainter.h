@@ -6,8 +6,8 @@
 #include <QRect>
 #include <functional>
 
+#include "app/Background.h"
 #include "app/BoardView.h"
-#include "app/EmptyBoard.h"
 #include "app/Layout.h"
 #include "core/Settings.h"
 
@@ -21,8 +21,8 @@ class BoardPainter {
 public:
     explicit BoardPainter(Artwork& artwork) : artwork_(artwork) {}
 
-    /// The empty board, to be painted ahead for a window that will open.
-    EmptyBoard& TheEmptyBoard() { return emptyBoard_; }
+    /// To be begun ahead of SetScreen.
+    Background& TheBackground() { return background_; }
 
     /// Makes the pictures for a window of that many device pixels and paints the empty board.
     void SetScreen(const Layout& layout, QSize devicePixels);
@@ -79,7 +79,7 @@ private:
     QRectF DeviceF(const Box& box) const;
 
     Artwork& artwork_;
-    EmptyBoard emptyBoard_;
+    Background background_;
     Layout layout_;
     QPixmap Pic_TableroVacio;
     QPixmap Pic_TableroLleno;

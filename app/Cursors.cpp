@@ -39,10 +39,10 @@ QCursor Cursors::Named(const QString& name) {
     const auto known = cursors_.constFind(name);
     if (known != cursors_.constEnd()) return *known;
     const int side = qRound(drawingSide * unit_);
-    QPixmap picture = artwork_.Picture("cursors/" + name, {side, side});
-    picture.setDevicePixelRatio(ratio_);
+    QPixmap pixmap = artwork_.Pixmap("cursors/" + name, {side, side});
+    pixmap.setDevicePixelRatio(ratio_);
     const QPointF hot = QPointF(HotSpotOf(name)) * (unit_ / ratio_);
-    QCursor cursor(picture, qRound(hot.x()), qRound(hot.y()));
+    QCursor cursor(pixmap, qRound(hot.x()), qRound(hot.y()));
     cursors_.insert(name, cursor);
     return cursor;
 }

@@ -71,7 +71,7 @@ void PlaceButtons(Layout& layout) {
     const Short left = CentredBesideBoard(layout, width);
     const Short top = ToShort(std::max(8, (recorderTop - height) / 2));
     layout.Buttons = {left, top, ToShort(width), ToShort(height)};
-    for (int index = 0; index < 6; ++index) {
+    for (int index = 0; index < MenuButtonCount; ++index) {
         layout.Button[index] = {ToShort(left + index % 3 * (side + gap)),
                                 ToShort(top + index / 3 * (side + gap)), ToShort(side), ToShort(side)};
     }

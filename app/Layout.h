@@ -24,6 +24,8 @@ struct Box {
     Point Centre() const { return {ToShort(x + width / 2), ToShort(y + height / 2)}; }
 };
 
+inline constexpr int MenuButtonCount = 6;
+
 /// Where everything of the board window lies on one screen. All values are pixels of the layout
 /// unless said otherwise; one such pixel is `Unit` device pixels, so that every screen is filled and
 /// all is drawn at the device's resolution.
@@ -47,11 +49,11 @@ struct Layout {
     Short BoxSide = 0;      ///< side of a corner box
     PerColour<Point> CornerBox{};
 
-    Box Buttons;                ///< Pic_Botones
-    std::array<Box, 6> Button;  ///< Pic_Boton, in pixels of the window
-    Box Recorder;               ///< Pic_Grabadora
-    Box Log;                    ///< Lis_Grabadora
-    Box LogPaper;               ///< what of the log is on the screen
+    Box Buttons;                              ///< Pic_Botones
+    std::array<Box, MenuButtonCount> Button;  ///< Pic_Boton, in the order of the menu
+    Box Recorder;                             ///< Pic_Grabadora
+    Box Log;                                  ///< Lis_Grabadora
+    Box LogPaper;  ///< the part of the log that lies on the screen and beside the board
 
     /// Centre of a piece that stands alone on a square 1..100 (the first slot of a goal).
     Point SquarePosition(Square square) const;

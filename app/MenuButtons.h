@@ -16,8 +16,6 @@ public:
     /// Called when the button is pressed.
     std::function<void()> Pressed;
 
-    /// Begins to draw it as it is now, for a window that will open.
-    void PreparePicture();
     /// Draws the button pressed or not, at once.
     void ShowPressed(bool pressed);
     /// Lets the button glow, or stops it.
@@ -31,9 +29,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    QString PictureName() const;
-    QSize PictureSize() const;
-
     const Services& services_;
     int index_;
     bool pressed_ = false;
@@ -43,20 +38,18 @@ private:
 /// Pic_Botones: the six keys of the menu.
 class MenuButtons {
 public:
-    enum Index { Help, NewGame, Personalize, History, Advice, Leave, Count };
+    enum Index { Help, NewGame, Personalize, History, Advice, Leave };
+    static_assert(Leave + 1 == MenuButtonCount);
 
     MenuButtons(QWidget* window, const Services& services, const std::function<void(int index)>& chosen);
 
     MenuButton& Button(int index) { return *buttons_[index]; }
 
-    /// Begins to draw them, for a window that will open.
-    void PreparePictures();
-
     /// Shows the button's explanation when the cursor rests on it, or does not.
     void Explain(bool explains);
 
 private:
-    std::array<MenuButton*, Count> buttons_;  // owned by the window
+    std::array<MenuButton*, MenuButtonCount> buttons_;  // owned by the window
 };
 
 }  // namespace zorva

@@ -29,13 +29,9 @@ public:
     Mesa(const GameState& state, const Settings& settings);
     ~Mesa() override;
 
-    /// Makes the window ready for that screen before it is shown: other windows may open first. The
-    /// board is painted meanwhile; a window that is shown before paints nothing until then.
-    void PrepareFor(const QScreen& screen);
-    /// Whether the board that was begun so is not there yet.
-    bool AwaitsBoard() const { return awaitsBoard_; }
-    /// Prepares the rest of the window, shortly before it is shown, and hurries the board.
-    void PrepareControls();
+    /// Lays the window out for that screen before it is shown: the title opens first, in the middle of
+    /// it. Does nothing once the window is shown.
+    void ChooseScreen(const QScreen& screen);
 
     const GameState& State() const { return state_; }
     const Settings& CurrentSettings() const { return settings_; }
@@ -94,18 +90,13 @@ protected:
     bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the board
 
 private:
-    void AdoptScreen(QSize device, double ratio);
-    void TouchMemory();
-    void BoardPainted();
-    void TakeBoard();
+    void UseScreen(QSize devicePixels, double devicePixelRatio);
     void PlaceControls();
     QRect LogicalRect(const Box& box) const;
 
     const GameState& state_;
     const Settings& settings_;
     QString news_;
-    QSize adopted_;             // device pixels of the window that all pictures are for
-    bool awaitsBoard_ = false;  // it is being painted for the first time
     Artwork artwork_;
     Cursors cursors_{artwork_};
     Pacer pacer_;

@@ -1,10 +1,10 @@
 #include "app/PanelPainter.h"
 
+#include <QPainter>
 #include <algorithm>
 #include <array>
 
 #include "app/Artwork.h"
-#include "app/Canvas.h"
 #include "app/Layout.h"
 
 namespace zorva {
@@ -34,7 +34,7 @@ QRectF OnDevice(const Layout& layout, const QRectF& area) {
 }
 
 // Paints a square drawing with its corners at their own size and all between them stretched.
-void PaintStretched(const Canvas& canvas, Artwork& artwork, const QString& name, const QRectF& target,
+void PaintStretched(QPainter& painter, Artwork& artwork, const QString& name, const QRectF& target,
                     double corner, double unit) {
     const QRect area = target.toAlignedRect();
     const int width = qRound(corner * unit);
@@ -50,7 +50,7 @@ void PaintStretched(const Canvas& canvas, Artwork& artwork, const QString& name,
             const QRectF part(from[column], from[row], from[column + 1] - from[column],
                               from[row + 1] - from[row]);
             const QRect place(QPoint(x[column], y[row]), size);
-            if (!place.isEmpty()) artwork.PaintPart(canvas, name, part, place);
+            if (!place.isEmpty()) artwork.PaintPart(painter, name, part, place);
         }
     }
 }
@@ -70,7 +70,7 @@ QRectF Case(const Layout& layout, const QRectF& band) {
 }
 
 // One at either side of the strip, as large as the case allows.
-void PaintReels(const Canvas& canvas, Artwork& artwork, const Layout& layout, const QRectF& body) {
+void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& body) {
     const double free = (body.width() - layout.Recorder.width) / 2;
     const double side = std::min(free - 2 * besideReel, widestReel);
     if (side < smallestReel) return;
@@ -78,12 +78,12 @@ void PaintReels(const Canvas& canvas, Artwork& artwork, const Layout& layout, co
         QRectF reel(0, 0, side, side);
         reel.moveCenter({body.center().x() + way * (layout.Recorder.width + free - 3) / 2,
                          layout.Recorder.y + layout.Recorder.height / 2.0});
-        artwork.Paint(canvas, "panel_reel", OnDevice(layout, reel));
+        artwork.Paint(painter, "panel_reel", OnDevice(layout, reel));
     }
 }
 
 // A dice cup stands where the table is free: right of the band, or below the board.
-void PaintCup(const Canvas& canvas, Artwork& artwork, const Layout& layout, const QRectF& band) {
+void PaintCup(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& band) {
     const double right = layout.ScreenWidth - band.right();
     const double below = layout.DeviceTop / layout.Unit;
     QRectF cup(0, 0, cupSide, cupSide);
@@ -95,7 +95,7 @@ void PaintCup(const Canvas& canvas, Artwork& artwork, const Layout& layout, cons
     } else {
         return;
     }
-    artwork.Paint(canvas, "panel_cup", OnDevice(layout, cup));
+    artwork.Paint(painter, "panel_cup", OnDevice(layout, cup));
 }
 
 // How large the band's border is drawn, of its own size.
@@ -112,19 +112,19 @@ QRect HiddenByPanel(const Layout& layout) {
     return OnDevice(layout, band.adjusted(edge, edge, -edge, -edge)).toAlignedRect();
 }
 
-void PaintInstrumentPanel(const Canvas& canvas, Artwork& artwork, const Layout& layout) {
+void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
     const double unit = layout.Unit;
     const QRectF band = Band(layout);
     const Box& log = layout.LogPaper;
     const double border = BorderScale(layout, band);
-    PaintStretched(canvas, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
+    PaintStretched(painter, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
     const QRectF paper = QRectF(log.x, log.y, log.width, log.height)
                              .adjusted(-paperShadow, -paperShadow, paperShadow, paperShadow);
-    PaintStretched(canvas, artwork, "panel_shadow", OnDevice(layout, paper), 2 * paperShadow, unit);
+    PaintStretched(painter, artwork, "panel_shadow", OnDevice(layout, paper), 2 * paperShadow, unit);
     const QRectF body = Case(layout, band);
-    PaintStretched(canvas, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
-    PaintReels(canvas, artwork, layout, body);
-    PaintCup(canvas, artwork, layout, band);
+    PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
+    PaintReels(painter, artwork, layout, body);
+    PaintCup(painter, artwork, layout, band);
 }
 
 }  // namespace zorva

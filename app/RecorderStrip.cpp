@@ -91,14 +91,6 @@ Box RecorderStrip::KeyBox(RecorderKey key) {
     return {place.x, place.y, place.clickWidth, keyHeight};
 }
 
-QSize RecorderStrip::PictureSize() const {
-    return (QSizeF(size()) * services_.devicePixelRatio).toSize();
-}
-
-void RecorderStrip::PreparePicture() {
-    services_.artwork.PrepareOf(drawing, HalfFrom(0), PictureSize());
-}
-
 void RecorderStrip::ShowPressed(RecorderKey key, bool pressed) {
     pressed_[static_cast<int>(key)] = pressed;
     repaint();
@@ -112,11 +104,11 @@ void RecorderStrip::Explain(bool explains) {
 void RecorderStrip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const double ratio = services_.devicePixelRatio;
-    const QSize device = PictureSize();
+    const QSize device = (QSizeF(size()) * ratio).toSize();
     const double unit = device.width() / static_cast<double>(stripWidth);
     painter.scale(1 / ratio, 1 / ratio);
     const auto sheet = [&](int left) {
-        return services_.artwork.PictureOf(drawing, HalfFrom(left), device);
+        return services_.artwork.PixmapOfPart(drawing, HalfFrom(left), device);
     };
     painter.drawPixmap(0, 0, sheet(0));
     for (int index = 0; index < RecorderKeyCount; ++index) {

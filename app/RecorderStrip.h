@@ -24,9 +24,6 @@ public:
     /// Whether a key does something now: over such a key the cursor is a hand.
     std::function<bool(RecorderKey key)> IsLive;
 
-    /// Begins to draw the strip, for a window that will open.
-    void PreparePicture();
-
     /// Draws a key pressed or at rest, at once.
     void ShowPressed(RecorderKey key, bool pressed);
     /// Shows the keys' explanations when the cursor rests on them, or does not.
@@ -54,7 +51,6 @@ private:
     };
 
     Point StripPoint(QPointF position) const;
-    QSize PictureSize() const;
 
     const Services& services_;
     std::array<KeyButton*, RecorderKeyCount> keyButtons_{};  // owned by the strip

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QThreadPool>
 #include <QTimer>
 #include <cstdlib>
 
@@ -42,8 +41,5 @@ int main(int argc, char** argv) {
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&program] { program.SaveNow(); });
     QTimer::singleShot(0, &program.Window(), [&program] { program.Start(); });
-    const int status = QApplication::exec();
-    // A picture that nobody waits for any more must not be painted while Qt ends.
-    QThreadPool::globalInstance()->waitForDone();
-    return status;
+    return QApplication::exec();
 }

@@ -15,8 +15,6 @@ namespace zorva::decoration {
 
 /// The wood of a window of that size, in device pixels.
 QPixmap PanelWood(QSizeF size, const Services& services);
-/// Begins to draw it, for a window that is about to open.
-void PreparePanelWood(QSizeF size, const Services& services);
 
 /// The ground of a window, over its whole area.
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services);

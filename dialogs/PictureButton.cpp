@@ -32,7 +32,7 @@ void PictureButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const double ratio = services_.devicePixelRatio;
-    QPixmap picture = services_.artwork.Picture(isDown() ? drawing_ + "_pressed" : drawing_,
+    QPixmap picture = services_.artwork.Pixmap(isDown() ? drawing_ + "_pressed" : drawing_,
                                                 (QSizeF(size()) * ratio).toSize());
     picture.setDevicePixelRatio(ratio);
     painter.drawPixmap(QPointF(), picture);

@@ -21,9 +21,9 @@ constexpr int shortTick = 1;  // when a person waits for the end
 
 }  // namespace
 
-careta::careta(QWidget* parent, const Services& services, WorkBehind work)
+careta::careta(QWidget* parent, const Services& services, std::function<void()> openBoard)
     : BoardDialog(parent, services, "careta", "Zorva", windowSize),
-      work_(std::move(work)),
+      openBoard_(std::move(openBoard)),
       area_(new QWidget(this)) {
     area_->setObjectName("Pic_Careta");
     area_->setAccessibleName("Zorva, Parchís");
@@ -82,29 +82,22 @@ void careta::DrawTitle() {
     QPainter painter(area_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(QPointF(), Ground());
-    // The first pictures show the wood alone: nobody waits for the letters before the board.
-    if (!logo_ && HasAppeared() && IsWorkDone() && !scroll_.IsOver()) logo_.emplace(TheServices());
+    // The first painting shows the wood alone: its letters would delay the board.
+    if (!logo_ && clock_.isValid() && !scroll_.IsOver()) logo_.emplace(TheServices());
     if (logo_) logo_->Draw(painter, scroll_.Position(), TheServices());
     wasPainted_ = true;
 }
 
-bool careta::IsWorkDone() const {
-    return !work_.isDone || work_.isDone();
-}
-
-// What is to be done behind the title begins after its first picture. A key that came meanwhile goes
-// before the first step.
+// The board takes the keyboard when it opens, which the title needs back.
 void careta::Begin() {
+    openBoard_();
+    activateWindow();
     clock_.start();
-    if (work_.begin) work_.begin();
 }
 
 void careta::MakeSteps() {
     if (!wasPainted_) return;
-    if (!HasAppeared()) return Begin();
-    // The board that has opened behind it took the keyboard.
-    if (!scroll_.IsOver() && !std::exchange(wasActivated_, true)) activateWindow();
-    if (!IsWorkDone()) return;
+    if (!clock_.isValid()) return Begin();
     for (int due = steps_.Due(static_cast<double>(clock_.elapsed())); due > 0 && !scroll_.IsOver();
          --due) {
         scroll_.Step();
@@ -132,11 +125,9 @@ void careta::mousePressEvent(QMouseEvent*) {
     Stop();
 }
 
-void ShowSplash(QWidget* parent, const Services& services, const WorkBehind& work) {
-    decoration::PreparePanelWood(windowSize, services);
-    careta window(parent, services, work);
+void ShowSplash(QWidget* parent, const Services& services, const std::function<void()>& openBoard) {
+    careta window(parent, services, openBoard);
     RunModal(window);
-    if (!window.HasAppeared()) work.begin();
 }
 
 }  // namespace zorva

@@ -3,27 +3,33 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QPainter>
 
 #include "app/Artwork.h"
-#include "app/Canvas.h"
 #include "app/Layout.h"
 
 namespace zorva::test {
 namespace {
 
-TEST(Panel, LiesUnderTheInstrumentsAndNotOnTheBoard) {
+QImage Painted(const Layout& layout, QSize screen, Qt::GlobalColor below) {
     Artwork artwork;
+    QImage image(screen, QImage::Format_RGB32);
+    image.fill(below);
+    QPainter painter(&image);
+    PaintInstrumentPanel(painter, artwork, layout);
+    return image;
+}
+
+TEST(Panel, LiesUnderTheInstrumentsAndNotOnTheBoard) {
     for (const QSize screen : {QSize(640, 480), QSize(800, 600), QSize(1024, 768), QSize(1280, 1024),
                                QSize(2560, 1080), QSize(1080, 1920), QSize(600, 800)}) {
         SCOPED_TRACE(std::to_string(screen.width()) + "x" + std::to_string(screen.height()));
         const Layout layout = LayoutFor(screen.width(), screen.height());
-        QImage picture(screen, QImage::Format_RGB32);
-        picture.fill(Qt::magenta);
-        PaintInstrumentPanel(Canvas(picture), artwork, layout);
+        const QImage image = Painted(layout, screen, Qt::magenta);
         const auto isPainted = [&](double x, double y) {
             const QPoint at(qRound(layout.DeviceLeft + x * layout.Unit),
                             qRound(layout.DeviceTop + y * layout.Unit));
-            return picture.pixelColor(at) != QColor(Qt::magenta);
+            return image.pixelColor(at) != QColor(Qt::magenta);
         };
         const int squares = layout.Margin + 21 * layout.Cell;
         for (int y = 0; y < layout.ScreenHeight; ++y) {
@@ -36,12 +42,9 @@ TEST(Panel, LiesUnderTheInstrumentsAndNotOnTheBoard) {
         EXPECT_TRUE(isPainted(paper.x + paper.width / 2.0, paper.y - 2))
             << "nothing that the paper comes out of";
         // The table is not painted where the panel says that it is not seen.
-        QImage other(screen, QImage::Format_RGB32);
-        other.fill(Qt::green);
-        PaintInstrumentPanel(Canvas(other), artwork, layout);
-        const QRect hidden = HiddenByPanel(layout) & picture.rect();
+        const QRect hidden = HiddenByPanel(layout) & image.rect();
         EXPECT_GT(hidden.height(), screen.height() / 3);
-        EXPECT_EQ(picture.copy(hidden), other.copy(hidden));
+        EXPECT_EQ(image.copy(hidden), Painted(layout, screen, Qt::green).copy(hidden));
     }
 }
 

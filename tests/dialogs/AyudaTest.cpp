@@ -98,7 +98,7 @@ QString ReadableText(const QString& html) {
 
 TEST(ManualTest, HasEveryTextThatThePlayerMeetsElsewhere) {
     QStringList wanted{NewGameHeading, ContinuedGameHeading};
-    for (int button = 0; button < MenuButtons::Count; ++button) wanted << MenuButton::HoverText(button);
+    for (int button = 0; button < MenuButtonCount; ++button) wanted << MenuButton::HoverText(button);
     for (int key = 0; key < RecorderKeyCount; ++key) {
         wanted << RecorderStrip::HoverText(static_cast<RecorderKey>(key));
     }
