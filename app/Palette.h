@@ -2,16 +2,7 @@
 
 #include <QColor>
 
-#include "core/Types.h"
-
 namespace zorva::palette {
-
-/// The players' colours as they stand on the board.
-inline QColor OfPlayer(Colour colour) {
-    static const QColor colours[] = {QColor(), QColor(255, 255, 0), QColor(0, 0, 255), QColor(255, 0, 0),
-                                     QColor(0, 128, 0)};
-    return colours[colour];
-}
 
 inline const QColor Paper{0xf6, 0xee, 0xd9};
 inline const QColor RuledPaper{0xec, 0xe0, 0xc2};
