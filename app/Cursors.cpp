@@ -8,7 +8,7 @@
 namespace zorva {
 namespace {
 
-constexpr int drawingSide = 32;  // of every cursor's drawing
+constexpr int drawingSide = 32;  // of every cursor's drawing, in its own units
 
 }  // namespace
 
@@ -18,6 +18,7 @@ void Cursors::SetScale(double unit, double devicePixelRatio) {
     cursors_.clear();
 }
 
+// In units of the drawing. The file has a line for each cursor: its name, x and y.
 QPoint Cursors::HotSpotOf(const QString& name) {
     if (hotSpots_.isEmpty()) {
         QFile file(":/cursors/hotspots.txt");

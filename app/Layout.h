@@ -24,11 +24,15 @@ struct Box {
     Point Centre() const { return {ToShort(x + width / 2), ToShort(y + height / 2)}; }
 };
 
+/// The keys of the menu: help, new game, settings, history, advice and leave.
 inline constexpr int MenuButtonCount = 6;
 
-/// Where everything of the board window lies on one screen. All values are pixels of the layout
-/// unless said otherwise; one such pixel is `Unit` device pixels, so that every screen is filled and
-/// all is drawn at the device's resolution.
+/// Where everything of the board window lies on one screen. All values are layout pixels unless said
+/// otherwise; one of them is `Unit` device pixels, so that every screen is filled and everything is
+/// drawn at the device's resolution.
+///
+/// The board is a square of 9 blocks or 21 cells. Houses of 3 x 3 blocks are its corners; between them
+/// lie the arms, each with three lanes that are one block wide. A square is one cell long.
 struct Layout {
     // The part of the screen that is used, in device pixels: all of it, or its largest centred area
     // of 5:4 when the screen is narrower than that.
@@ -41,8 +45,8 @@ struct Layout {
     Short ScreenWidth = 0;
     Short ScreenHeight = 0;
     Short SizeClass = 0;    ///< 1 below 800 pixels of width, 2 at exactly 800, 3 above
-    Short Cell = 0;         ///< a square's length along the way: 21, 27 or 33
-    Short Block = 0;        ///< a square's width across the way: 49, 63 or 77
+    Short Cell = 0;         ///< a square's length along its lane: 21, 27 or 33
+    Short Block = 0;        ///< a square's width across its lane: 49, 63 or 77
     Short Margin = 0;       ///< left of and above the board; negative on a screen that is too low
     Short BoardExtent = 0;  ///< width of the board and its two margins
     Short PieceSize = 0;    ///< diameter of a piece
@@ -57,19 +61,21 @@ struct Layout {
 
     /// Centre of a piece that stands alone on a square 1..100 (the first slot of a goal).
     Point SquarePosition(Square square) const;
-    /// Centre of a piece by its slot: 1..3 on a square, 1..4 on a goal.
+    /// Centre of a piece by its slot: 1..3 on a square, 1..4 on a goal. A square outside 1..100 is
+    /// fatal, as it is for SquarePosition.
     Point SlotPosition(Square square, Short slot) const;
-    /// Centre of a piece in its waiting box.
+    /// Centre of a piece 1..4 that waits in its house, one above the other.
     Point BoxPosition(Colour colour, Short piece) const;
     /// The tray in which a colour's die lies.
     Box DieBox(Colour colour) const;
-    /// The plate in a colour's house that bears the player's name.
+    /// The plate with the player's name in a colour's house.
     Box NamePlate(Colour colour) const;
-    /// The whole corner box of a colour.
+    /// A colour's house: the whole corner box.
     Box House(Colour colour) const;
 };
 
-/// The layout for a screen of that size in device pixels.
+/// The layout for a screen of that size in device pixels. Any size gives one, if need be with parts that
+/// overlap or lie off the screen.
 Layout LayoutFor(int deviceWidth, int deviceHeight);
 
 }  // namespace zorva

@@ -56,7 +56,7 @@ void MenuButton::paintEvent(QPaintEvent*) {
 }
 
 void MenuButton::mousePressEvent(QMouseEvent* event) {
-    // Not handed on: the mouse acts when it presses, not when it lets go.
+    // Not handed on to Qt: the button acts when the mouse presses, not when it lets go.
     if (event->button() == Qt::LeftButton && Pressed) Pressed();
 }
 

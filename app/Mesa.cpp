@@ -39,6 +39,7 @@ Mesa::~Mesa() = default;
 
 // ------------------------------------------------------------------------------------- layout
 
+// Both edges are rounded one by one, so that boxes that touch in the layout touch on every screen.
 QRect Mesa::LogicalRect(const Box& box) const {
     const Layout& layout = services_.layout;
     const double ratio = services_.devicePixelRatio;
@@ -80,9 +81,11 @@ void Mesa::ChooseScreen(const QScreen& screen) {
     const double ratio = screen.devicePixelRatio();
     const QSize devicePixels = (QSizeF(screen.size()) * ratio).toSize();
     UseScreen(devicePixels, ratio);
+    // Painted by another thread while the title opens; resizeEvent takes it.
     scene_->TheBackground().Begin(services_.layout, devicePixels);
 }
 
+// Comes when the window is first shown, and when the screen gets another size or scale.
 void Mesa::resizeEvent(QResizeEvent*) {
     const double ratio = devicePixelRatioF();
     const QSize devicePixels = (QSizeF(size()) * ratio).toSize();
@@ -103,6 +106,7 @@ Point Mesa::LayoutPoint(QPointF position) const {
 
 // ------------------------------------------------------------------------------------ painting
 
+// The board is painted already, in device pixels: what Qt asks for is copied.
 void Mesa::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const double ratio = services_.devicePixelRatio;
@@ -116,6 +120,7 @@ void Mesa::paintEvent(QPaintEvent* event) {
 
 // --------------------------------------------------------------------------------------- input
 
+// Qt tells so when a dialog opens over the board and when it goes.
 bool Mesa::event(QEvent* event) {
     const QEvent::Type type = event->type();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshCursor();
@@ -140,6 +145,7 @@ void Mesa::keyPressEvent(QKeyEvent* event) {
     if (IsKeyStroke(*event) && KeyPressed) KeyPressed(*event);
 }
 
+// The program asks the player first, and ends by quitting rather than by closing the window.
 void Mesa::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (CloseWanted) CloseWanted();
@@ -159,7 +165,7 @@ void Mesa::RefreshCursor() {
     const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
     const bool isBlocked = QApplication::activeModalWidget() != nullptr;
     const QCursor wanted = CursorAt && !isBlocked ? CursorAt(at) : QCursor(Qt::ArrowCursor);
-    if (wanted != cursor()) setCursor(wanted);
+    if (wanted != cursor()) setCursor(wanted);  // each change is a request to the window system
 }
 
 }  // namespace zorva

@@ -10,30 +10,32 @@
 namespace zorva {
 namespace {
 
-// All in pixels of the layout.
-constexpr double besideBand = 2;
+// Measures in layout pixels.
+constexpr double besideBand = 2;  // left free of the room beside the board
 constexpr double widestBand = 248;
 constexpr double beyondBand = 16;  // how far the band reaches over the log's ends where there is room
-constexpr double bandCorner = 24;  // of the drawing, the part that is not stretched
-constexpr double opaqueBand = 8;   // ... within which its round corners end
+constexpr double bandCorner = 24;  // the corner of the drawing, which is not stretched
+constexpr double opaqueBand = 8;   // the part of that which is round and not opaque
 constexpr double caseCorner = 14;
 constexpr double widestCase = 196;
 constexpr double besideCase = 12;
-constexpr double caseAbove = 14;  // of the recorder's strip
+constexpr double caseAbove = 14;  // the recorder's strip
 constexpr double caseBelow = 13;
 constexpr double widestReel = 58;
-constexpr double smallestReel = 18;
+constexpr double smallestReel = 18;  // where there is less room, the reels are left out
 constexpr double besideReel = 6;
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double paperShadow = 10;
 constexpr double cupSide = 140;
 
+// Layout pixels as device pixels of the window.
 QRectF OnDevice(const Layout& layout, const QRectF& area) {
     return {layout.DeviceLeft + area.x() * layout.Unit, layout.DeviceTop + area.y() * layout.Unit,
             area.width() * layout.Unit, area.height() * layout.Unit};
 }
 
-// Paints a square drawing with its corners at their own size and all between them stretched.
+// Paints a square drawing with its corners at their own size and everything between them stretched, as
+// nine parts. `corner` is in the drawing's units, `unit` the device pixels for each of them.
 void PaintStretched(QPainter& painter, Artwork& artwork, const QString& name, const QRectF& target,
                     double corner, double unit) {
     const QRect area = target.toAlignedRect();
@@ -55,7 +57,8 @@ void PaintStretched(QPainter& painter, Artwork& artwork, const QString& name, co
     }
 }
 
-// Across the whole table; on a screen taller than the layout from above the buttons to below the log.
+// From edge to edge of the table, whose ends are off the screen; on a screen that is taller than the
+// layout the band ends a little above the buttons and below the log.
 QRectF Band(const Layout& layout) {
     const double room = layout.ScreenWidth - layout.BoardExtent;
     const double width = std::min(room - besideBand, widestBand);
@@ -63,13 +66,14 @@ QRectF Band(const Layout& layout) {
     return {layout.BoardExtent + (room - width) / 2, -beyond, width, layout.ScreenHeight + 2 * beyond};
 }
 
+// The recorder's case: as wide as the band allows, around the strip.
 QRectF Case(const Layout& layout, const QRectF& band) {
     const double width = std::min(band.width() - 2 * besideCase, widestCase);
     return {band.center().x() - width / 2, layout.Recorder.y - caseAbove, width,
             layout.Recorder.height + caseAbove + caseBelow};
 }
 
-// One at either side of the strip, as large as the case allows.
+// A tape reel at either side of the strip, as large as the case allows.
 void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& body) {
     const double free = (body.width() - layout.Recorder.width) / 2;
     const double side = std::min(free - 2 * besideReel, widestReel);

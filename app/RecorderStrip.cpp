@@ -12,6 +12,7 @@
 namespace zorva {
 namespace {
 
+// The drawing's own units, one for each layout pixel.
 constexpr int stripWidth = 50;
 constexpr int stripHeight = 75;
 constexpr int pressedOffset = 51;  // from a key at rest to the same key pressed, in the sheet
@@ -19,8 +20,8 @@ constexpr int pressedOffset = 51;  // from a key at rest to the same key pressed
 struct KeyPlace {
     const char* hoverText;
     Short x, y;
-    Short clickWidth;  // the on/off key's click area is narrower than its picture
-    Short pictureWidth;
+    Short clickWidth;  // the on/off key's click area is narrower than its drawing
+    Short drawnWidth;
 };
 constexpr Short keyHeight = 13;
 const char* const drawing = "recorder";
@@ -39,7 +40,7 @@ QRectF HalfFrom(int left) {
     return QRectF(left, 0, stripWidth, stripHeight);
 }
 
-// Both ends of a key's area belong to it; where two touch, the first has it.
+// Both ends of a key's area belong to it; where two touch, the first has the point.
 std::optional<RecorderKey> KeyAt(Point p) {
     for (int index = 0; index < RecorderKeyCount; ++index) {
         const KeyPlace& place = places[index];
@@ -115,7 +116,7 @@ void RecorderStrip::paintEvent(QPaintEvent*) {
         if (!pressed_[index]) continue;
         const KeyPlace& place = places[index];
         const QRect key =
-            QRectF(place.x * unit, place.y * unit, place.pictureWidth * unit, keyHeight * unit)
+            QRectF(place.x * unit, place.y * unit, place.drawnWidth * unit, keyHeight * unit)
                 .toAlignedRect();
         painter.drawPixmap(key.topLeft(), sheet(pressedOffset), key);
     }

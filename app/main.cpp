@@ -11,8 +11,8 @@
 
 namespace {
 
-// The driver may be in the middle of a walk, many frames deep: everything worth keeping is in the
-// file, and nothing there is worth waiting for.
+// A move may be under way, deep inside nested event loops. The file holds everything worth keeping, so
+// the program ends without unwinding them.
 void SaveAndEnd(zorva::Program& program) {
     program.SaveNow();
     std::_Exit(0);
@@ -21,7 +21,7 @@ void SaveAndEnd(zorva::Program& program) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    zorva::HoldBackEndSignals();
+    zorva::HoldBackEndSignals();  // before Qt starts any thread
     QApplication application(argc, argv);
     QApplication::setApplicationName("zorva32");
     QApplication::setApplicationDisplayName("Zorva");
@@ -40,6 +40,7 @@ int main(int argc, char** argv) {
     zorva::OnEndSignal([&program] { SaveAndEnd(program); });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&program] { program.SaveNow(); });
+    // Started from the event loop: the title and the game run loops of their own inside it.
     QTimer::singleShot(0, &program.Window(), [&program] { program.Start(); });
     return QApplication::exec();
 }

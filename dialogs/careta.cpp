@@ -17,7 +17,7 @@ namespace {
 constexpr QSize windowSize(460, 190);
 constexpr Box areaBox{20, 20, TitleArtwork::Width, TitleScroll::First};
 constexpr int tick = 8;       // milliseconds, a little less than a step
-constexpr int shortTick = 1;  // when a person waits for the end
+constexpr int shortTick = 1;  // once the player has broken it off
 
 }  // namespace
 
@@ -45,7 +45,7 @@ void careta::DrawGround(QPainter& painter) {
     decoration::DrawSunkenFrame(painter, ToRect(areaBox));
 }
 
-// The wood that the title passes over: the window's own, sunk a little into it.
+// The wood that the title passes over: that of the window, with a shadow as if sunk into it.
 const QPixmap& careta::Ground() {
     if (!ground_.isNull()) return ground_;
     const double ratio = TheServices().devicePixelRatio;
@@ -62,7 +62,7 @@ const QPixmap& careta::Ground() {
     return ground_;
 }
 
-// A key that is meant for another window of the program ends the title and does nothing else.
+// A key that is sent to another window of the program, the board, ends the title and does nothing else.
 bool careta::EndsTitle(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress || !watched->isWindowType() || !isVisible()) return false;
     if (watched == static_cast<QObject*>(windowHandle())) return false;
@@ -95,6 +95,7 @@ void careta::Begin() {
     clock_.start();
 }
 
+// As many steps as are due by the clock: a timer's ticks are not even enough to scroll by.
 void careta::MakeSteps() {
     if (!wasPainted_) return;
     if (!clock_.isValid()) return Begin();

@@ -11,8 +11,8 @@
 
 namespace zorva {
 
-/// The title at the start. It scrolls through its window twice and goes; any key or click ends it.
-/// Other events go on between its steps.
+/// The title at the start. It scrolls through its window twice, in six seconds, and closes; any key or
+/// click ends it. Other events are handled between its steps.
 class careta : public BoardDialog {
 public:
     /// `openBoard` is called once, when the title is on the screen. It may take some tenths of a second:
