@@ -34,6 +34,28 @@ TEST(Background, HasNoGapsOnAnyShapeOfScreen) {
     }
 }
 
+TEST(Background, HasItsPartsAtTheirPlaces) {
+    const struct {
+        const char* name;
+        int x, y;
+        QColor colour;
+    } rows[] = {
+        {"the table", 10, 384, {0x48, 0x2e, 0x1e}},
+        {"the shadow right of the board", 745, 400, {0x1a, 0x0e, 0x08}},
+        {"the frame", 31, 300, {0x74, 0x41, 0x27}},
+        {"the red house, two pixels from its edge", 39, 100, {0xb4, 0x22, 0x18}},
+        {"the upper edge of the recorder's case", 895, 208, {0xb1, 0x76, 0x4d}},
+        {"a reel", 830, 250, {0xd6, 0xb0, 0x62}},
+    };
+    Background background;
+    const QImage image = Taken(background, {1024, 768});
+    for (const auto& [name, x, y, colour] : rows) {
+        const QColor is = image.pixelColor(x, y);
+        EXPECT_NEAR(is.red(), colour.red(), 6) << name;
+        EXPECT_NEAR(is.blue(), colour.blue(), 6) << name;
+    }
+}
+
 TEST(Background, IsOfTheSizeThatIsTakenWhateverWasBegun) {
     constexpr QSize begun(800, 600), other(640, 480);
     const Layout layout = LayoutFor(begun.width(), begun.height());
