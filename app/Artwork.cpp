@@ -3,9 +3,6 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-#include "app/Canvas.h"
-#include "app/PaintAside.h"
-
 namespace zorva {
 namespace {
 
@@ -25,21 +22,18 @@ QString PathOf(const QString& name) {
     return ":/" + (name.contains('/') ? name : "bitmaps/" + name) + ".svg";
 }
 
-void RenderPart(QPainter& painter, QSvgRenderer& drawing, const QRectF& part, const QRect& place) {
-    painter.translate(place.topLeft());
-    painter.scale(place.width() / part.width(), place.height() / part.height());
+// Renders a part of a drawing, given in the drawing's own units; fully transparent where nothing is
+// drawn. What lies outside the part is outside the image, which costs next to nothing: a painter's clip
+// would leave out those pixels but not the work for them (Qt 6.4).
+QImage Rendered(QSvgRenderer& drawing, const QRectF& part, QSize size) {
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(size.width() / part.width(), size.height() / part.height());
     painter.translate(-part.topLeft());
     drawing.render(&painter, drawing.viewBoxF());
-}
-
-// The whole drawing when the part is null.
-QPixmap Rendered(QSvgRenderer& drawing, const QRectF& part, QSize size) {
-    QPixmap picture(size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    RenderPart(painter, drawing, part.isNull() ? drawing.viewBoxF() : part, picture.rect());
-    return picture;
+    return image;
 }
 
 }  // namespace
@@ -53,53 +47,28 @@ QSvgRenderer& Artwork::Drawing(const QString& name) {
     return *drawing;
 }
 
-QPixmap Artwork::Picture(const QString& name, QSize devicePixels) {
-    return PictureOf(name, QRectF(), devicePixels);
+QPixmap Artwork::Pixmap(const QString& name, QSize devicePixels) {
+    return PixmapOfPart(name, Drawing(name).viewBoxF(), devicePixels);
 }
 
-QPixmap Artwork::PictureOf(const QString& name, const QRectF& part, QSize devicePixels) {
+QPixmap Artwork::PixmapOfPart(const QString& name, const QRectF& part, QSize devicePixels) {
     const QSize size = devicePixels.expandedTo({1, 1});
-    const QString key = KeyOf(name, part, size);
-    QPixmap& picture = pictures_[key];
-    if (!picture.isNull()) return picture;
-    auto prepared = prepared_.extract(key);
-    picture = prepared ? prepared.mapped().get() : Rendered(Drawing(name), part, size);
-    return picture;
-}
-
-void Artwork::Prepare(const QString& name, QSize devicePixels) {
-    PrepareOf(name, QRectF(), devicePixels);
-}
-
-void Artwork::PrepareOf(const QString& name, const QRectF& part, QSize devicePixels) {
-    const QSize size = devicePixels.expandedTo({1, 1});
-    const QString key = KeyOf(name, part, size);
-    if (pictures_.contains(key)) return;
-    prepared_[key] = PaintAside([name, part, size] {
-        QSvgRenderer drawing(PathOf(name));
-        return Rendered(drawing, part, size);
-    });
+    QPixmap& pixmap = pixmaps_[KeyOf(name, part, size)];
+    if (pixmap.isNull()) pixmap = QPixmap::fromImage(Rendered(Drawing(name), part, size));
+    return pixmap;
 }
 
 void Artwork::Paint(QPainter& painter, const QString& name, const QRectF& target) {
     Drawing(name).render(&painter, target);
 }
 
-void Artwork::Paint(const Canvas& canvas, const QString& name, const QRectF& target) {
-    canvas.Within(target.toAlignedRect()).PaintBy([&](QPainter& painter) {
-        Paint(painter, name, target);
-    });
+void Artwork::PaintPart(QPainter& painter, const QString& name, const QRectF& part,
+                        const QRect& target) {
+    painter.drawImage(target.topLeft(), Rendered(Drawing(name), part, target.size()));
 }
 
-void Artwork::PaintPart(const Canvas& canvas, const QString& name, const QRectF& part,
-                        const QRect& place) {
-    canvas.Within(place).PaintBy(
-        [&](QPainter& painter) { RenderPart(painter, Drawing(name), part, place); });
-}
-
-void Artwork::ForgetPictures() {
-    pictures_.clear();
-    prepared_.clear();
+void Artwork::ForgetPixmaps() {
+    pixmaps_.clear();
 }
 
 }  // namespace zorva

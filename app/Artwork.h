@@ -4,7 +4,6 @@
 #include <QPixmap>
 #include <QSize>
 #include <QString>
-#include <future>
 #include <map>
 #include <memory>
 
@@ -15,10 +14,10 @@ class QSvgRenderer;
 
 namespace zorva {
 
-class Canvas;
-
-/// The program's drawings, by name: "board" is assets/bitmaps/board.svg. Each is parsed once and
-/// rendered once for each size it is wanted in, at the device's resolution.
+/// The program's drawings, by name: "board" is assets/bitmaps/board.svg, "cursors/ManoIndice" is
+/// assets/cursors/ManoIndice.svg. Each is parsed once and rendered once for each size it is wanted in,
+/// at the device's resolution. Pixmaps are for the window's thread; painting works in any other thread
+/// that has an Artwork of its own.
 class Artwork {
 public:
     Artwork();
@@ -26,32 +25,27 @@ public:
     Artwork(const Artwork&) = delete;
     Artwork& operator=(const Artwork&) = delete;
 
-    /// The drawing as a picture of that many device pixels, fully transparent where nothing is drawn.
-    QPixmap Picture(const QString& name, QSize devicePixels);
+    /// The drawing in that many device pixels (at least 1x1), fully transparent where nothing is
+    /// drawn. It is kept for the next call.
+    QPixmap Pixmap(const QString& name, QSize devicePixels);
 
-    /// A part of the drawing, given in its own units, as a picture of that many device pixels.
-    QPixmap PictureOf(const QString& name, const QRectF& part, QSize devicePixels);
+    /// The same of a part of the drawing, given in the drawing's own units.
+    QPixmap PixmapOfPart(const QString& name, const QRectF& part, QSize devicePixels);
 
-    /// Begin to render such a picture beside the window's thread; who asks for it then waits for it.
-    void Prepare(const QString& name, QSize devicePixels);
-    void PrepareOf(const QString& name, const QRectF& part, QSize devicePixels);
-
-    /// Draws without keeping a picture: for what is drawn once, such as the table top.
+    /// Draws without keeping a pixmap: for what is drawn once, such as the table top.
     void Paint(QPainter& painter, const QString& name, const QRectF& target);
-    /// The same with nothing outside the target.
-    void Paint(const Canvas& canvas, const QString& name, const QRectF& target);
-    /// The same of a part of the drawing, stretched over that place and nowhere else.
-    void PaintPart(const Canvas& canvas, const QString& name, const QRectF& part, const QRect& place);
+    /// The same of a part of the drawing, given in the drawing's own units. The painter's pixels are
+    /// device pixels, and nothing outside `target` is drawn.
+    void PaintPart(QPainter& painter, const QString& name, const QRectF& part, const QRect& target);
 
-    /// Forgets all rendered pictures; the screen has another scale now.
-    void ForgetPictures();
+    /// Forgets all pixmaps: the screen has another scale now.
+    void ForgetPixmaps();
 
 private:
     QSvgRenderer& Drawing(const QString& name);
 
     std::map<QString, std::unique_ptr<QSvgRenderer>> drawings_;
-    QHash<QString, QPixmap> pictures_;
-    std::map<QString, std::future<QPixmap>> prepared_;
+    QHash<QString, QPixmap> pixmaps_;
 };
 
 }  // namespace zorva

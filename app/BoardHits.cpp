@@ -8,7 +8,8 @@
 namespace zorva {
 namespace {
 
-// Doubled distances from the middle of the board, so that halves of cells stay whole numbers.
+// The colour whose goal a point of the centre belongs to, 0 elsewhere. Distances from the middle of the
+// board are doubled, so that halves of cells stay whole numbers.
 Colour TriangleAt(const Layout& layout, Point at) {
     const int middle = 2 * layout.Margin + 21 * layout.Cell;
     const int dx = 2 * at.x - middle;
@@ -19,6 +20,8 @@ Colour TriangleAt(const Layout& layout, Point at) {
     return dx > 0 ? Colour{2} : Colour{4};
 }
 
+// Whether the lanes of the square's arm go across the screen, as on the left and right: its box is then
+// one cell wide and one block high.
 bool LiesAcross(Square square) {
     const bool ring = square <= LastRingSquare;
     const int place = (square - 1) % 34;
@@ -39,6 +42,7 @@ long DistanceInto(const Layout& layout, Square square, Point at) {
 
 Square SquareAt(const Layout& layout, Point at) {
     if (const Colour colour = TriangleAt(layout, at); colour != 0) return GoalSquare[colour];
+    // Boxes overlap where a corner is cut: the nearer centre has the point.
     Square found = 0;
     long nearest = -1;
     for (Square square = 1; square <= LastSquare; ++square) {

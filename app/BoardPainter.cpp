@@ -12,13 +12,15 @@
 namespace zorva {
 namespace {
 
-constexpr double boardCell = 33;  // the cell of the largest board, which most measures here are for
+// Most measures here are for the largest board, whose cell is this many layout pixels.
+constexpr double boardCell = 33;
 
-// A piece within its picture.
+// The drawing of a piece: its side, and the diameter of the piece in it. The rest is for the shadow.
 constexpr double pieceDrawingSide = 40;
 constexpr double pieceDrawingBody = 28;
 
-// Rings around a piece and dots between, in the measures of a piece's drawing.
+// Rings around a piece and dots between, in the units of a piece's drawing. `radius` is to the middle
+// of the line: a dot is a ring that is closed in its middle.
 struct RingShape {
     double radius;
     double width;
@@ -29,21 +31,22 @@ constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15.6, 3.2};
 constexpr RingShape markedPiece{16.4, 4.4};
 
-constexpr double dieOfTray = 64.0 / 72;  // the die's picture beside its tray
+constexpr double dieOfTray = 64.0 / 72;  // the side of the die's drawing, of the tray's
 
-constexpr double lightAround = 10;  // pixels of the layout that a lit house shines beyond its edge
+constexpr double lightAround = 10;  // layout pixels that a lit house shines beyond its edge
 
 QSize SideBySide(double side) {
     return QSize(qRound(side), qRound(side));
 }
 
-// Onto whole device pixels: the picture is copied, not resampled.
-void PaintCentred(QPainter& painter, const QPixmap& picture, QPointF centre) {
-    const QSizeF size = picture.size();
-    painter.drawPixmap((centre - QPointF(size.width() / 2, size.height() / 2)).toPoint(), picture);
+// Onto whole device pixels: the pixmap is copied, not resampled.
+void PaintCentred(QPainter& painter, const QPixmap& pixmap, QPointF centre) {
+    const QSizeF size = pixmap.size();
+    painter.drawPixmap((centre - QPointF(size.width() / 2, size.height() / 2)).toPoint(), pixmap);
 }
 
-// The squares a shown move passes and, last, the place where it ends.
+// The centres of the squares that a shown move passes and, last, of the place where it ends, in layout
+// pixels. Walked step by step, for the numbers of squares leap at 68 and at the home columns.
 std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& move) {
     std::vector<QPointF> way;
     if (move.piece == 0 || move.to == 0 || move.to == move.from) return way;
@@ -103,7 +106,7 @@ QRect BoardPainter::PieceArea(const BoardView& view, PieceCode code) const {
     return area;
 }
 
-// The nearer to the eye, the larger.
+// The nearer to the eye, the larger: by 28 % for each diameter that the piece is raised, up to two.
 double BoardPainter::PieceScale(double height) const {
     return 1 + 0.28 * std::min(height / layout_.PieceSize, 2.0);
 }
@@ -136,14 +139,15 @@ QRect BoardPainter::PulseArea(const BoardView::Pulse& pulse) const {
 
 void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
     layout_ = layout;
-    BoardPictures pictures = emptyBoard_.PicturesFor(layout, devicePixels);
-    Pic_TableroVacio = std::move(pictures.empty);
-    Pic_TableroLleno = std::move(pictures.full);
-    stamps_.clear();
+    Pic_TableroVacio = background_.Take(layout, devicePixels);
+    Pic_TableroLleno = QPixmap(devicePixels);
+    cache_.clear();
 }
 
 // -------------------------------------------------------------------------------- what changes
 
+// From below to above: background, houses with dice, bonus, pulse, marks of a shown move, rings, pieces,
+// banner and the piece in the air.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
@@ -192,24 +196,26 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
     }
 }
 
-// What is drawn in many frames without changing is drawn once and copied from then on.
-const QPixmap& BoardPainter::Stamp(const QString& name, QSize size,
-                                   const std::function<void(QPainter&)>& draw) {
-    QPixmap& stamp = stamps_[name];
-    if (!stamp.isNull()) return stamp;
-    stamp = QPixmap(size);
-    stamp.fill(Qt::transparent);
-    QPainter painter(&stamp);
+// What looks the same in many frames is drawn once per screen and copied from then on. The name has to
+// tell everything that the drawing depends on but the screen.
+const QPixmap& BoardPainter::CachedPixmap(const QString& name, QSize size,
+                                          const std::function<void(QPainter&)>& draw) {
+    QPixmap& pixmap = cache_[name];
+    if (!pixmap.isNull()) return pixmap;
+    pixmap = QPixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     draw(painter);
-    return stamp;
+    return pixmap;
 }
 
-// A lamp shines on the house: its edge glows, inwards and a little beyond.
+// The edge of the house glows, inwards and a little beyond. Wide faint lines lie on one another, so that
+// the light fades.
 void BoardPainter::PaintLight(QPainter& painter, Colour colour, const QRect& part) {
     const QRect area = HouseArea(colour), seen = area & part;
     const QPixmap& light =
-        Stamp(QStringLiteral("light %1").arg(colour), area.size(), [&](QPainter& lamp) {
+        CachedPixmap(QStringLiteral("light %1").arg(colour), area.size(), [&](QPainter& lamp) {
             const double unit = layout_.Unit;
             const QRectF house = DeviceF(layout_.House(colour)).translated(-area.topLeft());
             for (int ring = 4; ring >= 1; --ring) {
@@ -223,6 +229,7 @@ void BoardPainter::PaintLight(QPainter& painter, Colour colour, const QRect& par
     painter.drawPixmap(seen.topLeft(), light, seen.translated(-area.topLeft()));
 }
 
+// Long names are set smaller until they fit the plate.
 void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colour, bool lit,
                              double strength) {
     const double unit = layout_.Unit * layout_.Cell / boardCell;
@@ -248,19 +255,18 @@ void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour col
     const Short face = view.dieFace[colour];
     if (face == 0) return;
     const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
-    const QPixmap picture = artwork_.Picture(QStringLiteral("die_%1").arg(face), SideBySide(side));
+    const QPixmap pixmap = artwork_.Pixmap(QStringLiteral("die_%1").arg(face), SideBySide(side));
     const BoardView::DiePose& pose = view.diePose[colour];
     if (pose.tilt == 0 && pose.size == 1) {
-        PaintCentred(painter, picture, DiePlace(colour, pose).center());
+        PaintCentred(painter, pixmap, DiePlace(colour, pose).center());
     } else {
-        PaintTumblingDie(painter, picture, colour, pose);
+        PaintTumblingDie(painter, pixmap, colour, pose);
     }
 }
 
-// Qt hands whatever is turned to threads of its own and waits for them, which costs more than
-// the turning; it does so for no less than 96 lines. The picture's edge is transparent and needs no
-// smoothing.
-void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& picture, Colour colour,
+// In bands of 95 lines: from 96 lines on Qt (6.4) hands whatever is turned to its thread pool and waits
+// for it, which costs more than the turning. The pixmap's edge is transparent and needs no smoothing.
+void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,
                                     const BoardView::DiePose& pose) {
     constexpr int lines = 95;
     const QRect area = DieArea(colour, pose);
@@ -271,11 +277,12 @@ void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& picture, C
         painter.translate(DiePlace(colour, pose).center());
         painter.rotate(pose.tilt);
         painter.scale(pose.size, pose.size);
-        painter.drawPixmap(QPointF(picture.width(), picture.height()) / -2, picture);
+        painter.drawPixmap(QPointF(pixmap.width(), pixmap.height()) / -2, pixmap);
         painter.restore();
     }
 }
 
+// The squares that a capture or an arrival gives lie as a token in the tray of the colour on turn.
 void BoardPainter::PaintBonus(QPainter& painter, const BoardView& view) {
     if (view.bonusDue == 0 || view.onTurn == 0) return;
     const double unit = layout_.Unit * layout_.Cell / boardCell;
@@ -289,21 +296,22 @@ void BoardPainter::PaintBonus(QPainter& painter, const BoardView& view) {
     painter.drawText(token, Qt::AlignCenter, QStringLiteral("+%1").arg(view.bonusDue));
 }
 
-// A light ring between dark edges is seen on every colour of the board.
+// A light ring between dark edges is seen on every colour of the board. Radius and width are in the
+// units of a piece's drawing, so that rings grow with the pieces.
 void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, double width,
                              const QColor& colour) {
     const double scale = PieceSide() / pieceDrawingSide;
     const QString name = QStringLiteral("ring %1 %2 %3").arg(radius).arg(width).arg(colour.rgba());
     const double side = 2 * std::ceil((radius + width) * scale) + 2;
     PaintCentred(painter,
-                 Stamp(name, SideBySide(side),
-                       [&](QPainter& ring) {
-                           const QPointF middle(side / 2, side / 2);
-                           ring.setPen(QPen(palette::DarkWood, (width + 1.6) * scale));
-                           ring.drawEllipse(middle, radius * scale, radius * scale);
-                           ring.setPen(QPen(colour, width * scale));
-                           ring.drawEllipse(middle, radius * scale, radius * scale);
-                       }),
+                 CachedPixmap(name, SideBySide(side),
+                              [&](QPainter& ring) {
+                                  const QPointF middle(side / 2, side / 2);
+                                  ring.setPen(QPen(palette::DarkWood, (width + 1.6) * scale));
+                                  ring.drawEllipse(middle, radius * scale, radius * scale);
+                                  ring.setPen(QPen(colour, width * scale));
+                                  ring.drawEllipse(middle, radius * scale, radius * scale);
+                              }),
                  Device(centre));
 }
 
@@ -338,7 +346,7 @@ QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {
     return area;
 }
 
-// Between the buttons and the recorder, where nothing else ever is.
+// Between the buttons and the recorder, in layout pixels: nothing else is ever there.
 Box BoardPainter::Banner() const {
     constexpr Short width = 116;
     constexpr Short height = 24;
@@ -364,22 +372,23 @@ void BoardPainter::PaintBanner(QPainter& painter) {
     painter.drawText(banner, Qt::AlignCenter, QStringLiteral("Modo manual"));
 }
 
-// The side of a piece's picture, in device pixels.
+// The side of a piece's drawing on the board, in device pixels.
 double BoardPainter::PieceSide() const {
     return layout_.PieceSize * pieceDrawingSide / pieceDrawingBody * layout_.Unit;
 }
 
-// Resampling a moving piece for every frame would take most of the frame's time: it is drawn for each
-// of the few sizes that it grows through instead, two pixels apart so that its middle stays in place.
+// Resampling a moving piece for every frame would take most of the frame's time: instead it is drawn
+// once for each of the few sizes that it grows through, two pixels apart so that its middle stays in
+// place.
 void BoardPainter::PaintPiece(QPainter& painter, const BoardView& view, PieceCode code) {
     if (!view.present[code]) return;
     const double height = view.height[code];
     if (height > 0) PaintGroundShadow(painter, Device(view.at[code]), height);
     const double side = PieceSide();
     const int growth = qRound(side * (PieceScale(height) - 1) / 2);
-    const QPixmap picture = artwork_.Picture(QStringLiteral("piece_%1").arg(ColourOf(code)),
-                                             SideBySide(side) + QSize(2, 2) * growth);
-    PaintCentred(painter, picture, Device(view.at[code]) - QPointF(0, height * layout_.Unit));
+    const QPixmap pixmap = artwork_.Pixmap(QStringLiteral("piece_%1").arg(ColourOf(code)),
+                                           SideBySide(side) + QSize(2, 2) * growth);
+    PaintCentred(painter, pixmap, Device(view.at[code]) - QPointF(0, height * layout_.Unit));
 }
 
 // The higher a piece, the further its shadow from under it, and the fainter.
@@ -387,7 +396,7 @@ void BoardPainter::PaintGroundShadow(QPainter& painter, QPointF at, double heigh
     const double far = std::min(height / layout_.PieceSize, 2.0);
     const QPointF beside = QPointF(0.1, 0.12) * layout_.PieceSize * layout_.Unit * (1 + far);
     painter.setOpacity(1 - 0.33 * far);
-    PaintCentred(painter, artwork_.Picture("piece_shadow", SideBySide(PieceSide())), at + beside);
+    PaintCentred(painter, artwork_.Pixmap("piece_shadow", SideBySide(PieceSide())), at + beside);
     painter.setOpacity(1);
 }
 
@@ -406,19 +415,20 @@ void BoardPainter::PaintCount(QPainter& painter, const BoardView& view) {
     const double side = area.width(), edge = side / 14;
     const QString number = QString::number(view.counted);
     PaintCentred(painter,
-                 Stamp("count " + number, SideBySide(side + 2 * edge),
-                       [&](QPainter& badge) {
-                           const QRectF disc(edge, edge, side, side);
-                           badge.setPen(QPen(palette::DarkWood, edge));
-                           badge.setBrush(palette::Light);
-                           badge.drawEllipse(disc);
-                           badge.setFont(TextFont(side * 0.62, QFont::Bold));
-                           badge.setPen(palette::Ink);
-                           badge.drawText(disc, Qt::AlignCenter, number);
-                       }),
+                 CachedPixmap("count " + number, SideBySide(side + 2 * edge),
+                              [&](QPainter& badge) {
+                                  const QRectF disc(edge, edge, side, side);
+                                  badge.setPen(QPen(palette::DarkWood, edge));
+                                  badge.setBrush(palette::Light);
+                                  badge.drawEllipse(disc);
+                                  badge.setFont(TextFont(side * 0.62, QFont::Bold));
+                                  badge.setPen(palette::Ink);
+                                  badge.drawText(disc, Qt::AlignCenter, number);
+                              }),
                  area.center());
 }
 
+// The ring spreads fast at first and slows down while it fades.
 void BoardPainter::PaintPulse(QPainter& painter, const BoardView::Pulse& pulse) {
     const double grown = 1 - (1 - pulse.progress) * (1 - pulse.progress);
     const double radius = (0.3 + 0.7 * grown) * pulse.reach * layout_.Unit;

@@ -6,8 +6,8 @@
 #include <QRect>
 #include <functional>
 
+#include "app/Background.h"
 #include "app/BoardView.h"
-#include "app/EmptyBoard.h"
 #include "app/Layout.h"
 #include "core/Settings.h"
 
@@ -15,49 +15,56 @@ namespace zorva {
 
 class Artwork;
 
-/// Paints the board into two pictures of the whole window, in device pixels: the empty board once
-/// per screen, and over it whatever changes. Only the part that has changed is painted again.
+/// Paints the board into pixmaps of the whole window, in device pixels: the background once per screen,
+/// and over a copy of it the pieces, dice, names and marks. Only the part that has changed is painted
+/// again.
+///
+/// Points and boxes that are handed in are in layout pixels, areas that are handed out in device
+/// pixels. An area may be too large by a few pixels, never too small: what sticks out of it would stay
+/// on the screen when the piece has gone.
 class BoardPainter {
 public:
     explicit BoardPainter(Artwork& artwork) : artwork_(artwork) {}
 
-    /// The empty board, to be painted ahead for a window that will open.
-    EmptyBoard& TheEmptyBoard() { return emptyBoard_; }
+    /// To be begun ahead of SetScreen.
+    Background& TheBackground() { return background_; }
 
-    /// Makes the pictures for a window of that many device pixels and paints the empty board.
+    /// Makes the pixmaps for a window of that many device pixels. The board is empty until Paint.
     void SetScreen(const Layout& layout, QSize devicePixels);
 
-    /// Paints the board with its pieces anew within that part (device pixels). It is called for every
-    /// frame of every movement: what lies elsewhere is passed over.
+    /// Paints the board with its pieces again within that part, in device pixels. Called for every frame
+    /// of every movement, so it passes over what lies elsewhere.
     void Paint(const BoardView& view, const Settings& settings, const QRect& part);
 
-    /// The board as it is to be seen.
+    /// The board as the window shows it.
     const QPixmap& Picture() const { return Pic_TableroLleno; }
 
-    /// The device pixels a piece that lies at that point of the layout covers, with its shadow.
+    /// What a piece covers that lies with its centre at that point, with its shadow.
     QRect PieceArea(QPointF centre) const;
-    /// The same for a piece as it is now, with what is written beside it.
+    /// The same for a piece as it is now: raised while it moves, and with the count written beside it.
     QRect PieceArea(const BoardView& view, PieceCode code) const;
-    /// The device pixels of a house, with the light around it.
+    /// A colour's house with the light around it.
     QRect HouseArea(Colour colour) const;
-    /// The device pixels of a die that lies like that.
+    /// A die in the tray of that colour, tilted and sized as the pose says.
     QRect DieArea(Colour colour, const BoardView::DiePose& pose) const;
+    /// The largest ring of a pulse.
     QRect PulseArea(const BoardView::Pulse& pulse) const;
-    /// The device pixels a rectangle of the layout covers.
+    /// A box of the layout, with `around` layout pixels on each side.
     QRect DeviceArea(const Box& box, double around = 0) const;
-    /// The device pixels that the marks of a shown move cover.
+    /// The dots and the ring that mark a shown move; empty when none is shown.
     QRect MoveArea(const BoardView::ShownMove& move) const;
-    /// The device pixels of the banner that says what the board is in.
+    /// The banner that says that pieces are being shifted by hand.
     QRect BannerArea() const;
 
 private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour,
                     const QRect& part);
     void PaintLight(QPainter& painter, Colour colour, const QRect& part);
-    const QPixmap& Stamp(const QString& name, QSize size, const std::function<void(QPainter&)>& draw);
+    const QPixmap& CachedPixmap(const QString& name, QSize size,
+                                const std::function<void(QPainter&)>& draw);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
     void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
-    void PaintTumblingDie(QPainter& painter, const QPixmap& picture, Colour colour,
+    void PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,
                           const BoardView::DiePose& pose);
     void PaintBonus(QPainter& painter, const BoardView& view);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
@@ -79,11 +86,11 @@ private:
     QRectF DeviceF(const Box& box) const;
 
     Artwork& artwork_;
-    EmptyBoard emptyBoard_;
+    Background background_;
     Layout layout_;
-    QPixmap Pic_TableroVacio;
-    QPixmap Pic_TableroLleno;
-    QHash<QString, QPixmap> stamps_;
+    QPixmap Pic_TableroVacio;        // the background
+    QPixmap Pic_TableroLleno;        // what the window shows
+    QHash<QString, QPixmap> cache_;  // of CachedPixmap, for this screen
 };
 
 }  // namespace zorva

@@ -21,8 +21,8 @@ public:
 
     BoardScene(const GameState& state, const Settings& settings, Artwork& artwork, Changed changed);
 
-    /// The empty board, to be painted ahead of SetScreen.
-    EmptyBoard& TheEmptyBoard() { return painter_.TheEmptyBoard(); }
+    /// To be begun ahead of SetScreen.
+    Background& TheBackground() { return painter_.TheBackground(); }
     void SetScreen(const Layout& layout, QSize devicePixels);
     const QPixmap& Picture() const { return painter_.Picture(); }
     const BoardView& View() const { return view_; }

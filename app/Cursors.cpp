@@ -8,7 +8,7 @@
 namespace zorva {
 namespace {
 
-constexpr int drawingSide = 32;  // of every cursor's drawing
+constexpr int drawingSide = 32;  // of every cursor's drawing, in its own units
 
 }  // namespace
 
@@ -18,6 +18,7 @@ void Cursors::SetScale(double unit, double devicePixelRatio) {
     cursors_.clear();
 }
 
+// In units of the drawing. The file has a line for each cursor: its name, x and y.
 QPoint Cursors::HotSpotOf(const QString& name) {
     if (hotSpots_.isEmpty()) {
         QFile file(":/cursors/hotspots.txt");
@@ -39,10 +40,10 @@ QCursor Cursors::Named(const QString& name) {
     const auto known = cursors_.constFind(name);
     if (known != cursors_.constEnd()) return *known;
     const int side = qRound(drawingSide * unit_);
-    QPixmap picture = artwork_.Picture("cursors/" + name, {side, side});
-    picture.setDevicePixelRatio(ratio_);
+    QPixmap pixmap = artwork_.Pixmap("cursors/" + name, {side, side});
+    pixmap.setDevicePixelRatio(ratio_);
     const QPointF hot = QPointF(HotSpotOf(name)) * (unit_ / ratio_);
-    QCursor cursor(picture, qRound(hot.x()), qRound(hot.y()));
+    QCursor cursor(pixmap, qRound(hot.x()), qRound(hot.y()));
     cursors_.insert(name, cursor);
     return cursor;
 }

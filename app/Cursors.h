@@ -10,22 +10,24 @@ namespace zorva {
 
 class Artwork;
 
-/// The cursors of the program, drawn at the size that fits the screen.
+/// The cursors of the program, drawn at the size that fits the screen: 32 layout pixels. Each is made
+/// once and kept until the scale changes.
 class Cursors {
 public:
     explicit Cursors(Artwork& artwork) : artwork_(artwork) {}
 
-    /// The cursor of that name ("ManoIndice", "DadoAmar", ...).
+    /// The cursor that assets/cursors has under that name ("ManoIndice", "DadoAmar", ...).
     QCursor Named(const QString& name);
 
     /// The pointing hand over whatever can be clicked.
     QCursor Hand() { return Named("ManoIndice"); }
-    /// The die in a colour, while its throw is awaited.
+    /// The die in a colour 1..4, while the game waits for its throw.
     QCursor Die(Colour colour);
-    /// The closed hand in a colour, over a piece of it that may be moved.
+    /// The closed hand in a colour 1..4, over a piece of it that may be moved.
     QCursor ClosedHand(Colour colour);
 
-    /// Sets the scale: device pixels per pixel of the layout, and of these per pixel of Qt.
+    /// Sets the scale: `unit` device pixels are one layout pixel, `devicePixelRatio` one logical pixel
+    /// of Qt. Forgets the cursors of the old scale.
     void SetScale(double unit, double devicePixelRatio);
 
 private:

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What is longer is none of our files.
+// A longer file is none of ours, and would only fill the memory.
 constexpr std::size_t longestFile = std::size_t{1} << 28;
 
 fs::path EnvironmentPath(const char* name) {
@@ -28,8 +28,8 @@ fs::path InstalledManualFolder(const fs::path& programFolder) {
     return programFolder / "../share/games/zorva32";
 }
 
-// The folder of an installed program is the system's or shared with other programs. A program that was
-// only copied has its manual beside it.
+// An installed program shares its folder with others. A program that was only copied has its manual
+// beside it.
 bool IsInstalled(const fs::path& programFolder) {
 #ifdef _WIN32
     static_cast<void>(programFolder);
@@ -44,7 +44,7 @@ bool IsInstalled(const fs::path& programFolder) {
 bool IsWritable(const fs::path& folder) {
     const fs::path probe = folder / "CSCD.WRK";
     std::error_code ignored;
-    // What a killed run or somebody else left there is never written to.
+    // Removed, not written to: it may be a link to something else.
     if (!fs::is_directory(fs::symlink_status(probe, ignored))) fs::remove(probe, ignored);
     const bool created = WriteNewFile(probe, {}, Durability::Lazy) == FileError::None;
     if (created) fs::remove(probe, ignored);
@@ -59,7 +59,7 @@ fs::path FallbackFolder() {
 #endif
 }
 
-// The copy has the permissions of a new file: that of a read-only one could not grow.
+// Written as a new file, with its permissions: the copy of a read-only history could not grow.
 void CopyFile(const fs::path& from, const fs::path& to) {
     std::string bytes;
     if (ReadWholeFile(from, longestFile, bytes) != FileError::None) return;
@@ -78,7 +78,7 @@ fs::path WindowsFolder() {
 #ifdef _WIN32
     return EnvironmentPath("SystemRoot");
 #else
-    // By the desktops' agreement a relative path in the variable counts for nothing.
+    // The desktops have agreed that a relative path in this variable is ignored.
     const fs::path data = EnvironmentPath("XDG_DATA_HOME");
     return data.is_absolute() ? data : EnvironmentPath("HOME") / ".local" / "share";
 #endif

@@ -4,12 +4,13 @@
 
 namespace zorva {
 
-/// Holds back the signals with which the system ends a program (SIGTERM, SIGINT, SIGHUP). Has to be
-/// called before any thread is started: they all inherit it, and one that did not would let the signal
-/// kill the program. Nothing on systems without signals.
+/// Holds back the signals with which the system ends a program (SIGTERM, SIGINT, SIGHUP). Call it before
+/// any thread is started: threads inherit the block, and one without it would let the signal kill the
+/// program. Does nothing on systems other than Linux.
 void HoldBackEndSignals();
 
-/// Calls that, in the event loop, when such a signal has come.
+/// Calls `called` from the event loop when such a signal has come. The application must exist. When the
+/// system cannot tell about signals, they end the program as usual.
 void OnEndSignal(std::function<void()> called);
 
 }  // namespace zorva

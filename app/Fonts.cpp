@@ -1,6 +1,5 @@
 #include "app/Fonts.h"
 
-#include <QFontMetricsF>
 #include <QStringList>
 
 namespace zorva {
@@ -24,13 +23,6 @@ QFont TextFont(double pixelSize, QFont::Weight weight) {
 
 QFont ColumnFont(double pixelSize) {
     return Sized(QStringList{"DejaVu Sans Mono", "Monospace"}, pixelSize);
-}
-
-void PrepareFonts() {
-    for (const QFont& font :
-         {TextFont(15, QFont::DemiBold), TextFont(12, QFont::Bold), ColumnFont(12)}) {
-        QFontMetricsF(font).horizontalAdvance('M');
-    }
 }
 
 }  // namespace zorva

@@ -4,13 +4,12 @@
 
 namespace zorva {
 
-/// The typeface of everything a player reads, in pixels of whatever is painted on.
+/// The font of everything a player reads: Lato, or DejaVu Sans where that is not installed. The size is
+/// in pixels of the surface that is painted on, rounded and at least 1. Letters are not hinted, so that
+/// a text is as wide on every screen as the layout expects.
 QFont TextFont(double pixelSize, QFont::Weight weight = QFont::Normal);
 
-/// Letters of equal width, for the columns of the move log.
+/// A font whose letters are all equally wide, for the columns of the move log.
 QFont ColumnFont(double pixelSize);
-
-/// Looks for them, which takes a hundredth of a second at the first text.
-void PrepareFonts();
 
 }  // namespace zorva

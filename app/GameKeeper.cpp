@@ -23,7 +23,7 @@ std::tm LocalTime() {
 LoadedSettings GameKeeper::Load(const std::filesystem::path& folder) {
     folder_ = folder;
     LoadedSettings loaded = LoadSettings(folder);
-    // A damaged file that could not be moved out of the way is not written over.
+    // A damaged file that could not be kept aside may still be of use to the player.
     mayWrite_ = loaded.outcome != LoadOutcome::Damaged || !loaded.keptAs.empty();
     kept_ = loaded.content.state;
     return loaded;
@@ -34,6 +34,7 @@ void GameKeeper::PositionReached() {
     Write(Durability::Lazy);
 }
 
+// The pieces stay where they are, so that the board shows the end of the game at the next start too.
 void GameKeeper::GameOver() {
     kept_ = state_;
     kept_.GameInProgress = No;

@@ -9,23 +9,26 @@
 
 namespace zorva {
 
-/// Keeps the settings and the game in their file, so that no kill loses more than the move in hand.
-/// What is written of a game is always its position at the beginning of a turn: the live state may be
-/// in the middle of a move, or back on the recorder's tape.
+/// Keeps the settings and the game in their file, so that a kill loses no more than the move in
+/// progress.
+///
+/// The position at the beginning of the last turn is remembered, and only that is written: the live
+/// state may be in the middle of a move, or the recorder may show an earlier one.
 class GameKeeper {
 public:
     GameKeeper(const GameState& state, const Settings& settings) : state_(state), settings_(settings) {}
 
-    /// Called once when a file cannot be written, with what there is to tell; again only after a
-    /// write has succeeded.
+    /// Called with a message for the player when a file cannot be written, but only once until a write
+    /// has succeeded again.
     std::function<void(const std::string& title, const std::string& text)> Failed;
 
-    /// Reads the settings file of that folder; everything is written there from now on.
+    /// Reads the settings file of that folder, to which everything is written from now on. If the file
+    /// is damaged and cannot be kept aside either, nothing is written at all.
     LoadedSettings Load(const std::filesystem::path& folder);
 
-    /// The game is at the beginning of a turn: remembers it and writes it.
+    /// The game is at the beginning of a turn: remembers and writes it. Does not wait for the disk.
     void PositionReached();
-    /// There is no game any more: forgets it and writes the settings without one.
+    /// The game has ended or was given up: writes the settings without a game, and waits for the disk.
     void GameOver();
     /// Writes the settings and the remembered game, and waits for the disk.
     void Save();
@@ -43,7 +46,7 @@ private:
     GameState kept_;
     std::filesystem::path folder_;
     bool mayWrite_ = false;
-    bool failing_ = false;
+    bool failing_ = false;  // the last write has failed, and the player knows
 };
 
 }  // namespace zorva

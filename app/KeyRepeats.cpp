@@ -15,6 +15,7 @@ bool KeyRepeats::eventFilter(QObject* watched, QEvent* event) {
     }
     const bool repeats = key.nativeScanCode() == releasedKey_ && key.timestamp() == releasedAt_;
     if (key.isAutoRepeat() || !repeats || releasedKey_ == 0 || releasedAt_ == 0) return false;
+    // An event cannot be changed into a repeat: a copy goes in its place.
     QKeyEvent repeat(QEvent::KeyPress, key.key(), key.modifiers(), key.nativeScanCode(),
                      key.nativeVirtualKey(), key.nativeModifiers(), key.text(), true,
                      static_cast<quint16>(key.count()));

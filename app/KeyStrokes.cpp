@@ -5,6 +5,7 @@
 namespace zorva {
 namespace {
 
+// Ranges of Qt::Key: shift to scroll lock, super and hyper, and the keys of input methods.
 bool IsModifierOrLock(int key) {
     return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
            (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R) || key == Qt::Key_Mode_switch ||

@@ -4,11 +4,12 @@ class QKeyEvent;
 
 namespace zorva {
 
-/// Whether a key event is a press of a key to the program: a modifier, lock, media or volume key
-/// alone is none, nor is the automatic repeat of a key that is held.
+/// Whether a key event counts as a press for the program. A modifier, lock, media or volume key alone
+/// does not, nor does the automatic repeat of a held key: a throw must not follow from holding a key.
 bool IsKeyStroke(const QKeyEvent& event);
 
-/// Whether the key produces a character, or is Escape or Enter: the keys that throw and accept.
+/// Whether the key produces a character, or is Escape or Enter: these keys throw the die and accept the
+/// advised move.
 bool IsPlainKey(const QKeyEvent& event);
 
 }  // namespace zorva

@@ -8,7 +8,7 @@
 namespace zorva {
 namespace {
 
-// Rounds half to even, as every position of the layout is rounded.
+// Every value of the layout is rounded half to even, for the positions of pieces are defined so.
 Short Round(double value) {
     return ToShort(std::lround(std::nearbyint(value)));
 }
@@ -21,6 +21,9 @@ constexpr Short logTop = 304;
 
 // --------------------------------------------------------------------- the screen and the board
 
+// Up to 800 pixels of width a layout pixel is a device pixel. Wider screens show the largest size class,
+// enlarged or reduced until 768 layout pixels fill their height, or enlarged until 1024 fill their
+// width.
 void UseScreen(Layout& layout, int width, int height) {
     layout.DeviceWidth = std::max(width, 1);
     layout.DeviceHeight = std::max(height, 1);
@@ -61,7 +64,7 @@ Short LogHeight(const Layout& layout) {
     return heights[layout.SizeClass];
 }
 
-// Six keys in two rows of three, as large as the room above the recorder allows.
+// Two rows of three keys, as large as the room above the recorder allows: sides of 28 to 64.
 void PlaceButtons(Layout& layout) {
     constexpr int gap = 6;
     const int room = layout.ScreenWidth - layout.BoardExtent;
@@ -71,12 +74,13 @@ void PlaceButtons(Layout& layout) {
     const Short left = CentredBesideBoard(layout, width);
     const Short top = ToShort(std::max(8, (recorderTop - height) / 2));
     layout.Buttons = {left, top, ToShort(width), ToShort(height)};
-    for (int index = 0; index < 6; ++index) {
+    for (int index = 0; index < MenuButtonCount; ++index) {
         layout.Button[index] = {ToShort(left + index % 3 * (side + gap)),
                                 ToShort(top + index / 3 * (side + gap)), ToShort(side), ToShort(side)};
     }
 }
 
+// The recorder and the log lie centred beside the board, the log below.
 void PlaceStrip(Layout& layout) {
     layout.Recorder = {CentredBesideBoard(layout, recorderWidth), recorderTop, recorderWidth,
                        recorderHeight};
@@ -90,7 +94,8 @@ void PlaceStrip(Layout& layout) {
 
 // ------------------------------------------------------------------------ where pieces stand
 
-// A straight run of squares: one coordinate is fixed to a lane, the other follows the square.
+// A straight run of squares: one coordinate is fixed to the middle of a lane, the other follows the
+// square. The 68 squares of the ring are eight runs, each home column is one.
 struct Run {
     Square first;
     Square last;
@@ -115,7 +120,8 @@ const Run& RunOf(Square square) {
     return *run;
 }
 
-// The last square of each run lies in the middle of the arm's end, one lane further in.
+// The square at the end of each arm lies on the middle lane, one lane further in and one cell back from
+// where its run would put it. Added after the rounding, in whole pixels.
 Point AroundArmEnd(const Layout& layout, Square square, Point at) {
     const Short cell = layout.Cell;
     const Short block = layout.Block;
@@ -128,7 +134,8 @@ Point AroundArmEnd(const Layout& layout, Square square, Point at) {
     }
 }
 
-// Three pieces side by side across the arm, the fourth in front of the first.
+// Three pieces side by side across the arm, the fourth in front of the first, nearer to the board's
+// centre.
 Point GoalPosition(const Layout& layout, Square goal, Short slot) {
     constexpr std::array<double, 5> across{0, 4.5, 4.9, 4.1, 4.5};
     const bool vertical = goal == GoalSquare[1] || goal == GoalSquare[3];

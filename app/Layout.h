@@ -30,9 +30,15 @@ struct Box {
     Point Centre() const { return {ToShort(x + width / 2), ToShort(y + height / 2)}; }
 };
 
-/// Where everything of the board window lies on one screen. All values are pixels of the layout
-/// unless said otherwise; one such pixel is `Unit` device pixels, so that every screen is filled and
-/// all is drawn at the device's resolution.
+/// The keys of the menu: help, new game, settings, history, advice and leave.
+inline constexpr int MenuButtonCount = 6;
+
+/// Where everything of the board window lies on one screen. All values are layout pixels unless said
+/// otherwise; one of them is `Unit` device pixels, so that every screen is filled and everything is
+/// drawn at the device's resolution.
+///
+/// The board is a square of 9 blocks or 21 cells. Houses of 3 x 3 blocks are its corners; between them
+/// lie the arms, each with three lanes that are one block wide. A square is one cell long.
 struct Layout {
     // The part of the screen that is used, in device pixels: all of it, or its largest centred area
     // of 5:4 when the screen is narrower than that.
@@ -45,35 +51,37 @@ struct Layout {
     Short ScreenWidth = 0;
     Short ScreenHeight = 0;
     Short SizeClass = 0;    ///< 1 below 800 pixels of width, 2 at exactly 800, 3 above
-    Short Cell = 0;         ///< a square's length along the way: 21, 27 or 33
-    Short Block = 0;        ///< a square's width across the way: 49, 63 or 77
+    Short Cell = 0;         ///< a square's length along its lane: 21, 27 or 33
+    Short Block = 0;        ///< a square's width across its lane: 49, 63 or 77
     Short Margin = 0;       ///< left of and above the board; negative on a screen that is too low
     Short BoardExtent = 0;  ///< width of the board and its two margins
     Short PieceSize = 0;    ///< diameter of a piece
     Short BoxSide = 0;      ///< side of a corner box
     PerColour<Point> CornerBox{};
 
-    Box Buttons;                ///< Pic_Botones
-    std::array<Box, 6> Button;  ///< Pic_Boton, in pixels of the window
-    Box Recorder;               ///< Pic_Grabadora
-    Box Log;                    ///< Lis_Grabadora
-    Box LogPaper;               ///< what of the log is on the screen
+    Box Buttons;                              ///< Pic_Botones
+    std::array<Box, MenuButtonCount> Button;  ///< Pic_Boton, in the order of the menu
+    Box Recorder;                             ///< Pic_Grabadora
+    Box Log;                                  ///< Lis_Grabadora
+    Box LogPaper;  ///< the part of the log that lies on the screen and beside the board
 
     /// Centre of a piece that stands alone on a square 1..100 (the first slot of a goal).
     Point SquarePosition(Square square) const;
-    /// Centre of a piece by its slot: 1..3 on a square, 1..4 on a goal.
+    /// Centre of a piece by its slot: 1..3 on a square, 1..4 on a goal. A square outside 1..100 is
+    /// fatal, as it is for SquarePosition.
     Point SlotPosition(Square square, Short slot) const;
-    /// Centre of a piece in its waiting box.
+    /// Centre of a piece 1..4 that waits in its house, one above the other.
     Point BoxPosition(Colour colour, Short piece) const;
     /// The tray in which a colour's die lies.
     Box DieBox(Colour colour) const;
-    /// The plate in a colour's house that bears the player's name.
+    /// The plate with the player's name in a colour's house.
     Box NamePlate(Colour colour) const;
-    /// The whole corner box of a colour.
+    /// A colour's house: the whole corner box.
     Box House(Colour colour) const;
 };
 
-/// The layout for a screen of that size in device pixels.
+/// The layout for a screen of that size in device pixels. Any size gives one, if need be with parts that
+/// overlap or lie off the screen.
 Layout LayoutFor(int deviceWidth, int deviceHeight);
 
 }  // namespace zorva

@@ -34,18 +34,6 @@ void MenuButton::ShowPressed(bool pressed) {
     repaint();
 }
 
-QString MenuButton::PictureName() const {
-    return QStringLiteral("button_%1%2").arg(index_).arg(pressed_ ? "_pressed" : "");
-}
-
-QSize MenuButton::PictureSize() const {
-    return (QSizeF(size()) * services_.devicePixelRatio).toSize();
-}
-
-void MenuButton::PreparePicture() {
-    services_.artwork.Prepare(PictureName(), PictureSize());
-}
-
 void MenuButton::ShowGlow(bool glows) {
     glows_ = glows;
     update();
@@ -60,13 +48,15 @@ void MenuButton::paintEvent(QPaintEvent*) {
         const double radius = services_.ToLogical(10);
         painter.drawRoundedRect(rect(), radius, radius);
     }
-    QPixmap picture = services_.artwork.Picture(PictureName(), PictureSize());
-    picture.setDevicePixelRatio(services_.devicePixelRatio);
-    painter.drawPixmap(QPointF(), picture);
+    const double ratio = services_.devicePixelRatio;
+    const QString drawing = QStringLiteral("button_%1%2").arg(index_).arg(pressed_ ? "_pressed" : "");
+    QPixmap pixmap = services_.artwork.Pixmap(drawing, (QSizeF(size()) * ratio).toSize());
+    pixmap.setDevicePixelRatio(ratio);
+    painter.drawPixmap(QPointF(), pixmap);
 }
 
 void MenuButton::mousePressEvent(QMouseEvent* event) {
-    // Not handed on: the mouse acts when it presses, not when it lets go.
+    // Not handed on to Qt: the button acts when the mouse presses, not when it lets go.
     if (event->button() == Qt::LeftButton && Pressed) Pressed();
 }
 
@@ -76,18 +66,14 @@ MenuButtons::MenuButtons(QWidget* window, const Services& services,
     panel->setObjectName("Pic_Botones");
     panel->setAccessibleName("Menú");
     panel->lower();
-    for (int index = 0; index < Count; ++index) {
+    for (int index = 0; index < MenuButtonCount; ++index) {
         buttons_[index] = new MenuButton(panel, services, index);
         buttons_[index]->Pressed = [chosen, index] { chosen(index); };
     }
 }
 
-void MenuButtons::PreparePictures() {
-    for (MenuButton* button : buttons_) button->PreparePicture();
-}
-
 void MenuButtons::Explain(bool explains) {
-    for (int index = 0; index < Count; ++index) {
+    for (int index = 0; index < MenuButtonCount; ++index) {
         buttons_[index]->setToolTip(explains ? MenuButton::HoverText(index) : QString());
     }
 }

@@ -8,22 +8,22 @@
 
 namespace zorva {
 
-/// Pic_Boton: one key of the menu. It acts when it is pressed, by the mouse or by a screen reader.
+/// Pic_Boton: one key of the menu. It acts as soon as it is pressed, not when it is let go. Its keyboard
+/// keys belong to the board, so it never has the focus.
 class MenuButton : public QAbstractButton {
 public:
     MenuButton(QWidget* parent, const Services& services, int index);
 
-    /// Called when the button is pressed.
+    /// Called when the button is pressed with the left mouse button or by a screen reader. A screen
+    /// reader's press waits until no pause of the game is on.
     std::function<void()> Pressed;
 
-    /// Begins to draw it as it is now, for a window that will open.
-    void PreparePicture();
-    /// Draws the button pressed or not, at once.
+    /// Draws the button pressed or not, before the function returns: a pause of the game follows.
     void ShowPressed(bool pressed);
-    /// Lets the button glow, or stops it.
+    /// Lets the button glow, or stops that: it invites the player to press it.
     void ShowGlow(bool glows);
 
-    /// The text that explains the button.
+    /// The text that explains the button, in Spanish, with a space at both ends as tool tips have it.
     static QString HoverText(int index);
 
 protected:
@@ -31,9 +31,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    QString PictureName() const;
-    QSize PictureSize() const;
-
     const Services& services_;
     int index_;
     bool pressed_ = false;
@@ -43,20 +40,19 @@ private:
 /// Pic_Botones: the six keys of the menu.
 class MenuButtons {
 public:
-    enum Index { Help, NewGame, Personalize, History, Advice, Leave, Count };
+    enum Index { Help, NewGame, Personalize, History, Advice, Leave };
+    static_assert(Leave + 1 == MenuButtonCount);
 
+    /// Creates the buttons in the window; `chosen` is called with the index of a button that is pressed.
     MenuButtons(QWidget* window, const Services& services, const std::function<void(int index)>& chosen);
 
     MenuButton& Button(int index) { return *buttons_[index]; }
 
-    /// Begins to draw them, for a window that will open.
-    void PreparePictures();
-
-    /// Shows the button's explanation when the cursor rests on it, or does not.
+    /// Whether a button's explanation is shown when the cursor rests on it.
     void Explain(bool explains);
 
 private:
-    std::array<MenuButton*, Count> buttons_;  // owned by the window
+    std::array<MenuButton*, MenuButtonCount> buttons_;  // Qt deletes them with the window
 };
 
 }  // namespace zorva

@@ -1,7 +1,6 @@
 #include "app/Mesa.h"
 
 #include <QApplication>
-#include <QBackingStore>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -13,7 +12,6 @@
 #include "app/KeyStrokes.h"
 #include "app/MenuButtons.h"
 #include "app/MoveLog.h"
-#include "app/Palette.h"
 #include "app/RecorderStrip.h"
 
 namespace zorva {
@@ -41,6 +39,7 @@ Mesa::~Mesa() = default;
 
 // ------------------------------------------------------------------------------------- layout
 
+// Both edges are rounded one by one, so that boxes that touch in the layout touch on every screen.
 QRect Mesa::LogicalRect(const Box& box) const {
     const Layout& layout = services_.layout;
     const double ratio = services_.devicePixelRatio;
@@ -58,7 +57,7 @@ void Mesa::PlaceControls() {
     auto* panel = findChild<QWidget*>("Pic_Botones");
     const QRect area = LogicalRect(layout.Buttons);
     panel->setGeometry(area);
-    for (int index = 0; index < MenuButtons::Count; ++index) {
+    for (int index = 0; index < MenuButtonCount; ++index) {
         buttons_->Button(index).setGeometry(
             LogicalRect(layout.Button[index]).translated(-area.topLeft()));
         buttons_->Button(index).setCursor(cursors_.Hand());
@@ -67,70 +66,31 @@ void Mesa::PlaceControls() {
     log_->setGeometry(LogicalRect(layout.LogPaper));
 }
 
-void Mesa::AdoptScreen(QSize device, double ratio) {
-    if (device == adopted_ && ratio == services_.devicePixelRatio) return;
-    adopted_ = device;
-    services_.devicePixelRatio = ratio;
-    services_.layout = LayoutFor(device.width(), device.height());
-    artwork_.ForgetPictures();
-    cursors_.SetScale(services_.layout.Unit, ratio);
+void Mesa::UseScreen(QSize devicePixels, double devicePixelRatio) {
+    services_.devicePixelRatio = devicePixelRatio;
+    services_.layout = LayoutFor(devicePixels.width(), devicePixels.height());
+    artwork_.ForgetPixmaps();
+    cursors_.SetScale(services_.layout.Unit, devicePixelRatio);
     QToolTip::setFont(TextFont(services_.ToLogical(13)));
 }
 
-void Mesa::PrepareFor(const QScreen& screen) {
-    if (isVisible()) return;  // the program was started again meanwhile, and shows itself
+void Mesa::ChooseScreen(const QScreen& screen) {
+    if (isVisible()) return;  // a second start of the program has shown it meanwhile
     setGeometry(screen.geometry());
-    winId();  // a window that opens over this one finds it
-    const QSize device = (QSizeF(screen.size()) * screen.devicePixelRatio()).toSize();
-    AdoptScreen(device, screen.devicePixelRatio());
-    awaitsBoard_ = true;
-    setUpdatesEnabled(false);
-    scene_->TheEmptyBoard().Prepare(services_.layout, device, [this] {
-        QMetaObject::invokeMethod(this, &Mesa::BoardPainted, Qt::QueuedConnection);
-    });
+    winId();  // creates the native window, which a window that opens over this one belongs to
+    const double ratio = screen.devicePixelRatio();
+    const QSize devicePixels = (QSizeF(screen.size()) * ratio).toSize();
+    UseScreen(devicePixels, ratio);
+    // Painted by another thread while the title opens; resizeEvent takes it.
+    scene_->TheBackground().Begin(services_.layout, devicePixels);
 }
 
-// The system hands the memory of a window out when it is written to for the first time, which takes
-// several times as long as the writing. Here nobody waits for it.
-void Mesa::TouchMemory() {
-    QBackingStore* memory = backingStore();
-    memory->resize(size());
-    memory->beginPaint(rect());
-    QPainter(memory->paintDevice()).fillRect(rect(), palette::DarkWood);
-    memory->endPaint();
-}
-
-void Mesa::BoardPainted() {
-    if (!awaitsBoard_ || !isVisible()) return;
-    TakeBoard();
-}
-
-void Mesa::TakeBoard() {
-    awaitsBoard_ = false;
-    setUpdatesEnabled(true);
-    scene_->SetScreen(services_.layout, adopted_);
-}
-
-void Mesa::PrepareControls() {
-    scene_->TheEmptyBoard().Hurry();
-    PlaceControls();
-    buttons_->PreparePictures();
-    strip_->PreparePicture();
-    PrepareFonts();
-    if (awaitsBoard_ && !isVisible()) TouchMemory();
-}
-
+// Comes when the window is first shown, and when the screen gets another size or scale.
 void Mesa::resizeEvent(QResizeEvent*) {
     const double ratio = devicePixelRatioF();
-    const QSize device = (QSizeF(size()) * ratio).toSize();
-    const bool isPrepared = awaitsBoard_ && device == adopted_ && ratio == services_.devicePixelRatio;
-    AdoptScreen(device, ratio);
-    EmptyBoard& board = scene_->TheEmptyBoard();
-    if (isPrepared && board.IsUnderWay()) {
-        board.Hurry();  // it comes by BoardPainted, and nobody stands still for it
-    } else {
-        TakeBoard();
-    }
+    const QSize devicePixels = (QSizeF(size()) * ratio).toSize();
+    UseScreen(devicePixels, ratio);
+    scene_->SetScreen(services_.layout, devicePixels);
     PlaceControls();
     RefreshCursor();
 }
@@ -146,6 +106,7 @@ Point Mesa::LayoutPoint(QPointF position) const {
 
 // ------------------------------------------------------------------------------------ painting
 
+// The board is painted already, in device pixels: what Qt asks for is copied.
 void Mesa::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const double ratio = services_.devicePixelRatio;
@@ -159,6 +120,7 @@ void Mesa::paintEvent(QPaintEvent* event) {
 
 // --------------------------------------------------------------------------------------- input
 
+// Qt tells so when a dialog opens over the board and when it goes.
 bool Mesa::event(QEvent* event) {
     const QEvent::Type type = event->type();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshCursor();
@@ -183,6 +145,7 @@ void Mesa::keyPressEvent(QKeyEvent* event) {
     if (IsKeyStroke(*event) && KeyPressed) KeyPressed(*event);
 }
 
+// The program asks the player first, and ends by quitting rather than by closing the window.
 void Mesa::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (CloseWanted) CloseWanted();
@@ -202,7 +165,7 @@ void Mesa::RefreshCursor() {
     const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
     const bool isBlocked = QApplication::activeModalWidget() != nullptr;
     const QCursor wanted = CursorAt && !isBlocked ? CursorAt(at) : QCursor(Qt::ArrowCursor);
-    if (wanted != cursor()) setCursor(wanted);
+    if (wanted != cursor()) setCursor(wanted);  // each change is a request to the window system
 }
 
 }  // namespace zorva

@@ -21,26 +21,26 @@ class RecorderStrip;
 
 /// The board window. It shows the board, the menu, the recorder and the log over the whole screen
 /// and hands on what the mouse and the keyboard do; it knows no rules.
+///
+/// Three kinds of pixels meet here. Layout pixels are those of `Layout`, in which everything is
+/// measured; device pixels are the screen's; Qt counts in logical pixels, of which each is
+/// `devicePixelRatio` device pixels wide.
 class Mesa : public QWidget {
-    // Screen readers' interface is found by the class's name.
+    // Needed for the class's name, by which its interface for screen readers is found.
     Q_OBJECT
 
 public:
     Mesa(const GameState& state, const Settings& settings);
     ~Mesa() override;
 
-    /// Makes the window ready for that screen before it is shown: other windows may open first. The
-    /// board is painted meanwhile; a window that is shown before paints nothing until then.
-    void PrepareFor(const QScreen& screen);
-    /// Whether the board that was begun so is not there yet.
-    bool AwaitsBoard() const { return awaitsBoard_; }
-    /// Prepares the rest of the window, shortly before it is shown, and hurries the board.
-    void PrepareControls();
+    /// Lays the window out for that screen before it is shown: the title opens first, in the middle of
+    /// it. Does nothing once the window is shown.
+    void ChooseScreen(const QScreen& screen);
 
     const GameState& State() const { return state_; }
     const Settings& CurrentSettings() const { return settings_; }
 
-    /// The latest news for those who hear the board.
+    /// The latest news for players who hear the board through a screen reader.
     const QString& News() const { return news_; }
     void SetNews(const QString& news) { news_ = news; }
 
@@ -51,32 +51,35 @@ public:
     Services& Shared() { return services_; }
     Pacer& Waits() { return pacer_; }
 
-    /// How a message is shown; set by whoever builds the window.
+    // The program sets the following functions when it builds the window.
+
+    /// Shows a message and waits for its answer.
     std::function<MessageAnswer(const QString& title, const QString& text, Short lineCount,
                                 MessageButtons buttons)>
         Ask;
     /// A menu button was pressed (MenuButtons::Index).
     std::function<void(int button)> ButtonPressed;
-    // The mouse on the board, at a point of the layout.
+    // The mouse on the board, at a point in layout pixels.
     std::function<void(Point at, Qt::MouseButton button)> BoardPressed;
     std::function<void(Point at)> BoardMoved;
     std::function<void(Point at)> BoardReleased;
-    /// A key was pressed; modifiers alone and automatic repeats are none.
+    /// A key was pressed on the board. Never a modifier alone or an automatic repeat.
     std::function<void(const QKeyEvent& key)> KeyPressed;
-    /// The window manager wants the window closed.
+    /// The window manager wants the window closed. It stays open unless the program ends.
     std::function<void()> CloseWanted;
-    /// The cursor the board shows at a point of the layout, by its state.
+    /// The cursor for a point of the board, in layout pixels, as the game stands.
     std::function<QCursor(Point at)> CursorAt;
 
-    /// The screen cursor was set by the game: a wait begins or ends.
+    /// The game has set its cursor: a wait for the player begins or ends.
     std::function<void()> WaitChanged;
 
-    /// The cursor of the game: an hourglass while it prepares, else that of the board.
+    /// Shows the hourglass while the game prepares, else the cursor of the board.
     void SetScreenCursor(ScreenCursor cursor);
-    /// Shows the cursor that belongs to where the mouse is now.
+    /// Shows the cursor for where the mouse is now: the arrow while another window waits for an answer.
     void RefreshCursor();
 
-    /// The point of the layout under a position of the window.
+    /// The point in layout pixels under a position of the window in logical pixels. Far outside the
+    /// window it is cut to what 16 bits hold.
     Point LayoutPoint(QPointF position) const;
 
 protected:
@@ -88,31 +91,27 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    // Nothing looks different for them, and Qt would paint the whole window anew.
+    // The window looks the same with and without the keyboard; Qt would paint all of it again.
     void focusInEvent(QFocusEvent*) override {}
     void focusOutEvent(QFocusEvent*) override {}
     bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the board
 
 private:
-    void AdoptScreen(QSize device, double ratio);
-    void TouchMemory();
-    void BoardPainted();
-    void TakeBoard();
+    // Sets layout and scale for a window of that size. Pixmaps of the old scale are forgotten.
+    void UseScreen(QSize devicePixels, double devicePixelRatio);
     void PlaceControls();
     QRect LogicalRect(const Box& box) const;
 
     const GameState& state_;
     const Settings& settings_;
     QString news_;
-    QSize adopted_;             // device pixels of the window that all pictures are for
-    bool awaitsBoard_ = false;  // it is being painted for the first time
     Artwork artwork_;
     Cursors cursors_{artwork_};
     Pacer pacer_;
     Services services_;
     std::unique_ptr<BoardScene> scene_;
     std::unique_ptr<MenuButtons> buttons_;
-    RecorderStrip* strip_;  // owned by the window, as the log
+    RecorderStrip* strip_;  // Qt deletes it with the window, as it does the log
     MoveLog* log_;
 };
 

@@ -6,23 +6,25 @@ class QObject;
 
 namespace zorva {
 
-/// Waits by the monotonic clock. While it waits the windows are painted and the processor rests;
-/// what the mouse and the keyboard do stays queued, in order, until the wait is over.
+/// Waits by the monotonic clock. While it waits, the windows are painted, timers run and the processor
+/// rests; what the mouse and the keyboard do stays queued, in order, until the wait is over. A close
+/// request of the window manager is queued too, so waits have to be short.
 class Pacer {
 public:
-    /// Called about sixty times a second with the part of the wait that is over, 0..1.
+    /// Called about sixty times a second with the part of the wait that has passed, 0..1.
     using Frame = std::function<void(double progress)>;
 
     /// Waits that many milliseconds; returns at once when there are none. The last frame has
     /// progress 1, also when there was nothing to wait for.
     void Wait(double milliseconds, const Frame& frame = {});
 
-    /// Calls that as soon as no wait is on: at once, or after it. For what does not come through the
-    /// queue of the mouse and the keyboard, such as the wish of a screen reader.
+    /// Calls `called` as soon as no wait is on: now, or some hundredths of a second after the last wait
+    /// has ended, unless `context` has been deleted by then. For what does not come through the queue of
+    /// the mouse and the keyboard, such as a press by a screen reader.
     void AfterWait(QObject* context, const std::function<void()>& called);
 
 private:
-    int waitsOn_ = 0;  // one inside another
+    int waitsOn_ = 0;  // waits in progress, one inside another
 };
 
 }  // namespace zorva

@@ -2,23 +2,16 @@
 
 #include <QColor>
 
-#include "core/Types.h"
-
+// The colours that the program paints with itself. The board, the pieces and the dice have theirs in
+// their drawings.
 namespace zorva::palette {
-
-/// The players' colours as they stand on the board.
-inline QColor OfPlayer(Colour colour) {
-    static const QColor colours[] = {QColor(), QColor(255, 255, 0), QColor(0, 0, 255), QColor(255, 0, 0),
-                                     QColor(0, 128, 0)};
-    return colours[colour];
-}
 
 inline const QColor Paper{0xf6, 0xee, 0xd9};
 inline const QColor RuledPaper{0xec, 0xe0, 0xc2};
 inline const QColor Ink{0x2b, 0x21, 0x18};
 inline const QColor Brass{0xd9, 0xb3, 0x65};
-inline const QColor Light{0xff, 0xe9, 0xb0};  ///< lamps, glows, marks of what is live
-inline const QColor Mark{0xff, 0x9d, 0x1e};   ///< what can be picked and where it goes
+inline const QColor Light{0xff, 0xe9, 0xb0};  ///< glows and marks of what is live
+inline const QColor Mark{0xff, 0x9d, 0x1e};   ///< pieces that can be picked, and where they go
 inline const QColor Wood{0x3a, 0x26, 0x18};
 inline const QColor DarkWood{0x22, 0x15, 0x0d};
 

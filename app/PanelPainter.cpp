@@ -1,40 +1,42 @@
 #include "app/PanelPainter.h"
 
+#include <QPainter>
 #include <algorithm>
 #include <array>
 
 #include "app/Artwork.h"
-#include "app/Canvas.h"
 #include "app/Layout.h"
 
 namespace zorva {
 namespace {
 
-// All in pixels of the layout.
-constexpr double besideBand = 2;
+// Measures in layout pixels.
+constexpr double besideBand = 2;  // left free of the room beside the board
 constexpr double widestBand = 248;
 constexpr double beyondBand = 16;  // how far the band reaches over the log's ends where there is room
-constexpr double bandCorner = 24;  // of the drawing, the part that is not stretched
-constexpr double opaqueBand = 8;   // ... within which its round corners end
+constexpr double bandCorner = 24;  // the corner of the drawing, which is not stretched
+constexpr double opaqueBand = 8;   // the part of that which is round and not opaque
 constexpr double caseCorner = 14;
 constexpr double widestCase = 196;
 constexpr double besideCase = 12;
-constexpr double caseAbove = 14;  // of the recorder's strip
+constexpr double caseAbove = 14;  // the recorder's strip
 constexpr double caseBelow = 13;
 constexpr double widestReel = 58;
-constexpr double smallestReel = 18;
+constexpr double smallestReel = 18;  // where there is less room, the reels are left out
 constexpr double besideReel = 6;
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double paperShadow = 10;
 constexpr double cupSide = 140;
 
+// Layout pixels as device pixels of the window.
 QRectF OnDevice(const Layout& layout, const QRectF& area) {
     return {layout.DeviceLeft + area.x() * layout.Unit, layout.DeviceTop + area.y() * layout.Unit,
             area.width() * layout.Unit, area.height() * layout.Unit};
 }
 
-// Paints a square drawing with its corners at their own size and all between them stretched.
-void PaintStretched(const Canvas& canvas, Artwork& artwork, const QString& name, const QRectF& target,
+// Paints a square drawing with its corners at their own size and everything between them stretched, as
+// nine parts. `corner` is in the drawing's units, `unit` the device pixels for each of them.
+void PaintStretched(QPainter& painter, Artwork& artwork, const QString& name, const QRectF& target,
                     double corner, double unit) {
     const QRect area = target.toAlignedRect();
     const int width = qRound(corner * unit);
@@ -50,12 +52,13 @@ void PaintStretched(const Canvas& canvas, Artwork& artwork, const QString& name,
             const QRectF part(from[column], from[row], from[column + 1] - from[column],
                               from[row + 1] - from[row]);
             const QRect place(QPoint(x[column], y[row]), size);
-            if (!place.isEmpty()) artwork.PaintPart(canvas, name, part, place);
+            if (!place.isEmpty()) artwork.PaintPart(painter, name, part, place);
         }
     }
 }
 
-// Across the whole table; on a screen taller than the layout from above the buttons to below the log.
+// From edge to edge of the table, whose ends are off the screen; on a screen that is taller than the
+// layout the band ends a little above the buttons and below the log.
 QRectF Band(const Layout& layout) {
     const double room = layout.ScreenWidth - layout.BoardExtent;
     const double width = std::min(room - besideBand, widestBand);
@@ -63,14 +66,15 @@ QRectF Band(const Layout& layout) {
     return {layout.BoardExtent + (room - width) / 2, -beyond, width, layout.ScreenHeight + 2 * beyond};
 }
 
+// The recorder's case: as wide as the band allows, around the strip.
 QRectF Case(const Layout& layout, const QRectF& band) {
     const double width = std::min(band.width() - 2 * besideCase, widestCase);
     return {band.center().x() - width / 2, layout.Recorder.y - caseAbove, width,
             layout.Recorder.height + caseAbove + caseBelow};
 }
 
-// One at either side of the strip, as large as the case allows.
-void PaintReels(const Canvas& canvas, Artwork& artwork, const Layout& layout, const QRectF& body) {
+// A tape reel at either side of the strip, as large as the case allows.
+void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& body) {
     const double free = (body.width() - layout.Recorder.width) / 2;
     const double side = std::min(free - 2 * besideReel, widestReel);
     if (side < smallestReel) return;
@@ -78,12 +82,12 @@ void PaintReels(const Canvas& canvas, Artwork& artwork, const Layout& layout, co
         QRectF reel(0, 0, side, side);
         reel.moveCenter({body.center().x() + way * (layout.Recorder.width + free - 3) / 2,
                          layout.Recorder.y + layout.Recorder.height / 2.0});
-        artwork.Paint(canvas, "panel_reel", OnDevice(layout, reel));
+        artwork.Paint(painter, "panel_reel", OnDevice(layout, reel));
     }
 }
 
 // A dice cup stands where the table is free: right of the band, or below the board.
-void PaintCup(const Canvas& canvas, Artwork& artwork, const Layout& layout, const QRectF& band) {
+void PaintCup(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& band) {
     const double right = layout.ScreenWidth - band.right();
     const double below = layout.DeviceTop / layout.Unit;
     QRectF cup(0, 0, cupSide, cupSide);
@@ -95,7 +99,7 @@ void PaintCup(const Canvas& canvas, Artwork& artwork, const Layout& layout, cons
     } else {
         return;
     }
-    artwork.Paint(canvas, "panel_cup", OnDevice(layout, cup));
+    artwork.Paint(painter, "panel_cup", OnDevice(layout, cup));
 }
 
 // How large the band's border is drawn, of its own size.
@@ -112,19 +116,19 @@ QRect HiddenByPanel(const Layout& layout) {
     return OnDevice(layout, band.adjusted(edge, edge, -edge, -edge)).toAlignedRect();
 }
 
-void PaintInstrumentPanel(const Canvas& canvas, Artwork& artwork, const Layout& layout) {
+void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
     const double unit = layout.Unit;
     const QRectF band = Band(layout);
     const Box& log = layout.LogPaper;
     const double border = BorderScale(layout, band);
-    PaintStretched(canvas, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
+    PaintStretched(painter, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
     const QRectF paper = QRectF(log.x, log.y, log.width, log.height)
                              .adjusted(-paperShadow, -paperShadow, paperShadow, paperShadow);
-    PaintStretched(canvas, artwork, "panel_shadow", OnDevice(layout, paper), 2 * paperShadow, unit);
+    PaintStretched(painter, artwork, "panel_shadow", OnDevice(layout, paper), 2 * paperShadow, unit);
     const QRectF body = Case(layout, band);
-    PaintStretched(canvas, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
-    PaintReels(canvas, artwork, layout, body);
-    PaintCup(canvas, artwork, layout, band);
+    PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
+    PaintReels(painter, artwork, layout, body);
+    PaintCup(painter, artwork, layout, band);
 }
 
 }  // namespace zorva

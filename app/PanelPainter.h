@@ -2,18 +2,19 @@
 
 #include <QRect>
 
+class QPainter;
+
 namespace zorva {
 
 class Artwork;
-class Canvas;
 struct Layout;
 
 /// Paints what lies under the buttons, the recorder and the log: a band of leather let into the table
-/// right of the board, and on it the case of the recorder, out of which the log's paper comes. The
-/// canvas belongs to a picture of the whole window in device pixels.
-void PaintInstrumentPanel(const Canvas& canvas, Artwork& artwork, const Layout& layout);
+/// right of the board, and on it the case of the recorder, out of which the log's paper comes. A dice
+/// cup stands beside it where there is room. The painter's pixels are the window's device pixels.
+void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
 
-/// Device pixels of the window below which nothing is seen of what lies under the band.
+/// The device pixels of the window where the opaque middle of the band hides the table.
 QRect HiddenByPanel(const Layout& layout);
 
 }  // namespace zorva

@@ -7,6 +7,8 @@
 namespace zorva {
 namespace {
 
+// Whether a piece really stands in that slot: the code is a piece's, the piece is on that square, and no
+// slot before holds the same code.
 bool StandsInSlot(const GameState& state, Square square, Short slot) {
     const PieceCode code = state.SquareOccupants[square][slot];
     if (code == 0 || ColourOf(code) < 1 || ColourOf(code) > ColourCount) return false;

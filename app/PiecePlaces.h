@@ -5,12 +5,15 @@
 
 namespace zorva {
 
-/// Where a piece is drawn and can be hit: the centre of its place in its box, on its square beside
-/// the others, or on its goal. It follows from PiecePosition: a goal's slots alone do not tell, since a
-/// fourth piece stands in none and slot 3 may hold a code an earlier game left there.
+/// Where a piece is drawn and can be hit, in layout pixels: the centre of its place in its box, on its
+/// square beside the others, or on its goal. No two pieces share a place.
+///
+/// PiecePosition decides. A goal's slots alone do not tell, since a fourth piece stands in none and slot
+/// 3 may hold a code that an earlier game left there.
 Point PlaceOfPiece(const Layout& layout, const GameState& state, PieceCode code);
 
-/// Where the next piece would stand on a square 1..100: beside those that stand there.
+/// Where the next piece would stand on a square 1..100, in layout pixels: beside those that stand there,
+/// on the third place when two pieces do.
 Point FreePlaceOn(const Layout& layout, const GameState& state, Square square);
 
 }  // namespace zorva

@@ -23,9 +23,8 @@ namespace zorva {
 namespace {
 
 // What is heard when a menu button is pressed, by its index.
-constexpr Sound buttonSounds[MenuButtons::Count] = {Sound::PageOpens,    Sound::MenuKey,
-                                                    Sound::SettingsOpen, Sound::HistoryPage,
-                                                    Sound::Advice,       Sound::MenuKey};
+constexpr Sound buttonSounds[MenuButtonCount] = {Sound::PageOpens,   Sound::MenuKey, Sound::SettingsOpen,
+                                                 Sound::HistoryPage, Sound::Advice,  Sound::MenuKey};
 
 // When the program's icon is drawn: nobody waits for it.
 constexpr int iconMilliseconds = 300;
@@ -99,18 +98,16 @@ void Program::ConnectGame() {
 
 // ----------------------------------------------------------------------------------------- start
 
-// What needs no answer is done behind the title; what has to be told waits for its end.
+// The board opens behind the title; what the player has to answer waits for the title's end.
 void Program::Start() {
-    mesa_.PrepareFor(ScreenOfCursor());
-    ShowSplash(&mesa_, mesa_.Shared(),
-               {[this] { OpenBoard(); }, [this] { return !mesa_.AwaitsBoard(); }});
+    mesa_.ChooseScreen(ScreenOfCursor());
+    ShowSplash(&mesa_, mesa_.Shared(), [this] { OpenBoard(); });
     mesa_.activateWindow();
     TellAboutFiles();
     if (state_.GameInProgress) ContinueGame();
 }
 
 void Program::OpenBoard() {
-    mesa_.PrepareControls();
     LoadGame();
     mesa_.showFullScreen();
     QTimer::singleShot(iconMilliseconds, &mesa_, [] { QApplication::setWindowIcon(ProgramIcon()); });

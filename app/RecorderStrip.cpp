@@ -12,6 +12,7 @@
 namespace zorva {
 namespace {
 
+// The drawing's own units, one for each layout pixel.
 constexpr int stripWidth = 50;
 constexpr int stripHeight = 75;
 constexpr int pressedOffset = 51;  // from a key at rest to the same key pressed, in the sheet
@@ -19,8 +20,8 @@ constexpr int pressedOffset = 51;  // from a key at rest to the same key pressed
 struct KeyPlace {
     const char* hoverText;
     Short x, y;
-    Short clickWidth;  // the on/off key's click area is narrower than its picture
-    Short pictureWidth;
+    Short clickWidth;  // the on/off key's click area is narrower than its drawing
+    Short drawnWidth;
 };
 constexpr Short keyHeight = 13;
 const char* const drawing = "recorder";
@@ -39,7 +40,7 @@ QRectF HalfFrom(int left) {
     return QRectF(left, 0, stripWidth, stripHeight);
 }
 
-// Both ends of a key's area belong to it; where two touch, the first has it.
+// Both ends of a key's area belong to it; where two touch, the first has the point.
 std::optional<RecorderKey> KeyAt(Point p) {
     for (int index = 0; index < RecorderKeyCount; ++index) {
         const KeyPlace& place = places[index];
@@ -91,14 +92,6 @@ Box RecorderStrip::KeyBox(RecorderKey key) {
     return {place.x, place.y, place.clickWidth, keyHeight};
 }
 
-QSize RecorderStrip::PictureSize() const {
-    return (QSizeF(size()) * services_.devicePixelRatio).toSize();
-}
-
-void RecorderStrip::PreparePicture() {
-    services_.artwork.PrepareOf(drawing, HalfFrom(0), PictureSize());
-}
-
 void RecorderStrip::ShowPressed(RecorderKey key, bool pressed) {
     pressed_[static_cast<int>(key)] = pressed;
     repaint();
@@ -112,18 +105,18 @@ void RecorderStrip::Explain(bool explains) {
 void RecorderStrip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const double ratio = services_.devicePixelRatio;
-    const QSize device = PictureSize();
+    const QSize device = (QSizeF(size()) * ratio).toSize();
     const double unit = device.width() / static_cast<double>(stripWidth);
     painter.scale(1 / ratio, 1 / ratio);
     const auto sheet = [&](int left) {
-        return services_.artwork.PictureOf(drawing, HalfFrom(left), device);
+        return services_.artwork.PixmapOfPart(drawing, HalfFrom(left), device);
     };
     painter.drawPixmap(0, 0, sheet(0));
     for (int index = 0; index < RecorderKeyCount; ++index) {
         if (!pressed_[index]) continue;
         const KeyPlace& place = places[index];
         const QRect key =
-            QRectF(place.x * unit, place.y * unit, place.pictureWidth * unit, keyHeight * unit)
+            QRectF(place.x * unit, place.y * unit, place.drawnWidth * unit, keyHeight * unit)
                 .toAlignedRect();
         painter.drawPixmap(key.topLeft(), sheet(pressedOffset), key);
     }

@@ -13,28 +13,26 @@ namespace zorva {
 enum class RecorderKey { OnOff, BackOne, ForwardOne, AutoBack, AutoForward, Restore };
 inline constexpr int RecorderKeyCount = 6;
 
-/// Pic_Grabadora: the strip of the move recorder with its six keys. The drawing is a sheet whose left
-/// half shows the keys at rest and whose right half, 51 pixels further, shows them pressed.
+/// Pic_Grabadora: the strip of the move recorder with its six keys, 50 x 75 layout pixels. The drawing
+/// is a sheet whose left half shows the keys at rest and whose right half, 51 units further, shows them
+/// pressed.
 class RecorderStrip : public QWidget {
 public:
     RecorderStrip(QWidget* parent, const Services& services);
 
-    /// A key was pressed with the mouse, live or not.
+    /// A key was pressed with the mouse or by a screen reader, whether or not it does something now.
     std::function<void(RecorderKey key)> Pressed;
     /// Whether a key does something now: over such a key the cursor is a hand.
     std::function<bool(RecorderKey key)> IsLive;
 
-    /// Begins to draw the strip, for a window that will open.
-    void PreparePicture();
-
-    /// Draws a key pressed or at rest, at once.
+    /// Draws a key pressed or at rest, before the function returns: a pause of the game follows.
     void ShowPressed(RecorderKey key, bool pressed);
-    /// Shows the keys' explanations when the cursor rests on them, or does not.
+    /// Whether a key's explanation is shown when the cursor rests on it.
     void Explain(bool explains);
 
-    /// The text that explains a key.
+    /// The text that explains a key, in Spanish, with a space at both ends as tool tips have it.
     static QString HoverText(RecorderKey key);
-    /// Where a key is, in pixels of the strip.
+    /// Where a key can be clicked, in layout pixels from the strip's corner.
     static Box KeyBox(RecorderKey key);
 
 protected:
@@ -44,7 +42,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // A key as screen readers find it; it draws nothing and lets the mouse through.
+    // A key for screen readers. It draws nothing and lets the mouse through: the strip does both.
     class KeyButton : public QAbstractButton {
     public:
         using QAbstractButton::QAbstractButton;
@@ -54,10 +52,9 @@ private:
     };
 
     Point StripPoint(QPointF position) const;
-    QSize PictureSize() const;
 
     const Services& services_;
-    std::array<KeyButton*, RecorderKeyCount> keyButtons_{};  // owned by the strip
+    std::array<KeyButton*, RecorderKeyCount> keyButtons_{};  // Qt deletes them with the strip
     std::array<bool, RecorderKeyCount> pressed_{};
     bool explains_ = true;
 };

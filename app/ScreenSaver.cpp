@@ -25,7 +25,7 @@ void ScreenSaver::HoldOff() {
 #ifdef ZORVA_WITH_DBUS
 namespace {
 
-// Without this look a session without a bus would get one started for the question.
+// Qt would start a bus for a session that has none.
 bool HasBus() {
     return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
@@ -53,7 +53,7 @@ void ScreenSaver::Ask() {
     });
 }
 
-// The rest may have been over before the answer came.
+// When the rest was over before the answer came, the hold ends at once.
 void ScreenSaver::Answered(bool granted, uint cookie) {
     hold_ = granted ? Hold::Held : Hold::Refused;
     cookie_ = cookie;

@@ -6,15 +6,15 @@
 
 namespace zorva {
 
-/// The desktop's screen saver, which is held off while there is something to watch: pieces that move
-/// although nobody touches mouse or keyboard. Nothing is looked for before the first call, and where no
-/// desktop listens nothing happens. When the program ends, the desktop forgets the hold by itself.
+/// Holds off the desktop's screen saver while there is something to watch: pieces that move although
+/// nobody touches mouse or keyboard. It asks over D-Bus, at the first move; where no desktop answers it
+/// does not ask again. When the program ends, the desktop forgets the hold by itself.
 class ScreenSaver : public QObject {
 public:
     /// The hold ends when no piece has moved for `rest`.
     explicit ScreenSaver(std::chrono::milliseconds rest = std::chrono::minutes(1));
 
-    /// A piece moves.
+    /// A piece moves: the hold begins, or lasts for another `rest`.
     void HoldOff();
 
 private:

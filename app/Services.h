@@ -11,18 +11,18 @@ class Artwork;
 class Pacer;
 class Cursors;
 
-/// What every window of the program draws and sounds with. Owned by the board window's maker; a
-/// window that is opened gets a reference and keeps nothing longer than it lives.
+/// What every window of the program draws and sounds with. It belongs to the board window; each dialog
+/// gets a reference, which outlives the dialog.
 struct Services {
     Artwork& artwork;
     Cursors& cursors;
-    Layout layout;                         ///< of the screen the board is on
-    double devicePixelRatio = 1;           ///< device pixels per pixel of Qt
+    Layout layout;                         ///< of the board window as it is now
+    double devicePixelRatio = 1;           ///< device pixels per logical pixel of Qt
     std::function<void(Sound)> PlaySound;  ///< plays a sound if sound is on
     std::function<void(Short n)> Pause;    ///< hundredths of a second at speed 0
-    Pacer* pacer = nullptr;                ///< of all waits; null where nothing is waited for
+    Pacer* pacer = nullptr;                ///< of the program's waits; null in tests without any
 
-    /// Pixels of Qt for that many pixels of the layout.
+    /// Logical pixels of Qt for that many layout pixels.
     double ToLogical(double pixels) const { return pixels * layout.Unit / devicePixelRatio; }
 };
 

@@ -17,7 +17,8 @@ namespace zorva {
 #ifdef __linux__
 namespace {
 
-// A name without a file behind it: nothing is left over when the program dies.
+// The leading zero of the path makes an abstract name, without a file: nothing is left over when the
+// program is killed. Hashed, since a path may be longer than a name can be.
 sockaddr_un AddressOf(const std::filesystem::path& folder, socklen_t& length) {
     std::error_code ignored;
     std::filesystem::path whole = std::filesystem::weakly_canonical(folder, ignored);
@@ -42,7 +43,7 @@ SingleInstance::SingleInstance(const std::filesystem::path& folder) {
     const sockaddr_un address = AddressOf(folder, length);
     const auto* generic = reinterpret_cast<const sockaddr*>(&address);
     if (bind(socket_, generic, length) == 0 && listen(socket_, 4) == 0) return;
-    // The connection itself is the message; nothing is said.
+    // The connection itself is the message; nothing is written to it.
     isSecond_ = errno == EADDRINUSE && connect(socket_, generic, length) == 0;
 }
 

@@ -7,8 +7,9 @@ class QSocketNotifier;
 
 namespace zorva {
 
-/// Sees to it that one program at a time plays with the files of a folder. The second to start asks
-/// the first to come to the front. Systems without the means for it let each start.
+/// Lets one program of each user at a time run from a folder, for two would overwrite each other's game.
+/// The second to start asks the first to come to the front, through a local socket whose name is made of
+/// folder and user. On systems other than Linux, and where no socket can be made, each may start.
 class SingleInstance {
 public:
     explicit SingleInstance(const std::filesystem::path& folder);
@@ -19,7 +20,7 @@ public:
     /// Whether another program has the folder already; it has been asked to come to the front.
     bool IsSecond() const { return isSecond_; }
 
-    /// Calls that whenever another program was started.
+    /// Calls `called` from the event loop whenever a second program has asked.
     void OnSecondStart(std::function<void()> called);
 
 private:

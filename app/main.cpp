@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QThreadPool>
 #include <QTimer>
 #include <cstdlib>
 
@@ -12,8 +11,8 @@
 
 namespace {
 
-// The driver may be in the middle of a walk, many frames deep: everything worth keeping is in the
-// file, and nothing there is worth waiting for.
+// A move may be under way, deep inside nested event loops. The file holds everything worth keeping, so
+// the program ends without unwinding them.
 void SaveAndEnd(zorva::Program& program) {
     program.SaveNow();
     std::_Exit(0);
@@ -22,7 +21,7 @@ void SaveAndEnd(zorva::Program& program) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    zorva::HoldBackEndSignals();
+    zorva::HoldBackEndSignals();  // before Qt starts any thread
     QApplication application(argc, argv);
     QApplication::setApplicationName("zorva32");
     QApplication::setApplicationDisplayName("Zorva");
@@ -41,9 +40,7 @@ int main(int argc, char** argv) {
     zorva::OnEndSignal([&program] { SaveAndEnd(program); });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&program] { program.SaveNow(); });
+    // Started from the event loop: the title and the game run loops of their own inside it.
     QTimer::singleShot(0, &program.Window(), [&program] { program.Start(); });
-    const int status = QApplication::exec();
-    // A picture that nobody waits for any more must not be painted while Qt ends.
-    QThreadPool::globalInstance()->waitForDone();
-    return status;
+    return QApplication::exec();
 }

@@ -1,4 +1,4 @@
-// A full-screen window that paints one rectangle: the least that a program of this toolkit can do. The
+// A full-screen window that paints one rectangle: the least that a program with Qt can do. The
 // start of the game is measured beside it.
 #include <QApplication>
 #include <QPainter>

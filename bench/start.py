@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""How long the game takes to start and what memory it holds, beside a bare window of the same toolkit.
+"""How long the game takes to start and what memory it holds, beside a bare window of Qt.
 
     bench/start.py BUILD [--runs N] [--screen 1920x1080]
 
 BUILD is a build folder made with ZORVA_BENCH=ON. Both programs are started in turn, on one virtual screen,
-and the screen's own memory is looked at: a time ends when the picture has changed there. Printed are the
+and the screen's own memory is looked at: a time ends when the image has changed there. Printed are the
 medians, and the medians of the ratios of neighbours.
 """
 
@@ -117,12 +117,12 @@ def measure_game(program, display, screen, folder, board):
 
 
 def point_at_title(display, screen):
-    """Below the line that is looked at: the pointer is part of the picture."""
+    """Below the line that is looked at: the cursor is part of the image."""
     display.move(screen.width // 2, round(screen.height * 0.55))
 
 
 def end_title(display, screen, board):
-    """Breaks the title off, with the first click that it takes. It has no keyboard as yet."""
+    """Breaks the title off, with the first click that it takes. It may not have the keyboard yet."""
     asked, deadline = 0, time.perf_counter() + LIMIT
     while screen.row(screen.height // 2) != board:
         if time.perf_counter() > deadline:

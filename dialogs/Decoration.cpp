@@ -35,11 +35,7 @@ QSize DevicePixels(QSizeF size, const Services& services) {
 }  // namespace
 
 QPixmap PanelWood(QSizeF size, const Services& services) {
-    return services.artwork.PictureOf("surface", PieceOfTable(size), DevicePixels(size, services));
-}
-
-void PreparePanelWood(QSizeF size, const Services& services) {
-    services.artwork.PrepareOf("surface", PieceOfTable(size), DevicePixels(size, services));
+    return services.artwork.PixmapOfPart("surface", PieceOfTable(size), DevicePixels(size, services));
 }
 
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) {

@@ -18,10 +18,6 @@ namespace zorva::decoration {
 /// copied to the screen and never stretched.
 QPixmap PanelWood(QSizeF size, const Services& services);
 
-/// Begins to render that pixmap in the thread pool, for a window that is about to open. PanelWood then
-/// waits for it.
-void PreparePanelWood(QSizeF size, const Services& services);
-
 /// Draws the ground of a window: the wood, its bevelled edge and the inlay. `area` is the whole window.
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services);
 

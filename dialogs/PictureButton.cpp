@@ -33,8 +33,8 @@ void PictureButton::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const double ratio = services_.devicePixelRatio;
     // In device pixels, so that the pixmap is copied and never stretched.
-    QPixmap pixmap = services_.artwork.Picture(isDown() ? drawing_ + "_pressed" : drawing_,
-                                               (QSizeF(size()) * ratio).toSize());
+    QPixmap pixmap = services_.artwork.Pixmap(isDown() ? drawing_ + "_pressed" : drawing_,
+                                              (QSizeF(size()) * ratio).toSize());
     pixmap.setDevicePixelRatio(ratio);
     painter.drawPixmap(QPointF(), pixmap);
     painter.scale(services_.ToLogical(1), services_.ToLogical(1));

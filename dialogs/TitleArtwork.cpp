@@ -12,7 +12,7 @@ namespace {
 
 struct TitlePiece {
     const char* drawing;
-    Box at;  // across: its place in the window; down: from the title's top edge
+    Box at;  // layout pixels, in the title
 };
 
 constexpr TitlePiece pieces[] = {
@@ -50,6 +50,7 @@ void TitleArtwork::Draw(QPainter& painter, Short scroll, const Services& service
         const QRect source = QRectF(QPointF(piece.at.x, piece.at.y) * unit,
                                     QSizeF(piece.at.width, piece.at.height) * unit)
                                  .toAlignedRect();
+        // Rounded to device pixels: a pixmap that lies between them would flicker while it scrolls.
         const QPointF target(source.x(), source.y() + qRound(scroll * unit));
         painter.drawPixmap(QRectF(target / ratio, QSizeF(source.size()) / ratio), logo_, source);
     }

@@ -9,16 +9,17 @@ class QPainter;
 
 namespace zorva {
 
-/// Pic_Logo: the title's pieces in one picture that is never shown as it is.
+/// Pic_Logo: the pieces of the title in one pixmap, which is never shown as a whole. Each piece is
+/// copied from it to its place in the window at every step.
 class TitleArtwork {
 public:
-    static constexpr Short Width = 420;
+    static constexpr Short Width = 420;  ///< layout pixels
     static constexpr Short Height = 200;
 
     explicit TitleArtwork(const Services& services);
 
-    /// Copies every piece to its own place across; `scroll` is where the title's top edge is. The
-    /// painter counts in pixels of Qt, from the corner of the title's window.
+    /// Draws the pieces with the top edge of the title at `scroll`, in layout pixels from the top edge
+    /// of Pic_Careta. The painter counts in logical pixels from its corner.
     void Draw(QPainter& painter, Short scroll, const Services& services) const;
 
 private:

@@ -5,6 +5,7 @@
 namespace zorva {
 
 /// Where the title is while it scrolls: up from below its window until nothing of it is left, twice.
+/// Each of the 351 positions from First to Last is shown in each pass.
 class TitleScroll {
 public:
     static constexpr Short First = 150;  ///< one pixel lower nothing would be seen
@@ -12,11 +13,11 @@ public:
     static constexpr Short Passes = 2;
     static constexpr int Steps = Passes * (First - Last + 1);
 
-    /// The title's top edge, in pixels from that of the window.
+    /// The title's top edge, in layout pixels from that of its window.
     Short Position() const { return position_; }
     bool IsOver() const { return isOver_; }
 
-    /// One pixel up.
+    /// Moves one layout pixel up, after Last back to First, after the last pass to the end.
     void Step();
     /// Ends the scrolling where it is.
     void Stop() { isOver_ = true; }
@@ -27,14 +28,15 @@ private:
     bool isOver_ = false;
 };
 
-/// The steps that are due at times of a clock, in milliseconds: evenly spread over the whole time of
-/// the title. Time lost to something else is not made up for by a leap.
+/// Tells how many steps are due: they are spread evenly over the whole time of the title. When the
+/// program was busy with something else, the title goes on from where it was instead of leaping.
 class StepClock {
 public:
-    static constexpr double WholeTime = 6000;
+    static constexpr double WholeTime = 6000;  ///< milliseconds
     static constexpr int MostAtOnce = 4;
 
-    /// How many steps are to be made now. The clock never goes back.
+    /// The steps to make now, 0..MostAtOnce. `now` is in milliseconds since the start and never goes
+    /// back.
     int Due(double now);
 
 private:

@@ -17,13 +17,13 @@ namespace {
 constexpr QSize windowSize(460, 190);
 constexpr Box areaBox{20, 20, TitleArtwork::Width, TitleScroll::First};
 constexpr int tick = 8;       // milliseconds, a little less than a step
-constexpr int shortTick = 1;  // when a person waits for the end
+constexpr int shortTick = 1;  // once the player has broken it off
 
 }  // namespace
 
-careta::careta(QWidget* parent, const Services& services, WorkBehind work)
+careta::careta(QWidget* parent, const Services& services, std::function<void()> openBoard)
     : BoardDialog(parent, services, "careta", "Zorva", windowSize),
-      work_(std::move(work)),
+      openBoard_(std::move(openBoard)),
       area_(new QWidget(this)) {
     area_->setObjectName("Pic_Careta");
     area_->setAccessibleName("Zorva, Parchís");
@@ -45,7 +45,7 @@ void careta::DrawGround(QPainter& painter) {
     decoration::DrawSunkenFrame(painter, ToRect(areaBox));
 }
 
-// The wood that the title passes over: the window's own, sunk a little into it.
+// The wood that the title passes over: that of the window, with a shadow as if sunk into it.
 const QPixmap& careta::Ground() {
     if (!ground_.isNull()) return ground_;
     const double ratio = TheServices().devicePixelRatio;
@@ -62,7 +62,7 @@ const QPixmap& careta::Ground() {
     return ground_;
 }
 
-// A key that is meant for another window of the program ends the title and does nothing else.
+// A key that is sent to another window of the program, the board, ends the title and does nothing else.
 bool careta::EndsTitle(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress || !watched->isWindowType() || !isVisible()) return false;
     if (watched == static_cast<QObject*>(windowHandle())) return false;
@@ -82,29 +82,23 @@ void careta::DrawTitle() {
     QPainter painter(area_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(QPointF(), Ground());
-    // The first pictures show the wood alone: nobody waits for the letters before the board.
-    if (!logo_ && HasAppeared() && IsWorkDone() && !scroll_.IsOver()) logo_.emplace(TheServices());
+    // The first painting shows the wood alone: its letters would delay the board.
+    if (!logo_ && clock_.isValid() && !scroll_.IsOver()) logo_.emplace(TheServices());
     if (logo_) logo_->Draw(painter, scroll_.Position(), TheServices());
     wasPainted_ = true;
 }
 
-bool careta::IsWorkDone() const {
-    return !work_.isDone || work_.isDone();
-}
-
-// What is to be done behind the title begins after its first picture. A key that came meanwhile goes
-// before the first step.
+// The board takes the keyboard when it opens, which the title needs back.
 void careta::Begin() {
+    openBoard_();
+    activateWindow();
     clock_.start();
-    if (work_.begin) work_.begin();
 }
 
+// As many steps as are due by the clock: a timer's ticks are not even enough to scroll by.
 void careta::MakeSteps() {
     if (!wasPainted_) return;
-    if (!HasAppeared()) return Begin();
-    // The board that has opened behind it took the keyboard.
-    if (!scroll_.IsOver() && !std::exchange(wasActivated_, true)) activateWindow();
-    if (!IsWorkDone()) return;
+    if (!clock_.isValid()) return Begin();
     for (int due = steps_.Due(static_cast<double>(clock_.elapsed())); due > 0 && !scroll_.IsOver();
          --due) {
         scroll_.Step();
@@ -132,11 +126,9 @@ void careta::mousePressEvent(QMouseEvent*) {
     Stop();
 }
 
-void ShowSplash(QWidget* parent, const Services& services, const WorkBehind& work) {
-    decoration::PreparePanelWood(windowSize, services);
-    careta window(parent, services, work);
+void ShowSplash(QWidget* parent, const Services& services, const std::function<void()>& openBoard) {
+    careta window(parent, services, openBoard);
     RunModal(window);
-    if (!window.HasAppeared()) work.begin();
 }
 
 }  // namespace zorva

@@ -11,21 +11,14 @@
 
 namespace zorva {
 
-/// What goes on behind the title.
-struct WorkBehind {
-    std::function<void()> begin;  ///< called once when it is on the screen, at the latest when it goes
-    std::function<bool()>
-        isDone;  ///< asked again and again; until then the title neither scrolls nor goes
-};
-
-/// The title at the start. It scrolls through its window twice and goes; any key or click ends it.
-/// The program's other work goes on meanwhile, between its steps.
+/// The title at the start. It scrolls through its window twice, in six seconds, and closes; any key or
+/// click ends it. Other events are handled between its steps.
 class careta : public BoardDialog {
 public:
-    careta(QWidget* parent, const Services& services, WorkBehind work = {});
+    /// `openBoard` is called once, when the title is on the screen. It may take some tenths of a second:
+    /// the title stands still meanwhile.
+    careta(QWidget* parent, const Services& services, std::function<void()> openBoard);
 
-    /// Whether it was on the screen, and the work behind it was begun.
-    bool HasAppeared() const { return clock_.isValid(); }
     const TitleScroll& Scroll() const { return scroll_; }
 
 protected:
@@ -40,24 +33,22 @@ private:
     void MakeSteps();
     void Begin();
     void Stop();
-    bool IsWorkDone() const;
     bool EndsTitle(QObject* watched, QEvent* event);
     void DrawTitle();
     const QPixmap& Ground();
 
-    WorkBehind work_;
-    std::optional<TitleArtwork> logo_;  // drawn when the work is done
+    std::function<void()> openBoard_;
+    std::optional<TitleArtwork> logo_;  // drawn when the board is open
     TitleScroll scroll_;
     StepClock steps_;
-    QElapsedTimer clock_;
+    QElapsedTimer clock_;  // runs since the board is open
     QTimer timer_;
     QWidget* area_;  // Pic_Careta
     QPixmap ground_;
     bool wasPainted_ = false;
-    bool wasActivated_ = false;
 };
 
-/// Shows the title and returns when it has gone.
-void ShowSplash(QWidget* parent, const Services& services, const WorkBehind& work);
+/// Shows the title, calls `openBoard` when it is on the screen, and returns when it has gone.
+void ShowSplash(QWidget* parent, const Services& services, const std::function<void()>& openBoard);
 
 }  // namespace zorva

@@ -4,7 +4,6 @@
 
 #include <QElapsedTimer>
 #include <QTimer>
-#include <QWidget>
 #include <algorithm>
 #include <ctime>
 #include <vector>
@@ -39,11 +38,6 @@ double Waited(double milliseconds, const Pacer::Frame& frame = {}) {
     return static_cast<double>(clock.nsecsElapsed()) / 1e6;
 }
 
-/// Processor time this program has used, in milliseconds.
-double ProcessorTime() {
-    return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC;
-}
-
 // A machine that is busy may wake us late, never early.
 TEST(Pacer, WaitsAsLongAsAsked) {
     for (const double milliseconds : {20.0, 120.0, 300.0}) {
@@ -60,9 +54,9 @@ TEST(Pacer, WaitsAsLongAsAsked) {
 
 TEST(Pacer, ShowsFramesUpToTheLastAndLeavesTheProcessorAlone) {
     std::vector<double> frames;
-    const double before = ProcessorTime();
+    const std::clock_t before = std::clock();
     Waited(320, [&](double progress) { frames.push_back(progress); });
-    EXPECT_LT(ProcessorTime() - before, 60);
+    EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 16) << "a fifth of the wait";
     ASSERT_GE(frames.size(), 2u);
     EXPECT_LE(frames.size(), 25u);
     EXPECT_TRUE(std::is_sorted(frames.begin(), frames.end()));
@@ -70,31 +64,14 @@ TEST(Pacer, ShowsFramesUpToTheLastAndLeavesTheProcessorAlone) {
     EXPECT_EQ(frames.back(), 1);
 }
 
-class PaintedWidget : public QWidget {
-public:
-    int paintings = 0;
-
-protected:
-    void paintEvent(QPaintEvent*) override { ++paintings; }
-};
-
-TEST(Pacer, KeepsWindowsPaintedAndTimersRunningAndWaitsWithinAWait) {
-    PaintedWidget window;
-    window.show();
-    Waited(100);
-    const int before = window.paintings;
+TEST(Pacer, LetsTimersRunAndWaitsWithinAWait) {
     bool inner = false;
     QTimer::singleShot(10, [&] {
         Pacer{}.Wait(150);
         inner = true;
     });
-    const auto draw = [&](double progress) {
-        EXPECT_LE(progress, 1);
-        window.update();
-    };
-    EXPECT_GE(Waited(40, draw), 38);
+    EXPECT_GE(Waited(40), 38);
     EXPECT_TRUE(inner);
-    EXPECT_GT(window.paintings, before);
 }
 
 TEST(Pacer, PutsWishesOffUntilTheWaitIsOver) {

@@ -1,0 +1,96 @@
+#include "app/Background.h"
+
+#include <QPainter>
+#include <QRegion>
+#include <QThreadPool>
+#include <algorithm>
+#include <utility>
+
+#include "app/Artwork.h"
+#include "app/Layout.h"
+#include "app/Palette.h"
+#include "app/PanelPainter.h"
+
+namespace zorva {
+namespace {
+
+// The drawing "board" in its own units: a frame around squares of 33.
+constexpr double boardDrawingSide = 725;
+constexpr double boardFrame = 16;
+constexpr double boardCell = 33;
+// "board_shadow" reaches this far beyond the frame, in the same units.
+constexpr double shadowAround = 32;
+
+// The squares begin where the layout puts them; the frame lies around them.
+QRectF BoardWithFrame(const Layout& layout) {
+    const double unit = layout.Cell / boardCell * layout.Unit;
+    const QPointF squares(layout.DeviceLeft + layout.Margin * layout.Unit,
+                          layout.DeviceTop + layout.Margin * layout.Unit);
+    return {squares - QPointF(boardFrame, boardFrame) * unit,
+            QSizeF(boardDrawingSide, boardDrawingSide) * unit};
+}
+
+// The table top covers the screen, whatever its shape: what is too much is cut off.
+QRectF TableTop(const QRectF& screen) {
+    const double scale = std::max(screen.width() / 1920, screen.height() / 1080);
+    QRectF surface(0, 0, 1920 * scale, 1080 * scale);
+    surface.moveCenter(screen.center());
+    return surface;
+}
+
+// Without the outer half of the frame: its corners are round and its edge is not opaque.
+QRect HiddenByBoard(const QRectF& board) {
+    const double edge = boardFrame / 2 * board.width() / boardDrawingSide;
+    return board.adjusted(edge, edge, -edge, -edge).toAlignedRect();
+}
+
+// Only where neither the board nor the panel hides it, which halves the time. Each visible area is
+// painted in an image of its own: a painter's clip would leave out the other pixels but not the work
+// for them (Qt 6.4).
+void PaintTable(QImage& image, Artwork& artwork, const Layout& layout) {
+    const QRectF board = BoardWithFrame(layout);
+    const double around = shadowAround * board.width() / boardDrawingSide;
+    for (const QRect& area : QRegion(image.rect()) - HiddenByBoard(board) - HiddenByPanel(layout)) {
+        QImage part = image.copy(area);
+        QPainter painter(&part);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(-area.topLeft());
+        artwork.Paint(painter, "surface", TableTop(image.rect()));
+        artwork.Paint(painter, "board_shadow", board.adjusted(-around, -around, around, around));
+        painter.end();
+        QPainter(&image).drawImage(area.topLeft(), part);
+    }
+}
+
+// All of it by one thread of the pool: in any other thread Qt (6.4) hands each area of more than 95
+// lines to the pool in parts and waits for them, which takes longer than the painting.
+void Paint(QImage& image, const Layout& layout) {
+    Artwork artwork;
+    image.fill(palette::DarkWood);  // shows through where two planks meet between pixels
+    PaintTable(image, artwork, layout);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintInstrumentPanel(painter, artwork, layout);
+    artwork.Paint(painter, "board", BoardWithFrame(layout));
+}
+
+}  // namespace
+
+Background::~Background() {
+    QThreadPool::globalInstance()->waitForDone();
+}
+
+void Background::Begin(const Layout& layout, QSize devicePixels) {
+    QThreadPool* pool = QThreadPool::globalInstance();
+    pool->waitForDone();
+    image_ = QImage(devicePixels, QImage::Format_RGB32);
+    if (!image_.isNull()) pool->start([this, layout] { Paint(image_, layout); });
+}
+
+QPixmap Background::Take(const Layout& layout, QSize devicePixels) {
+    if (image_.size() != devicePixels) Begin(layout, devicePixels);
+    QThreadPool::globalInstance()->waitForDone();
+    return QPixmap::fromImage(std::exchange(image_, {}));
+}
+
+}  // namespace zorva

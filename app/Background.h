@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QImage>
+#include <QPixmap>
+#include <QSize>
+
+namespace zorva {
+
+struct Layout;
+
+/// What never changes while the window keeps its size: the table, the empty board and the panel with
+/// the recorder. It is the program's largest drawing, a tenth of a second at 1920x1080, and painted in
+/// a thread of Qt's pool so that the title can open meanwhile.
+class Background {
+public:
+    Background() = default;
+    ~Background();
+    Background(const Background&) = delete;
+    Background& operator=(const Background&) = delete;
+
+    /// Begins to paint it for a window of that many device pixels.
+    void Begin(const Layout& layout, QSize devicePixels);
+
+    /// The pixmap for a window of that many device pixels, opaque. Waits for the image that was begun
+    /// in that size, or paints one now. Null when there is no memory for it.
+    QPixmap Take(const Layout& layout, QSize devicePixels);
+
+private:
+    QImage image_;  // written by the other thread until the pool is done
+};
+
+}  // namespace zorva
