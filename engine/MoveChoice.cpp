@@ -19,9 +19,19 @@ MoveChoice HighestOut(const Side& side) {
     return {piece, 0};
 }
 
+// The pieces that share their step with one of a lower number. Both have the same moves and scores, and
+// the lower number is moved.
+unsigned Doubles(const Side& side) {
+    const unsigned a = side.StepOf(0), b = side.StepOf(1), c = side.StepOf(2), d = side.StepOf(3);
+    const unsigned second = b == a;
+    const unsigned third = (c == a) | (c == b);
+    const unsigned fourth = (d == a) | (d == b) | (d == c);
+    return second << 1 | third << 2 | fourth << 3;
+}
+
 MoveChoice BestMove(const Position& position, const GameRules& rules, Seat seat, unsigned count) {
     const SeatView view(position, seat);
-    const unsigned movable = view.MovablePieces(count);
+    const unsigned movable = view.MovablePieces(count) & ~Doubles(position.SideOf(seat));
     if (movable == 0) return {};
     // A single one is taken whatever its score.
     const bool isSingle = (movable & (movable - 1)) == 0;

@@ -46,7 +46,7 @@ private:
     TrackSet closedSteps_;   // where no move may end: full squares, and all that lies past the goal
 };
 
-// In the header, to be inlined: a decision makes a view and reads it at once (3 %).
+// In the header, to be inlined: a decision makes a view and reads it at once (2 %).
 
 template <unsigned Turns>
 void SeatView::AddRival(RingSet& mixed) {

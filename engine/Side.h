@@ -28,7 +28,7 @@ private:
 };
 
 /// Where the four pieces of a seat stand, in its own steps, and what follows from it. Every move keeps
-/// all of it up to date. Aligned to cache lines, one of which holds the threats (2 %).
+/// all of it up to date. Aligned to cache lines, one of which holds the threats (1 %).
 class alignas(64) Side {
 public:
     /// All pieces in the box. `sixValue` is what a six counts with none there: 7 or 12.

@@ -18,7 +18,7 @@ namespace {
 /// Random games to take positions from, some 2,700 positions each; ZORVA_ENGINE_GAMES asks for more.
 std::uint64_t GamesToPlay() {
     const char* wanted = std::getenv("ZORVA_ENGINE_GAMES");
-    return wanted ? std::strtoull(wanted, nullptr, 10) : 1000;
+    return wanted ? std::strtoull(wanted, nullptr, 10) : 800;
 }
 
 /// To the last bit, since decisions compare scores that are almost equal; 0 and -0 are one.
