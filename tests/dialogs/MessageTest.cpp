@@ -34,8 +34,10 @@ const Text texts[] = {
     {"Se va a tirar el dado para elegir el jugador que comienza la partida. Pulse Aceptar para comenzar "
      "el sorteo o  Cancelar\nsi desea cambiar algún parámetro  antes  de  comenzar  la partida.",
      4},
-    {"/media/disco/una/carpeta/con/un/nombre/que/no/se/puede/partir/por/ninguna/parte/y/que/sigue", 0},
-    {"Una línea que no cabe en una sola línea de la ventana, por poco que sea.", 1},
+    {"/media/unacarpetaconunnombrequenosepuedepartirporningunapartesinqueloparezcayquesiguetodavía", 0},
+    {"Una línea que no cabe en una sola línea de la ventana, por mucho que se intente, porque tiene más "
+     "letras de las previstas.",
+     1},
 };
 
 /// Checks that the label's text lies within it, and that its rim shows no ink.
@@ -50,6 +52,7 @@ void ExpectWhole(const QWidget& label) {
 }
 
 TEST_F(MessageTest, NoTextIsEverClipped) {
+    EXPECT_EQ(WrappedText("1\n2", MessageWidth, {}).LineCount(), 2);
     for (const QSize size : ScreenSizes) {
         UseScreen(size);
         for (const Text& row : texts) {
@@ -59,6 +62,8 @@ TEST_F(MessageTest, NoTextIsEverClipped) {
             Show(window);
             ExpectWhole(*Control(window, "Tex_Titulo"));
             ExpectWhole(*Control(window, "Tex_Mensaje"));
+            const MessageFit fit = FitMessage(row.text, lineCount);
+            EXPECT_EQ(WrappedText(row.text, MessageWidth - 8, fit.style).LineCount(), fit.lineCount);
             EXPECT_EQ(Control<QLabel>(window, "Tex_Mensaje")->text(), row.text) << "with all its blanks";
         }
     }

@@ -81,9 +81,11 @@ TEST_F(PersonalTest, EveryOptionIsFlippedByMouseByKeyAndByScreenReader) {
     for (const QSize size : {QSize(640, 480), QSize(3840, 2160)}) {
         UseScreen(size);
         Open();
+        std::set<Short*> fields;
         for (const OptionRow& row : AllOptions()) {
             SCOPED_TRACE(NameOf(row.option, row.player).toStdString());
             GoToPageOf(row);
+            EXPECT_TRUE(fields.insert(&OptionField(settings, row.option, row.player)).second);
             const Settings before = settings;
             QWidget* stop = Find(row.option, row.player);
             QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(stop);
@@ -103,6 +105,8 @@ TEST_F(PersonalTest, EveryOptionIsFlippedByMouseByKeyAndByScreenReader) {
             }
             QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", true);
             QApplication::sendEvent(stop, &held);
+            QTest::mouseClick(stop->parentWidget(), Qt::RightButton, {},
+                              stop->pos() + InLogical({18, 29}));
             EXPECT_EQ(applied, 6);
             EXPECT_EQ(settings, before) << "six times flipped";
         }

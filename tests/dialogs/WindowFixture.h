@@ -42,7 +42,7 @@ protected:
         return dynamic_cast<Kind*>(Control(window, name));
     }
 
-    /// Presses and releases the mouse at a point of a control, in pixels of the layout.
+    /// Presses and releases the mouse at a point of a control, in layout pixels.
     void ClickAt(QWidget* control, QPointF point) const;
     QPoint InLogical(QPointF point) const;
 
