@@ -6,6 +6,7 @@ environment variable ZORVA32 names the program, ZORVA_PICTURES the folder for a 
 each failure.
 """
 
+import contextlib
 import functools
 import os
 import shutil
@@ -168,9 +169,10 @@ class WindowTest(unittest.TestCase):
             time.sleep(POLL)
         return answer
 
-    def comes_before_rest(self, condition):
+    def comes_before_rest(self, condition, rest=REST):
         """Whether the condition holds before the program, the screen and the window manager come to rest. They
-        rest when all of them sleep and have done nothing for a while; a machine under load takes its time."""
+        rest when all of them sleep and have done nothing for `rest` seconds; a machine under load takes its time.
+        Below full speed the game's own pauses may be longer than REST."""
         seen, since, end = None, 0, time.monotonic() + PATIENCE
         while not condition():
             now = time.monotonic()
@@ -178,15 +180,22 @@ class WindowTest(unittest.TestCase):
                     (self.program.process, self.display.screen_process, self.display.manager_process)]
             if work != seen or None in work:
                 seen, since = work, now
-            elif now - since > REST:
+            elif now - since > rest:
                 return False
             self.assertLess(now, end, "the program never rests")
             time.sleep(POLL)
         return True
 
-    def settle(self):
+    def settle(self, rest=REST):
         """Waits until the program has done all that it was asked to do."""
-        self.comes_before_rest(lambda: False)
+        self.comes_before_rest(lambda: False, rest)
+
+    @contextlib.contextmanager
+    def held(self):
+        """Stops the program, which gets all that happens in between at once when it goes on."""
+        self.program.process.send_signal(signal.SIGSTOP)
+        yield
+        self.program.process.send_signal(signal.SIGCONT)
 
     def advances(self, act):
         """Does something and says whether the game went on by it."""

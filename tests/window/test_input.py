@@ -163,25 +163,29 @@ class ShiftingByHand(BoardTest):
 class Queueing(BoardTest):
     def test_a_click_during_a_walk_is_not_lost(self):
         self.begin(APART, speed=50)
+        longest_pause = 0.5
+        self.settle(longest_pause)
         still = self.settled_picture()
         self.click_board()
         self.wait_until(lambda: not self.display.picture().same_as(still), "the throw")
-        self.click_board()
-        self.assertEqual(self.game().moves, self.before.moves, "the first walk was over already")
+        with self.held():
+            self.click_board()
+            self.assertEqual(self.game().moves, self.before.moves, "the first walk was over already")
         self.wait_for_moves(self.before.moves + 2)
-        self.settle()
+        self.settle(longest_pause)
         self.assertEqual(self.game().moves, self.before.moves + 2, "a third throw without a click")
 
     def test_input_before_a_message_does_not_answer_it(self):
         self.begin(APART, speed=0)
-        self.display.key("F2", "space", "Return")
+        with self.held():
+            self.display.key("F2", "space", "Return")
         window = self.wait_for_message(ABANDON_TITLE)
         self.settle()
         self.assertEqual(self.title(), ABANDON_TITLE, "answered by an earlier key")
         self.answer(ABANDON_TITLE, "no")
-        point = self.layout.device(self.layout.button("new game"))
-        self.display.act("mousemove %d %d" % point, "click 1",
-                         "mousemove %d %d" % message_button(window, "yes"), "click 1")
+        with self.held():
+            self.click_button("new game")
+            self.display.click(*message_button(window, "yes"))
         self.wait_for_message(ABANDON_TITLE)
         self.settle()
         self.assertEqual(self.title(), ABANDON_TITLE, "answered by an earlier click")
