@@ -14,7 +14,8 @@ bool StandsInSlot(const GameState& state, Square square, Short slot) {
     if (code == 0 || ColourOf(code) < 1 || ColourOf(code) > ColourCount) return false;
     if (PieceOf(code) < 1 || PieceOf(code) > PiecesPerColour) return false;
     const auto& occupants = state.SquareOccupants[square];
-    const bool first = std::find(occupants.begin() + 1, occupants.begin() + slot, code) == occupants.begin() + slot;
+    const bool first =
+        std::find(occupants.begin() + 1, occupants.begin() + slot, code) == occupants.begin() + slot;
     return first && state.PositionOf(code) == square;
 }
 

@@ -1,5 +1,5 @@
-// How long the frames of a walk take on a real screen: from the moment a frame begins until its image has
-// been handed to the window system. Start it on a screen of the size in question:
+// How long the frames of a walk take on a real screen: from the moment a frame begins until its image
+// has been handed to the window system. Start it on a screen of the size in question:
 //
 //     xvfb-run -s "-screen 0 3840x2160x24" zorva-frames [walks]
 
