@@ -42,7 +42,7 @@ public:
     }
 
 protected:
-    // In pixels of the layout.
+    // In layout pixels.
     virtual QRectF Area() const = 0;
 
     QRectF AroundPoint(Point at, double side) const {
@@ -141,7 +141,7 @@ private:
     Square square_;
 };
 
-// The line that says what happens; its name is the latest news.
+// The line that says what happens: its name is the latest news.
 class NewsPart : public BoardPart {
 public:
     using BoardPart::BoardPart;
@@ -196,7 +196,7 @@ public:
 
 private:
     int Controls() const { return QAccessibleWidget::childCount(); }
-    // The register owns the parts; they go with the board.
+    // Qt's register owns the parts; the board deletes them there.
     void Add(std::unique_ptr<BoardPart> part) {
         parts_.push_back(QAccessible::registerAccessibleInterface(part.release()));
     }

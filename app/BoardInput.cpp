@@ -56,7 +56,7 @@ PieceCode BoardInput::DraggablePieceAt(Point at) const {
     return 0;
 }
 
-// -1 where the dragged piece has nothing to look for.
+// The square or the piece's own box (0) at a point; -1 where the piece cannot be dropped at all.
 Square BoardInput::DropSquareAt(Point at) const {
     const BoardSpot spot = SpotAt(mesa_.Shared().layout, at);
     if (spot.square != 0) return spot.square;
@@ -116,7 +116,7 @@ void BoardInput::Throw() {
     state_.WaitingForThrow = No;
 }
 
-// Under the cursor a piece shows where it would go.
+// Shows where a piece would go; 0 shows none.
 void BoardInput::Preview(Short piece) {
     if (piece == previewed_) return;
     previewed_ = piece;

@@ -12,30 +12,39 @@ namespace zorva {
 
 class Mesa;
 
-/// What the mouse and the keyboard do on the board itself. The handlers translate and hand over: they
-/// fill the fields the turn driver waits for and clear its flag last.
+/// What the mouse and the keyboard do on the board itself. A handler looks what the turn driver waits
+/// for, fills the fields of the move and clears the driver's flag last (WaitingForThrow or
+/// WaitingForMove); the driver then goes on. While the recorder is on, the board takes no clicks. Points
+/// are layout pixels.
 class BoardInput {
 public:
     BoardInput(GameState& state, const Settings& settings, const RecorderState& recorder, Mesa& mesa);
 
-    // The mouse, at a point of the layout. A click acts when the button is released.
+    // The mouse. A click acts when the button is released: it throws, picks a piece of the person on
+    // turn, or, with the right button while a throw is awaited, switches manual mode on and off. In
+    // manual mode a press drags a piece and a release drops it.
     void Press(Point at, Qt::MouseButton button);
     void Move(Point at);
     void Release(Point at);
 
     bool IsDragging() const { return dragged_ != 0; }
-    /// A dragged piece is let go where it came from.
+    /// Lets a dragged piece glide back to where it stood; nothing when none is dragged.
     void CancelDrag();
 
-    /// A key that produces a character, Escape or Enter: hides the window, throws, or accepts a move.
+    /// A key that produces a character, Escape or Enter. Escape and Q minimise the window. Otherwise a
+    /// key throws, leaves manual mode or takes the advised move; Enter takes the marked piece if there
+    /// is one. Without a game the new-game button glows.
     void PlainKey(const QKeyEvent& key);
-    /// Marks the next movable piece of the person on turn, or the one before.
+    /// Marks the next movable piece of the person on turn (direction 1) or the one before (-1), and
+    /// shows where it would go. Nothing while no move of a person is awaited.
     void MarkNext(int direction);
 
-    /// The cursor that belongs to that point now.
+    /// The cursor for that point as the game stands: a die while a throw is awaited, a hand on a piece
+    /// that may be picked or dragged, an open or refusing hand during a drag, else the arrow.
     QCursor CursorAt(Point at) const;
 
-    /// Shows what can be picked now; call when a wait begins or ends.
+    /// Rings the pieces that can be picked now and forgets the marked one. Must be called when a wait
+    /// begins or ends.
     void ShowWhatCanBePicked();
 
 private:
@@ -65,7 +74,7 @@ private:
     const RecorderState& recorder_;
     Mesa& mesa_;
     Qt::MouseButton PressedButton = Qt::NoButton;
-    PieceCode dragged_ = 0;  // in manual mode
+    PieceCode dragged_ = 0;  // the piece that is dragged in manual mode, 0 when none
     Short previewed_ = 0;    // piece under the cursor
     Short marked_ = 0;       // piece marked by the keyboard
 };

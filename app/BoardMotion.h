@@ -6,27 +6,28 @@
 
 namespace zorva {
 
-/// A piece on its way between two places. Places and heights are pixels of the layout.
+/// A piece on its way between two places. Places and heights are layout pixels; progress runs from 0
+/// to 1.
 struct PieceMotion {
     PieceCode piece = 0;
     QPointF from;
     QPointF to;
-    double rise = 0;  ///< height in the middle of the way
-    double drop = 0;  ///< height at the beginning, from which it falls
+    double rise = 0;  ///< height halfway, 0 at both ends
+    double drop = 0;  ///< height at the beginning, from which the piece falls
 
     QPointF PlaceAt(double progress) const;
     double HeightAt(double progress) const;
 
-    /// A hop: light from square to square, in a high arc over a long way. A piece that comes home
-    /// jumps for joy.
+    /// A hop: a third of the piece's size high from square to square, higher over a longer distance, up
+    /// to 2.4 sizes. A piece that comes home leaps higher.
     static PieceMotion Hop(PieceCode piece, QPointF from, QPointF to, double pieceSize, bool comesHome);
-    /// Along the board, without leaving it.
+    /// A slide on the board, without any height.
     static PieceMotion Slide(PieceCode piece, QPointF from, QPointF to);
-    /// Down onto a place from above.
+    /// A fall onto a place from 1.2 sizes of the piece above it.
     static PieceMotion Drop(PieceCode piece, QPointF at, double pieceSize);
 };
 
-/// A die between two of the faces that roll by.
+/// A die between the poses of two faces that roll by.
 struct DieMotion {
     Colour colour = 0;
     BoardView::DiePose from;
@@ -34,11 +35,12 @@ struct DieMotion {
 
     BoardView::DiePose PoseAt(double progress) const;
 
-    /// How the die lies when that face of a throw comes up, the first being 1: it is thrown in from
-    /// above, jumps about the tray lower and lower, and comes to rest upright with the last.
+    /// The pose in which the `roll`-th face of a throw comes up, counted from 1: the die comes in from
+    /// above, jumps about the tray lower and lower, and from the tenth face on lies at rest, upright in
+    /// the middle.
     static BoardView::DiePose PoseOfRoll(int roll);
 
-    /// How the die lies that waits to be thrown.
+    /// The pose of a die that waits to be thrown: askew, as no throw ends.
     static BoardView::DiePose PoseOfReady();
 };
 

@@ -6,19 +6,20 @@
 
 namespace zorva {
 
-// The board in words, for those who hear it.
+// The board in Spanish words, for screen readers. Names of pieces and squares are those of the manual.
 
-/// The player of a colour: the name, and the colour too where the name does not say it.
+/// The player of a colour: the name, with the colour behind it when the name is another: "Ana (Rojo)".
 QString PlayerText(const Settings& settings, Colour colour);
 /// A piece and where it is: "Ficha 2 de Ana (Rojo), casilla 39".
 QString PieceText(const GameState& state, const Settings& settings, PieceCode code);
-/// A square and who stands on it: "Casilla 12, seguro: ficha 1 de Azul".
+/// A square 1..100 and the pieces on it: "Casilla 12, segura: ficha 1 de Azul".
 QString SquareText(const GameState& state, const Settings& settings, Square square);
-/// A colour's die and what it shows: "Dado de Verde: 5".
+/// A colour's die and what it shows: "Dado de Verde: 5". Face 0 is an empty tray; a die that is `ready`
+/// waits to be thrown.
 QString DieText(const Settings& settings, Colour colour, Short face, bool ready);
-/// What a move did, in a sentence.
+/// What a move did: "Verde cuenta 5 con la ficha 1: casilla 61".
 QString MoveText(const Settings& settings, const MoveRecord& record);
-/// Whose turn it is and what is awaited.
+/// Whose turn it is and what is awaited: "Turno de Verde: puede tirar el dado".
 QString TurnText(const GameState& state, const Settings& settings);
 
 }  // namespace zorva

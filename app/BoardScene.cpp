@@ -47,7 +47,7 @@ QPointF BoardScene::PlaceOf(PieceCode piece) const {
     return AsPointF(PlaceOfPiece(layout_, state_, piece));
 }
 
-// Where a piece touches the ground on its walk: beside whoever stands there, as it would stay.
+// Where a piece touches the ground on its walk: beside the pieces that stand there.
 QPointF BoardScene::PlaceOnStep(PieceCode piece, Square square) const {
     if (square == 0) return AsPointF(layout_.BoxPosition(ColourOf(piece), PieceOf(piece)));
     return AsPointF(FreePlaceOn(layout_, state_, square));
@@ -109,7 +109,7 @@ void BoardScene::StartStep(PieceCode piece, Square from, Square to) {
         PieceMotion::Hop(piece, start, PlaceOnStep(piece, to), layout_.PieceSize, comesHome));
     if (to == 0) StartPulse(start, 1.1 * layout_.Cell);
     view_.counted = from == 0 || to == 0 ? Short{0} : ToShort(view_.counted + 1);
-    // The dot that was reached is gone; it may show beside the piece.
+    // The dot of the square that was left disappears; part of it shows beside the piece.
     if (view_.counted != 0) {
         Repaint(painter_.PieceArea(AsPointF(layout_.SquarePosition(from))) | AreaOf(piece));
     }
@@ -134,7 +134,6 @@ void BoardScene::StartGlideBack(PieceCode piece) {
     motions_.push_back(PieceMotion::Slide(piece, view_.at[piece], PlaceOf(piece)));
 }
 
-// A piece that was not on the board yet falls into its place during the next wait.
 void BoardScene::PutDown(PieceCode piece) {
     ShowStep(1);
     const QRect area = AreaOf(piece);
@@ -206,7 +205,7 @@ void BoardScene::ShowTurn(Colour colour, Short bonusDue) {
     view_.onTurn = colour;
     view_.bonusDue = bonusDue;
     if (bonusDue != 0) view_.dieFace[colour] = 0;
-    // All houses but that of the colour on turn lie in the shade; without a turn none does.
+    // During a turn all other houses lie in the shade; without a turn none does.
     if ((before == 0) != (colour == 0)) {
         RepaintHouses();
     } else {
@@ -223,7 +222,7 @@ void BoardScene::RepaintPiece(PieceCode piece) {
     if (piece != 0) Repaint(AreaOf(piece));
 }
 
-// Where a move ends: on the piece that it captures, else where there is room.
+// A move ends on the piece that it captures, else beside the pieces that stand there.
 QPointF BoardScene::EndOf(const BoardView::ShownMove& move) const {
     if (move.to == 0) return {};
     const PieceCode prey = CapturableOn(state_, ColourOf(move.piece), move.to);

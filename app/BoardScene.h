@@ -12,11 +12,14 @@
 
 namespace zorva {
 
-/// The board as it is seen: knows what of it changes when something happens in the game, paints that
-/// much of it, and tells the window which part to show anew.
+/// The board as the players see it. Each call says what happens in the game; the scene changes its
+/// BoardView, repaints the part of the board that looks different, and reports that part to the window.
+///
+/// Movements take no time here: Lift, StartStep, ShowDie and PutDown begin them, and the caller moves
+/// them on with ShowStep during its next wait. Only the ring of light runs on a timer of its own.
 class BoardScene {
 public:
-    /// Called with the device pixels that have been painted anew.
+    /// Called with a rectangle of the window, in device pixels, that has been repainted.
     using Changed = std::function<void(const QRect& device)>;
 
     BoardScene(const GameState& state, const Settings& settings, Artwork& artwork, Changed changed);
@@ -27,36 +30,51 @@ public:
     const QPixmap& Picture() const { return painter_.Picture(); }
     const BoardView& View() const { return view_; }
 
-    // Pieces. A walk is a chain of StartStep and ShowStep(0..1).
+    // Pieces. A walk is a chain of StartStep and ShowStep from 0 to 1.
     /// Takes the pieces, the dice and the light away: a new game begins.
     void Clear();
+    /// Draws the piece above all others from now on. The pieces beside it begin to close up.
     void Lift(PieceCode piece);
+    /// Begins the hop of a lifted piece to a square, 0 being its box; the squares walked are counted
+    /// beside it. The way into the box begins with a ring of light.
     void StartStep(PieceCode piece, Square from, Square to);
+    /// Shows all movements at that part of their way, 0 to 1. At 1 they are over.
     void ShowStep(double progress);
-    /// Whether pieces are on their way: the next wait is to show it.
+    /// Whether something moves, so that the next wait has frames to show.
     bool HasMotion() const { return !motions_.empty() || !dieMotions_.empty(); }
+    /// Ends all movements and puts the piece where the game's tables have it. A piece that was not on
+    /// the board yet falls into place by ShowStep. On its goal it gets a ring of light.
     void PutDown(PieceCode piece);
-    /// The piece hangs on the cursor.
+    /// Lifts the piece, if it stands, and moves it with the cursor, a point in layout pixels.
     void Drag(PieceCode piece, QPointF at);
-    /// A dragged piece goes back to where it stands, by ShowStep.
+    /// Begins the way of a dragged piece back to where it stands.
     void StartGlideBack(PieceCode piece);
 
     // Dice, turn and marks.
+    /// Shows a face 1..6 in the colour's tray, or empties it with 0. A die that is ready lies askew;
+    /// each face that rolls by moves it on; thrown or at rest it lies upright in the middle.
     void ShowDie(Colour colour, Short face, DieIs how);
     void ClearDice();
     /// Lights the house of that colour, 0 for none, and shows a bonus of 10 or 20 squares in its tray.
     void ShowTurn(Colour colour, Short bonusDue);
     /// The same for a colour that has won, with a ring of light round its goal.
     void ShowWinner(Colour colour);
+    /// Marks the move that is about to be made or is advised: the squares it passes and where it ends. A
+    /// move without a piece removes the marks.
     void ShowMove(const BoardView::ShownMove& move);
+    /// Marks where the piece under the cursor would go, in place of the marks of ShowMove.
     void ShowPreview(const BoardView::ShownMove& move);
+    /// Rings the pieces that a person may pick.
     void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
+    /// Rings the piece that the keyboard has marked more strongly; 0 marks none.
     void ShowMarked(PieceCode piece);
+    /// Shows or removes the banner "Modo manual".
     void ShowManualMode(bool on);
 
-    /// Writes the players' names anew.
+    /// Repaints all houses: the players' names or who takes part have changed.
     void RepaintHouses();
-    /// Puts everything where the tables say and paints the whole board.
+    /// Puts every piece where the game's tables have it, ends all movements and repaints the whole
+    /// board.
     void Refresh();
 
 private:
@@ -84,7 +102,7 @@ private:
     std::vector<PieceMotion> motions_;
     std::vector<DieMotion> dieMotions_;
     PerColour<int> rolls_{};
-    QVariantAnimation pulse_;  // goes on beside the game, which does not wait for it
+    QVariantAnimation pulse_;  // drives the ring of light; the game does not wait for it
 };
 
 }  // namespace zorva

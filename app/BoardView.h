@@ -6,8 +6,9 @@
 
 namespace zorva {
 
-/// What is to be seen on the board beyond the game's tables: a cache of the moment that can be
-/// thrown away and drawn again at any time.
+/// What the board shows at this moment and the game's tables do not say: where a moving piece is, how a
+/// die lies, what is marked. Nothing of it is kept; a new view is built from the game at any time.
+/// Tables by piece are indexed by piece code.
 struct BoardView {
     static constexpr int CodeCount = 45;  ///< piece codes go up to 44
 
@@ -21,7 +22,7 @@ struct BoardView {
     /// A ring of light that spreads where a piece was captured, came home or won.
     struct Pulse {
         QPointF at;
-        double reach = 0;     ///< the radius at its end, in pixels of the layout; 0 when there is none
+        double reach = 0;     ///< the radius at its end, in layout pixels; 0 when there is none
         double progress = 0;  ///< 0..1
     };
 
@@ -30,12 +31,12 @@ struct BoardView {
         PieceCode piece = 0;  ///< 0 when none is shown
         Square from = 0;
         Square to = 0;
-        QPointF place{};  ///< where it ends, in pixels of the layout
+        QPointF place{};  ///< where it ends, in layout pixels
     };
 
     std::array<bool, CodeCount> present{};   ///< pieces that have been put on the board
-    std::array<QPointF, CodeCount> at{};     ///< centres, in pixels of the layout
-    std::array<double, CodeCount> height{};  ///< above the board, in pixels of the layout
+    std::array<QPointF, CodeCount> at{};     ///< centres, in layout pixels
+    std::array<double, CodeCount> height{};  ///< above the board, in layout pixels
     PieceCode inAir = 0;                     ///< the piece that moves; drawn above all others
     Short counted = 0;                       ///< squares it has walked, written beside it; 0 writes none
 

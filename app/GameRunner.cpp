@@ -4,7 +4,7 @@
 
 namespace zorva {
 
-// The driver finds the flags cleared at its next look and returns.
+// The turn driver waits somewhere below on the stack. It finds the flags cleared and returns.
 void GameRunner::Abandon() {
     game_.state.WaitingForThrow = No;
     game_.state.WaitingForMove = No;

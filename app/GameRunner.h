@@ -6,26 +6,26 @@
 
 namespace zorva {
 
-/// Plays one game at a time and decides what comes after it. A new game that is asked for while one
-/// is being played waits until the old one's driver has come back to where it was started: a
-/// thousand new games in a row need no more stack than one.
+/// Plays one game at a time and decides what comes after it. The turn driver runs inside the call that
+/// started it, so a new game that is asked for meanwhile is only noted: it starts when the old game's
+/// driver has returned. A thousand new games in a row need no more stack than one.
 class GameRunner {
 public:
     GameRunner(GameState& state, const Settings& settings, Outside& outside)
         : game_{state, settings, outside} {}
 
-    /// What happens when the players cancel the first question to change settings.
+    /// Called when the players cancel the first question of a new game to change settings.
     std::function<void()> SettingsWanted;
-    /// What happens when a game has ended or was given up, but not when it is left to go on later.
+    /// Called when a game has ended or was given up, but not when it is left to be continued later.
     std::function<void()> GameOver;
-    /// What happens when no game is being played any more and the program is to end.
+    /// Called when Leave was asked for and no game is being played any more.
     std::function<void()> Ended;
 
-    /// Starts a new game, after the one that is being played has been given up.
+    /// Gives up the game that is being played, if any, and plays a new one.
     void StartNewGame();
-    /// Goes on with the game in the state.
+    /// Plays on the game that was read from the file.
     void Continue();
-    /// Ends the program, after the game that is being played has been left.
+    /// Leaves the game that is being played, if any, and calls Ended.
     void Leave();
 
     bool IsRunning() const { return running_; }

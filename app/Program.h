@@ -13,7 +13,8 @@
 
 namespace zorva {
 
-/// The running program: one game, its settings, the board window and what connects them.
+/// The running program: one game, its settings, the board window, and the connections between them. What
+/// a part of the program does not know of the others is joined here by function objects.
 class Program {
 public:
     /// `programFolder` is where the program lies; its files lie there too when that can be written.

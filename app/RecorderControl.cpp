@@ -89,7 +89,7 @@ void RecorderControl::StepOnce(RecorderKey key) {
     ShowKey(key, false);
 }
 
-// The key is a toggle: pressed again while it runs, during the yield, it clears the flag.
+// The key is a toggle: a second press arrives during the yield and clears the flag.
 void RecorderControl::RunAutomatic(RecorderKey key, Short& active) {
     if (active) {
         active = No;

@@ -7,7 +7,9 @@ namespace zorva {
 
 class Mesa;
 
-/// What the recorder's keys do: each checks whether it is live and does nothing when it is not.
+/// What the recorder's six keys do. A key that is not live does nothing, except that the restore key
+/// explains itself while the recorder is on. An automatic replay runs inside Press and yields after each
+/// step; pressed again during that yield, its key stops it.
 class RecorderControl {
 public:
     RecorderControl(GameContext game, RecorderState& recorder, Mesa& mesa);
@@ -15,7 +17,8 @@ public:
     void Press(RecorderKey key);
     bool IsLive(RecorderKey key) const;
 
-    /// Ends a running replay, goes to the end of the tape and switches off; nothing when it is off.
+    /// Stops a replay, goes to the end of the tape and switches the recorder off; nothing when it is
+    /// off.
     void TakeTapeOut();
 
 private:

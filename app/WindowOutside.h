@@ -9,7 +9,9 @@ namespace zorva {
 class BoardScene;
 class Mesa;
 
-/// The world of a game that is played in the board window: pixels, sounds, waits and people.
+/// The world of a game that is played in the board window. Pixels go to BoardScene, sounds to the
+/// player, messages to the window, which asks them; waits run Qt's event loop without the mouse and the
+/// keyboard.
 class WindowOutside : public Outside {
 public:
     WindowOutside(Mesa& mesa, const GameState& state, const Settings& settings);
@@ -54,10 +56,12 @@ private:
     const Settings& settings_;
 };
 
-/// How long Pause (n) lasts at that speed, in milliseconds: n hundredths of a second at speed 0.
+/// How long Pause(n) lasts, in milliseconds: n hundredths of a second x (100 - speed) / 100; 0 for n
+/// below 1.
 double PauseMilliseconds(Short n, Short speed);
 
-/// How long StepDelay (n) lasts at that speed, in milliseconds: as many as n says at speed 50.
+/// How long StepDelay(n) lasts, in milliseconds: n x (100 - speed) / 50, so n milliseconds at speed 50;
+/// 0 for n below 1.
 double StepMilliseconds(Short n, Short speed);
 
 }  // namespace zorva
