@@ -12,7 +12,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "core/Chance.h"
+#include "engine/Chance.h"
 
 namespace {
 
