@@ -45,10 +45,11 @@ class Files(HostileTest):
 
     def test_whatever_lies_in_place_of_the_settings(self):
         """It is told by its number, kept under another name, and the game starts with the defaults."""
-        rows = (("nothing", lambda: None), ("a folder", self.program.ini.mkdir), ("an empty file", self.program.ini.touch),
-                ("100 megabytes", lambda: self.program.ini.write_bytes(bytes(100_000_000))))
+        ini = self.program.ini
+        rows = (("nothing", lambda: None), ("a folder", ini.mkdir), ("an empty file", ini.touch),
+                ("100 megabytes", lambda: ini.write_bytes(bytes(100_000_000))))
         for number, (name, put) in enumerate(rows):
-            self.program.ini.unlink(missing_ok=True)
+            ini.unlink(missing_ok=True)
             put()
             self.start_with_message(LOAD_TITLE)
             self.wait_for_board()

@@ -31,9 +31,9 @@ class Leaving(KeepingTest):
         for leave in self.ways_to_leave:
             self.play_moves(4)
             game = self.game()
-            for refuse in (lambda: self.answer(POSTPONE_TITLE, "no"), lambda: self.answer(POSTPONE_TITLE, key="alt+F4")):
+            for key in (None, "alt+F4"):
                 leave()
-                refuse()
+                self.answer(POSTPONE_TITLE, "no", key)
                 self.wait_for_board()
             leave()
             self.answer(POSTPONE_TITLE, "yes")

@@ -147,7 +147,7 @@ class Monkey(WindowTest):
             self.round(min(ROUND, max(1, end - time.monotonic())))
             rounds += 1
             games += b"\r\n-1," in self.program.ini.read_bytes()
-        print("%d actions in %d rounds, %d of them left in the middle of a game" % (self.done, rounds, games), flush=True)
+        print("%d actions in %d rounds, %d of them left in the middle of a game" % (self.done, rounds, games))
 
 
 if __name__ == "__main__":

@@ -42,7 +42,8 @@ class RecorderTest(WindowTest):
     def keys_down(self):
         """Which keys of the recorder are drawn otherwise than at the start of the test."""
         picture = self.display.picture()
-        parts = {key: self.part(picture, (x - 10, y - 6, 20, 12)) for key, (x, y) in zip(RECORDER_KEYS, self.layout.keys)}
+        parts = {key: self.part(picture, (x - 10, y - 6, 20, 12))
+                 for key, (x, y) in zip(RECORDER_KEYS, self.layout.keys)}
         self.up = getattr(self, "up", parts)
         return {key for key in parts if parts[key] != self.up[key]}
 
@@ -208,10 +209,10 @@ class Dice(WindowTest):
     def houses(self):
         """For each colour a spot of its house, which lies in the shade or not, and the middle of its tray, with the
         face of a die but not its edges."""
-        picture = self.settled_picture()
+        picture, spots = self.settled_picture(), zip(COLOURS, self.layout.houses, self.layout.trays)
         return {colour: (self.part(picture, (left + 8, top + height - 14, 6, 6)),
                          self.part(picture, (x + side / 5, y + side / 5, side * 3 / 5, side * 3 / 5)))
-                for colour, (left, top, _, height), (x, y, side, _) in zip(COLOURS, self.layout.houses, self.layout.trays)}
+                for colour, (left, top, _, height), (x, y, side, _) in spots}
 
     def test_dice_and_houses_look_at_each_position_as_they_did(self):
         spots = {colour: [first, first + 1] for colour, first in zip(COLOURS, (6, 23, 40, 57))}
