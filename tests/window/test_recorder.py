@@ -187,7 +187,7 @@ class Restoring(RecorderTest):
         after_restore = self.log_part()
         self.program.kill()
         self.start_again(continues=True)
-        self.assertEqual(self.log_part(), after_restore, "the log that the moves in the file give")
+        self.wait_until(lambda: self.log_part() == after_restore, "the log that the moves in the file give")
 
     def test_a_new_game_ends_the_replay(self):
         for key in ("auto back", "back"):
