@@ -121,10 +121,10 @@ void MakeMoves(benchmark::State& run) {
 
 void StepRecorder(benchmark::State& run) {
     GameState state;
-    EndlessGame game(state);
-    game.PlayUntil(static_cast<Short>(run.range(0)));
+    EndlessGame played(state);
+    played.PlayUntil(static_cast<Short>(run.range(0)));
     ++state.MoveRecordCount;  // the unfinished move, which the recorder counts
-    const GameContext game{state, game.PlayedWith(), game};
+    const GameContext game{state, played.PlayedWith(), played};
     RecorderState recorder;
     RecorderSwitchOn(game, recorder);
     const Short steps = movesAtOnce / 2;
