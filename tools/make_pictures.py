@@ -1,15 +1,17 @@
 #!/usr/bin/env python3
-"""Takes the manual's screenshots of the real program on a virtual screen.
+"""Takes the screenshots of the manual and of the README, of the real program on a virtual screen.
 
     tools/make_pictures.py PROGRAM            # PROGRAM is the built zorva32; takes all screenshots
     tools/make_pictures.py PROGRAM tablero    # takes those whose names begin with this word
 
-The screen has two pixels for each pixel of the layout, and so have the pictures. They are written to
-assets/manual/ with few colours, which keeps them small. Needs what the tests with a window need, and
-imagemagick and pngquant, and what the tests build beside the program. The dice fall the same way each time.
+For the manual the screen has two pixels for each pixel of the layout, and so have the pictures; they are
+written to assets/manual/. The README and the software catalogue show docs/board.png. All have few colours,
+which keeps them small. Needs imagemagick, pngquant and what the tests with a window need, and beside the
+program zorva-sim and what those tests build. The dice fall the same way each time.
 """
 
 import os
+import random
 import subprocess
 import sys
 import tempfile
@@ -21,7 +23,7 @@ ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tests/window"))
 
 import driver  # noqa: E402
-from inifile import COMPUTER, ON, PERSON, Settings, game_at  # noqa: E402
+from inifile import COMPUTER, ON, PERSON, Settings, game_at, to_bytes  # noqa: E402
 
 FOLDER = ROOT / "assets/manual"
 WIDEST = 440  # layout pixels; wider screenshots are scaled down to fit on a page
@@ -46,6 +48,13 @@ def history_bytes():
     return "".join(lines).encode("latin-1")
 
 
+def write_small(source, target, colours=COLOURS, *options):
+    """Writes the PNG file with few colours."""
+    subprocess.run(["pngquant", *options, "--speed", "1", "--strip", "--force", "--output", target, str(colours),
+                    source], check=True)
+    print(target.stem, target.stat().st_size)
+
+
 class Pictures(driver.WindowTest):
     screen = (2048, 1536)
 
@@ -54,7 +63,8 @@ class Pictures(driver.WindowTest):
         self.assertEqual(self.layout.unit, 2)
 
     def keep(self, name, x=0, y=0, width=None, height=None):
-        """Writes a part of the screen (in pixels of the layout) as the manual's picture of that name."""
+        """Writes a part of the screen (in pixels of the layout) as the manual's picture of that name. The cursor
+        is in the picture where it lies in that part."""
         if wanted and not name.startswith(wanted):
             return
         part = [round(2 * v) for v in (x, y, width or self.layout.width, height or self.layout.height)]
@@ -64,9 +74,7 @@ class Pictures(driver.WindowTest):
             subprocess.run(["convert", whole, "-crop", "%dx%d+%d+%d" % (part[2], part[3], part[0], part[1]),
                             "+repage", "-filter", "Lanczos", "-resize", "%dx>" % (2 * WIDEST), "-strip", cut],
                            check=True)
-            subprocess.run(["pngquant", "--speed", "1", "--strip", "--force", "--output",
-                            FOLDER / (name + ".png"), str(COLOURS), cut], check=True)
-        print(name, (FOLDER / (name + ".png")).stat().st_size)
+            write_small(cut, FOLDER / (name + ".png"))
 
     def keep_window(self, name, window):
         self.keep(name, *(value / 2 for value in window[2:]))
@@ -138,6 +146,37 @@ class Pictures(driver.WindowTest):
         self.begin()
         self.play_moves(2)
         self.open_and_keep("pregunta", "F6", driver.POSTPONE_TITLE)
+
+
+class GameInItsMiddle(driver.WindowTest):
+    """docs/board.png: a person takes over a game that computers have played so far."""
+
+    screen = (1366, 768)
+    throws = random.Random(1236).choices("123456", k=180)  # after which pieces of all colours are on all parts
+    settings = Settings(names=("Ana", "Luis", "Marta", "Pablo"), types=(PERSON, COMPUTER, COMPUTER, COMPUTER),
+                        levels=(80, 80, 80, 80), pause=ON, tutor=ON, speed=70)
+
+    def play_so_far(self):
+        start, dice = self.program.folder / "start.INI", self.program.folder / "dice.txt"
+        start.write_bytes(to_bytes(self.settings))
+        dice.write_text(" ".join(self.throws))
+        simulator = Path(os.environ["ZORVA32"]).parents[1] / "tools/zorva-sim"
+        subprocess.run([simulator, "play", "--settings", start, "--first", "1", "--dice", dice,
+                        "--save", self.program.ini], check=True, stdout=subprocess.DEVNULL)
+
+    def test_a_game_in_its_middle(self):
+        if wanted and not "board".startswith(wanted):
+            return
+        self.play_so_far()
+        self.start_again(continues=True)
+        self.click_board()
+        self.settle(rest=1)
+        with tempfile.TemporaryDirectory() as folder:
+            whole = Path(folder) / "whole.png"
+            # Leaves the cursor out, which Picture would show.
+            subprocess.run(["import", "-window", "root", whole], env=self.display.environment, check=True)
+            # With half the usual dithering: a quarter smaller, and smooth enough.
+            write_small(whole, ROOT / "docs/board.png", COLOURS, "--floyd=0.5")
 
 
 if __name__ == "__main__":
