@@ -319,5 +319,35 @@ TEST(BoardPicture, HasRoomForTheLongestNames) {
     }
 }
 
+TEST(BoardPicture, KeepsNothingOfAnotherScreen) {
+    Board board({640, 480}), fresh({1024, 768});
+    board.mesa.resize(fresh.mesa.size());
+    for (Board* each : {&board, &fresh}) {
+        each->scene.ShowTurn(2, 0);
+        each->scene.ShowDie(2, 3, DieIs::AtRest);
+    }
+    EXPECT_EQ(board.Seen(), fresh.Seen());
+    Artwork& artwork = board.mesa.Shared().artwork;
+    EXPECT_EQ(artwork.Pixmap("die_1", {20, 30}).size(), QSize(20, 30));
+    EXPECT_EQ(artwork.Pixmap("die_1", {20, 40}).size(), QSize(20, 40));
+}
+
+TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersFainter) {
+    Board board({1024, 768});
+    board.scene.Clear();
+    const QImage empty = board.Painted();
+    const auto widthOfChange = [&] { return Difference(board.Painted(), empty).width(); };
+    board.scene.PutDown(11);
+    board.scene.ShowStep(1);
+    const int lying = widthOfChange();
+    board.scene.Lift(11);
+    board.scene.StartStep(11, 0, 1);
+    board.scene.ShowStep(0.5);
+    EXPECT_GT(widthOfChange(), lying + 5);
+    board.scene.Clear();
+    board.settings.PlayerActive[3] = 2;
+    EXPECT_GT(widthOfChange(), 10) << "the name of a colour that does not play";
+}
+
 }  // namespace
 }  // namespace zorva::test

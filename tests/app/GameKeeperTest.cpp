@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "core/GameStart.h"
 #include "core/Recorder.h"
 #include "core/Turns.h"
@@ -83,26 +81,6 @@ TEST_F(KeptGame, IsWrittenAsItStoodAtTheBeginningOfTheTurn) {
     Play(60);
     EXPECT_GT(looks, 120);
     EXPECT_EQ(failures, std::vector<std::string>{});
-}
-
-TEST_F(KeptGame, IsWrittenAsTheEndOfTheTapeUntilAnEarlierPositionIsRestored) {
-    int restored = 0;
-    inTheMiddle = [&] {
-        RecorderState recorder;
-        if (restored > 20 || !CanSwitchOn(state, recorder)) return;
-        RecorderSwitchOn(AsTable(), recorder);
-        for (int steps = 0; steps < 3 && CanStepBack(state, recorder); ++steps) {
-            StepBack(AsTable(), recorder);
-            keeper.Save();
-            EXPECT_EQ(Written(), SettingsText(settings, beginning));
-        }
-        if (state.MoveRecordCount % 8 != 0) return RecorderSwitchOff(AsTable(), recorder);
-        RestorePosition(AsTable(), recorder);
-        ++restored;
-        EXPECT_EQ(Written(), SettingsText(settings, state));
-    };
-    Play(30);
-    EXPECT_GT(restored, 0);
 }
 
 TEST_F(KeptGame, IsForgottenWhenItIsOver) {

@@ -102,16 +102,6 @@ TEST_F(InTheWindow, HandsOnMessagesSoundsResultsAndPositions) {
     EXPECT_EQ(View().shown.to, 13);
 }
 
-TEST_F(InTheWindow, WaitsAsLongAsTheSpeedSays) {
-    EXPECT_DOUBLE_EQ(PauseMilliseconds(100, 50), 500);
-    EXPECT_DOUBLE_EQ(PauseMilliseconds(45, 0), 450);
-    EXPECT_DOUBLE_EQ(PauseMilliseconds(45, 100), 0);
-    EXPECT_DOUBLE_EQ(PauseMilliseconds(0, 0), 0);
-    EXPECT_DOUBLE_EQ(StepMilliseconds(80, 50), 80);
-    EXPECT_DOUBLE_EQ(StepMilliseconds(80, 0), 160);
-    EXPECT_DOUBLE_EQ(StepMilliseconds(0, 0), 0);
-}
-
 TEST_F(InTheWindow, RollsAllSixFacesAndNoOther) {
     std::set<Short> faces;
     for (int roll = 0; roll < 400; ++roll) faces.insert(outside.RollFace());
