@@ -160,7 +160,6 @@ TEST_F(OnTheBoard, TheRightButtonTurnsManualModeOnAndOff) {
 }
 
 TEST_F(OnTheBoard, APieceIsDroppedWhereItMayStandAndGlidesBackElsewhere) {
-    const Layout& layout = mesa.Shared().layout;
     constexpr Sound byHand = Sound::MoveByHand, refusal = Sound::Refusal;
     const Point ownBox = layout.House(1).Centre(), otherBox = layout.House(2).Centre();
     const struct {

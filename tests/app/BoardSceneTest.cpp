@@ -57,7 +57,6 @@ struct Board : BoardWindow {
                 static_cast<int>(layout.DeviceTop + at.y * layout.Unit)};
     }
 
-    const Layout& layout = mesa.Shared().layout;
     BoardScene& scene = mesa.Scene();
     BoardPainter fresh{mesa.Shared().artwork};
 };
@@ -92,16 +91,12 @@ TEST(BoardPicture, HasTheColourOfEachSquareAtItsCentre) {
         const Board board(screen);
         const QImage picture = board.Seen();
         for (Square square = 1; square <= LastSquare; ++square) {
-            const bool isExit = square <= LastRingSquare && square % 17 == 5;
-            const int colour = isExit                    ? square / 17 + 1
-                               : square > LastRingSquare ? (square - 69) / 8 + 1
-                                                         : 0;
-            const QRgb pixel = picture.pixel(board.Device(board.layout.SquarePosition(square)));
-            if (colour != 0) {
-                EXPECT_EQ(pixel, colours[colour]) << "square " << square;
+            const QColor is = picture.pixelColor(board.Device(board.PlaceOfSquare(square)));
+            if (square > LastRingSquare || square % 17 == 5) {
+                const int colour = square > LastRingSquare ? (square - 69) / 8 + 1 : square / 17 + 1;
+                EXPECT_EQ(is, QColor(colours[colour])) << "square " << square;
             } else {
-                EXPECT_GT(std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)}), 170)
-                    << "square " << square;
+                EXPECT_GT(std::min({is.red(), is.green(), is.blue()}), 170) << "square " << square;
             }
         }
     }
@@ -171,10 +166,6 @@ public:
 
 private:
     Short RollFace() override { return kind_.faces[chance_.Below(kind_.faces.size())]; }
-    void StepPiece(PieceCode piece, Square from, Square to) override {
-        WindowOutside::StepPiece(piece, from, to);
-        if (chance_.Below(30) == 0) Look("the beginning of a step");
-    }
     void StepDelay(Short n) override {
         LookOnTheWay();
         WindowOutside::StepDelay(n);
@@ -182,22 +173,6 @@ private:
     void Pause(Short n) override {
         LookOnTheWay();
         WindowOutside::Pause(n);
-    }
-    void PutDownPiece(PieceCode piece, Square at) override {
-        WindowOutside::PutDownPiece(piece, at);
-        if (chance_.Below(4) == 0) Look("putting down");
-    }
-    void DrawDie(Colour colour, Short face, DieIs how) override {
-        WindowOutside::DrawDie(colour, face, how);
-        if (chance_.Below(30) == 0) Look("a die");
-    }
-    void ShowChosenMove(PieceCode piece, Square from, Square to) override {
-        WindowOutside::ShowChosenMove(piece, from, to);
-        if (chance_.Below(4) == 0) Look("the chosen move");
-    }
-    void RefreshBoard(PiecesShown pieces) override {
-        WindowOutside::RefreshBoard(pieces);
-        Look("refreshing the board");
     }
     void PositionReached() override {
         if (state.MoveRecordCount > longest_) state.GameInProgress = No;
@@ -217,10 +192,9 @@ private:
     }
 
     void LookOnTheWay() {
-        if (!scene.HasMotion()) return;
         for (const double progress : {0.35, 0.8}) {
             scene.ShowStep(progress);
-            if (chance_.Below(6) == 0) Look("a frame of a walk");
+            if (chance_.Below(6) == 0) Look("a frame of a wait");
         }
     }
 

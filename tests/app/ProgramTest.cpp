@@ -32,6 +32,7 @@ protected:
         program = std::make_unique<Program>(data);
         program->Window().Ask = [this](const QString& title, auto...) {
             asked << title;
+            program->SaveNow();  // as when the session ends meanwhile
             return MessageAnswer::Accepted;
         };
         Person person([](QWidget& title) { QTest::keyClick(title.focusWidget(), Qt::Key_Escape); });
