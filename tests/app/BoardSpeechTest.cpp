@@ -44,9 +44,12 @@ TEST(BoardSpeech, SaysWhereEverythingIs) {
 
 class SpokenBoard : public testing::Test, public test::BoardWindow {
 protected:
-    SpokenBoard() : BoardWindow("1:5 0 0 0") {
+    static void SetUpTestSuite() {
         InstallBoardAccessibility();
         QAccessible::setActive(true);
+    }
+
+    SpokenBoard() : BoardWindow("1:5 0 0 0") {
         board_ = QAccessible::queryAccessibleInterface(&mesa);
     }
 
