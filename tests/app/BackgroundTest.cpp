@@ -2,12 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QPainter>
-
-#include "app/Artwork.h"
 #include "app/Layout.h"
 #include "app/Palette.h"
-#include "app/PanelPainter.h"
 
 namespace zorva::test {
 namespace {
@@ -68,28 +64,6 @@ TEST(Background, IsOfTheSizeThatIsTakenWhateverWasBegun) {
     background.Begin(layout, {});
     EXPECT_TRUE(Taken(background, {}).isNull());
     background.Begin(layout, begun);  // and nobody takes it
-}
-
-TEST(Panel, LiesUnderTheInstrumentsAndNotOnTheBoard) {
-    for (const QSize screen : {QSize(640, 480), QSize(800, 600), QSize(1280, 1024), QSize(1080, 1920)}) {
-        const Layout layout = LayoutFor(screen.width(), screen.height());
-        QImage image(screen, QImage::Format_RGB32);
-        image.fill(Qt::magenta);
-        QPainter painter(&image);
-        Artwork artwork;
-        PaintInstrumentPanel(painter, artwork, layout);
-        const auto isPainted = [&](double x, double y) {
-            const QPointF at(layout.DeviceLeft + x * layout.Unit, layout.DeviceTop + y * layout.Unit);
-            return image.pixelColor(at.toPoint()) != QColor(Qt::magenta);
-        };
-        const int squares = layout.Margin + 21 * layout.Cell;
-        for (int y = 0; y < layout.ScreenHeight; ++y) ASSERT_FALSE(isPainted(squares, y)) << y;
-        const Box &paper = layout.LogPaper, &strip = layout.Recorder;
-        for (const Box& box : {layout.Button[0], layout.Button[5], strip}) {
-            EXPECT_TRUE(isPainted(box.Centre().x, box.Centre().y)) << box.x;
-        }
-        EXPECT_TRUE(isPainted(paper.Centre().x, paper.y - 2)) << "the paper comes out of nothing";
-    }
 }
 
 }  // namespace

@@ -20,7 +20,6 @@ protected:
     }
 
     void AwaitThrow() { state.WaitingForThrow = Yes; }
-
     // Pieces 1 and 2 may be picked; the advice is to move piece 2.
     void AwaitMove() {
         state.WaitingForMove = Yes;
@@ -161,7 +160,7 @@ TEST_F(OnTheBoard, TheRightButtonTurnsManualModeOnAndOff) {
 }
 
 TEST_F(OnTheBoard, APieceIsDroppedWhereItMayStandAndGlidesBackElsewhere) {
-    const Layout& layout = mesa.Shared().layout;
+    constexpr Sound byHand = Sound::MoveByHand, refusal = Sound::Refusal;
     const Point ownBox = layout.House(1).Centre(), otherBox = layout.House(2).Centre();
     const struct {
         const char* name;
@@ -171,19 +170,14 @@ TEST_F(OnTheBoard, APieceIsDroppedWhereItMayStandAndGlidesBackElsewhere) {
         Square square;
         std::vector<Sound> heard;
     } rows[] = {
-        {"a free square", 11, PlaceOfSquare(20), true, 20, {Sound::MoveByHand, Sound::MoveByHand}},
-        {"its own box", 11, ownBox, true, 0, {Sound::MoveByHand, Sound::MoveByHand}},
-        {"another box", 11, otherBox, false, 0, {Sound::MoveByHand, Sound::Refusal}},
-        {"a full square", 11, PlaceOfSquare(60), false, 0, {Sound::MoveByHand, Sound::Refusal}},
-        {"off the board", 11, {5, 5}, false, 0, {Sound::MoveByHand, Sound::Refusal}},
-        {"where it stood", 11, PlaceOfSquare(10), false, 0, {Sound::MoveByHand, Sound::MoveByHand}},
+        {"a free square", 11, PlaceOfSquare(20), true, 20, {byHand, byHand}},
+        {"its own box", 11, ownBox, true, 0, {byHand, byHand}},
+        {"another box", 11, otherBox, false, 0, {byHand, refusal}},
+        {"a full square", 11, PlaceOfSquare(60), false, 0, {byHand, refusal}},
+        {"off the board", 11, {5, 5}, false, 0, {byHand, refusal}},
+        {"where it stood", 11, PlaceOfSquare(10), false, 0, {byHand, byHand}},
         {"a piece on its goal stays there", 13, PlaceOfSquare(20), false, 0, {}},
-        {"another colour's piece",
-         21,
-         PlaceOfSquare(45),
-         true,
-         45,
-         {Sound::MoveByHand, Sound::MoveByHand}},
+        {"another colour's piece", 21, PlaceOfSquare(45), true, 45, {byHand, byHand}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);

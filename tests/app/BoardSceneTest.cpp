@@ -2,16 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QImage>
+#include <QCoreApplication>
+#include <QScreen>
 #include <algorithm>
-#include <cmath>
 
-#include "app/Artwork.h"
-#include "app/PiecePlaces.h"
+#include "app/WindowOutside.h"
 #include "core/Board.h"
-#include "core/DecidedThrows.h"
 #include "core/GameStart.h"
-#include "tests/support/Positions.h"
+#include "tests/app/BoardWindow.h"
 #include "tests/support/RandomGame.h"
 
 namespace zorva::test {
@@ -31,33 +29,27 @@ std::vector<PieceCode> AllPieces() {
     return all;
 }
 
-/// The board of a state on a screen. `window` is what a window shows that copies what has changed.
-struct Board {
-    Board(GameState game, QSize screen)
-        : state(std::move(game)),
-          layout(LayoutFor(screen.width(), screen.height())),
-          window(screen, QImage::Format_RGB32),
-          scene(state, settings, artwork, [this](const QRect& part) { ShowAnew(part); }),
-          fresh(artwork) {
-        window.fill(Qt::magenta);
-        scene.SetScreen(layout, screen);
+/// A board window of that size, and a second painter for what its board should look like.
+struct Board : BoardWindow {
+    explicit Board(QSize screen) : BoardWindow("", screen) {
         fresh.SetScreen(layout, screen);
-    }
-
-    void ShowAnew(const QRect& part) {
-        QPainter painter(&window);
-        painter.drawPixmap(part.topLeft(), scene.Picture(), part);
-    }
-
-    void PutDownAll() {
-        for (const PieceCode code : AllPieces()) scene.PutDown(code);
         scene.ShowStep(1);
     }
 
+    /// The part of a picture where nothing hides the board.
+    QImage PartOf(const QPixmap& picture) const {
+        const int right = static_cast<int>(layout.DeviceLeft + layout.BoardExtent * layout.Unit);
+        return picture.copy(0, 0, right, mesa.height()).toImage().convertToFormat(QImage::Format_RGB32);
+    }
+    /// What the window shows, of which only what has changed is painted anew.
+    QImage Seen() const {
+        QCoreApplication::processEvents();
+        return PartOf(mesa.screen()->grabWindow(mesa.winId()));
+    }
     /// What is to be seen, painted as a whole.
     QImage Painted() {
-        fresh.Paint(scene.View(), settings, window.rect());
-        return fresh.Picture().toImage().convertToFormat(QImage::Format_RGB32);
+        fresh.Paint(View(), settings, mesa.rect());
+        return PartOf(fresh.Picture());
     }
 
     QPoint Device(Point at) const {
@@ -65,13 +57,8 @@ struct Board {
                 static_cast<int>(layout.DeviceTop + at.y * layout.Unit)};
     }
 
-    GameState state;
-    Settings settings;
-    Layout layout;
-    Artwork artwork;
-    QImage window;
-    BoardScene scene;
-    BoardPainter fresh;
+    BoardScene& scene = mesa.Scene();
+    BoardPainter fresh{mesa.Shared().artwork};
 };
 
 /// The smallest rectangle around all pixels that differ; a step or two in shade is rounding.
@@ -101,45 +88,28 @@ TEST(BoardPicture, HasTheColourOfEachSquareAtItsCentre) {
     constexpr QRgb colours[] = {0, 0xffffff00, 0xff0000ff, 0xffff0000, 0xff008000};
     for (const QSize screen : screens) {
         SCOPED_TRACE(NameOf(screen));
-        const Board board({}, screen);
+        const Board board(screen);
+        const QImage picture = board.Seen();
         for (Square square = 1; square <= LastSquare; ++square) {
-            const bool isExit = square <= LastRingSquare && square % 17 == 5;
-            const int colour = isExit                    ? square / 17 + 1
-                               : square > LastRingSquare ? (square - 69) / 8 + 1
-                                                         : 0;
-            const QRgb pixel = board.window.pixel(board.Device(board.layout.SquarePosition(square)));
-            if (colour != 0) {
-                EXPECT_EQ(pixel, colours[colour]) << "square " << square;
+            const QColor is = picture.pixelColor(board.Device(board.PlaceOfSquare(square)));
+            if (square > LastRingSquare || square % 17 == 5) {
+                const int colour = square > LastRingSquare ? (square - 69) / 8 + 1 : square / 17 + 1;
+                EXPECT_EQ(is, QColor(colours[colour])) << "square " << square;
             } else {
-                EXPECT_GT(std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)}), 170)
-                    << "square " << square;
+                EXPECT_GT(std::min({is.red(), is.green(), is.blue()}), 170) << "square " << square;
             }
         }
     }
 }
 
-/// The colour most of the lively pixels of a disc have; 0 when it is mostly as in `empty`.
-Colour ColourOfDisc(const QImage& picture, const QImage& empty, QPoint centre, double radius) {
-    PerColour<int> votes{};
-    int all = 0, different = 0;
-    const int reach = static_cast<int>(radius);
-    for (int dy = -reach; dy <= reach; ++dy) {
-        for (int dx = -reach; dx <= reach; ++dx) {
-            if (std::hypot(dx, dy) > radius) continue;
-            const QPoint at = centre + QPoint(dx, dy);
-            const QColor pixel = picture.pixelColor(at);
-            ++all;
-            different += pixel != empty.pixelColor(at);
-            if (pixel.hsvSaturation() < 110 || pixel.value() < 50) continue;
-            const int hue = pixel.hsvHue();
-            if (hue >= 35 && hue <= 70) ++votes[1];
-            if (hue >= 210 && hue <= 265) ++votes[2];
-            if (hue <= 20 || hue >= 340) ++votes[3];
-            if (hue >= 90 && hue <= 170) ++votes[4];
-        }
-    }
-    if (different < all * 0.8) return 0;
-    return static_cast<Colour>(std::max_element(votes.begin() + 1, votes.end()) - votes.begin());
+/// The colour of what stands in an area, by its mean hue; 0 where anything is as in `empty`.
+Colour ColourOfPiece(const QImage& picture, const QImage& empty, const QRect& area) {
+    const QImage piece = picture.copy(area);
+    if (Difference(piece, empty.copy(area)).size() != area.size()) return 0;
+    const QImage mean = piece.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const int hue = mean.pixelColor(0, 0).hsvHue();
+    if (hue <= 20 || hue >= 340) return 3;
+    return hue < 80 ? 1 : hue < 180 ? 4 : 2;
 }
 
 TEST(BoardPicture, ShowsEachPieceAtItsPlace) {
@@ -153,100 +123,79 @@ TEST(BoardPicture, ShowsEachPieceAtItsPlace) {
     };
     for (const QSize screen : screens) {
         SCOPED_TRACE(NameOf(screen));
-        Board board({}, screen);
-        const QImage empty = board.window;
-        const double radius = board.layout.PieceSize * 0.42 * board.layout.Unit;
+        Board board(screen);
+        board.scene.Clear();
+        const QImage empty = board.Seen();
+        const int radius = static_cast<int>(board.layout.PieceSize * 0.3 * board.layout.Unit);
         for (const char* position : positions) {
             SCOPED_TRACE(position);
             board.state = Position(position);
             board.scene.Clear();
-            board.PutDownAll();
+            for (const PieceCode code : AllPieces()) board.scene.PutDown(code);
+            board.scene.ShowStep(1);
+            const QImage picture = board.Seen();
             for (const PieceCode code : AllPieces()) {
-                const QPoint at = board.Device(PlaceOfPiece(board.layout, board.state, code));
-                EXPECT_EQ(ColourOfDisc(board.window, empty, at, radius), ColourOf(code)) << code;
+                const QPoint at = board.Device(board.PlaceOf(code));
+                const QRect area(at - QPoint(radius, radius), at + QPoint(radius, radius));
+                EXPECT_EQ(ColourOfPiece(picture, empty, area), ColourOf(code)) << code;
             }
         }
     }
 }
 
-/// Plays a game on a board and holds what the window shows against a whole painting, again and again.
-class PaintedGame : public DecidedThrows {
+/// Plays a game in a window and compares what is seen with a whole painting, again and again.
+class PaintedGame : private Board, private WindowOutside {
 public:
     PaintedGame(std::uint64_t number, QSize screen, Short longest)
-        : chance_(6, number), kind_(RandomGameKind::Of(chance_)), board_({}, screen), longest_(longest) {
-        kind_.settings.PlayerType.fill(1);
-        kind_.settings.PauseBetweenMoves = 2;
+        : Board(screen), WindowOutside(mesa, state, settings), chance_(6, number), longest_(longest) {
+        settings = kind_.settings;
+        settings.PlayerType.fill(1);
+        settings.PauseBetweenMoves = 2;
+        settings.Speed = 100;
+        mesa.Ask = [](auto...) { return MessageAnswer::Accepted; };
     }
 
     void Play() {
-        StartGame({board_.state, kind_.settings, *this});
-        Look("the last move");
-        board_.scene.ShowWinner(2);
-        Look("the winner's display");
-        board_.scene.ShowTurn(0, 0);
-        Look("the end");
+        StartGame({state, settings, *this});
+        for (const TurnIs end : {TurnIs::Won, TurnIs::Over}) {
+            ShowTurn(2, end);
+            Look("the end");
+        }
     }
     int Looks() const { return looks_; }
 
-    void LiftPiece(PieceCode piece, Square) override { board_.scene.Lift(piece); }
-    void StepPiece(PieceCode piece, Square from, Square to) override {
-        board_.scene.StartStep(piece, from, to);
-        if (chance_.Below(30) == 0) Look("the beginning of a step");
+private:
+    Short RollFace() override { return kind_.faces[chance_.Below(kind_.faces.size())]; }
+    void StepDelay(Short n) override {
+        LookOnTheWay();
+        WindowOutside::StepDelay(n);
     }
-    void StepDelay(Short) override { Glide(); }
-    void Pause(Short) override { Glide(); }
-    void PutDownPiece(PieceCode piece, Square) override {
-        board_.scene.PutDown(piece);
-        if (chance_.Below(4) == 0) Look("putting down");
+    void Pause(Short n) override {
+        LookOnTheWay();
+        WindowOutside::Pause(n);
     }
-    void ClearDice() override { board_.scene.ClearDice(); }
-    void DrawDie(Colour colour, Short face, DieIs how) override {
-        board_.scene.ShowDie(colour, face, how);
-        if (chance_.Below(30) == 0) Look("a die");
-    }
-    void ShowChosenMove(PieceCode piece, Square from, Square to) override {
-        board_.scene.ShowMove({piece, from, to});
-        if (chance_.Below(4) == 0) Look("the chosen move");
-    }
-    void RefreshBoard(PiecesShown pieces) override {
-        if (pieces == PiecesShown::OnTheirSquares) return board_.scene.Refresh();
-        board_.scene.Clear();
-        Look("clearing the board");
-    }
-    MessageAnswer ShowMessage(std::string_view, std::string_view, Short, MessageButtons) override {
-        return MessageAnswer::Accepted;
-    }
-
     void PositionReached() override {
-        const GameState& state = board_.state;
-        if (state.MoveRecordCount > longest_) board_.state.GameInProgress = No;
-        board_.scene.ShowTurn(state.CurrentColour, state.ThrowNext ? Short{0} : state.MoveCount);
+        if (state.MoveRecordCount > longest_) state.GameInProgress = No;
         Look("the turn");
-        const QImage before = board_.window;
-        board_.scene.Refresh();
-        EXPECT_EQ(Text(Difference(board_.window, before)), "") << "a piece is not at its place";
+        const QImage before = Seen();
+        scene.Refresh();
+        EXPECT_EQ(Text(Difference(Seen(), before)), "") << "a piece is not at its place";
         Decorate();
     }
 
-protected:
-    Short NextThrow() override { return kind_.faces[chance_.Below(kind_.faces.size())]; }
-
-private:
-    void Look(const char* after) {
-        if (testing::Test::HasFailure()) board_.state.GameInProgress = No;
+    void Look(const std::string& after) {
+        if (testing::Test::HasFailure()) state.GameInProgress = No;
         if (testing::Test::HasFailure()) return;
         ++looks_;
-        const QRect wrong = Difference(board_.window, board_.Painted());
-        EXPECT_EQ(Text(wrong), "") << "after " << after << ", move " << board_.state.MoveRecordCount;
+        EXPECT_EQ(Text(Difference(Seen(), Painted())), "")
+            << "after " << after << ", move " << state.MoveRecordCount;
     }
 
-    void Glide() {
-        if (!board_.scene.HasMotion()) return;
+    void LookOnTheWay() {
         for (const double progress : {0.35, 0.8}) {
-            board_.scene.ShowStep(progress);
-            if (chance_.Below(6) == 0) Look("a frame of a walk");
+            scene.ShowStep(progress);
+            if (chance_.Below(6) == 0) Look("a frame of a wait");
         }
-        board_.scene.ShowStep(1);
     }
 
     PieceCode AnyPiece() { return AllPieces()[chance_.Below(16)]; }
@@ -254,7 +203,7 @@ private:
     BoardView::ShownMove AnyMove() {
         const PieceCode piece = AnyPiece();
         const Colour colour = ColourOf(piece);
-        const Square from = board_.state.PositionOf(piece);
+        const Square from = state.PositionOf(piece);
         if (from == GoalSquare[colour]) return {};
         Square to = from == 0 ? ExitSquare[colour] : AdvanceSquare(from, 1, colour);
         for (std::uint32_t steps = chance_.Below(12); steps > 0 && to < GoalSquare[colour]; --steps) {
@@ -268,7 +217,6 @@ private:
         std::array<bool, BoardView::CodeCount> movable{};
         const PieceCode picks[] = {AnyPiece(), AnyPiece(), AnyPiece()};
         for (const PieceCode piece : picks) movable[piece] = true;
-        BoardScene& scene = board_.scene;
         const std::function<void(bool)> marks[] = {
             [&](bool on) { on ? scene.ShowMovable(movable) : scene.ShowMovable({}); },
             [&](bool on) { scene.ShowMarked(on ? picks[chance_.Below(3)] : PieceCode{0}); },
@@ -277,13 +225,13 @@ private:
             [&](bool on) { scene.ShowManualMode(on); },
             [&](bool on) { on ? DragAndLetGo() : scene.ShowDie(3, 0, DieIs::AtRest); },
             [&](bool on) { on ? scene.ShowDie(3, 6, DieIs::RollingBy) : scene.ShowTurn(2, 10); },
-            [&](bool on) { scene.ShowTurn(on ? Colour{1} : board_.state.CurrentColour, on ? 20 : 0); },
+            [&](bool on) { scene.ShowTurn(on ? Colour{1} : state.CurrentColour, on ? 20 : 0); },
         };
         if (chance_.Below(2) == 0) scene.ShowMovable(movable);
         for (int count = 0; count < 5; ++count) {
             const std::size_t mark = chance_.Below(std::size(marks));
             marks[mark](chance_.Below(2) == 0);
-            Look(("mark " + std::to_string(mark)).c_str());
+            Look("mark " + std::to_string(mark));
         }
         for (const auto& mark : marks) mark(false);
         Look("taking the marks away");
@@ -292,18 +240,17 @@ private:
     void DragAndLetGo() {
         const PieceCode piece = AnyPiece();
         for (int count = 0; count < 3; ++count) {
-            board_.scene.Drag(piece, QPointF(chance_.Below(700), chance_.Below(700)));
+            scene.Drag(piece, QPointF(chance_.Below(700), chance_.Below(700)));
             Look("dragging");
         }
-        board_.scene.StartGlideBack(piece);
-        board_.scene.ShowStep(0.5);
+        scene.StartGlideBack(piece);
+        scene.ShowStep(0.5);
         Look("gliding back");
-        board_.scene.PutDown(piece);
+        scene.PutDown(piece);
     }
 
     Chance chance_;
-    RandomGameKind kind_;
-    Board board_;
+    RandomGameKind kind_ = RandomGameKind::Of(chance_);
     Short longest_;
     int looks_ = 0;
 };
@@ -327,7 +274,7 @@ TEST(BoardPicture, IsRepaintedWhereverSomethingChanges) {
 
 TEST(BoardPicture, HasRoomForTheLongestNames) {
     for (const QSize screen : screens) {
-        Board board({}, screen);
+        Board board(screen);
         board.settings.PlayerName.fill("");
         board.scene.ShowTurn(3, 0);  // the name of who plays is set in bold
         const QImage without = board.Painted();
@@ -344,6 +291,36 @@ TEST(BoardPicture, HasRoomForTheLongestNames) {
             }
         }
     }
+}
+
+TEST(BoardPicture, KeepsNothingOfAnotherScreen) {
+    Board board({640, 480}), fresh({1024, 768});
+    board.mesa.resize(fresh.mesa.size());
+    for (Board* each : {&board, &fresh}) {
+        each->scene.ShowTurn(2, 0);
+        each->scene.ShowDie(2, 3, DieIs::AtRest);
+    }
+    EXPECT_EQ(board.Seen(), fresh.Seen());
+    Artwork& artwork = board.mesa.Shared().artwork;
+    EXPECT_EQ(artwork.Pixmap("die_1", {20, 30}).size(), QSize(20, 30));
+    EXPECT_EQ(artwork.Pixmap("die_1", {20, 40}).size(), QSize(20, 40));
+}
+
+TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersFainter) {
+    Board board({1024, 768});
+    board.scene.Clear();
+    const QImage empty = board.Painted();
+    const auto widthOfChange = [&] { return Difference(board.Painted(), empty).width(); };
+    board.scene.PutDown(11);
+    board.scene.ShowStep(1);
+    const int lying = widthOfChange();
+    board.scene.Lift(11);
+    board.scene.StartStep(11, 0, 1);
+    board.scene.ShowStep(0.5);
+    EXPECT_GT(widthOfChange(), lying + 5);
+    board.scene.Clear();
+    board.settings.PlayerActive[3] = 2;
+    EXPECT_GT(widthOfChange(), 10) << "the name of a colour that does not play";
 }
 
 }  // namespace

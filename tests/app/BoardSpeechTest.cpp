@@ -5,8 +5,7 @@
 
 #include "app/BoardAccessibility.h"
 #include "app/BoardReading.h"
-#include "app/Mesa.h"
-#include "tests/support/Positions.h"
+#include "tests/app/BoardWindow.h"
 
 namespace zorva {
 namespace {
@@ -43,17 +42,15 @@ TEST(BoardSpeech, SaysWhereEverythingIs) {
     for (const auto& row : rows) EXPECT_EQ(row.said, QString(row.expected)) << row.what;
 }
 
-class SpokenBoard : public testing::Test {
+class SpokenBoard : public testing::Test, public test::BoardWindow {
 protected:
     static void SetUpTestSuite() {
         InstallBoardAccessibility();
         QAccessible::setActive(true);
     }
 
-    SpokenBoard() {
-        mesa_.resize(1024, 768);
-        mesa_.show();
-        board_ = QAccessible::queryAccessibleInterface(&mesa_);
+    SpokenBoard() : BoardWindow("1:5 0 0 0") {
+        board_ = QAccessible::queryAccessibleInterface(&mesa);
     }
 
     QAccessibleInterface* ChildNamed(const QString& start) const {
@@ -64,9 +61,6 @@ protected:
         return nullptr;
     }
 
-    GameState state_ = test::Position("1:5 0 0 0");
-    Settings settings_;
-    Mesa mesa_{state_, settings_};
     QAccessibleInterface* board_ = nullptr;
 };
 
@@ -93,12 +87,12 @@ TEST_F(SpokenBoard, HoldsControlsDicePiecesAndSquares) {
 
 TEST_F(SpokenBoard, PressesAPieceWhereItStandsAndTellsTheLatestNews) {
     Point pressed;
-    mesa_.BoardPressed = [&pressed](Point at, Qt::MouseButton) { pressed = at; };
+    mesa.BoardPressed = [&pressed](Point at, Qt::MouseButton) { pressed = at; };
     QAccessibleInterface* piece = ChildNamed("Ficha 1 de Amarillo");
     ASSERT_NE(piece, nullptr);
     piece->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(pressed, mesa_.Shared().layout.SquarePosition(5));
-    Announce(mesa_, "Rojo pasa");
+    EXPECT_EQ(pressed, PlaceOfSquare(5));
+    Announce(mesa, "Rojo pasa");
     EXPECT_NE(ChildNamed("Rojo pasa"), nullptr);
 }
 

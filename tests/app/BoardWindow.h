@@ -9,12 +9,12 @@
 
 namespace zorva::test {
 
-/// A board window of 1024x768 pixels on a screen that nobody sees: there a pixel of the layout is a
-/// device pixel.
+/// A board window on a screen that nobody sees. At 1024x768 a pixel of the layout is a device pixel.
 struct BoardWindow {
-    explicit BoardWindow(const char* position = "") : state(Position(position)) {
+    explicit BoardWindow(const char* position = "", QSize size = {1024, 768})
+        : state(Position(position)) {
         mesa.Shared().PlaySound = [this](Sound sound) { sounds.push_back(sound); };
-        mesa.resize(1024, 768);
+        mesa.resize(size);
         mesa.show();
         for (Colour colour = 1; colour <= ColourCount; ++colour) {
             for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
@@ -24,13 +24,14 @@ struct BoardWindow {
     }
 
     const BoardView& View() { return mesa.Scene().View(); }
-    Point PlaceOf(PieceCode code) { return PlaceOfPiece(mesa.Shared().layout, state, code); }
-    Point PlaceOfSquare(Square square) { return mesa.Shared().layout.SquarePosition(square); }
+    Point PlaceOf(PieceCode code) { return PlaceOfPiece(layout, state, code); }
+    Point PlaceOfSquare(Square square) const { return layout.SquarePosition(square); }
 
     GameState state;
     Settings settings;
     std::vector<Sound> sounds;
     Mesa mesa{state, settings};
+    const Layout& layout = mesa.Shared().layout;
 };
 
 }  // namespace zorva::test

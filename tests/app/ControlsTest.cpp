@@ -1,21 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QMouseEvent>
+#include <QTest>
 
 #include "app/MenuButtons.h"
-#include "app/Mesa.h"
 #include "app/RecorderStrip.h"
+#include "tests/app/BoardWindow.h"
 
 namespace zorva::test {
 namespace {
 
 TEST(Controls, ExplainShowAndTakePresses) {
-    GameState state;
-    Settings settings;
-    Mesa mesa(state, settings);
-    mesa.resize(1024, 768);
-    mesa.show();
+    BoardWindow window;
+    Mesa& mesa = window.mesa;
     RecorderStrip& strip = mesa.Strip();
     for (const bool explains : {true, false}) {
         mesa.Buttons().Explain(explains);
@@ -27,10 +23,8 @@ TEST(Controls, ExplainShowAndTakePresses) {
     // The on/off key takes clicks up to 44, although its drawing reaches 48.
     int presses = 0;
     strip.Pressed = [&](RecorderKey key) { presses += key == RecorderKey::OnOff; };
-    for (const double x : {6, 44, 45}) {
-        QMouseEvent press(QEvent::MouseButtonPress, {x, 10}, strip.mapToGlobal(QPointF(x, 10)),
-                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&strip, &press);
+    for (const int x : {6, 44, 45}) {
+        QTest::mouseClick(&strip, Qt::LeftButton, {}, {x, 10});
     }
     EXPECT_EQ(presses, 2);
 }

@@ -34,19 +34,11 @@ protected:
         onWait();
     }
     MessageAnswer ShowMessage(std::string_view title, std::string_view, Short, MessageButtons) override {
-        if (title == "Comienza la Partida") {
-            told.emplace_back("begins");
-            return begins;
-        }
-        return MessageAnswer::Refused;
+        if (title != "Comienza la Partida") return MessageAnswer::Refused;
+        told.emplace_back("begins");
+        return begins;
     }
     Short NextThrow() override { return chance.Face(); }
-
-    /// What a person does who accepts whatever is advised.
-    void GoOn() {
-        if (state.WaitingForMove) TakeAdvisedMove(state);
-        state.WaitingForThrow = No;
-    }
 
     Settings settings;
     GameState state;
@@ -87,7 +79,7 @@ TEST_F(RunnerTest, AGivenUpGameIsOverBeforeTheNextBegins) {
             } else if (done) {
                 runner.Leave();
             } else {
-                GoOn();
+                state.WaitingForThrow = No;
             }
         };
         runner.StartNewGame();
@@ -96,32 +88,11 @@ TEST_F(RunnerTest, AGivenUpGameIsOverBeforeTheNextBegins) {
     }
 }
 
-TEST_F(RunnerTest, AFinishedGameIsOver) {
-    settings.PlayerType.fill(1);
-    settings.PauseBetweenMoves = 2;
-    runner.StartNewGame();
-    EXPECT_EQ(told, (Told{"over", "begins", "over"}));
-    EXPECT_FALSE(runner.IsRunning());
-}
-
 TEST_F(RunnerTest, ALeftGameIsNotOver) {
     onWait = [this] { runner.Leave(); };
     runner.StartNewGame();
     runner.Leave();  // without a game there is nothing to wait for
     EXPECT_EQ(told, (Told{"over", "begins", "ended", "ended"}));
-}
-
-TEST_F(RunnerTest, AContinuedGameGoesOnToItsEnd) {
-    onWait = [this] {
-        if (waits == 5) state.GameInProgress = state.WaitingForThrow = state.WaitingForMove = No;
-        GoOn();
-    };
-    state.GameInProgress = Yes;
-    state.CurrentColour = 2;
-    state.MoveRecordCount = 2;
-    runner.Continue();
-    EXPECT_EQ(told, Told{"over"});
-    EXPECT_EQ(waits, 5);
 }
 
 TEST_F(RunnerTest, ACancelledFirstQuestionAsksForTheSettings) {

@@ -4,35 +4,20 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QImage>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
 
-#include "app/Artwork.h"
-#include "app/Cursors.h"
 #include "app/Palette.h"
+#include "tests/app/BoardWindow.h"
 
-namespace zorva {
+namespace zorva::test {
 namespace {
 
-/// The window behind the log, which must never get a click that was made on the log.
-class Behind : public QWidget {
-public:
-    int clicks = 0;
-
-protected:
-    void mousePressEvent(QMouseEvent*) override { ++clicks; }
-    void mouseReleaseEvent(QMouseEvent*) override { ++clicks; }
-    void mouseMoveEvent(QMouseEvent*) override { ++clicks; }
-};
-
-class MoveLogTest : public testing::Test {
+class MoveLogTest : public testing::Test, public BoardWindow {
 protected:
     MoveLogTest() {
-        behind.resize(200, 200);
         log.setGeometry(20, 20, 150, 150);  // eight lines and a half
-        behind.show();
         log.Begin("Inicio");
         AddTo(30);
     }
@@ -65,11 +50,7 @@ protected:
         QApplication::sendEvent(log.viewport(), &event);
     }
 
-    Artwork artwork;
-    Cursors cursors{artwork};
-    Services services{artwork, cursors, LayoutFor(1024, 768), 1, {}, {}};
-    Behind behind;
-    MoveLog log{&behind, services};
+    MoveLog& log = mesa.Log();
 };
 
 TEST_F(MoveLogTest, ShowsTheLineThatMattersAndNeverHalfALine) {
@@ -110,13 +91,16 @@ TEST_F(MoveLogTest, IsAListForScreenReaders) {
 }
 
 TEST_F(MoveLogTest, TheMouseScrollsItAndDoesNothingElse) {
+    int clicks = 0;
+    mesa.BoardPressed = [&clicks](auto...) { ++clicks; };
+    mesa.BoardMoved = mesa.BoardReleased = [&clicks](auto...) { ++clicks; };
     for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseMove,
                                     QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
         QMouseEvent event(type, {50, 50}, log.mapToGlobal(QPointF(50, 50)), Qt::LeftButton,
                           Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(log.viewport(), &event);
     }
-    EXPECT_EQ(behind.clicks, 0);
+    EXPECT_EQ(clicks, 0) << "of the board behind it";
     EXPECT_EQ(Seen(), "23..30 s-1");
     EXPECT_FALSE(log.hasFocus());
     EXPECT_FALSE(log.currentIndex().isValid());
@@ -145,4 +129,4 @@ TEST_F(MoveLogTest, LooksLikePaperWithABarOnTheSelectedLine) {
 }
 
 }  // namespace
-}  // namespace zorva
+}  // namespace zorva::test

@@ -44,15 +44,12 @@ TEST_F(InTheWindow, TheLightFollowsTheTurn) {
         TurnIs why;
         Colour lit;
         Short bonus;
-    } rows[] = {
-        {TurnIs::InDraw, 3, 0},
-        {TurnIs::Throws, 3, 0},
-        {TurnIs::BonusForCapture, 3, 20},
-        {TurnIs::BonusForArrival, 3, 10},
-        {TurnIs::OnTape, 3, 0},
-        {TurnIs::Won, 3, 0},
-        {TurnIs::Over, 0, 0},
-    };
+    } rows[] = {{TurnIs::InDraw, 3, 0},
+                {TurnIs::BonusForCapture, 3, 20},
+                {TurnIs::BonusForArrival, 3, 10},
+                {TurnIs::Won, 3, 0},
+                {TurnIs::Over, 0, 0},
+                {TurnIs::OnTape, 3, 0}};
     for (const auto& row : rows) {
         outside.ShowTurn(3, row.why);
         EXPECT_EQ(View().onTurn, row.lit) << static_cast<int>(row.why);
@@ -81,7 +78,7 @@ TEST_F(InTheWindow, APieceWalksAndTheBoardIsClearedAndDrawnAgain) {
     EXPECT_EQ(View().at[11], AsPointF(PlaceOfSquare(20)));
 }
 
-TEST_F(InTheWindow, HandsOnMessagesSoundsResultsAndPositions) {
+TEST_F(InTheWindow, HandsOnMessagesSoundsAndMoves) {
     QString asked;
     mesa.Ask = [&](const QString& title, const QString& text, Short lines, MessageButtons buttons) {
         asked = QStringLiteral("%1|%2|%3|%4").arg(title, text).arg(lines).arg(static_cast<int>(buttons));
@@ -89,27 +86,10 @@ TEST_F(InTheWindow, HandsOnMessagesSoundsResultsAndPositions) {
     };
     EXPECT_EQ(outside.ShowMessage("Título", "¿Sí?", 2, MessageButtons::YesNo), MessageAnswer::Accepted);
     EXPECT_EQ(asked, "Título|¿Sí?|2|2");
-    int kept = 0, results = 0;
-    outside.PositionKept = [&] { ++kept; };
-    outside.ResultKept = [&](const GameResult& result) { results += result.points; };
-    outside.PositionReached();
-    outside.KeepResult({1, {2}, 250});
     outside.PlaySound(Sound::Victory);
-    EXPECT_EQ(kept, 1);
-    EXPECT_EQ(results, 250);
     EXPECT_EQ(sounds, std::vector<Sound>{Sound::Victory});
     outside.ShowChosenMove(11, 10, 13);
     EXPECT_EQ(View().shown.to, 13);
-}
-
-TEST_F(InTheWindow, WaitsAsLongAsTheSpeedSays) {
-    EXPECT_DOUBLE_EQ(PauseMilliseconds(100, 50), 500);
-    EXPECT_DOUBLE_EQ(PauseMilliseconds(45, 0), 450);
-    EXPECT_DOUBLE_EQ(PauseMilliseconds(45, 100), 0);
-    EXPECT_DOUBLE_EQ(PauseMilliseconds(0, 0), 0);
-    EXPECT_DOUBLE_EQ(StepMilliseconds(80, 50), 80);
-    EXPECT_DOUBLE_EQ(StepMilliseconds(80, 0), 160);
-    EXPECT_DOUBLE_EQ(StepMilliseconds(0, 0), 0);
 }
 
 TEST_F(InTheWindow, RollsAllSixFacesAndNoOther) {

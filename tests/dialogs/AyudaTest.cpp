@@ -32,26 +32,22 @@ QString Shipped() {
 TEST(ReadManualTest, RefusesWhatIsNotOurManualWithoutWaiting) {
     const test::TemporaryFolder folder;
     const fs::path file = folder / "ZORVA32.HLP";
-    const auto isRefused = [&file] {
-        QElapsedTimer time;
-        time.start();
-        const bool refused = !ReadManual(file);
-        fs::remove(file);
-        return refused && time.elapsed() < 500;
-    };
-    EXPECT_TRUE(isRefused()) << "missing";
-    EXPECT_EQ(mkfifo(file.c_str(), 0600), 0);
-    EXPECT_TRUE(isRefused()) << "a pipe that nobody writes to";
+    EXPECT_FALSE(ReadManual(file)) << "missing";
     const std::string ours = Shipped().toStdString();
     for (const std::string& bytes :
          {ours + std::string(40000, '\n'), ours.substr(0, 9000), ours.substr(20),
           std::string("<!DOCTYPE html>\n</html>"), "<!DOCTYPE html>\xc9" + ours.substr(15)}) {
         test::WriteBytes(file, bytes);
-        EXPECT_TRUE(isRefused()) << bytes.substr(0, 40);
+        EXPECT_FALSE(ReadManual(file)) << bytes.substr(0, 40);
     }
-    test::WriteBytes(file, ours);
+    QElapsedTimer time;
+    time.start();
     fs::resize_file(file, 4'000'000'000);
-    EXPECT_TRUE(isRefused()) << "huge";
+    EXPECT_FALSE(ReadManual(file)) << "huge";
+    fs::remove(file);
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    EXPECT_FALSE(ReadManual(file)) << "a pipe that nobody writes to";
+    EXPECT_LT(time.elapsed(), 1000);
 }
 
 TEST(ManualTest, HasEveryTextThatThePlayerMeetsElsewhere) {
@@ -85,11 +81,10 @@ TEST(ManualTest, ItsLinksAndImagesAreWhole) {
     while (!reader.atEnd()) reader.readNext();
     EXPECT_FALSE(reader.hasError()) << reader.errorString() << " in line " << reader.lineNumber();
 
-    QStringList places = Captured(html, "<a name=\"([^\"]*)\">");
+    const QStringList places = Captured(html, "<a name=\"([^\"]*)\">");
     const QStringList links = Captured(html, "<a href=\"#([^\"]*)\">");
-    EXPECT_EQ(places.removeDuplicates(), 0);
-    for (const QString& link : links) EXPECT_TRUE(places.contains(link)) << link;
-    for (const QString& place : places) EXPECT_TRUE(links.contains(place)) << place;
+    EXPECT_EQ(QSet(places.begin(), places.end()), QSet(links.begin(), links.end()));
+    EXPECT_EQ(QSet(places.begin(), places.end()).size(), places.size());
     EXPECT_EQ(html.count("<h2>"), html.count("<h2><a name="));
 
     const QStringList names = Captured(html, "<img src=\"([^\"]*)\" alt=\"[^\"]+\"/>");
@@ -152,10 +147,9 @@ TEST_F(AyudaTest, LoadsNothingThatIsNotBuiltIn) {
     ASSERT_TRUE(QImage(8, 8, QImage::Format_RGB32).save(QString::fromStdString(file)));
     ManualView view(nullptr, *services, "");
     const auto loads = [&view](const std::string& name) {
-        return view.document()
-                   ->resource(QTextDocument::ImageResource, QUrl(name.c_str()))
-                   .value<QImage>()
-                   .width() > 0;
+        const QVariant image =
+            view.document()->resource(QTextDocument::ImageResource, QUrl(name.c_str()));
+        return image.value<QImage>().width() > 0;
     };
     EXPECT_TRUE(loads("tablero.png"));
     for (const std::string& name : {file, "file://" + file, "../../../../../../.." + file}) {

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRegion>
 #include <QTest>
 
 #include "dialogs/MessageLabel.h"
@@ -16,15 +17,8 @@ constexpr auto notice = MessageButtons::Acknowledge;
 
 using MessageTest = WindowFixture;
 
-struct Text {
-    const char* text;
-    Short lineCount;  // 0: as many as the text takes
-    const char* title = "Un título que es con mucho demasiado largo para el ancho de la ventana";
-};
-
-// Long texts for each number of lines, and what no text of ours is like.
-const Text texts[] = {
-    {"Sale Wmwmwmwmw.", 1, "Sorteo del jugador que comienza"},
+// Long texts for each number of lines (0: as many as the text takes), and what no text of ours is like.
+const std::pair<const char*, Short> texts[] = {
     {"Este jugador ha sacado un 6 por tercera vez y la ficha que ha movido en la jugada anterior vuelve "
      "al cuadro de espera.",
      2},
@@ -43,10 +37,9 @@ const Text texts[] = {
 /// Checks that the label's text lies within it, and that its rim shows no ink.
 void ExpectWhole(const QWidget& label) {
     const QImage picture = label.window()->grab(label.geometry()).toImage();
-    const QRect all = picture.rect();
-    EXPECT_TRUE(HasInk(picture, all)) << "nothing is written";
-    for (const QRect& rim : {QRect(0, 0, 1, all.height()), QRect(all.right(), 0, 1, all.height()),
-                             QRect(0, 0, all.width(), 1), QRect(0, all.bottom(), all.width(), 1)}) {
+    const QRect inside = picture.rect().adjusted(1, 1, -1, -1);
+    EXPECT_TRUE(HasInk(picture, inside)) << "nothing is written";
+    for (const QRect& rim : QRegion(picture.rect()) - inside) {
         EXPECT_FALSE(HasInk(picture, rim)) << "the writing runs into the frame";
     }
 }
@@ -55,16 +48,18 @@ TEST_F(MessageTest, NoTextIsEverClipped) {
     EXPECT_EQ(WrappedText("1\n2", MessageWidth, {}).LineCount(), 2);
     for (const QSize size : ScreenSizes) {
         UseScreen(size);
-        for (const Text& row : texts) {
-            SCOPED_TRACE(testing::Message() << size.width() << ": " << row.text);
-            const Short lineCount = row.lineCount ? row.lineCount : MessageLinesFor(row.text);
-            mensajes window(&board, *services, row.title, row.text, lineCount, notice);
+        for (const auto& [text, lines] : texts) {
+            SCOPED_TRACE(testing::Message() << size.width() << ": " << text);
+            const Short lineCount = lines != 0 ? lines : MessageLinesFor(text);
+            const QString title =
+                "Un título que es con mucho demasiado largo para el ancho de la ventana";
+            mensajes window(&board, *services, title, text, lineCount, notice);
             Show(window);
             ExpectWhole(*Control(window, "Tex_Titulo"));
             ExpectWhole(*Control(window, "Tex_Mensaje"));
-            const MessageFit fit = FitMessage(row.text, lineCount);
-            EXPECT_EQ(WrappedText(row.text, MessageWidth - 8, fit.style).LineCount(), fit.lineCount);
-            EXPECT_EQ(Control<QLabel>(window, "Tex_Mensaje")->text(), row.text) << "with all its blanks";
+            const MessageFit fit = FitMessage(text, lineCount);
+            EXPECT_EQ(WrappedText(text, MessageWidth - 8, fit.style).LineCount(), fit.lineCount);
+            EXPECT_EQ(Control<QLabel>(window, "Tex_Mensaje")->text(), text) << "with all its blanks";
         }
     }
 }

@@ -69,16 +69,6 @@ TEST_F(SplashTest, AnyKeyOrClickOrCloseEndsItButNoModifier) {
     }
 }
 
-TEST_F(SplashTest, OpensTheBoardOnceAlsoWhenItIsEndedAtOnce) {
-    int opened = 0;
-    Person person([](QWidget&) {});
-    QElapsedTimer clock;
-    clock.start();
-    ShowSplash(nullptr, *services, [&opened] { ++opened; });
-    EXPECT_LT(clock.elapsed(), 1500);
-    EXPECT_EQ(opened, 1);
-}
-
 // The window is empty at the first position and shows letters of the four colours half way.
 TEST_F(SplashTest, TheTitleMovesThroughItsWindow) {
     TitleArtwork title(*services);

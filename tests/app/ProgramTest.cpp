@@ -1,0 +1,92 @@
+#include "app/Program.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "app/MenuButtons.h"
+#include "store/HistoryFile.h"
+#include "tests/dialogs/WindowFixture.h"
+#include "tests/support/Files.h"
+
+namespace zorva::test {
+namespace {
+
+/// The program in a folder of the test's own, played by four computers without pauses and sounds.
+class ProgramTest : public testing::Test {
+protected:
+    ProgramTest() {
+        settings.PlayerType.fill(1);
+        settings.Speed = 100;
+        settings.SoundOn = 2;
+        player.callOnTimeout([this] { Play(); });
+    }
+
+    /// Starts the program and closes its title by a key. Each question is answered with yes.
+    Program& Start() {
+        SaveSettings(data, settings, {}, Durability::Lazy);
+        return Restart();
+    }
+    Program& Restart() {
+        asked.clear();
+        program = std::make_unique<Program>(data);
+        program->Window().Ask = [this](const QString& title, auto...) {
+            asked << title;
+            program->SaveNow();  // as when the session ends meanwhile
+            return MessageAnswer::Accepted;
+        };
+        Person person([](QWidget& title) { QTest::keyClick(title.focusWidget(), Qt::Key_Escape); });
+        program->Start();
+        return *program;
+    }
+
+    void Press(int button) {
+        QTest::mouseClick(&program->Window().Buttons().Button(button), Qt::LeftButton);
+    }
+    /// Throws the die for the computers, then leaves.
+    void Play() {
+        const GameState& state = program->State();
+        if (!state.WaitingForThrow) return;
+        if (state.MoveRecordCount < 12) return QTest::keyClick(&program->Window(), Qt::Key_Space);
+        Press(MenuButtons::Leave);
+    }
+
+    std::size_t Results() const { return FileBytes(data / HistoryFileName).size() / 53; }
+    GameState Saved() const { return LoadSettings(data).content.state; }
+
+    TemporaryFolder folder;
+    const std::filesystem::path data = folder / "";
+    Settings settings;
+    std::unique_ptr<Program> program;
+    QTimer player;
+    QStringList asked;
+};
+
+TEST_F(ProgramTest, PlaysAGameToItsEndAndKeepsItsResult) {
+    settings.PauseBetweenMoves = 2;
+    Start();
+    EXPECT_EQ(asked, QStringList()) << "nothing to tell about the files";
+    Press(MenuButtons::NewGame);
+    EXPECT_EQ(asked.first(), "Comienza la Partida");
+    EXPECT_EQ(Results(), 1u);
+    EXPECT_EQ(Saved().GameInProgress, No);
+    EXPECT_EQ(Saved().PiecePosition, program->State().PiecePosition) << "the end stays on the board";
+}
+
+TEST_F(ProgramTest, SavesTheGameThatIsLeftAndContinuesItAtTheNextStart) {
+    settings.PauseBetweenMoves = 1;
+    Start();
+    player.start(0);
+    Press(MenuButtons::NewGame);
+    EXPECT_EQ(asked.last(), "Posponer la partida en curso");
+    EXPECT_EQ(Saved().GameInProgress, Yes);
+    const Short made = Saved().MoveRecordCount;
+    EXPECT_GE(made, 12);
+    Restart();
+    EXPECT_EQ(asked.first(), "Continuar la partida anterior");
+    EXPECT_EQ(asked.last(), "Posponer la partida en curso");
+    EXPECT_EQ(Saved().MoveRecordCount, made) << "left at once";
+}
+
+}  // namespace
+}  // namespace zorva::test
