@@ -51,12 +51,10 @@ private:
 TEST(Position, ComesOutOfMovesAsOutOfTheCoresTables) {
     int compared = 0;
     for (std::uint64_t number = 0; number < 150; ++number) {
-        Chance chance(4, number);
-        GameState state;
+        RandomGame game(4, number);
         Follower follower;
-        PlayRandomGame(
-            state, RandomGameKind::Of(chance), chance,
-            [&](const GameState& seen, const MoveRecord& record) { follower.See(seen, record); });
+        game.beforeRecord = [&](const MoveRecord& record) { follower.See(game.state, record); };
+        game.Play();
         ASSERT_EQ(follower.Differs(), 0) << "in game " << number;
         compared += follower.Compared();
     }
