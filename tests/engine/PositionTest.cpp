@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "core/Execution.h"
-#include "core/Rules.h"
-#include "core/SilentOutside.h"
-#include "tests/support/Positions.h"
 #include "tests/support/RandomGame.h"
 
 namespace zorva::test {
@@ -59,41 +55,6 @@ TEST(Position, ComesOutOfMovesAsOutOfTheCoresTables) {
         compared += follower.Compared();
     }
     EXPECT_GT(compared, 50'000);
-}
-
-/// Carries a record out in the core.
-void Execute(GameState& state, Colour colour, Short piece, Square to) {
-    MoveRecord record;
-    record.MoverColour = colour;
-    record.Piece = piece;
-    record.From = state.PiecePosition[colour][piece];
-    record.To = to;
-    state.MoveRecords[1] = record;
-    SilentOutside nobody;
-    ExecuteMove({state, Settings{}, nobody}, ExecutionMode::Forward, 1);
-}
-
-// Games bring few of these about, and fewer in which the order of the two decides.
-TEST(Position, LosesThePieceThatTheCoreCapturesWhenAThirdComesOutOfTheBox) {
-    struct Row {
-        const char* position;
-        Square to;
-    };
-    constexpr Row rows[] = {
-        {"2:8 0 0 0  3:8 0 0 0", 8}, {"3:8 0 0 0  2:8 0 0 0", 8}, {"2:0 8 8 0", 8},
-        {"2:5 0 0 0  3:5 0 0 0", 5}, {"3:5 0 0 0  2:5 0 0 0", 5}, {"2:0 5 5 0", 5},
-        {"1:0 5 0 0  2:5 0 0 0", 5}, {"2:5 0 0 0  1:0 5 0 0", 5},
-    };
-    for (const Row& row : rows) {
-        GameState state = Position(row.position);
-        engine::Position position(state);
-        const engine::Occupant victim = position.Move(0, 0, engine::StepOf(0, row.to));
-        Execute(state, 1, 1, row.to);
-        const PieceCode captured = CapturedPieceOn(state, row.to);
-        EXPECT_EQ(victim, engine::OccupantOf(captured)) << row.position;
-        Execute(state, ColourOf(captured), PieceOf(captured), 0);
-        EXPECT_TRUE(position == engine::Position(state)) << row.position;
-    }
 }
 
 }  // namespace

@@ -24,7 +24,4 @@ inline auto TablesOf(const GameState& state) {
     return std::tuple(state.PiecePosition, state.SquareOccupants, state.PiecesInBox, state.PiecesHome);
 }
 
-/// A record's eleven fields with commas between them.
-std::string RecordText(const MoveRecord& record);
-
 }  // namespace zorva::test
