@@ -31,12 +31,5 @@ TEST(Board, LeadsEachColourRoundTheRingIntoItsColumn) {
     }
 }
 
-TEST(Board, HasTwelveSafeSquares) {
-    const std::set<Square> safe{5, 12, 17, 22, 29, 34, 39, 46, 51, 56, 63, 68};
-    for (Square square = -1; square <= LastSquare + 20; ++square) {
-        EXPECT_EQ(IsSafeSquare(square), safe.contains(square)) << square;
-    }
-}
-
 }  // namespace
 }  // namespace zorva::test

@@ -184,20 +184,17 @@ TEST(Recorder, RestoresAGameThatPlaysOnAsIfTheForgottenMovesHadNeverBeenMade) {
 }
 
 TEST(Recorder, IsLiveAfterTheFirstMoveWhileAThrowIsAwaited) {
-    struct LiveRow {
-        Short waiting, manual, moves;
-        bool live;
-    };
-    for (const LiveRow& row : {LiveRow{Yes, No, 2, true}, LiveRow{Yes, No, 1, false},
-                               LiveRow{No, No, 9, false}, LiveRow{Yes, Yes, 9, false}}) {
+    const auto isLive = [](Short waiting, Short manual, Short moves) {
         GameState state;
-        state.WaitingForThrow = row.waiting;
-        state.ManualMode = row.manual;
-        state.MoveRecordCount = row.moves;
-        EXPECT_EQ(CanSwitchOn(state, {}), row.live) << row.waiting << row.manual << row.moves;
+        state.WaitingForThrow = waiting;
+        state.ManualMode = manual;
+        state.MoveRecordCount = moves;
         EXPECT_FALSE(CanStepBack(state, {}) || CanStepForward(state, {}) || CanRestore(state, {}));
         EXPECT_FALSE(CanSwitchOn(state, {.RecorderOn = Yes}));
-    }
+        return CanSwitchOn(state, {});
+    };
+    EXPECT_TRUE(isLive(Yes, No, 2));
+    EXPECT_FALSE(isLive(Yes, No, 1) || isLive(No, No, 9) || isLive(Yes, Yes, 9));
 }
 
 }  // namespace

@@ -17,11 +17,13 @@ namespace zorva::test {
 namespace {
 
 /// Another program that keeps a file open.
-using Holder = std::unique_ptr<void, decltype(&CloseHandle)>;
+struct Close {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using Holder = std::unique_ptr<void, Close>;
 
 Holder Hold(const std::filesystem::path& file, DWORD sharing) {
-    return {CreateFileW(file.c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr),
-            &CloseHandle};
+    return Holder(CreateFileW(file.c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
 class WindowsFileTest : public testing::Test {

@@ -3,6 +3,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "tests/support/RandomGame.h"
 #include "tools/MatchGames.h"
 #include "tools/Sim.h"
 
@@ -13,19 +14,8 @@ namespace {
 // go another way: the dice then mean something else and the counts part.
 TEST(MatchGames, ComeOutTheSameByEngineAndByTheBook) {
     Chance chance(5);
-    const auto either = [&] { return static_cast<Short>(1 + chance.Below(2)); };
     for (std::uint64_t match = 0; match < 150; ++match) {
-        Settings settings;
-        settings.PlayOrder = either();
-        settings.RuleSixAllOut = either();
-        settings.RuleLeaveAllInBox = either();
-        settings.RuleFiveAllInBox = either();
-        settings.RuleFiveSomeInBox = either();
-        for (Colour colour = 1; colour <= ColourCount; ++colour) {
-            settings.PlayerLevel[colour] = static_cast<Short>(chance.Below(101));
-            settings.PlayerActive[colour] = chance.Below(3) == 0 ? 2 : 1;
-        }
-        const MatchGames games(settings, match);
+        const MatchGames games(RandomGameKind::Of(chance).settings, match);
         for (std::uint64_t number = 0; number < 8; ++number) {
             ASSERT_EQ(games.PlayByEngine(number), games.PlayByTheBook(number))
                 << "game " << number << " of match " << match;
