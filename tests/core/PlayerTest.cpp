@@ -36,7 +36,6 @@ struct DecisionRow {
 // Yellow decides, at level 0: where there is a choice, the piece that has come furthest moves.
 constexpr DecisionRow decisionRows[] = {
     {"four in the box: the count begins on the exit", "", {1, 1, 1}, 3, 3, 0, 1, 0, 8, 1, 0},
-    {"a six, too", "", {1, 1, 1}, 6, 6, 0, 1, 0, 11, 1, 0},
     {"a five brings the first of two out", "", {1, 1, 1}, 5, 5, 0, 1, 0, 5, 1, 1},
     {"then the second", "1:5 0 0 0", {1, 1, 1}, 5, 5, 1, 2, 0, 5, 1, 2},
     {"also when a capture took the die", "1:5 0 0 0", {1, 1, 1}, 0, 0, 1, 2, 0, 5, 1, 2},
@@ -49,8 +48,6 @@ constexpr DecisionRow decisionRows[] = {
     {"a bonus is no five", "1:30 0 0 0", {1, 1, 1}, 0, 20, 0, 1, 30, 50, 1, 0},
     {"level 0 moves the piece furthest on", "1:20 30 25 5", {1, 1, 1}, 3, 3, 0, 2, 30, 33, 4, 0},
     {"the lowest number among equals", "1:20 30 30 5", {1, 1, 1}, 3, 3, 0, 2, 30, 33, 4, 0},
-    {"past those that cannot", "1:20 75 30 0", {1, 1, 1}, 3, 3, 0, 3, 30, 33, 2, 0},
-    {"nobody can", "1:75 75 74 76", {1, 1, 1}, 3, 3, 0, 0, 0, 0, 0, 0},
 };
 
 TEST(Decision, FollowsTheOptionsThenTheBestScore) {
@@ -91,31 +88,19 @@ constexpr ValueRow valueRows[] = {
     {"the box is worth nothing", "2:9 0 0 0", 11, 0, 12, 0, 0, 0},
     // Attack: the way that the rivals ahead would lose.
     {"a rival ahead", "1:6 0 0 0  2:9 0 0 0", 11, 6, 12, 55, 0, 0},
-    {"each rival ahead", "1:6 0 0 0  2:9 0 0 0  3:10 0 0 0", 11, 6, 12, 55 + 39, 0, 0},
     {"not on a safe square", "1:8 0 0 0  2:12 0 0 0", 11, 8, 12, 0, 0, 0},
     {"six squares ahead", "1:7 0 0 0  2:13 0 0 0", 11, 7, 12, 59, 0, 0},
-    {"not further than a die", "1:6 0 0 0  2:13 0 0 0", 11, 6, 12, 0, 0, 0},
     {"not behind a barrier", "1:6 0 0 0  2:7 7 0 0  3:9 0 0 0", 11, 6, 12, 0, 0, 0},
-    {"not beyond the turn into the home column", "2:16 0 0 0  1:19 0 0 0", 21, 16, 12, 0, 0, 0},
-    {"not an own piece", "1:6 9 0 0", 11, 6, 12, 0, 0, 0},
     // Risk: the rivals behind that could land here.
     {"a rival behind", "1:30 0 0 0  2:27 0 0 0", 11, 30, 12, 0, 1, 45},
-    {"both rivals of a square", "1:30 0 0 0  2:27 27 0 0", 11, 30, 12, 0, 2, 45},
-    {"a barrier in between does not help", "1:30 0 0 0  2:26 0 0 0  3:28 28 0 0", 11, 30, 12, 0, 3, 45},
     {"across the wrap", "2:3 0 0 0  3:67 0 0 0", 21, 3, 12, 0, 1, 69},
     {"what it would lose is what it has now", "1:28 0 0 0  2:31 0 0 0", 11, 33, 12, 0, 1, 43},
-    {"a rival that turns off before", "1:20 0 0 0  2:16 0 0 0", 11, 20, 12, 0, 0, 0},
     {"a safe square", "1:29 0 0 0  2:26 0 0 0", 11, 29, 12, 0, 0, 0},
-    {"an own barrier", "1:30 30 0 0  2:27 0 0 0", 11, 30, 12, 0, 0, 0},
     {"a barrier in the making", "1:28 32 0 0  2:27 0 0 0", 11, 32, 12, 0, 0, 0},
-    {"the home column", "1:70 0 0 0  2:68 0 0 0", 11, 70, 12, 0, 0, 0},
     {"six, by a rival with a piece in its box", "1:30 0 0 0  2:24 0 0 0", 11, 30, 12, 0, 1, 45},
     {"six, by a rival without", "1:30 0 0 0  2:24 60 61 62", 11, 30, 12, 0, 0, 0},
     {"twelve, by a rival without", "1:40 0 0 0  2:28 60 61 62", 11, 40, 12, 0, 1, 55},
-    {"twelve, by a rival with one", "1:40 0 0 0  2:28 60 61 0", 11, 40, 12, 0, 0, 0},
-    {"twelve, where a six counts seven", "1:40 0 0 0  2:28 60 61 62", 11, 40, 7, 0, 0, 0},
     {"seven, where a six counts seven", "1:40 0 0 0  2:33 60 61 62", 11, 40, 7, 0, 1, 55},
-    {"seven, where it counts twelve", "1:40 0 0 0  2:33 60 61 62", 11, 40, 12, 0, 0, 0},
 };
 
 TEST(SquareValue, WeighsAttackAgainstRisk) {
@@ -139,9 +124,7 @@ struct ScoreRow {
 };
 
 constexpr ScoreRow scoreRows[] = {
-    {"progress alone", "1:30 0 0 0", 1, 1, 3, 50, 0, 25, 0},
     {"risk left behind, at half weight", "1:30 0 0 0  2:27 0 0 0", 1, 1, 10, 50, 45 / 984.0, 25, 0},
-    {"and at full weight", "1:30 0 0 0  2:27 0 0 0", 1, 1, 10, 100, 45 / 984.0, 25, 0},
     {"a capture at 70", "1:30 0 0 0  3:33 0 0 0", 1, 1, 3, 70, -62 / 447.0, 25, 0},
     {"a capture at 71, the bonus can be walked", "1:30 0 0 0  3:33 0 0 0", 1, 1, 3, 71, -62 / 447.0, 25,
      5},
@@ -160,13 +143,11 @@ constexpr ScoreRow scoreRows[] = {
     {"a safe square reached at 21", "1:27 0 0 0", 1, 1, 2, 21, 0, 22, 0.12},
     {"the home column reached at 21", "2:10 0 0 0", 2, 1, 8, 21, 0, 56, 0.12},
     {"the home column reached from the home entry", "2:17 0 0 0", 2, 1, 2, 21, 0, 63, 0},
-    {"red's home column", "3:33 0 0 0", 3, 1, 3, 21, 0, 62, 0.12},
     {"out of the box at 60", "1:30 0 0 0", 1, 2, 5, 60, 0, 0, 0.12},
     {"out of the box at 61", "1:30 0 0 0", 1, 2, 5, 61, 0, 0, 0.12 + 0.25},
     {"the last but one", "1:30 31 0 0", 1, 4, 5, 61, 0, 0, 0.12 + 0.25},
     {"the last one", "1:30 31 32 0", 1, 4, 5, 61, 0, 0, 0.12 + 0.25 + 0.5},
     {"onto two rivals", "1:30 0 0 0  2:5 5 0 0", 1, 2, 5, 61, 0, 0, 0.12 + 0.25 + 0.1},
-    {"onto an own piece and a rival", "1:5 0 0 0  3:5 0 0 0", 1, 2, 5, 61, 0, 0, 0.12 + 0.25 + 0.1},
     {"onto one rival", "1:30 0 0 0  3:5 0 0 0", 1, 2, 5, 61, 0, 0, 0.12 + 0.25},
 };
 

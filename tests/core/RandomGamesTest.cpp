@@ -2,15 +2,17 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/Board.h"
 #include "core/Consistency.h"
 #include "core/Execution.h"
+#include "core/GameStart.h"
 #include "core/Rules.h"
 #include "store/SettingsFile.h"
+#include "tests/support/Positions.h"
 #include "tests/support/RandomGame.h"
 
 namespace zorva::test {
@@ -23,22 +25,6 @@ std::uint64_t GamesOfAShare() {
     const char* wanted = std::getenv("ZORVA_RANDOM_GAMES");
     return (wanted == nullptr ? 20'000 : std::strtoull(wanted, nullptr, 10)) / shares;
 }
-
-/// The tables that moves change, as bytes: millions of them are compared.
-struct Tables {
-    std::array<char, sizeof(GameState::PiecePosition)> positions;
-    std::array<char, sizeof(GameState::SquareOccupants)> occupants;
-    std::array<char, sizeof(GameState::PiecesInBox)> inBox;
-    std::array<char, sizeof(GameState::PiecesHome)> home;
-
-    explicit Tables(const GameState& state) {
-        std::memcpy(positions.data(), &state.PiecePosition, sizeof positions);
-        std::memcpy(occupants.data(), &state.SquareOccupants, sizeof occupants);
-        std::memcpy(inBox.data(), &state.PiecesInBox, sizeof inBox);
-        std::memcpy(home.data(), &state.PiecesHome, sizeof home);
-    }
-    bool operator==(const Tables&) const = default;
-};
 
 // Whether the record breaks the rules in the position it is about to be played in.
 std::string RecordProblem(const GameState& state, const Settings& settings, const MoveRecord& record) {
@@ -53,25 +39,28 @@ std::string RecordProblem(const GameState& state, const Settings& settings, cons
     return record.To == DestinationOf(colour, record.Count, record.From) ? "" : "ends elsewhere";
 }
 
+using Tables = decltype(TablesOf(GameState{}));
+
 /// One random game under the eyes of the test.
 class WatchedGame {
 public:
     /// `room` is used for the positions of the game.
     WatchedGame(std::uint64_t number, std::vector<Tables>& room)
-        : chance_(1, number), choice_(2, number), kind_(RandomGameKind::Of(chance_)), before_(room) {
+        : game_(1, number), choice_(2, number), before_(room) {
         before_.clear();
+        game_.kind.changesRules = number % 4 == 0;
+        game_.beforeRecord = [this](const MoveRecord& record) { Look(record); };
+        game_.atPosition = [this] { MayKeep(); };
     }
 
     /// Plays it forwards, back and forwards again, and once more from a file of its middle. What was
     /// wrong first, or nothing.
     std::string Play() {
-        const Short count = PlayRandomGame(
-            state_, kind_, chance_,
-            [this](const GameState& state, const MoveRecord& record) { Look(state, record); },
-            [this](const GameState& state, const Chance& chance) { MayKeep(state, chance); });
-        if (problem_.empty()) problem_ = KeepingProblem();
-        before_.emplace_back(state_);
-        if (problem_.empty()) problem_ = StateProblem(state_);
+        game_.Play();
+        if (problem_.empty()) problem_ = StateProblem(game_.state);
+        before_.push_back(TablesOf(game_.state));
+        if (problem_.empty() && kept_) problem_ = KeepingProblem();
+        const Short count = game_.logged;
         for (Short move = count; move >= 1; --move) Redo(move, ExecutionMode::Backward, move - 1);
         for (Short move = 1; move <= count; ++move) Redo(move, ExecutionMode::Forward, move);
         return problem_;
@@ -80,57 +69,64 @@ public:
     std::size_t Records() const { return before_.size() - 1; }
 
 private:
-    void Look(const GameState& state, const MoveRecord& record) {
-        before_.emplace_back(state);
+    void Look(const MoveRecord& record) {
+        before_.push_back(TablesOf(game_.state));
         if (!problem_.empty()) return;
         // In between a capture and the victim's way home three pieces may stand on a square.
-        if (state.CaptureReport == 0) problem_ = StateProblem(state);
-        if (problem_.empty()) problem_ = RecordProblem(state, kind_.settings, record);
+        if (game_.state.CaptureReport == 0) problem_ = StateProblem(game_.state);
+        if (problem_.empty()) problem_ = RecordProblem(game_.state, game_.kind.settings, record);
         if (!problem_.empty()) problem_ += " at move " + std::to_string(before_.size());
     }
 
     // Any position is as likely to be kept as the others.
-    void MayKeep(const GameState& state, const Chance& chance) {
-        if (state.MoveRecordCount < 2 || choice_.Below(++keepable_) != 0) return;
-        kept_ = state;
-        chanceThere_ = chance;
+    void MayKeep() {
+        if (game_.state.MoveRecordCount < 2 || choice_.Below(++keepable_) != 0) return;
+        kept_.emplace(game_);
     }
 
     std::string KeepingProblem() {
-        if (keepable_ == 0) return {};
-        const std::string text = SettingsText(kind_.settings, kept_);
+        RandomGame& kept = *kept_;
+        const std::string text = SettingsText(kept.kind.settings, kept.state);
         SettingsReading reading = ReadSettings(text);
         auto* loaded = std::get_if<SettingsContent>(&reading);
-        const std::string where = " what was kept at move " + std::to_string(kept_.MoveRecordCount);
+        const std::string where = " what was kept at move " + std::to_string(kept.state.MoveRecordCount);
         if (loaded == nullptr) return "cannot be read:" + where;
-        if (loaded->settings != kind_.settings) return "has other settings:" + where;
+        if (loaded->settings != kept.kind.settings) return "has other settings:" + where;
         if (SettingsText(loaded->settings, loaded->state) != text)
             return "is written otherwise:" + where;
-        ContinueRandomGame(loaded->state, kind_, chanceThere_);
-        return EndsAsHere(loaded->state) ? "" : "ends otherwise:" + where;
+        kept.state = loaded->state;
+        ContinueGame(kept.AsGame());
+        if (!EndsAsHere(kept.state)) return "ends otherwise:" + where;
+        for (Short move = kept.logged; move >= 1; --move) Execute(kept, ExecutionMode::Backward, move);
+        // Not the slots: a piece left over on a goal may be the one that comes home again.
+        const bool isBack = kept.state.PiecePosition == GameState{}.PiecePosition &&
+                            kept.state.PiecesHome == GameState{}.PiecesHome;
+        return isBack ? "" : "cannot be taken back:" + where;
     }
 
     bool EndsAsHere(const GameState& other) const {
-        const auto first = state_.MoveRecords.begin() + 1;
-        return Tables(other) == Tables(state_) && other.CurrentColour == state_.CurrentColour &&
-               other.MoveRecordCount == state_.MoveRecordCount &&
-               std::equal(first, first + state_.MoveRecordCount, other.MoveRecords.begin() + 1);
+        const GameState& here = game_.state;
+        const auto first = here.MoveRecords.begin() + 1;
+        return TablesOf(other) == TablesOf(here) && other.CurrentColour == here.CurrentColour &&
+               other.MoveRecordCount == here.MoveRecordCount &&
+               std::equal(first, first + here.MoveRecordCount, other.MoveRecords.begin() + 1);
+    }
+
+    static void Execute(RandomGame& game, ExecutionMode mode, Short move) {
+        SilentOutside silent;
+        ExecuteMove({game.state, game.kind.settings, silent}, mode, move);
     }
 
     void Redo(Short move, ExecutionMode mode, Short position) {
-        SilentOutside silent;
-        ExecuteMove({state_, kind_.settings, silent}, mode, move);
-        if (!problem_.empty() || Tables(state_) == before_[position]) return;
+        Execute(game_, mode, move);
+        if (!problem_.empty() || TablesOf(game_.state) == before_[position]) return;
         problem_ = (mode == ExecutionMode::Backward ? "taking back move " : "repeating move ") +
                    std::to_string(move) + " leads to another position";
     }
 
-    Chance chance_;
+    RandomGame game_;
     Chance choice_;
-    RandomGameKind kind_;
-    GameState state_;
-    GameState kept_;
-    Chance chanceThere_{0};
+    std::optional<RandomGame> kept_;
     std::uint32_t keepable_ = 0;
     std::vector<Tables>& before_;  // one position more than records
     std::string problem_;

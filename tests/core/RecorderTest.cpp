@@ -4,46 +4,26 @@
 
 #include <map>
 
-#include "core/Board.h"
-#include "core/Consistency.h"
-#include "core/Displacement.h"
-#include "core/GameStart.h"
 #include "core/Records.h"
 #include "core/Turns.h"
-#include "tests/support/NotingOutside.h"
 #include "tests/support/Positions.h"
 #include "tests/support/RandomGame.h"
 
 namespace zorva::test {
 namespace {
 
-/// A random game of persons and computers whose throws are awaited: at each wait the test may use the
-/// recorder before the person goes on.
-class TapedGame : public DecidedThrows {
+/// A random game whose recorder may be used at each wait for a throw, before the person goes on.
+class TapedGame : public RandomGame {
 public:
-    TapedGame(std::uint64_t number, Short longest) : chance(2, number), longest_(longest) {
-        kind = RandomGameKind::Of(chance);
-        for (Colour colour = 1; colour <= ColourCount; ++colour) {
-            state.SquareOccupants[GoalSquare[colour]][3] = kind.leftovers[colour];
-        }
-    }
+    explicit TapedGame(std::uint64_t number) : RandomGame(2, number, 160) {}
 
-    RandomGameKind kind;
-    Chance chance;
-    GameState state;
     std::function<void(TapedGame&)> atThrow;
     std::vector<std::string> log;
     int selected = -1;
+    Short face = 0;  ///< on the table
     int positionsReached = 0;
     std::map<Short, GameState> beginnings;  ///< of moves: as it stood when the throw was awaited
     std::map<Short, GameState> before;      ///< ... and right before the record
-
-    GameContext AsGame() { return {state, kind.settings, *this}; }
-
-    void Play() {
-        ResetGame(AsGame());
-        PlayFrom(AsGame(), kind.first);
-    }
 
     /// Goes on from a wait for a throw.
     void PlayOn(const GameState& beginning) {
@@ -55,17 +35,8 @@ public:
 
     void PositionReached() override {
         ++positionsReached;
-        if (state.MoveRecordCount > longest_) state.GameInProgress = No;
+        RandomGame::PositionReached();
     }
-
-    void WaitForInput() override {
-        if (state.WaitingForMove) return PickByChance(state, chance);
-        if (!state.ManualShiftMade) beginnings[state.MoveRecordCount] = state;
-        if (atThrow) atThrow(*this);
-        if (kind.shiftsByHand && chance.Below(8) == 0) TryShiftByHand(state, kind.settings, chance);
-        state.WaitingForThrow = No;
-    }
-
     void BeginLog(std::string_view heading) override { log = {std::string(heading)}; }
     void AddLogLine(Short move, const MoveRecord& record) override {
         log.push_back(LogLineText(move, record));
@@ -73,17 +44,19 @@ public:
     }
     void CutLogFrom(Short line) override { log.resize(line); }
     void SelectLogLine(Short line) override { selected = line; }
+    void DrawDie(Colour, Short shown, DieIs) override { face = shown; }
+    void ClearDice() override { face = 0; }
 
 protected:
-    Short NextThrow() override { return kind.faces[chance.Below(kind.faces.size())]; }
-
-private:
-    Short longest_;
+    void ThrowAwaited() override {
+        EXPECT_EQ(state.ManualMode, No);
+        if (!state.ManualShiftMade) beginnings[state.MoveRecordCount] = state;
+        if (atThrow) atThrow(*this);
+    }
 };
 
-bool HasSameTables(const GameState& one, const GameState& other) {
-    return one.PiecePosition == other.PiecePosition && one.SquareOccupants == other.SquareOccupants &&
-           one.PiecesInBox == other.PiecesInBox && one.PiecesHome == other.PiecesHome;
+Short ReadyFace(const GameState& state) {
+    return state.RepeatTurn ? 6 : 5;
 }
 
 /// The state without what has no meaning while a throw is awaited, and without the traces of the move
@@ -97,62 +70,56 @@ GameState Bare(GameState state) {
     return state;
 }
 
-/// Steps through the whole tape and holds each position against the one the game passed through.
-class TapeCheck {
-public:
-    explicit TapeCheck(TapedGame& game) : game_(game), live_(game.state), log_(game.log) {}
+/// Steps once on the tape of the game that stands at `live` and compares with what the game passed
+/// through.
+void StepAndLook(TapedGame& game, const GameState& live, RecorderState& recorder,
+                 decltype(StepBack)& step) {
+    step(game.AsGame(), recorder);
+    const Short position = game.state.MoveRecordCount;
+    const bool atEnd = position == live.MoveRecordCount;
+    EXPECT_TRUE(TablesOf(game.state) == TablesOf(atEnd ? live : game.before[position])) << position;
+    EXPECT_EQ(game.state.CurrentColour,
+              atEnd ? live.CurrentColour : live.MoveRecords[position].MoverColour);
+    EXPECT_EQ(game.face, atEnd ? ReadyFace(live) : live.MoveRecords[position - 1].Die) << position;
+    EXPECT_EQ(game.selected, position - 1);
+    EXPECT_EQ(game.state.CaptureReport, 0);
+}
 
-    void Run(Chance& chance) {
-        if (!CanSwitchOn(game_.state, recorder_)) return;
-        RecorderSwitchOn(game_.AsGame(), recorder_);
-        EXPECT_EQ(game_.selected, live_.MoveRecordCount - 1);
-        for (int times = 0; times < 2; ++times) {
-            while (CanStepBack(game_.state, recorder_)) StepAndLook(StepBack);
-            EXPECT_EQ(game_.state.MoveRecordCount, 1);
-            while (CanStepForward(game_.state, recorder_)) StepAndLook(StepForward);
-            EXPECT_EQ(Bare(game_.state), Bare(live_));
-            EXPECT_FALSE(CanRestore(game_.state, recorder_));
-        }
-        for (std::uint32_t left = chance.Below(30); left > 0 && CanStepBack(game_.state, recorder_);
-             --left) {
-            StepAndLook(StepBack);
-        }
-        RecorderSwitchOff(game_.AsGame(), recorder_);
-        EXPECT_EQ(Bare(game_.state), Bare(live_));
-        EXPECT_EQ(game_.log, log_);
-        EXPECT_EQ(game_.selected, -1);
-        EXPECT_EQ(recorder_.RecorderOn, No);
+/// Steps through the whole tape twice and leaves it somewhere in the middle.
+void UseTape(TapedGame& game, Chance& chance) {
+    RecorderState recorder;
+    if (!CanSwitchOn(game.state, recorder)) return;
+    const GameState live = game.state;
+    const std::vector<std::string> log = game.log;
+    RecorderSwitchOn(game.AsGame(), recorder);
+    EXPECT_EQ(game.selected, live.MoveRecordCount - 1);
+    for (int times = 0; times < 2; ++times) {
+        while (CanStepBack(game.state, recorder)) StepAndLook(game, live, recorder, StepBack);
+        EXPECT_EQ(game.state.MoveRecordCount, 1);
+        while (CanStepForward(game.state, recorder)) StepAndLook(game, live, recorder, StepForward);
+        EXPECT_EQ(Bare(game.state), Bare(live));
+        EXPECT_FALSE(CanRestore(game.state, recorder));
     }
-
-private:
-    void StepAndLook(void (*step)(const GameContext&, RecorderState&)) {
-        step(game_.AsGame(), recorder_);
-        const Short position = game_.state.MoveRecordCount;
-        const bool atEnd = position == live_.MoveRecordCount;
-        const GameState& wanted = atEnd ? live_ : game_.before[position];
-        EXPECT_TRUE(HasSameTables(game_.state, wanted)) << "at position " << position;
-        EXPECT_EQ(game_.state.CurrentColour,
-                  atEnd ? live_.CurrentColour : live_.MoveRecords[position].MoverColour);
-        EXPECT_EQ(game_.selected, position - 1);
-        EXPECT_EQ(game_.state.CaptureReport, 0);
+    for (std::uint32_t left = chance.Below(30); left > 0 && CanStepBack(game.state, recorder); --left) {
+        StepBack(game.AsGame(), recorder);
     }
-
-    TapedGame& game_;
-    const GameState live_;
-    const std::vector<std::string> log_;
-    RecorderState recorder_;
-};
+    RecorderSwitchOff(game.AsGame(), recorder);
+    EXPECT_EQ(Bare(game.state), Bare(live));
+    EXPECT_EQ(game.log, log);
+    EXPECT_EQ(game.selected, -1);
+    EXPECT_EQ(recorder.RecorderOn, No);
+}
 
 TEST(Recorder, ShowsEveryPositionTwiceAndLeavesTheGameAsItWas) {
     std::size_t moves = 0;
     for (std::uint64_t number = 0; number < 150; ++number) {
         SCOPED_TRACE("game " + std::to_string(number));
-        TapedGame plain(number, 160);
+        TapedGame plain(number);
         plain.Play();
-        TapedGame taped(number, 160);
+        TapedGame taped(number);
         Chance recording(3, number);
         taped.atThrow = [&](TapedGame& game) {
-            if (recording.Below(20) == 0) TapeCheck(game).Run(recording);
+            if (recording.Below(20) == 0) UseTape(game, recording);
         };
         taped.Play();
         // What the recorder left behind, such as a capture report, would show in the moves after it.
@@ -166,18 +133,19 @@ TEST(Recorder, ShowsEveryPositionTwiceAndLeavesTheGameAsItWas) {
 
 /// A game restored once, at a chance position, and the same game left at that position before.
 void RestoreAndCompare(std::uint64_t number, std::size_t& insideTurns) {
-    TapedGame game(number, 160);
+    TapedGame game(number);
     Chance recording(4, number);
-    const auto at = static_cast<Short>(10 + recording.Below(80));
-    TapedGame other(number, 160);
+    const auto at = static_cast<Short>(2 + recording.Below(80));
+    TapedGame other(number);
     GameState beginning;
     game.atThrow = [&](TapedGame& live) {
         RecorderState recorder;
         const bool done = beginning.MoveRecordCount != 0;
         if (done || live.state.MoveRecordCount < at || !CanSwitchOn(live.state, recorder)) return;
         RecorderSwitchOn(live.AsGame(), recorder);
-        for (std::uint32_t steps = 1 + recording.Below(8); steps > 0; --steps) {
-            StepBack(live.AsGame(), recorder);
+        StepBack(live.AsGame(), recorder);
+        for (std::uint32_t steps = recording.Below(8); steps > 0; --steps) {
+            if (CanStepBack(live.state, recorder)) StepBack(live.AsGame(), recorder);
         }
         const Short wanted = live.state.MoveRecordCount;
         const std::vector<MoveRecord> tape = live.state.MoveRecords;
@@ -187,6 +155,9 @@ void RestoreAndCompare(std::uint64_t number, std::size_t& insideTurns) {
         const Short restored = live.state.MoveRecordCount;
         insideTurns += restored < wanted;
         for (Short move = restored + 1; move <= wanted; ++move) EXPECT_EQ(tape[move].TurnEnd, No);
+        EXPECT_EQ(live.state.MoveRecords[restored], MoveRecord{}) << "not forgotten";
+        EXPECT_EQ(live.face, ReadyFace(live.state));
+        EXPECT_EQ(live.state.WaitingForThrow, Yes);
         ASSERT_TRUE(live.beginnings.contains(restored)) << "no throw was awaited at " << restored;
         beginning = live.beginnings[restored];
         EXPECT_EQ(Bare(live.state), Bare(beginning)) << "restored at " << restored;
@@ -212,77 +183,18 @@ TEST(Recorder, RestoresAGameThatPlaysOnAsIfTheForgottenMovesHadNeverBeenMade) {
     EXPECT_GT(insideTurns, 50u);
 }
 
-struct RestoreRow {
-    const char* name;
-    const char* position;
-    std::vector<Short> throws;  ///< the last one is awaited when the recorder is used
-    Short position1;            ///< the recorder steps back to this move ...
-    Short restored;             ///< ... and the game goes on at this one
-    Colour colour;
-    Short sixes;
-    bool byHand = false;  ///< first a person drags red's first piece from its box to 45
-};
-
-const RestoreRow restores[] = {
-    {"the throw after two sixes", "1:10 0 0 0", {6, 6, 3, 1}, 3, 3, 1, 2},
-    {"the turn after it", "1:10 0 0 0", {6, 6, 6, 1, 1}, 4, 4, 2, 0},
-    {"the turn after a third six without a record", "1:64 0 0 0", {6, 6, 6, 1, 1}, 4, 4, 2, 0},
-    {"a displacement at another colour's turn", "1:10 0 0 0", {3, 1}, 1, 1, 1, 0, true},
-    {"the throw after it", "1:10 0 0 0", {3, 1}, 2, 2, 1, 0, true},
-};
-
-TEST(Recorder, GoesBackToTheBeginningOfATurn) {
-    for (const RestoreRow& row : restores) {
-        SCOPED_TRACE(row.name);
-        Settings settings;
-        settings.PlayerLevel.fill(0);
-        GameState state = Position(row.position);
-        NotingOutside outside(state, row.throws);
-        if (row.byHand) {
-            outside.inputs.push_back([](GameState& waiting) {
-                EnterManualMode(waiting);
-                DisplaceByHand(waiting, 31, 45);
-            });
-        }
-        outside.inputs.insert(outside.inputs.end(), row.throws.size() - 1,
-                              [](GameState& waiting) { waiting.WaitingForThrow = No; });
-        outside.inputs.push_back([&](GameState& waiting) {
-            const GameContext game{waiting, settings, outside};
-            RecorderState recorder;
-            RecorderSwitchOn(game, recorder);
-            while (waiting.MoveRecordCount > row.position1) StepBack(game, recorder);
-            RestorePosition(game, recorder);
-            EXPECT_EQ(waiting.WaitingForThrow, Yes);
-            waiting.GameInProgress = waiting.WaitingForThrow = No;
-        });
-        PlayFrom({state, settings, outside}, 1);
-        EXPECT_EQ(state.MoveRecordCount, row.restored);
-        EXPECT_EQ(state.CurrentColour, row.colour);
-        EXPECT_EQ(state.SixesInRow, row.sixes);
-        EXPECT_EQ(state.RepeatTurn, row.sixes != 0 ? Yes : No);
-        EXPECT_EQ(state.MoveRecords[row.restored], MoveRecord{}) << "not forgotten";
-        EXPECT_EQ(outside.Only({"die"}).back(),
-                  "die " + std::to_string(row.colour) + (row.sixes != 0 ? " 6 ready" : " 5 ready"));
-        EXPECT_EQ(StateProblem(state), "");
-        EXPECT_TRUE(outside.inputs.empty());
-    }
-}
-
 TEST(Recorder, IsLiveAfterTheFirstMoveWhileAThrowIsAwaited) {
-    struct LiveRow {
-        Short waiting, manual, moves;
-        bool live;
-    };
-    for (const LiveRow& row : {LiveRow{Yes, No, 2, true}, LiveRow{Yes, No, 1, false},
-                               LiveRow{No, No, 9, false}, LiveRow{Yes, Yes, 9, false}}) {
+    const auto isLive = [](Short waiting, Short manual, Short moves) {
         GameState state;
-        state.WaitingForThrow = row.waiting;
-        state.ManualMode = row.manual;
-        state.MoveRecordCount = row.moves;
-        EXPECT_EQ(CanSwitchOn(state, {}), row.live) << row.waiting << row.manual << row.moves;
+        state.WaitingForThrow = waiting;
+        state.ManualMode = manual;
+        state.MoveRecordCount = moves;
         EXPECT_FALSE(CanStepBack(state, {}) || CanStepForward(state, {}) || CanRestore(state, {}));
         EXPECT_FALSE(CanSwitchOn(state, {.RecorderOn = Yes}));
-    }
+        return CanSwitchOn(state, {});
+    };
+    EXPECT_TRUE(isLive(Yes, No, 2));
+    EXPECT_FALSE(isLive(Yes, No, 1) || isLive(No, No, 9) || isLive(Yes, Yes, 9));
 }
 
 }  // namespace

@@ -43,24 +43,22 @@ struct Fields {
 struct KindRow {
     const char* name;
     Fields fields;
-    const char* record;
+    MoveRecord record;
 };
 
 // Red is on turn and moves its piece 2 from 40 to 44.
 constexpr KindRow kindRows[] = {
-    {"an ordinary move", {4, 4, 0, 0, 0, 0, 0}, "3,0,4,4,2,40,44,0,0,0,-1"},
-    {"a first six", {6, 12, 1, 0, 0, 0, 0}, "3,0,6,12,2,40,44,1,0,0,-1"},
-    {"a second six goes on with the turn", {6, 6, 2, 0, 0, 0, 0}, "3,0,6,6,2,40,44,2,0,0,0"},
-    {"a third six is kept as none", {6, 6, 3, 0, 0, 0, 0}, "3,0,6,6,2,40,44,0,0,0,-1"},
-    {"a capture's bonus goes on with the turn", {0, 20, 1, 0, 0, 0, 0}, "3,0,0,20,2,40,44,1,0,0,0"},
-    {"so does an arrival's", {0, 10, 0, 0, 0, 0, 0}, "3,0,0,10,2,40,44,0,0,0,0"},
-    {"the first of two pieces out", {5, 5, 0, 1, 0, 0, 0}, "3,0,5,5,2,40,44,0,0,0,-1"},
-    {"the second, though a capture took the die", {0, 0, 0, 2, 0, 0, 0}, "3,0,5,5,2,40,44,0,0,0,0"},
-    {"a captured piece's return", {0, 0, 1, 0, 1, 4, 0}, "4,3,0,0,2,40,0,1,0,1,0"},
-    {"even while a second piece is due", {0, 0, 0, 1, 2, 4, 0}, "4,3,0,0,2,40,0,0,0,1,0"},
-    {"a displacement of the colour on turn", {0, 0, 0, 0, 0, 0, 3}, "3,0,0,0,2,40,44,0,-1,0,-1"},
-    {"of another colour's piece", {0, 0, 1, 0, 0, 0, 1}, "3,1,0,0,2,40,44,1,-1,0,-1"},
-    {"a displacement is never a second piece", {0, 0, 0, 2, 0, 0, 3}, "3,0,0,0,2,40,44,0,-1,0,-1"},
+    {"an ordinary move", {4, 4, 0, 0, 0, 0, 0}, {3, 0, 4, 4, 2, 40, 44, 0, No, 0, Yes}},
+    {"a first six", {6, 12, 1, 0, 0, 0, 0}, {3, 0, 6, 12, 2, 40, 44, 1, No, 0, Yes}},
+    {"a second six goes on with the turn", {6, 6, 2, 0, 0, 0, 0}, {3, 0, 6, 6, 2, 40, 44, 2, No, 0, No}},
+    {"a third six is kept as none", {6, 6, 3, 0, 0, 0, 0}, {3, 0, 6, 6, 2, 40, 44, 0, No, 0, Yes}},
+    {"a capture's bonus", {0, 20, 1, 0, 0, 0, 0}, {3, 0, 0, 20, 2, 40, 44, 1, No, 0, No}},
+    {"the first of two pieces out", {5, 5, 0, 1, 0, 0, 0}, {3, 0, 5, 5, 2, 40, 44, 0, No, 0, Yes}},
+    {"the second, without a die", {0, 0, 0, 2, 0, 0, 0}, {3, 0, 5, 5, 2, 40, 44, 0, No, 0, No}},
+    {"a captured piece's return", {0, 0, 1, 0, 1, 4, 0}, {4, 3, 0, 0, 2, 40, 0, 1, No, 1, No}},
+    {"a displacement", {0, 0, 0, 0, 0, 0, 3}, {3, 0, 0, 0, 2, 40, 44, 0, Yes, 0, Yes}},
+    {"of another colour's piece", {0, 0, 1, 0, 0, 0, 1}, {3, 1, 0, 0, 2, 40, 44, 1, Yes, 0, Yes}},
+    {"never a second piece", {0, 0, 0, 2, 0, 0, 3}, {3, 0, 0, 0, 2, 40, 44, 0, Yes, 0, Yes}},
 };
 
 TEST(Records, KeepWhatKindOfMoveItWas) {
@@ -81,7 +79,7 @@ TEST(Records, KeepWhatKindOfMoveItWas) {
         NotingOutside outside(state);
         NewMoveRecord(state);
         LogMove({state, Settings{}, outside});
-        EXPECT_EQ(RecordText(state.MoveRecords[1]), row.record) << row.name;
+        EXPECT_EQ(state.MoveRecords[1], row.record) << row.name;
         EXPECT_EQ(outside.All(), Notes{"log " + LogLineText(1, state.MoveRecords[1])}) << row.name;
     }
 }

@@ -75,7 +75,6 @@ const Row rows[] = {
     {"or seven", "1:10 11 13 30", "6", "Ama. cuenta 7", "10 11 13 37", "", 1},
     {"and six with one in the box", "1:10 11 30 0", "6", "Ama. cuenta 6", "10 11 36 0"},
     {"a six throws again", "1:10 0 0 0", "6 2 1", "Ama. cuenta 6, Ama. cuenta 2, Rojo pasa", "18 0 0 0"},
-    {"even if it could not be moved", "", "6 2 1", "Ama. pasa, Ama. pasa, Rojo pasa", "0 0 0 0"},
     {"sixes are counted anew in each turn", "1:10 0 0 0", "6 6 1 6 3 6 6",
      "Ama. cuenta 6, Ama. cuenta 6, Ama. cuenta 1, Rojo pasa, Rojo pasa, Ama. cuenta 6, Ama. cuenta 6",
      "35 0 0 0"},
@@ -98,15 +97,11 @@ const Row rows[] = {
      "73 0 0 0"},
     {"a bonus that cannot be moved is passed", "1:60 0 0 0  3:64 0 0 0", "4 1",
      "Ama. cuenta 4, Rojo a espera, Ama. pasa, Rojo pasa", "64 0 0 0"},
-    {"after a six its throw follows all the same", "1:58 0 0 0  3:64 0 0 0", "6 1 1",
-     "Ama. cuenta 6, Rojo a espera, Ama. pasa, Ama. cuenta 1, Rojo pasa", "65 0 0 0"},
     // Arrivals.
     {"an arrival earns ten for another piece", "1:73 30 0 0", "3 1",
      "Ama. cuenta 3, Ama. cuenta 10, Rojo pasa", "76 40 0 0"},
     {"passed when none can walk it", "1:73 70 0 0", "3 1", "Ama. cuenta 3, Ama. pasa, Rojo pasa",
      "76 70 0 0"},
-    {"a bonus of ten may come home itself", "1:73 66 30 0", "3 1",
-     "Ama. cuenta 3, Ama. cuenta 10, Ama. cuenta 10, Rojo pasa", "76 76 40 0"},
     {"the fourth ends the game", "1:73 76 76 76", "3 1", "Ama. cuenta 3", "76 76 76 76",
      "Final de la Partida|Puntos : 9.99\nHa ganado la partida Amarillo|2"
      "Histórico de partidas jugadas|¿Se actualiza el Histórico de partidas?|1 yes/no"},
@@ -152,7 +147,6 @@ TEST(Turns, PassRoundTheTableInTheDirectionOfPlay) {
     for (const OrderRow& row :
          {OrderRow{2, {0, 1, 1, 1, 1}, 3, "Rojo pasa, Ver. pasa, Ama. pasa, Azul pasa"},
           OrderRow{1, {0, 1, 1, 1, 1}, 3, "Rojo pasa, Azul pasa, Ama. pasa, Ver. pasa"},
-          OrderRow{2, {0, 2, 1, 2, 1}, 4, "Ver. pasa, Azul pasa, Ver. pasa, Azul pasa"},
           OrderRow{1, {0, 2, 2, 1, 2}, 3, "Rojo pasa, Rojo pasa, Rojo pasa, Rojo pasa"},
           OrderRow{2, {0, 2, 2, 2, 2}, 1, "Ama. pasa, Azul pasa, Rojo pasa, Ver. pasa"}}) {
         Settings settings = PlainSettings();
@@ -199,19 +193,6 @@ TEST(Turns, EndBeforeTheNumbersOfTheMovesDo) {
     EXPECT_EQ(state.GameInProgress, No);
 }
 
-TEST(Turns, LeaveASixOnTheTableForTheThrowThatFollows) {
-    for (const char* position : {"", "1:10 0 0 0"}) {
-        for (const Short thrown : {1, 6}) {
-            GameState state = Position(position);
-            NotingOutside outside(state, {thrown});
-            PlayFrom({state, PlainSettings(), outside}, 1);
-            const Notes dice = outside.Only({"die", "clear"});
-            EXPECT_EQ(std::count(dice.begin(), dice.end(), "clear"), thrown == 6 ? 1 : 2);
-            EXPECT_EQ(dice.back(), thrown == 6 ? "die 1 6 ready" : "die 2 5 ready");
-        }
-    }
-}
-
 /// What a click for the throw does.
 void AskForThrow(GameState& state) {
     EXPECT_EQ(state.WaitingForThrow, Yes);
@@ -253,7 +234,7 @@ protected:
     std::unique_ptr<NotingOutside> outside_;
 };
 
-TEST_F(PersonAtPlay, PicksAnyPieceThatMayMove) {
+TEST_F(PersonAtPlay, PicksAnyPieceThatMayMoveUnlessThereIsOneOnly) {
     Play("1:10 20 30 0", "3", {Pick(1, 13)});
     EXPECT_EQ(SquaresText(state_, 1), "13 20 30 0");
     EXPECT_EQ(outside_->Only({"show"}), Notes{"show 13 30 33"});  // the advice
@@ -261,14 +242,9 @@ TEST_F(PersonAtPlay, PicksAnyPieceThatMayMove) {
     Play("1:10 20 30 0", "3", {Pick(2, 23)});
     EXPECT_EQ(outside_->Only({"show"}), Notes{});
     Play("1:10 20 0 0", "3", {Pick(1, 13)});  // two to choose from are a choice
-}
-
-TEST_F(PersonAtPlay, IsNotAskedWhereThereIsNoChoice) {
     Play("1:10 0 0 0", "3", {});
     EXPECT_EQ(LogOf(*outside_), "Ama. cuenta 3");
     EXPECT_EQ(outside_->Only({"show"}), Notes{"show 11 10 13"});
-    Play("", "3", {});
-    EXPECT_EQ(LogOf(*outside_), "Ama. pasa");
 }
 
 TEST_F(PersonAtPlay, AsksForEachThrowButNotForABonus) {

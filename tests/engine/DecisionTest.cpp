@@ -126,15 +126,13 @@ TEST(Decision, IsThatOfTheRuleBookInEveryPositionOfRandomGames) {
     std::string difference;
     const std::uint64_t games = GamesToPlay();
     for (std::uint64_t number = 0; number < games; ++number) {
-        Chance chance(2, number);
-        GameState state;
-        PlayRandomGame(state, RandomGameKind::Of(chance), chance,
-                       [&](const GameState& seen, const MoveRecord&) {
-                           // Between a capture and the victim's way home there is nothing to decide.
-                           if (difference.empty() && seen.CaptureReport == 0) {
-                               difference = comparison.Look(seen);
-                           }
-                       });
+        RandomGame game(2, number);
+        game.beforeRecord = [&](const MoveRecord&) {
+            // Between a capture and the victim's way home there is nothing to decide.
+            if (difference.empty() && game.state.CaptureReport == 0)
+                difference = comparison.Look(game.state);
+        };
+        game.Play();
         ASSERT_EQ(difference, "") << "in game " << number;
     }
     EXPECT_GT(comparison.Positions(), 2000 * games);

@@ -6,6 +6,7 @@
 #include "core/GameStart.h"
 #include "core/Turns.h"
 #include "engine/Chance.h"
+#include "tests/support/Positions.h"
 
 namespace zorva::fuzz {
 namespace {
@@ -37,11 +38,6 @@ private:
     const int last_;
 };
 
-bool HaveSameTables(const GameState& one, const GameState& other) {
-    return one.PiecePosition == other.PiecePosition && one.SquareOccupants == other.SquareOccupants &&
-           one.PiecesInBox == other.PiecesInBox && one.PiecesHome == other.PiecesHome;
-}
-
 }  // namespace
 
 void RequireSoundTables(const GameState& state) {
@@ -63,7 +59,7 @@ void RequireWayBack(GameState state) {
     for (Short move = 1; move <= moves; ++move) {
         ExecuteMove({state, settings, silent}, ExecutionMode::Forward, move);
     }
-    Require(HaveSameTables(state, before), "back and forward leads elsewhere");
+    Require(test::TablesOf(state) == test::TablesOf(before), "back and forward leads elsewhere");
 }
 
 SettingsContent RequireReadable(const SettingsContent& content) {

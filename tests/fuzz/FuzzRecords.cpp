@@ -33,17 +33,13 @@ private:
     std::uint32_t bits_ = 0;
 };
 
-MoveRecord CapturedOnItsWayHome(const GameState& state, const MoveRecord& previous) {
-    const PieceCode victim = state.SquareOccupants[previous.To][state.CaptureReport == 1 ? 1 : 3];
-    // clang-format off
-    return {ColourOf(victim), previous.MoverColour, 0, 0, PieceOf(victim), previous.To, 0, previous.RepeatState, No, 1, No};
-    // clang-format on
-}
-
 // A record that the game could write next.
 MoveRecord Plausible(const GameState& state, Choices& choices) {
     const MoveRecord& previous = state.MoveRecords[state.MoveRecordCount];
-    if (state.CaptureReport != 0) return CapturedOnItsWayHome(state, previous);
+    if (state.CaptureReport != 0) {
+        return ReturnRecord(CapturedPieceOn(state, previous.To), previous.To, previous.MoverColour,
+                            previous.RepeatState);
+    }
     MoveRecord record;
     const Short bonus = BonusDueAfter(previous);
     const bool goesOn = bonus != 0 || previous.RepeatState != 0;

@@ -42,7 +42,7 @@ TEST(Encoding, WhatItCannotHoldBecomesAQuestionMark) {
         {"cut off at the end", "a\xC3", "a?"},
         {"a letter where a continuation should be", "\xC3z", "?z"},
         {"an overlong blank", "\xC0\xA0", "??"},
-        {"an overlong slash of three bytes", "\xE0\x80\xAF", "???"},
+        {"an overlong letter of three bytes", "\xE0\x83\xA9", "???"},
         {"halves of surrogate pairs", "\xED\xA0\x80\xED\xBF\xBF", "??????"},
         {"above the last character", "\xF4\x90\x80\x80", "????"},
     };

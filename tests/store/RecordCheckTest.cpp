@@ -58,9 +58,7 @@ const std::string twoSixesHome = "100 01  0 640101,106 61 64 701001,106 61 70 76
 
 const Row rows[] = {
     {"the opening counts from the exit square", "", "303 31  0 420001", true},
-    {"the opening counts with any piece", "", "303 32  0 420001", true},
     {"no opening once a piece is out", redIsOut, "303 32  0 420001", false},
-    {"no opening further than the die", "", "303 31  0 430001", false},
     {"a colour with a five does not pass", "", "305 50  0  00001", false},
     {"a colour with four in the box passes", "", "304 40  0  00001", true},
     {"a pass names no square", "", "304 40  5  00001", false},
@@ -75,17 +73,14 @@ const Row rows[] = {
     {"the second of two pieces is piece 2", "105 51  0  50001", "105 53  0  50000", false},
     {"no second exit when a third piece was out", "100 03  0 100101,105 51  0  50001",
      "105 52  0  50000", false},
-    {"no third piece on the exit square", twoAreOut, "105 53  0  50001", false},
 
     {"a capture is followed by the way home", capture, "310 01 45  00010", true},
     {"no other piece goes home after a capture", capture, "310 02 45  00010", false},
-    {"no throw comes before the way home", capture, "204 40  0  00001", false},
     {"nobody goes home uncaptured", "300 01  0 450101", "310 01 45  00010", false},
     {"a capture earns twenty", captureDone, "100201 45 650000", true},
     {"a capture does not earn ten", captureDone, "100101 45 550000", false},
     {"the colour that captured gets the twenty", captureDone, "200200  0  00000", false},
     {"no throw comes before the bonus move", captureDone, "204 40  0  00001", false},
-    {"no twenty without a capture", "100 01  0 440101", "100201 44 640000", false},
     {"no displacement comes before the bonus move", captureDone, "200 01  0 220101", false},
     {"a capture on the exit square earns nothing", exitCapture + ",310 01  5  00010", "404 40  0  00001",
      true},
@@ -93,7 +88,6 @@ const Row rows[] = {
 
     {"reaching the goal earns ten", "100 01  0 750101,101 11 75 760001", "100100  0  00000", true},
     {"being dragged to the goal earns nothing", "100 01  0 760101", "100100  0  00000", false},
-    {"nobody walks past the goal", "100 01  0 750101", "102 21 75 770001", false},
 
     {"a six with all out counts seven or twelve", allOut, "106121 10 221001", true},
     {"a six with all out does not count six", allOut, "106 61 10 161001", false},
@@ -103,7 +97,6 @@ const Row rows[] = {
     {"the third six sends the piece back", twoSixes, "106 61 22  00001", true},
     {"the third six sends no other piece back", twoSixes, "106 62 11  00001", false},
     {"the third six sends no piece back from the goal", twoSixesHome, "106 61 76  00001", false},
-    {"the third six is not walked", twoSixes, "106 61 22 280001", false},
 
     {"the colour on turn is kept when another is dragged", "", "120 01  0 440101", true},
     {"the colour on turn does not stand beside itself", "", "110 01  0 440101", false},
@@ -113,7 +106,6 @@ const Row rows[] = {
     {"nobody is dragged off its way", "", "200 01  0 200101", false},
     {"nobody is dragged from the goal", "100 01  0 760101", "100 01 76 100101", false},
     {"a displacement ends its turn", "", "100 01  0 440100", false},
-    {"a displacement counts nothing", "", "100 31  0 440101", false},
 };
 
 TEST(RecordCheck, KnowsWhatTheGameWrites) {

@@ -201,7 +201,13 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
     EXPECT_EQ(ErrorOf(game.substr(0, game.size() - 20)), 62) << "the last record is missing";
     EXPECT_EQ(ErrorOf(game + "\"301 10  0  00001\"\r\n"), 9) << "one record more than promised";
     EXPECT_EQ(ErrorOf(OnGoal(game, " 0 021")), 9) << "a rival's piece left on a goal";
+    const std::string oneHome = OnGoal(Replaced(firstStart, "4,0,0,0,", "3,1,76,0,"), "11 0 0");
+    EXPECT_EQ(ErrorOf(oneHome), 0);
+    EXPECT_EQ(ErrorOf(Replaced(oneHome, "3,1,76", "3,2,76")), 9) << "two at home";
+    EXPECT_EQ(ErrorOf(OnGoal(oneHome, " 011 0")), 9) << "an empty slot";
     EXPECT_EQ(ErrorOf(OnGoal(Replaced(firstStart, "4,0,0,0,", "2,2,76,76,"), "11 012")), 9) << "a gap";
+    const std::string crowd = Replaced(firstStart, "4,0,0,0,0,0,\"Azul", "1,0,1,1,1,0,\"Azul");
+    EXPECT_EQ(ErrorOf(Replaced(crowd, "\" 0 0 0", "\"212223")), 9) << "three on a square";
     const std::string passes = Repeated("\"101 10  0  00001\"\r\n", 25'000);
     EXPECT_EQ(ErrorOf(Replaced(firstStart, "0,0,0,-1", "-1,25001,1,-1") + passes), 9)
         << "too many moves";

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "store/FileReplacement.h"
 #include "store/SystemFile.h"
 #include "tests/support/Files.h"
@@ -14,19 +16,15 @@
 namespace zorva::test {
 namespace {
 
-/// Another program that keeps a file open and shares it as `sharing` says.
-class Holder {
-public:
-    Holder(const std::filesystem::path& file, DWORD sharing)
-        : handle_(CreateFileW(file.c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr)) {
-    }
-    ~Holder() { CloseHandle(handle_); }
-    Holder(const Holder&) = delete;
-    Holder& operator=(const Holder&) = delete;
-
-private:
-    HANDLE handle_;
+/// Another program that keeps a file open.
+struct Close {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
 };
+using Holder = std::unique_ptr<void, Close>;
+
+Holder Hold(const std::filesystem::path& file, DWORD sharing) {
+    return Holder(CreateFileW(file.c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr));
+}
 
 class WindowsFileTest : public testing::Test {
 protected:
@@ -37,7 +35,7 @@ protected:
 TEST_F(WindowsFileTest, AFileThatAnotherProgramHoldsStaysWhole) {
     WriteBytes(file, "old");
     {
-        const Holder other(file, FILE_SHARE_READ);
+        const Holder other = Hold(file, FILE_SHARE_READ);
         EXPECT_EQ(ReplaceFile(file, "new", Durability::Lazy), FileError::PermissionDenied);
         EXPECT_EQ(FileBytes(file), "old");
         EXPECT_FALSE(std::filesystem::exists(folder / "ZORVA32.TMP"));
@@ -58,7 +56,7 @@ TEST_F(WindowsFileTest, EveryRefusalSaysWhy) {
     WriteBytes(folder / "TAKEN.INI", "other");
     EXPECT_EQ(RenameToFreeName(file, folder / "TAKEN.INI"), FileError::PathAccess);
     EXPECT_EQ(FileBytes(folder / "TAKEN.INI"), "other");
-    const Holder other(file, 0);
+    const Holder other = Hold(file, 0);
     EXPECT_EQ(ReadWholeFile(file, 10, bytes), FileError::PermissionDenied) << "held by another program";
 }
 

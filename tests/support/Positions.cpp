@@ -51,12 +51,4 @@ std::string SquaresText(const GameState& state, Colour colour) {
     return out.str();
 }
 
-std::string RecordText(const MoveRecord& record) {
-    std::ostringstream out;
-    out << record.MoverColour << ',' << record.FollowingColour << ',' << record.Die << ','
-        << record.Count << ',' << record.Piece << ',' << record.From << ',' << record.To << ','
-        << record.RepeatState << ',' << record.Manual << ',' << record.OnBehalf << ',' << record.TurnEnd;
-    return out.str();
-}
-
 }  // namespace zorva::test

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "core/GameState.h"
 
@@ -18,7 +19,9 @@ std::string SlotsText(const GameState& state, Square square);
 /// The squares of a colour's four pieces, such as "5 0 0 0".
 std::string SquaresText(const GameState& state, Colour colour);
 
-/// A record's eleven fields with commas between them.
-std::string RecordText(const MoveRecord& record);
+/// The tables that moves change, to be compared.
+inline auto TablesOf(const GameState& state) {
+    return std::tuple(state.PiecePosition, state.SquareOccupants, state.PiecesInBox, state.PiecesHome);
+}
 
 }  // namespace zorva::test

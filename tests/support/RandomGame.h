@@ -15,30 +15,49 @@ struct RandomGameKind {
     PerColour<PieceCode> leftovers{};  ///< what stands in slot 3 of the goals before the game
     std::array<Short, 10> faces{};     ///< throws are picked from these
     bool shiftsByHand = false;         ///< pieces are dragged by hand now and then
+    bool changesRules = false;         ///< the options of the rules change now and then
     Colour first = 1;
 
-    /// Any rules, levels, directions and players; dice fair or rich in some faces.
+    /// Any rules, levels, directions and players, the same to the end; dice fair or rich in some faces.
     static RandomGameKind Of(Chance& chance);
 };
 
-/// Picks any piece that may move, as a person does whose move is awaited.
-void PickByChance(GameState& state, Chance& chance);
+/// A game played by chance: persons pick any piece that may move, and drag any piece to where it may
+/// stand. It ends when a colour has won or when it has grown longer than `longest` moves.
+class RandomGame : public DecidedThrows {
+public:
+    RandomGame(std::uint64_t seed, std::uint64_t number, Short longest = 3000);
+    /// A game that goes on in the same way, without the functions that are called.
+    RandomGame(const RandomGame& other);
 
-/// Drags any piece to any square of its way or its box, if it may stand there.
-void TryShiftByHand(GameState& state, const Settings& settings, Chance& chance);
+    Chance chance;
+    RandomGameKind kind = RandomGameKind::Of(chance);
+    GameState state;
+    Short logged = 0;  ///< the number of the latest record
 
-/// Called before each record is carried out: the state still stands as the record before left it.
-using BeforeRecord = std::function<void(const GameState& state, const MoveRecord& record)>;
+    /// Called before each record is carried out: the state still stands as the record before left it.
+    std::function<void(const MoveRecord&)> beforeRecord;
+    /// Called at each position at which the game could be kept.
+    std::function<void()> atPosition;
 
-/// Called at each position at which the game could be kept, with all that decides how it goes on.
-using AtEachPosition = std::function<void(const GameState& state, const Chance& chance)>;
+    GameContext AsGame() { return {state, kind.settings, *this}; }
 
-/// Plays a game by chance, persons' picks and displacements by hand included. It ends when a colour
-/// has won or when it has grown very long. Its records stay in the state; returns how many there are.
-Short PlayRandomGame(GameState& state, const RandomGameKind& kind, Chance& chance,
-                     const BeforeRecord& beforeRecord, const AtEachPosition& atPosition = {});
+    /// Plays from the start. The records of the game stay in the state.
+    void Play();
 
-/// Goes on with a game as read from its file, with the chance of that position.
-void ContinueRandomGame(GameState& state, const RandomGameKind& kind, Chance chance);
+    void AddLogLine(Short moveNumber, const MoveRecord& record) override;
+    void PositionReached() override;
+    void WaitForInput() override;
+
+protected:
+    Short NextThrow() override { return kind.faces[chance.Below(kind.faces.size())]; }
+    virtual void ThrowAwaited() {}
+
+private:
+    void PickPiece();
+    void TryShiftByHand();
+
+    Short longest_;
+};
 
 }  // namespace zorva::test

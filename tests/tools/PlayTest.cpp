@@ -76,6 +76,10 @@ TEST(BadInput, GetsOneClearLineAndStatusTwo) {
         EXPECT_EQ(err.str().find('\n'), err.str().size() - 1);
     }
     fs::current_path(gamesFolder);
+    std::ostream fullDisk(nullptr);
+    std::ostringstream err;
+    EXPECT_EQ(RunSim({"--help"}, fullDisk, err, false), 2);
+    EXPECT_EQ(err.str(), "zorva-sim: cannot write the output\n");
 }
 
 }  // namespace
