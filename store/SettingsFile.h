@@ -43,7 +43,7 @@ using SettingsReading = std::variant<SettingsContent, FileError>;
 /// not have written: numbers outside their range, a board that contradicts the positions, records that
 /// break the rules or lead elsewhere. A blank name becomes the colour's default name; if no colour takes
 /// part, all four do. In the resulting state MoveRecordCount is the number of the unfinished move, as in
-/// the file (PrepareToContinue changes that).
+/// the file (ContinueGame in core/GameStart.h goes on from there).
 SettingsReading ReadSettings(std::string_view bytes);
 
 }  // namespace zorva
