@@ -26,10 +26,10 @@ PieceMotion PieceMotion::Hop(PieceCode piece, QPointF from, QPointF to, double p
                              bool comesHome) {
     constexpr double hop = 0.3;  // all in sizes of a piece
     constexpr double leapHome = 0.8;
-    constexpr double steepness = 0.2;  // of the way that is longer than two squares
+    constexpr double steepness = 0.2;  // rise for each size of the piece beyond three
     constexpr double highest = 2.4;
-    const double way = std::hypot(to.x() - from.x(), to.y() - from.y()) / pieceSize;
-    const double rise = (comesHome ? leapHome : hop) + steepness * std::max(0.0, way - 3);
+    const double distance = std::hypot(to.x() - from.x(), to.y() - from.y()) / pieceSize;
+    const double rise = (comesHome ? leapHome : hop) + steepness * std::max(0.0, distance - 3);
     return {piece, from, to, std::min(rise, highest) * pieceSize, 0};
 }
 

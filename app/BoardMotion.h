@@ -6,8 +6,8 @@
 
 namespace zorva {
 
-/// A piece on its way between two places. Places and heights are layout pixels; progress runs from 0
-/// to 1.
+/// The movement of a piece between two places. Places and heights are layout pixels; progress runs from
+/// 0 to 1.
 struct PieceMotion {
     PieceCode piece = 0;
     QPointF from;

@@ -25,7 +25,7 @@ struct RingShape {
     double radius;
     double width;
 };
-constexpr RingShape dotOnTheWay{2.4, 4.8};
+constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15.6, 3.2};
@@ -47,12 +47,12 @@ void PaintCentred(QPainter& painter, const QPixmap& pixmap, QPointF centre) {
 
 // The centres of the squares that a shown move passes and, last, of the place where it ends, in layout
 // pixels. Walked step by step, for the numbers of squares leap at 68 and at the home columns.
-std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& move) {
-    std::vector<QPointF> way;
-    if (move.piece == 0 || move.to == 0 || move.to == move.from) return way;
+std::vector<QPointF> PathOf(const Layout& layout, const BoardView::ShownMove& move) {
+    std::vector<QPointF> path;
+    if (move.piece == 0 || move.to == 0 || move.to == move.from) return path;
     const auto add = [&](zorva::Square square) {
         const Point at = layout.SquarePosition(square);
-        way.emplace_back(at.x, at.y);
+        path.emplace_back(at.x, at.y);
     };
     const Colour colour = ColourOf(move.piece);
     zorva::Square square = move.from == 0 ? ExitSquare[colour] : AdvanceSquare(move.from, 1, colour);
@@ -60,8 +60,8 @@ std::vector<QPointF> WayOf(const Layout& layout, const BoardView::ShownMove& mov
         add(square);
         square = AdvanceSquare(square, 1, colour);
     }
-    way.push_back(move.place);
-    return way;
+    path.push_back(move.place);
+    return path;
 }
 
 QColor WithAlpha(QColor colour, double alpha) {
@@ -318,15 +318,15 @@ void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, d
 // The dots that a piece on its way has reached are gone.
 void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
                                   const BoardView::ShownMove& move, const QRect& part) {
-    const std::vector<QPointF> way = WayOf(layout_, move);
-    if (way.empty()) return;
+    const std::vector<QPointF> path = PathOf(layout_, move);
+    if (path.empty()) return;
     const int steps = view.counted - (move.from == 0 ? 0 : 1);  // the exit is not counted
     const int reached = move.piece == view.inAir ? std::max(steps, 0) : 0;
-    for (std::size_t step = static_cast<std::size_t>(reached); step + 1 < way.size(); ++step) {
-        if (PieceArea(way[step]).intersects(part))
-            PaintRing(painter, way[step], dotOnTheWay.radius, dotOnTheWay.width, palette::Mark);
+    for (std::size_t step = static_cast<std::size_t>(reached); step + 1 < path.size(); ++step) {
+        if (PieceArea(path[step]).intersects(part))
+            PaintRing(painter, path[step], dotOnThePath.radius, dotOnThePath.width, palette::Mark);
     }
-    PaintRing(painter, way.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
+    PaintRing(painter, path.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
 }
 
 // White tells the piece of the shown move from the others that may move.
@@ -342,7 +342,7 @@ void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
 
 QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {
     QRect area;
-    for (const QPointF& point : WayOf(layout_, move)) area |= PieceArea(point);
+    for (const QPointF& point : PathOf(layout_, move)) area |= PieceArea(point);
     return area;
 }
 

@@ -225,8 +225,8 @@ void BoardScene::RepaintPiece(PieceCode piece) {
 // A move ends on the piece that it captures, else beside the pieces that stand there.
 QPointF BoardScene::EndOf(const BoardView::ShownMove& move) const {
     if (move.to == 0) return {};
-    const PieceCode prey = CapturableOn(state_, ColourOf(move.piece), move.to);
-    return prey != 0 ? PlaceOf(prey) : PlaceOnStep(move.piece, move.to);
+    const PieceCode capturable = CapturableOn(state_, ColourOf(move.piece), move.to);
+    return capturable != 0 ? PlaceOf(capturable) : PlaceOnStep(move.piece, move.to);
 }
 
 void BoardScene::ShowMove(const BoardView::ShownMove& move) {

@@ -36,9 +36,9 @@ public:
     /// Draws the piece above all others from now on. The pieces beside it begin to close up.
     void Lift(PieceCode piece);
     /// Begins the hop of a lifted piece to a square, 0 being its box; the squares walked are counted
-    /// beside it. The way into the box begins with a ring of light.
+    /// beside it. A return to the box begins with a ring of light.
     void StartStep(PieceCode piece, Square from, Square to);
-    /// Shows all movements at that part of their way, 0 to 1. At 1 they are over.
+    /// Shows all movements at that progress, 0 to 1. At 1 they are over.
     void ShowStep(double progress);
     /// Whether something moves, so that the next wait has frames to show.
     bool HasMotion() const { return !motions_.empty() || !dieMotions_.empty(); }
@@ -47,7 +47,7 @@ public:
     void PutDown(PieceCode piece);
     /// Lifts the piece, if it stands, and moves it with the cursor, a point in layout pixels.
     void Drag(PieceCode piece, QPointF at);
-    /// Begins the way of a dragged piece back to where it stands.
+    /// Begins the glide of a dragged piece back to where it stands.
     void StartGlideBack(PieceCode piece);
 
     // Dice, turn and marks.

@@ -51,7 +51,7 @@ void WindowOutside::WaitForInput() {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-// Pieces that are on their way glide while the game waits.
+// Pieces and dice that move are drawn frame by frame while the game waits.
 void WindowOutside::Wait(double milliseconds) {
     if (scene_.HasMotion()) {
         mesa_.Waits().Wait(milliseconds, [this](double progress) { scene_.ShowStep(progress); });

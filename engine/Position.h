@@ -32,7 +32,7 @@ public:
     /// All pieces in their boxes, in a game in which a six counts so much with none there.
     explicit Position(unsigned sixValue);
 
-    /// The position of `state`. No captured piece may be waiting there for its way home.
+    /// The position of `state`. No captured piece may stand there that has not yet returned to its box.
     explicit Position(const GameState& state);
 
     const Side& SideOf(Seat seat) const { return sides_[seat]; }

@@ -19,7 +19,7 @@ public:
         const bool isThirdSix = record.Die == 6 && record.RepeatState == 0;
         ++totals_.moves;
         totals_.captures += isCaptured;
-        // The way home of a captured piece, or of one that a third six sends, is nobody's decision.
+        // Nobody decides the return of a captured piece, nor of one that a third six sends back.
         totals_.decisions += !isCaptured && !isThirdSix;
     }
     /// Whether to keep the result is the one question of a game.

@@ -38,8 +38,8 @@ struct Row {
 
 constexpr Row rows[] = {
     {"beside an own piece", "1:6 9 0 0", 1, 1, 9, "12 11 0", 0, 0},
-    {"a lone rival is captured and waits for its way home", "1:6 0 0 0  3:9 0 0 0", 1, 1, 9, "31 11 0",
-     1, 3},
+    {"a lone rival is captured and waits for its return", "1:6 0 0 0  3:9 0 0 0", 1, 1, 9, "31 11 0", 1,
+     3},
     {"not on a safe square", "1:6 0 0 0  3:12 0 0 0", 1, 1, 12, "31 11 0", 0, 0},
     {"nor on the rival's exit square", "1:21 0 0 0  2:22 0 0 0", 1, 1, 22, "21 11 0", 0, 0},
     {"nor on the own one, when only two stand there", "2:5 0 0 0", 1, 1, 5, "21 11 0", 0, 0},

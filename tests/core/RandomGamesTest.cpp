@@ -72,7 +72,7 @@ private:
     void Look(const MoveRecord& record) {
         before_.push_back(TablesOf(game_.state));
         if (!problem_.empty()) return;
-        // In between a capture and the victim's way home three pieces may stand on a square.
+        // Between a capture and the return of the captured piece three pieces may stand on a square.
         if (game_.state.CaptureReport == 0) problem_ = StateProblem(game_.state);
         if (problem_.empty()) problem_ = RecordProblem(game_.state, game_.kind.settings, record);
         if (!problem_.empty()) problem_ += " at move " + std::to_string(before_.size());

@@ -128,7 +128,7 @@ TEST(Decision, IsThatOfTheRuleBookInEveryPositionOfRandomGames) {
     for (std::uint64_t number = 0; number < games; ++number) {
         RandomGame game(2, number);
         game.beforeRecord = [&](const MoveRecord&) {
-            // Between a capture and the victim's way home there is nothing to decide.
+            // Between a capture and the return of the captured piece there is nothing to decide.
             if (difference.empty() && game.state.CaptureReport == 0)
                 difference = comparison.Look(game.state);
         };

@@ -74,7 +74,7 @@ const Row rows[] = {
     {"no second exit when a third piece was out", "100 03  0 100101,105 51  0  50001",
      "105 52  0  50000", false},
 
-    {"a capture is followed by the way home", capture, "310 01 45  00010", true},
+    {"a capture is followed by the return", capture, "310 01 45  00010", true},
     {"no other piece goes home after a capture", capture, "310 02 45  00010", false},
     {"nobody goes home uncaptured", "300 01  0 450101", "310 01 45  00010", false},
     {"a capture earns twenty", captureDone, "100201 45 650000", true},
