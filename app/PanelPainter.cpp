@@ -78,9 +78,9 @@ void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const
     const double free = (body.width() - layout.Recorder.width) / 2;
     const double side = std::min(free - 2 * besideReel, widestReel);
     if (side < smallestReel) return;
-    for (const double side : {-1.0, 1.0}) {
+    for (const double direction : {-1.0, 1.0}) {
         QRectF reel(0, 0, side, side);
-        reel.moveCenter({body.center().x() + side * (layout.Recorder.width + free - 3) / 2,
+        reel.moveCenter({body.center().x() + direction * (layout.Recorder.width + free - 3) / 2,
                          layout.Recorder.y + layout.Recorder.height / 2.0});
         artwork.Paint(painter, "panel_reel", OnDevice(layout, reel));
     }
