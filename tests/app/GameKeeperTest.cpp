@@ -27,22 +27,21 @@ protected:
     /// Plays a new game until `moves` moves are made or it has ended; calls the function at each move.
     void Play(
         Short moves, const std::function<void()>& atMove = [] {}) {
-        PlayRandomGame(
-            state, kind, chance, [&](const auto&...) { atMove(); },
-            [&](const auto&...) {
-                if (state.MoveRecordCount > moves) state.GameInProgress = No;
-                if (state.GameInProgress == No) return;
-                keeper.PositionReached();
-                beginning = state;
-            });
+        game.beforeRecord = [&](const MoveRecord&) { atMove(); };
+        game.atPosition = [&] {
+            if (state.MoveRecordCount > moves) state.GameInProgress = No;
+            if (state.GameInProgress == No) return;
+            keeper.PositionReached();
+            beginning = state;
+        };
+        game.Play();
     }
 
     TemporaryFolder folder;
     fs::path data = folder / "data";
-    Chance chance{11};
-    RandomGameKind kind = RandomGameKind::Of(chance);
-    Settings& settings = kind.settings;
-    GameState state;
+    RandomGame game{11, 0};
+    Settings& settings = game.kind.settings;
+    GameState& state = game.state;
     GameState beginning;  ///< of the turn that is played
     GameKeeper keeper{state, settings};
     std::vector<std::string> failures;
