@@ -19,7 +19,9 @@ struct MoveRecord {
     Short RepeatState = 0;      ///< sixes in a row at this move, 0..2 (a third is stored as 0)
     Short Manual = 0;           ///< Yes for a piece dragged by hand
     Short OnBehalf = 0;         ///< 1 when a captured piece returns to its box
-    Short TurnEnd = 0;          ///< Yes when the move begins a turn, No when it goes on with one
+    /// Yes when the recorder can restore the position before the move; No when the move goes on with a
+    /// turn: a bonus, a captured piece's return, the second exit with one five, a second six in a row.
+    Short TurnEnd = 0;
 
     bool operator==(const MoveRecord&) const = default;
 };
