@@ -49,9 +49,7 @@ protected:
         QAccessible::setActive(true);
     }
 
-    SpokenBoard() : BoardWindow("1:5 0 0 0") {
-        board_ = QAccessible::queryAccessibleInterface(&mesa);
-    }
+    SpokenBoard() : BoardWindow("1:5 0 0 0") { board_ = QAccessible::queryAccessibleInterface(&mesa); }
 
     QAccessibleInterface* ChildNamed(const QString& start) const {
         for (int index = 0; index < board_->childCount(); ++index) {

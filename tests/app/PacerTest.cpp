@@ -64,16 +64,6 @@ TEST(Pacer, ShowsFramesUpToTheLastAndLeavesTheProcessorAlone) {
     EXPECT_EQ(frames.back(), 1);
 }
 
-TEST(Pacer, LetsTimersRunAndWaitsWithinAWait) {
-    bool inner = false;
-    QTimer::singleShot(10, [&] {
-        Pacer{}.Wait(150);
-        inner = true;
-    });
-    EXPECT_GE(Waited(40), 38);
-    EXPECT_TRUE(inner);
-}
-
 TEST(Pacer, PutsWishesOffUntilTheWaitIsOver) {
     Pacer pacer;
     QObject context;

@@ -108,8 +108,7 @@ protected:
         return found == heard.end() ? npos : static_cast<std::size_t>(found - heard.begin());
     }
     std::size_t WaitFor(Part part) const {
-        Wait([&] { return Find(part) != npos; });
-        return Find(part);
+        return Wait([&] { return Find(part) != npos; }) ? Find(part) : npos;
     }
 
     /// Plays a sound until it is heard: on a busy machine the device may open too late for the first.

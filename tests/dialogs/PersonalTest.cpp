@@ -73,38 +73,35 @@ protected:
 };
 
 TEST_F(PersonalTest, EveryOptionIsFlippedByMouseByKeyAndByScreenReader) {
-    for (const QSize size : {QSize(640, 480), QSize(3840, 2160)}) {
-        UseScreen(size);
-        Open();
-        std::set<Short*> fields;
-        for (const OptionRow& row : AllOptions()) {
-            SCOPED_TRACE(NameOf(row.option, row.player).toStdString());
-            GoToPageOf(row);
-            EXPECT_TRUE(fields.insert(&OptionField(settings, row.option, row.player)).second);
-            const Settings before = settings;
-            QWidget* stop = Find(row.option, row.player);
-            QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(stop);
-            const auto isFlipped = [&] {
-                const Short answer = OptionField(settings, row.option, row.player);
-                EXPECT_EQ(spoken->state().checked, answer == 1);
-                EXPECT_EQ(spoken->text(QAccessible::Description), AnswerText(row.option, answer));
-                return answer != OptionField(before, row.option, row.player);
-            };
-            applied = 0;
-            Press(row.option, row.player);
-            EXPECT_TRUE(isFlipped());
-            spoken->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-            EXPECT_FALSE(isFlipped());
-            for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
-                QTest::keyClick(stop, key);
-            }
-            QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", true);
-            QApplication::sendEvent(stop, &held);
-            QTest::mouseClick(stop->parentWidget(), Qt::RightButton, {},
-                              stop->pos() + InLogical({18, 29}));
-            EXPECT_EQ(applied, 6);
-            EXPECT_EQ(settings, before) << "six times flipped";
+    UseScreen({3840, 2160});
+    Open();
+    std::set<Short*> fields;
+    for (const OptionRow& row : AllOptions()) {
+        SCOPED_TRACE(NameOf(row.option, row.player).toStdString());
+        GoToPageOf(row);
+        EXPECT_TRUE(fields.insert(&OptionField(settings, row.option, row.player)).second);
+        const Settings before = settings;
+        QWidget* stop = Find(row.option, row.player);
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(stop);
+        const auto isFlipped = [&] {
+            const Short answer = OptionField(settings, row.option, row.player);
+            EXPECT_EQ(spoken->state().checked, answer == 1);
+            EXPECT_EQ(spoken->text(QAccessible::Description), AnswerText(row.option, answer));
+            return answer != OptionField(before, row.option, row.player);
+        };
+        applied = 0;
+        Press(row.option, row.player);
+        EXPECT_TRUE(isFlipped());
+        spoken->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        EXPECT_FALSE(isFlipped());
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            QTest::keyClick(stop, key);
         }
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", true);
+        QApplication::sendEvent(stop, &held);
+        QTest::mouseClick(stop->parentWidget(), Qt::RightButton, {}, stop->pos() + InLogical({18, 29}));
+        EXPECT_EQ(applied, 6);
+        EXPECT_EQ(settings, before) << "six times flipped";
     }
 }
 
@@ -180,9 +177,6 @@ TEST_F(PersonalTest, NamesAndSlidersFollowTheKeyboard) {
     settings.PlayerName[2] = "Íñigo";
     Open();
     EXPECT_EQ(Control<QLineEdit>(*window, "Txt_Nombre_2")->text(), "Íñigo");
-    Control<QLineEdit>(*window, "Txt_Nombre_4")->selectAll();
-    QTest::keyClicks(Find("Txt_Nombre_4"), " PEPA  ");
-    EXPECT_EQ(settings.PlayerName[4], "Pepa  ");
     const std::pair<Qt::Key, Short> steps[] = {
         {Qt::Key_PageUp, 60}, {Qt::Key_Right, 61}, {Qt::Key_Home, 0}, {Qt::Key_End, 100}};
     for (const auto& [name, field] : sliders) {
