@@ -17,6 +17,10 @@ TEST(Controls, ExplainShowAndTakePresses) {
         mesa.Buttons().Explain(explains);
         EXPECT_EQ(mesa.Buttons().Button(0).toolTip().isEmpty(), !explains);
     }
+    MenuButton& button = mesa.Buttons().Button(0);
+    const QImage buttonAtRest = button.grab().toImage();
+    button.ShowPressed(true);
+    EXPECT_NE(button.grab().toImage(), buttonAtRest);
     const QImage atRest = strip.grab().toImage();
     strip.ShowPressed(RecorderKey::OnOff, true);
     EXPECT_NE(strip.grab().toImage(), atRest);
@@ -27,6 +31,11 @@ TEST(Controls, ExplainShowAndTakePresses) {
         QTest::mouseClick(&strip, Qt::LeftButton, {}, {x, 10});
     }
     EXPECT_EQ(presses, 2);
+}
+
+TEST(Controls, LieInTheMiddleOfATallScreen) {
+    BoardWindow window("", {768, 1024});
+    EXPECT_EQ(window.mesa.LayoutPoint({10, 205 + 20}), (Point{10, 20}));
 }
 
 }  // namespace

@@ -100,6 +100,8 @@ TEST(Layout, PutsEachPieceOnItsSquare) {
     const Layout small = LayoutFor(640, 480);
     const Layout middle = LayoutFor(800, 600);
     const Layout large = LayoutFor(1024, 768);
+    EXPECT_EQ(large.BoxPosition(1, 1), (Point{532, 566}));
+    EXPECT_EQ(large.BoxPosition(3, 4), (Point{70, 200}));
     for (const PlaceRow& row : places) {
         SCOPED_TRACE("square " + std::to_string(row.square) + " slot " + std::to_string(row.slot));
         EXPECT_EQ(small.SlotPosition(row.square, row.slot), row.small);

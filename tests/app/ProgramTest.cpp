@@ -33,6 +33,7 @@ protected:
         program->Window().Ask = [this](const QString& title, auto...) {
             asked << title;
             program->SaveNow();  // as when the session ends meanwhile
+            EXPECT_TRUE(title != "Continuar la partida anterior" || Saved().GameInProgress);
             return MessageAnswer::Accepted;
         };
         Person person([](QWidget& title) { QTest::keyClick(title.focusWidget(), Qt::Key_Escape); });

@@ -106,20 +106,18 @@ TEST_F(PersonalTest, EveryOptionIsFlippedByMouseByKeyAndByScreenReader) {
 }
 
 TEST_F(PersonalTest, OnlyTheSelectorItselfCanBeClicked) {
-    const struct {
-        QPointF point;
-        bool inside;
-    } rows[] = {{{4.5, 11.5}, true}, {{33.5, 31.5}, true}, {{3, 21}, false},
-                {{35, 21}, false},   {{18, 10}, false},    {{18, 33}, false}};
+    const std::pair<QPointF, bool> rows[] = {{{4.5, 11.5}, true}, {{33.5, 31.5}, true},
+                                             {{3, 21}, false},    {{35, 21}, false},
+                                             {{18, 10}, false},   {{18, 33}, false}};
     Open();
     QWidget* stop = Find(Option::Tutor);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.point.x() << ", " << row.point.y());
+    for (const auto& [point, inside] : rows) {
+        SCOPED_TRACE(testing::Message() << point.x() << ", " << point.y());
         const Short before = settings.Tutor;
-        Press(Option::Tutor, 0, row.point);
-        EXPECT_EQ(settings.Tutor != before, row.inside);
-        QTest::mouseMove(stop->parentWidget(), stop->pos() + InLogical(row.point + QPointF(0, 8)));
-        EXPECT_EQ(stop->parentWidget()->cursor().shape() == Qt::BitmapCursor, row.inside);
+        Press(Option::Tutor, 0, point);
+        EXPECT_EQ(settings.Tutor != before, inside);
+        QTest::mouseMove(stop->parentWidget(), stop->pos() + InLogical(point + QPointF(0, 8)));
+        EXPECT_EQ(stop->parentWidget()->cursor().shape() == Qt::BitmapCursor, inside);
     }
 }
 
@@ -190,11 +188,8 @@ TEST_F(PersonalTest, NamesAndSlidersFollowTheKeyboard) {
 }
 
 TEST_F(PersonalTest, ASliderIsDraggedUntilTheCursorLeavesIt) {
-    const struct {
-        const char* name;
-        std::vector<double> way;  // of the cursor, from the press to the release
-        Short reached;
-    } drags[] = {
+    // The way of the cursor, from the press to the release, and the value that is reached.
+    const std::tuple<const char*, std::vector<double>, Short> drags[] = {
         {"follows the cursor", {50, 51, 100, 0, 12}, 12}, {"is taken by its marker only", {5, 26}, 12},
         {"not right beside it either", {19, 26}, 12},     {"is let go at the left", {12, 5, -3, 40}, 5},
         {"and at the right end", {5, 97, 104, 60}, 97},   {"and by the button", {97}, 97},
@@ -205,11 +200,11 @@ TEST_F(PersonalTest, ASliderIsDraggedUntilTheCursorLeavesIt) {
     const auto at = [this](double value) { return InLogical({6.5 + value, 9}); };
     for (const auto& [name, field] : sliders) {
         QWidget* slider = Find(name);
-        for (const auto& drag : drags) {
-            if (drag.way[0] < 200) QTest::mousePress(slider, Qt::LeftButton, {}, at(drag.way[0]));
-            for (const double value : drag.way) QTest::mouseMove(slider, at(value));
-            EXPECT_EQ(*field, drag.reached) << name << ' ' << drag.name;
-            QTest::mouseRelease(slider, Qt::LeftButton, {}, at(drag.way.back()));
+        for (const auto& [what, way, reached] : drags) {
+            if (way[0] < 200) QTest::mousePress(slider, Qt::LeftButton, {}, at(way[0]));
+            for (const double value : way) QTest::mouseMove(slider, at(value));
+            EXPECT_EQ(*field, reached) << name << ' ' << what;
+            QTest::mouseRelease(slider, Qt::LeftButton, {}, at(way.back()));
         }
     }
 }
@@ -252,9 +247,7 @@ TEST_F(PersonalTest, TabAndTheArrowsReachEverything) {
 }
 
 TEST(NameTest, IsBroughtIntoItsFormAndStaysInIt) {
-    const struct {
-        const char *name, *typed, *kept;
-    } names[] = {
+    const std::tuple<const char*, const char*, const char*> names[] = {
         {"blanks in front go", "  juan CARLOS", "juan carl"},
         {"only the first letter may be a capital", "PEPE", "Pepe"},
         {"blanks inside and at the end stay", "Ana Luz ", "Ana luz "},
@@ -263,9 +256,9 @@ TEST(NameTest, IsBroughtIntoItsFormAndStaysInIt) {
         {"no quotes, control characters or other alphabets", "\"A\tn\x01\"Ж日\xF0\x9F\x8E\xB2z", "Anz"},
         {"what the file has", "€–Š", "€–š"},
     };
-    for (const auto& row : names) {
-        EXPECT_EQ(NameFromTyped(row.typed), QString(row.kept)) << row.name;
-        EXPECT_EQ(NameFromTyped(row.kept), QString(row.kept)) << row.name;
+    for (const auto& [name, typed, kept] : names) {
+        EXPECT_EQ(NameFromTyped(typed), QString(kept)) << name;
+        EXPECT_EQ(NameFromTyped(kept), QString(kept)) << name;
     }
 }
 
