@@ -90,6 +90,7 @@ TEST(PiecePlaces, AreHitUpToTheirEdges) {
 
 // Whatever an earlier game left in slot 3 of a goal, each piece has a place of its own there.
 TEST(PiecePlaces, OnAGoalAreNeverShared) {
+    EXPECT_EQ(FreePlaceOn(layout, Position("1:76 76 76 0"), 76), layout.SlotPosition(76, 4));
     for (const PieceCode leftover : {0, 11, 14, 41, 99}) {
         GameState state = Position("1:76 76 76 76");
         state.SquareOccupants[76] = {0, 13, 11, leftover};

@@ -27,6 +27,8 @@ TEST(Controls, ExplainShowAndTakePresses) {
     // The on/off key takes clicks up to 44, although its drawing reaches 48.
     int presses = 0;
     strip.Pressed = [&](RecorderKey key) { presses += key == RecorderKey::OnOff; };
+    QTest::mouseClick(&strip, Qt::RightButton, {}, {6, 10});
+    QTest::mouseClick(&strip, Qt::LeftButton, {}, {6, 21});
     for (const int x : {6, 44, 45}) {
         QTest::mouseClick(&strip, Qt::LeftButton, {}, {x, 10});
     }

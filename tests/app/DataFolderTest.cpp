@@ -77,12 +77,6 @@ TEST_F(DataFolderTest, SurvivesWhateverIsMissing) {
         EXPECT_EQ(ChooseDataFolder(notAFolder), fallback);
         EXPECT_TRUE(fs::is_directory(fallback) && fs::is_empty(fallback)) << notAFolder;
     }
-    // A history without settings is copied as well.
-    LockProgramFolder();
-    fs::remove(program / "ZORVA32.INI");
-    fs::remove_all(fallback);
-    EXPECT_EQ(ChooseDataFolder(program), fallback);
-    EXPECT_EQ(FileBytes(fallback / "ZORVA32.HIS"), "history");
 }
 
 TEST_F(DataFolderTest, FollowsTheUsersDataHome) {

@@ -75,6 +75,7 @@ TEST_F(WithATape, TheDieOfTheLastMoveLiesAtRest) {
     Press(OnOff);
     EXPECT_EQ(outside.Only({"die"}).back(), "die 2 5 ready");
     EXPECT_EQ(outside.Only({"turn"}).back(), "turn 2 throws");
+    EXPECT_EQ(outside.Only({"pause"}), Notes{"pause 10"});
     EXPECT_EQ(state.PiecePosition[1][1], 18);
     EXPECT_EQ(recorder.RecorderOn, No);
 }

