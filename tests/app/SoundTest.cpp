@@ -82,10 +82,8 @@ protected:
         for (const int number : {SIGINT, SIGTERM}) {
             EXPECT_EQ(signal(number, SIG_DFL), SIG_DFL) << "would not end the program: " << number;
         }
-        for (const char* name :
-             {"SDL_AUDIODRIVER", "SDL_DISKAUDIOFILE", "SDL_DISKAUDIODELAY", "ALSA_CONFIG_PATH"}) {
-            unsetenv(name);
-        }
+        unsetenv("SDL_DISKAUDIODELAY");
+        unsetenv("ALSA_CONFIG_PATH");
     }
 
     SoundClip Heard() const { return SamplesOf(test::FileBytes(file_)); }
