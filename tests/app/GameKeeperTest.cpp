@@ -25,16 +25,16 @@ protected:
     std::string Written() const { return FileBytes(data / SettingsFileName); }
 
     /// Plays a new game until `moves` moves are made or it has ended; calls the function at each move.
-    void Play(
-        Short moves, const std::function<void()>& atMove = [] {}) {
-        PlayRandomGame(
-            state, kind, chance, [&](const auto&...) { atMove(); },
-            [&](const auto&...) {
-                if (state.MoveRecordCount > moves) state.GameInProgress = No;
-                if (state.GameInProgress == No) return;
-                keeper.PositionReached();
-                beginning = state;
-            });
+    void Play(Short moves, const std::function<void()>& atMove = {}) {
+        const auto beforeRecord = [&](const auto&...) {
+            if (atMove) atMove();
+        };
+        PlayRandomGame(state, kind, chance, beforeRecord, [&](const auto&...) {
+            if (state.MoveRecordCount > moves) state.GameInProgress = No;
+            if (state.GameInProgress == No) return;
+            keeper.PositionReached();
+            beginning = state;
+        });
     }
 
     TemporaryFolder folder;
