@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "app/Layout.h"
 #include "app/Palette.h"
 
@@ -31,11 +33,7 @@ TEST(Background, HasNoGapsOnAnyShapeOfScreen) {
 }
 
 TEST(Background, HasItsPartsAtTheirPlaces) {
-    const struct {
-        const char* name;
-        int x, y;
-        QColor colour;
-    } rows[] = {
+    const std::tuple<const char*, int, int, QColor> rows[] = {
         {"the table", 10, 384, {0x48, 0x2e, 0x1e}},
         {"the shadow right of the board", 745, 400, {0x1a, 0x0e, 0x08}},
         {"the frame", 31, 300, {0x74, 0x41, 0x27}},
@@ -53,7 +51,7 @@ TEST(Background, HasItsPartsAtTheirPlaces) {
 }
 
 TEST(Background, IsOfTheSizeThatIsTakenWhateverWasBegun) {
-    constexpr QSize begun(800, 600), other(640, 480);
+    constexpr QSize begun(800, 600), other(800, 480);
     const Layout layout = LayoutFor(begun.width(), begun.height());
     Background background;
     const QImage plain = Taken(background, begun);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 
 #include "app/PiecePlaces.h"
 #include "core/Board.h"
@@ -15,12 +16,7 @@ namespace {
 const Layout layout = LayoutFor(1024, 768);
 
 TEST(BoardHits, FindWhatLiesUnderAPoint) {
-    const struct {
-        const char* name;
-        Point at;
-        Square square;
-        Colour house;
-    } spots[] = {
+    const std::tuple<const char*, Point, Square, Colour> spots[] = {
         // Squares, up to their edges.
         {"the last square before the column", {713, 383}, 17, 0},
         {"a square of the upper arm", {305, 54}, 35, 0},
@@ -38,10 +34,10 @@ TEST(BoardHits, FindWhatLiesUnderAPoint) {
         {"left of the board", {36, 383}, 0, 0},
         {"far off", {32000, 32000}, 0, 0},
     };
-    for (const auto& row : spots) {
-        const BoardSpot spot = SpotAt(layout, row.at);
-        EXPECT_EQ(spot.square, row.square) << row.name;
-        EXPECT_EQ(spot.house, row.house) << row.name;
+    for (const auto& [name, at, square, house] : spots) {
+        const BoardSpot spot = SpotAt(layout, at);
+        EXPECT_EQ(spot.square, square) << name;
+        EXPECT_EQ(spot.house, house) << name;
     }
 }
 
@@ -66,13 +62,7 @@ TEST(BoardHits, FindEverySquareAndEveryBoxByTheirPieces) {
 }
 
 TEST(PiecePlaces, FollowTheSlots) {
-    const struct {
-        const char* name;
-        const char* position;
-        PieceCode piece;
-        Square square;
-        Short slot;
-    } pieces[] = {
+    const std::tuple<const char*, const char*, PieceCode, Square, Short> pieces[] = {
         {"the first of two", "1:10 10 0 0", 11, 10, 1},
         {"the one that came later", "2:12 0 0 0  1:12 0 0 0", 11, 12, 2},
         {"in a home column", "3:86 86 0 0", 32, 86, 2},
@@ -80,29 +70,27 @@ TEST(PiecePlaces, FollowTheSlots) {
         {"the third at home", "4:100 100 0 100", 44, 100, 3},
         {"the fourth, which stands in no slot", "4:100 100 100 100", 44, 100, 4},
     };
-    for (const auto& row : pieces) {
-        const GameState state = Position(row.position);
-        EXPECT_EQ(PlaceOfPiece(layout, state, row.piece), layout.SlotPosition(row.square, row.slot))
-            << row.name;
+    for (const auto& [name, position, piece, square, slot] : pieces) {
+        const GameState state = Position(position);
+        EXPECT_EQ(PlaceOfPiece(layout, state, piece), layout.SlotPosition(square, slot)) << name;
     }
     EXPECT_EQ(PlaceOfPiece(layout, Position(""), 23), layout.BoxPosition(2, 3));
 }
 
 TEST(PiecePlaces, AreHitUpToTheirEdges) {
-    const struct {
-        int dx, dy;
-        bool hit;
-    } rows[] = {{0, 0, true}, {14, -14, true}, {-14, 14, true}, {15, 0, false}, {0, -15, false}};
+    const std::tuple<int, int, bool> rows[] = {
+        {0, 0, true}, {14, -14, true}, {-14, 14, true}, {15, 0, false}, {0, -15, false}};
     const GameState state = Position("1:10 10 0 0");
     const Point centre = layout.SlotPosition(10, 2);
-    for (const auto& row : rows) {
-        const Point at{ToShort(centre.x + row.dx), ToShort(centre.y + row.dy)};
-        EXPECT_EQ(IsOnPiece(layout, state, 12, at), row.hit) << row.dx << ", " << row.dy;
+    for (const auto& [dx, dy, hit] : rows) {
+        const Point at{ToShort(centre.x + dx), ToShort(centre.y + dy)};
+        EXPECT_EQ(IsOnPiece(layout, state, 12, at), hit) << dx << ", " << dy;
     }
 }
 
 // Whatever an earlier game left in slot 3 of a goal, each piece has a place of its own there.
 TEST(PiecePlaces, OnAGoalAreNeverShared) {
+    EXPECT_EQ(FreePlaceOn(layout, Position("1:76 76 76 0"), 76), layout.SlotPosition(76, 4));
     for (const PieceCode leftover : {0, 11, 14, 41, 99}) {
         GameState state = Position("1:76 76 76 76");
         state.SquareOccupants[76] = {0, 13, 11, leftover};

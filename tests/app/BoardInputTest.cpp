@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <QKeyEvent>
 
 #include "tests/app/BoardWindow.h"
@@ -67,31 +69,25 @@ TEST_F(OnTheBoard, AClickThrowsOnlyWhileAThrowIsAwaited) {
 }
 
 TEST_F(OnTheBoard, AClickPicksAPieceThatMayMove) {
-    const struct {
-        const char* name;
-        PieceCode piece;
-        Qt::MouseButton button;
-        bool person;
-        Short picked;
-    } rows[] = {
+    const std::tuple<const char*, PieceCode, Qt::MouseButton, bool, Short> rows[] = {
         {"a piece that may move", 11, Qt::LeftButton, true, 1},
         {"one on its goal", 13, Qt::LeftButton, true, 0},
         {"another colour's", 21, Qt::LeftButton, true, 0},
         {"with the right button", 11, Qt::RightButton, true, 0},
         {"where the computer plays", 11, Qt::LeftButton, false, 0},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        settings.PlayerType[1] = row.person ? 2 : 1;
+    for (const auto& [name, piece, button, person, picked] : rows) {
+        SCOPED_TRACE(name);
+        settings.PlayerType[1] = person ? 2 : 1;
         AwaitMove();
         state.MovePiece = state.MoveFrom = state.MoveTo = 0;
         mesa.Scene().ShowMove({});
-        Click(PlaceOf(row.piece), row.button);
-        EXPECT_EQ(state.MovePiece, row.picked);
-        EXPECT_EQ(state.WaitingForMove, row.picked != 0 ? No : Yes);
-        EXPECT_EQ(state.MoveFrom, row.picked != 0 ? 10 : 0);
-        EXPECT_EQ(state.MoveTo, row.picked != 0 ? 13 : 0);
-        EXPECT_EQ(View().shown.piece, row.picked != 0 ? 11 : 0);
+        Click(PlaceOf(piece), button);
+        EXPECT_EQ(state.MovePiece, picked);
+        EXPECT_EQ(state.WaitingForMove, picked != 0 ? No : Yes);
+        EXPECT_EQ(state.MoveFrom, picked != 0 ? 10 : 0);
+        EXPECT_EQ(state.MoveTo, picked != 0 ? 13 : 0);
+        EXPECT_EQ(View().shown.piece, picked != 0 ? 11 : 0);
     }
 }
 
@@ -119,8 +115,11 @@ TEST_F(OnTheBoard, KeysThrowAcceptAndMark) {
     EXPECT_EQ(View().marked, 0);
     Key(Qt::Key_Return);
     EXPECT_EQ(state.MovePiece, 2) << "and the advised one when none is marked";
-    Key(Qt::Key_Escape);
-    EXPECT_TRUE(mesa.isMinimized());
+    for (const auto& [key, text] : {std::pair{Qt::Key_Escape, "\x1b"}, {Qt::Key_Q, "q"}}) {
+        mesa.showNormal();
+        Key(key, text);
+        EXPECT_TRUE(mesa.isMinimized()) << text;
+    }
 }
 
 TEST_F(OnTheBoard, ShowsWhatCanBePickedAndWhereItWouldGo) {
@@ -162,14 +161,7 @@ TEST_F(OnTheBoard, TheRightButtonTurnsManualModeOnAndOff) {
 TEST_F(OnTheBoard, APieceIsDroppedWhereItMayStandAndGlidesBackElsewhere) {
     constexpr Sound byHand = Sound::MoveByHand, refusal = Sound::Refusal;
     const Point ownBox = layout.House(1).Centre(), otherBox = layout.House(2).Centre();
-    const struct {
-        const char* name;
-        PieceCode piece;
-        Point to;
-        bool accepted;
-        Square square;
-        std::vector<Sound> heard;
-    } rows[] = {
+    const std::tuple<const char*, PieceCode, Point, bool, Square, std::vector<Sound>> rows[] = {
         {"a free square", 11, PlaceOfSquare(20), true, 20, {byHand, byHand}},
         {"its own box", 11, ownBox, true, 0, {byHand, byHand}},
         {"another box", 11, otherBox, false, 0, {byHand, refusal}},
@@ -179,25 +171,25 @@ TEST_F(OnTheBoard, APieceIsDroppedWhereItMayStandAndGlidesBackElsewhere) {
         {"a piece on its goal stays there", 13, PlaceOfSquare(20), false, 0, {}},
         {"another colour's piece", 21, PlaceOfSquare(45), true, 45, {byHand, byHand}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, piece, to, accepted, square, heard] : rows) {
+        SCOPED_TRACE(name);
         AwaitThrow();
         state.CurrentColour = 1;
         state.ManualShiftMade = state.ManualMode = No;
         Click(PlaceOfSquare(50), Qt::RightButton);
         sounds.clear();
-        Drag(row.piece, row.to);
-        EXPECT_EQ(sounds, row.heard);
+        Drag(piece, to);
+        EXPECT_EQ(sounds, heard);
         EXPECT_FALSE(input.IsDragging());
-        EXPECT_EQ(state.ManualShiftMade, row.accepted ? Yes : No);
-        EXPECT_EQ(state.WaitingForThrow, row.accepted ? No : Yes);
-        EXPECT_EQ(View().manualMode, !row.accepted);
-        if (row.accepted) {
-            EXPECT_EQ(CodeOf(state.CurrentColour, state.MovePiece), row.piece);
-            EXPECT_EQ(state.MoveTo, row.square);
+        EXPECT_EQ(state.ManualShiftMade, accepted ? Yes : No);
+        EXPECT_EQ(state.WaitingForThrow, accepted ? No : Yes);
+        EXPECT_EQ(View().manualMode, !accepted);
+        if (accepted) {
+            EXPECT_EQ(CodeOf(state.CurrentColour, state.MovePiece), piece);
+            EXPECT_EQ(state.MoveTo, square);
         } else {
             EXPECT_EQ(View().inAir, 0);
-            EXPECT_EQ(View().at[row.piece], AsPointF(PlaceOf(row.piece)));
+            EXPECT_EQ(View().at[piece], AsPointF(PlaceOf(piece)));
         }
         mesa.Scene().Refresh();
     }

@@ -1,6 +1,8 @@
 // What those hear who do not see the board.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <QAccessible>
 
 #include "app/BoardAccessibility.h"
@@ -18,11 +20,7 @@ TEST(BoardSpeech, SaysWhereEverythingIs) {
     MoveRecord home{2, 1, 0, 0, 1, 5, 0, 0, 0, 1, No};
     MoveRecord pass{3, 0, 2, 2, 0, 0, 0, 0, 0, 0, Yes};
     MoveRecord byHand{4, 0, 0, 0, 3, 0, 56, 0, Yes, 0, Yes};
-    const struct {
-        const char* what;
-        QString said;
-        const char* expected;
-    } rows[] = {
+    const std::tuple<const char*, QString, const char*> rows[] = {
         {"a piece on the ring", PieceText(state, settings, 11), "Ficha 1 de Amarillo, casilla 5"},
         {"a piece in its column", PieceText(state, settings, 13),
          "Ficha 3 de Amarillo, columna, casilla 2"},
@@ -35,11 +33,12 @@ TEST(BoardSpeech, SaysWhereEverythingIs) {
         {"a goal", SquareText(state, settings, 76), "Meta del amarillo: ficha 2 de Amarillo"},
         {"a walk", MoveText(settings, walk), "Amarillo cuenta 12 con la ficha 2: columna, casilla 7"},
         {"a captured piece", MoveText(settings, home), "La ficha 1 de Ana (Azul) vuelve a espera"},
+        {"no game", TurnText(state, settings), "No hay ninguna partida en curso"},
         {"a pass", MoveText(settings, pass), "Rojo pasa"},
         {"a displacement", MoveText(settings, byHand),
          "La ficha 3 de Verde se coloca a mano: casilla 56"},
     };
-    for (const auto& row : rows) EXPECT_EQ(row.said, QString(row.expected)) << row.what;
+    for (const auto& [what, said, expected] : rows) EXPECT_EQ(said, QString(expected)) << what;
 }
 
 class SpokenBoard : public testing::Test, public test::BoardWindow {
@@ -49,9 +48,7 @@ protected:
         QAccessible::setActive(true);
     }
 
-    SpokenBoard() : BoardWindow("1:5 0 0 0") {
-        board_ = QAccessible::queryAccessibleInterface(&mesa);
-    }
+    SpokenBoard() : BoardWindow("1:5 0 0 0") { board_ = QAccessible::queryAccessibleInterface(&mesa); }
 
     QAccessibleInterface* ChildNamed(const QString& start) const {
         for (int index = 0; index < board_->childCount(); ++index) {
@@ -86,12 +83,16 @@ TEST_F(SpokenBoard, HoldsControlsDicePiecesAndSquares) {
 }
 
 TEST_F(SpokenBoard, PressesAPieceWhereItStandsAndTellsTheLatestNews) {
-    Point pressed;
+    Point pressed, released;
     mesa.BoardPressed = [&pressed](Point at, Qt::MouseButton) { pressed = at; };
+    mesa.BoardReleased = [&released](Point at) { released = at; };
     QAccessibleInterface* piece = ChildNamed("Ficha 1 de Amarillo");
     ASSERT_NE(piece, nullptr);
     piece->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(pressed, PlaceOfSquare(5));
+    EXPECT_EQ(released, pressed);
+    EXPECT_TRUE(piece->rect().contains(mesa.mapToGlobal(QPoint(pressed.x, pressed.y))));
+    EXPECT_TRUE(piece->state().disabled) << "no move is awaited";
     Announce(mesa, "Rojo pasa");
     EXPECT_NE(ChildNamed("Rojo pasa"), nullptr);
 }

@@ -17,16 +17,27 @@ TEST(Controls, ExplainShowAndTakePresses) {
         mesa.Buttons().Explain(explains);
         EXPECT_EQ(mesa.Buttons().Button(0).toolTip().isEmpty(), !explains);
     }
+    MenuButton& button = mesa.Buttons().Button(0);
+    const QImage buttonAtRest = button.grab().toImage();
+    button.ShowPressed(true);
+    EXPECT_NE(button.grab().toImage(), buttonAtRest);
     const QImage atRest = strip.grab().toImage();
     strip.ShowPressed(RecorderKey::OnOff, true);
     EXPECT_NE(strip.grab().toImage(), atRest);
     // The on/off key takes clicks up to 44, although its drawing reaches 48.
     int presses = 0;
     strip.Pressed = [&](RecorderKey key) { presses += key == RecorderKey::OnOff; };
+    QTest::mouseClick(&strip, Qt::RightButton, {}, {6, 10});
+    QTest::mouseClick(&strip, Qt::LeftButton, {}, {6, 21});
     for (const int x : {6, 44, 45}) {
         QTest::mouseClick(&strip, Qt::LeftButton, {}, {x, 10});
     }
     EXPECT_EQ(presses, 2);
+}
+
+TEST(Controls, LieInTheMiddleOfATallScreen) {
+    BoardWindow window("", {768, 1024});
+    EXPECT_EQ(window.mesa.LayoutPoint({10, 205 + 20}), (Point{10, 20}));
 }
 
 }  // namespace

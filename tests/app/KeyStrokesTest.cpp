@@ -28,6 +28,7 @@ const KeyRow keys[] = {
     {"F4 with Alt", Qt::Key_F4, "", true, false, Qt::AltModifier},
     {"a letter with Ctrl", Qt::Key_A, "\x01", true, false, Qt::ControlModifier},
     {"Shift alone", Qt::Key_Shift, "", false, false},
+    {"AltGr alone", Qt::Key_AltGr, "", false, false},
     {"Alt alone", Qt::Key_Alt, "", false, false},
     {"the system's key", Qt::Key_Meta, "", false, false},
     {"volume down", Qt::Key_VolumeDown, "", false, false},

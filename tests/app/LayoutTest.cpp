@@ -40,14 +40,14 @@ struct SizeRow {
 };
 
 const SizeRow sizes[] = {
-    {{640, 480}, 1, {640, 480, 1, 21, 49, 19, 479, 534, 484, 180}},
-    {{799, 600}, 1, {799, 600, 1, 21, 49, 79, 599, 674, 624, 180}},
-    {{800, 600}, 1, {800, 600, 2, 27, 63, 16, 599, 674, 624, 300}},
-    {{801, 600}, 0.78125, {1025, 768, 3, 33, 77, 37, 767, 871, 821, 460}},
-    {{1024, 768}, 1, {1024, 768, 3, 33, 77, 37, 767, 870, 820, 460}},
-    {{3440, 1440}, 1.875, {1835, 768, 3, 33, 77, 37, 767, 1276, 1226, 460}},
-    {{1080, 1920}, 1.0546875, {1024, 819, 3, 33, 77, 63, 819, 896, 846, 460}, 528},
-    {{768, 1024}, 1, {768, 614, 1, 21, 49, 86, 613, 666, 616, 180}, 205},
+    {{640, 480}, 1, {640, 480, 1, 21, 49, 19, 479, 534, 484, 180, 41}},
+    {{799, 600}, 1, {799, 600, 1, 21, 49, 79, 599, 674, 624, 180, 54}},
+    {{800, 600}, 1, {800, 600, 2, 27, 63, 16, 599, 674, 624, 300, 55}},
+    {{801, 600}, 0.78125, {1025, 768, 3, 33, 77, 37, 767, 871, 821, 460, 64}},
+    {{1024, 768}, 1, {1024, 768, 3, 33, 77, 37, 767, 870, 820, 460, 64}},
+    {{3440, 1440}, 1.875, {1835, 768, 3, 33, 77, 37, 767, 1276, 1226, 460, 64}},
+    {{1080, 1920}, 1.0546875, {1024, 819, 3, 33, 77, 63, 819, 896, 846, 460, 56}, 528},
+    {{768, 1024}, 1, {768, 614, 1, 21, 49, 86, 613, 666, 616, 180, 39}, 205},
 };
 
 TEST(Layout, FollowsTheScreen) {
@@ -55,9 +55,10 @@ TEST(Layout, FollowsTheScreen) {
         SCOPED_TRACE(NameOf(row.screen));
         const Layout layout = LayoutFor(row.screen.width, row.screen.height);
         EXPECT_DOUBLE_EQ(layout.Unit, row.unit);
-        const std::vector<int> lengths{
-            layout.ScreenWidth, layout.ScreenHeight, layout.SizeClass,  layout.Cell,  layout.Block,
-            layout.Margin,      layout.BoardExtent,  layout.Recorder.x, layout.Log.x, layout.Log.height};
+        const std::vector<int> lengths{layout.ScreenWidth, layout.ScreenHeight,   layout.SizeClass,
+                                       layout.Cell,        layout.Block,          layout.Margin,
+                                       layout.BoardExtent, layout.Recorder.x,     layout.Log.x,
+                                       layout.Log.height,  layout.Button[0].width};
         EXPECT_EQ(lengths, row.lengths);
         EXPECT_EQ(layout.Recorder, (Box{layout.Recorder.x, 220, 50, 75}));
         EXPECT_EQ(layout.Log, (Box{layout.Log.x, 304, 150, layout.Log.height}));
@@ -100,6 +101,8 @@ TEST(Layout, PutsEachPieceOnItsSquare) {
     const Layout small = LayoutFor(640, 480);
     const Layout middle = LayoutFor(800, 600);
     const Layout large = LayoutFor(1024, 768);
+    EXPECT_EQ(large.BoxPosition(1, 1), (Point{532, 566}));
+    EXPECT_EQ(large.BoxPosition(3, 4), (Point{70, 200}));
     for (const PlaceRow& row : places) {
         SCOPED_TRACE("square " + std::to_string(row.square) + " slot " + std::to_string(row.slot));
         EXPECT_EQ(small.SlotPosition(row.square, row.slot), row.small);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -75,19 +74,6 @@ TEST_F(MoveLogTest, ShowsTheLineThatMattersAndNeverHalfALine) {
     log.Begin("Otra");
     AddTo(7);
     EXPECT_EQ(Seen(), "0..7 s-1");
-}
-
-TEST_F(MoveLogTest, IsAListForScreenReaders) {
-    log.CutFrom(2);
-    log.Select(1);
-    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&log);
-    EXPECT_EQ(list->role(), QAccessible::List);
-    EXPECT_EQ(list->text(QAccessible::Name), "Registro de jugadas");
-    ASSERT_EQ(list->childCount(), 2);
-    EXPECT_EQ(list->child(0)->text(QAccessible::Name), "Inicio");
-    EXPECT_EQ(list->child(1)->text(QAccessible::Name), "1");
-    EXPECT_TRUE(list->child(1)->state().selected);
-    EXPECT_FALSE(log.currentIndex().isValid()) << "they would believe that it has the focus";
 }
 
 TEST_F(MoveLogTest, TheMouseScrollsItAndDoesNothingElse) {

@@ -33,6 +33,7 @@ protected:
         program->Window().Ask = [this](const QString& title, auto...) {
             asked << title;
             program->SaveNow();  // as when the session ends meanwhile
+            EXPECT_TRUE(title != "Continuar la partida anterior" || Saved().GameInProgress);
             return MessageAnswer::Accepted;
         };
         Person person([](QWidget& title) { QTest::keyClick(title.focusWidget(), Qt::Key_Escape); });
@@ -67,7 +68,7 @@ TEST_F(ProgramTest, PlaysAGameToItsEndAndKeepsItsResult) {
     Start();
     EXPECT_EQ(asked, QStringList()) << "nothing to tell about the files";
     Press(MenuButtons::NewGame);
-    EXPECT_EQ(asked.first(), "Comienza la Partida");
+    EXPECT_EQ(asked.value(0), "Comienza la Partida");
     EXPECT_EQ(Results(), 1u);
     EXPECT_EQ(Saved().GameInProgress, No);
     EXPECT_EQ(Saved().PiecePosition, program->State().PiecePosition) << "the end stays on the board";
@@ -78,14 +79,24 @@ TEST_F(ProgramTest, SavesTheGameThatIsLeftAndContinuesItAtTheNextStart) {
     Start();
     player.start(0);
     Press(MenuButtons::NewGame);
-    EXPECT_EQ(asked.last(), "Posponer la partida en curso");
+    EXPECT_EQ(asked.value(asked.size() - 1), "Posponer la partida en curso");
     EXPECT_EQ(Saved().GameInProgress, Yes);
     const Short made = Saved().MoveRecordCount;
     EXPECT_GE(made, 12);
     Restart();
-    EXPECT_EQ(asked.first(), "Continuar la partida anterior");
-    EXPECT_EQ(asked.last(), "Posponer la partida en curso");
+    EXPECT_EQ(asked.value(0), "Continuar la partida anterior");
+    EXPECT_EQ(asked.value(asked.size() - 1), "Posponer la partida en curso");
     EXPECT_EQ(Saved().MoveRecordCount, made) << "left at once";
+}
+
+TEST_F(ProgramTest, AppliesAndSavesWhatIsChosen) {
+    Start();
+    Person person([](QWidget& window) {
+        QTest::keyClick(window.findChild<QWidget*>("Pic_Velocidad"), Qt::Key_PageDown);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+    });
+    QTest::keyClick(&program->Window(), Qt::Key_F3);
+    EXPECT_EQ(LoadSettings(data).content.settings.Speed, 90);
 }
 
 }  // namespace

@@ -9,6 +9,8 @@
 namespace zorva::test {
 namespace {
 
+using enum RecorderKey;
+
 /// A world that notes what it is asked for, and in which somebody may press a key during a yield.
 class YieldingOutside : public NotingOutside {
 public:
@@ -31,6 +33,8 @@ protected:
         state.MoveRecordCount = 3;
     }
 
+    void Press(auto... keys) { (control.Press(keys), ...); }
+
     std::string Live() {
         std::string live;
         for (int key = 0; key < RecorderKeyCount; ++key) {
@@ -49,78 +53,69 @@ TEST_F(WithATape, KeysAreLiveWhereTheyDoSomething) {
     state.WaitingForThrow = No;
     EXPECT_EQ(Live(), "------");
     state.WaitingForThrow = Yes;
-    control.Press(RecorderKey::BackOne);
+    Press(BackOne);
     EXPECT_EQ(state.MoveRecordCount, 3) << "the recorder is off";
-    control.Press(RecorderKey::OnOff);
+    Press(OnOff);
     EXPECT_EQ(Live(), "xx-x--");
-    control.Press(RecorderKey::BackOne);
+    Press(BackOne);
     EXPECT_EQ(Live(), "xxxxxx");
-    control.Press(RecorderKey::BackOne);
+    Press(BackOne);
     EXPECT_EQ(Live(), "x-x-xx");
-    control.Press(RecorderKey::BackOne);
-    EXPECT_EQ(state.MoveRecordCount, 1);
-    control.Press(RecorderKey::ForwardOne);
-    EXPECT_EQ(state.MoveRecordCount, 2);
+    Press(BackOne, ForwardOne);
+    EXPECT_EQ(state.MoveRecordCount, 2) << "there is no move before the first";
     EXPECT_EQ(state.PiecePosition[1][1], 13);
 }
 
 TEST_F(WithATape, TheDieOfTheLastMoveLiesAtRest) {
-    control.Press(RecorderKey::OnOff);
-    control.Press(RecorderKey::BackOne);
+    Press(OnOff, BackOne);
     EXPECT_EQ(outside.Only({"die"}), Notes{"die 1 3 rests"});
     EXPECT_EQ(outside.Only({"turn"}).back(), "turn 1 tape");
-    control.Press(RecorderKey::BackOne);
+    Press(BackOne);
     EXPECT_EQ(outside.Only({"die"}), Notes{"die 1 3 rests"}) << "no move is on the board";
-    control.Press(RecorderKey::OnOff);
+    Press(OnOff);
     EXPECT_EQ(outside.Only({"die"}).back(), "die 2 5 ready");
     EXPECT_EQ(outside.Only({"turn"}).back(), "turn 2 throws");
+    EXPECT_EQ(outside.Only({"pause"}), Notes{"pause 10"});
     EXPECT_EQ(state.PiecePosition[1][1], 18);
     EXPECT_EQ(recorder.RecorderOn, No);
 }
 
 TEST_F(WithATape, AKeyThatRunsByItselfStopsAtTheEndOrWhenItIsPressedAgain) {
-    control.Press(RecorderKey::OnOff);
-    control.Press(RecorderKey::AutoBack);
+    Press(OnOff, AutoBack);
     EXPECT_EQ(state.MoveRecordCount, 1);
     int yields = 0;
     outside.atYield = [&] {
         ++yields;
-        EXPECT_EQ(Live(), state.MoveRecordCount == 2 ? "----x-" : "------");
-        control.Press(RecorderKey::AutoBack);
-        control.Press(RecorderKey::OnOff);
-        control.Press(RecorderKey::Restore);
+        EXPECT_EQ(Live(), "----x-");
+        Press(AutoBack, OnOff, Restore);
         EXPECT_EQ(recorder.RecorderOn, Yes);
-        control.Press(RecorderKey::AutoForward);
+        Press(AutoForward);
     };
-    control.Press(RecorderKey::AutoForward);
+    Press(AutoForward);
     EXPECT_EQ(yields, 1) << "pressed again it stops";
     EXPECT_EQ(state.MoveRecordCount, 2);
     EXPECT_FALSE(IsReplaying(recorder));
     outside.atYield = {};
-    control.Press(RecorderKey::AutoForward);
+    Press(AutoForward);
     EXPECT_EQ(state.MoveRecordCount, 3);
     EXPECT_EQ(outside.Only({"pause"}), (Notes{"pause 5", "pause 5", "pause 5", "pause 5"}));
 }
 
 TEST_F(WithATape, RestoreForgetsTheMovesBehindOrExplainsItself) {
-    control.Press(RecorderKey::OnOff);
-    control.Press(RecorderKey::Restore);
+    Press(OnOff, Restore);
     EXPECT_EQ(outside.Only({"message"}).size(), 1u);
     EXPECT_EQ(recorder.RecorderOn, Yes);
-    control.Press(RecorderKey::BackOne);
-    control.Press(RecorderKey::Restore);
+    Press(BackOne, Restore);
     EXPECT_EQ(recorder.RecorderOn, No);
     EXPECT_EQ(state.MoveRecordCount, 2);
-    EXPECT_EQ(state.MoveRecords[2], MoveRecord{});
     EXPECT_EQ(outside.Only({"message"}).size(), 1u);
 }
 
 TEST_F(WithATape, TakingTheTapeOutStopsAReplayAtTheEnd) {
     control.TakeTapeOut();
     EXPECT_EQ(outside.All(), Notes{}) << "the recorder is off";
-    control.Press(RecorderKey::OnOff);
     outside.atYield = [&] { control.TakeTapeOut(); };
-    control.Press(RecorderKey::AutoBack);
+    Press(OnOff, AutoBack);
     EXPECT_EQ(recorder.RecorderOn, No);
     EXPECT_EQ(state.MoveRecordCount, 3);
     EXPECT_EQ(state.PiecePosition[1][1], 18);

@@ -1,7 +1,9 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+
 #include <sys/stat.h>
 #include <unistd.h>
+#include <tuple>
 
 #include <algorithm>
 #include <chrono>
@@ -51,21 +53,18 @@ TEST(SoundClip, EachSoundPlaysItsRecording) {
 }
 
 TEST(SoundClip, DamagedAndForeignFilesAreSilence) {
-    const struct {
-        const char* name;
-        std::size_t at;  // the byte that is wrong; npos: the file is cut to `value` bytes
-        std::uint8_t value;
-    } damages[] = {
+    // The byte that is wrong; npos: the file is cut to that many bytes.
+    const std::tuple<const char*, std::size_t, std::uint8_t> damages[] = {
         {"cut in its head", npos, 9},     {"cut within its samples", npos, 200},
         {"another kind of file", 0, 'X'}, {"two channels", 22, 2},
         {"another sample rate", 24, 0},   {"more samples than bytes", 43, 0x7F},
     };
-    for (const auto& damage : damages) {
+    for (const auto& [name, at, value] : damages) {
         std::string wav = WavFileOf(Sound::Step);
-        if (damage.at == npos) wav.resize(damage.value);
-        if (damage.at != npos) wav.at(damage.at) = static_cast<char>(damage.value);
+        if (at == npos) wav.resize(value);
+        if (at != npos) wav.at(at) = static_cast<char>(value);
         const SoundClip clip = ReadSoundClip({reinterpret_cast<std::uint8_t*>(wav.data()), wav.size()});
-        EXPECT_TRUE(clip.empty()) << damage.name;
+        EXPECT_TRUE(clip.empty()) << name;
     }
 }
 
@@ -83,10 +82,8 @@ protected:
         for (const int number : {SIGINT, SIGTERM}) {
             EXPECT_EQ(signal(number, SIG_DFL), SIG_DFL) << "would not end the program: " << number;
         }
-        for (const char* name :
-             {"SDL_AUDIODRIVER", "SDL_DISKAUDIOFILE", "SDL_DISKAUDIODELAY", "ALSA_CONFIG_PATH"}) {
-            unsetenv(name);
-        }
+        unsetenv("SDL_DISKAUDIODELAY");
+        unsetenv("ALSA_CONFIG_PATH");
     }
 
     SoundClip Heard() const { return SamplesOf(test::FileBytes(file_)); }
@@ -108,8 +105,7 @@ protected:
         return found == heard.end() ? npos : static_cast<std::size_t>(found - heard.begin());
     }
     std::size_t WaitFor(Part part) const {
-        Wait([&] { return Find(part) != npos; });
-        return Find(part);
+        return Wait([&] { return Find(part) != npos; }) ? Find(part) : npos;
     }
 
     /// Plays a sound until it is heard: on a busy machine the device may open too late for the first.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 
 #include "app/MoveLog.h"
 #include "tests/app/BoardWindow.h"
@@ -40,20 +41,18 @@ TEST_F(InTheWindow, ADieWaitsAskewRollsByAndComesToRest) {
 }
 
 TEST_F(InTheWindow, TheLightFollowsTheTurn) {
-    const struct {
-        TurnIs why;
-        Colour lit;
-        Short bonus;
-    } rows[] = {{TurnIs::InDraw, 3, 0},
-                {TurnIs::BonusForCapture, 3, 20},
-                {TurnIs::BonusForArrival, 3, 10},
-                {TurnIs::Won, 3, 0},
-                {TurnIs::Over, 0, 0},
-                {TurnIs::OnTape, 3, 0}};
-    for (const auto& row : rows) {
-        outside.ShowTurn(3, row.why);
-        EXPECT_EQ(View().onTurn, row.lit) << static_cast<int>(row.why);
-        EXPECT_EQ(View().bonusDue, row.bonus) << static_cast<int>(row.why);
+    const std::tuple<TurnIs, Colour, Short> rows[] = {{TurnIs::InDraw, 3, 0},
+                                                      {TurnIs::BonusForCapture, 3, 20},
+                                                      {TurnIs::BonusForArrival, 3, 10},
+                                                      {TurnIs::Won, 3, 0},
+                                                      {TurnIs::Over, 0, 0},
+                                                      {TurnIs::OnTape, 3, 0}};
+    for (const auto& [why, lit, bonus] : rows) {
+        outside.DrawDie(3, 4, DieIs::Thrown);
+        outside.ShowTurn(3, why);
+        EXPECT_EQ(View().dieFace[3], bonus != 0 ? 0 : 4) << static_cast<int>(why);
+        EXPECT_EQ(View().onTurn, lit) << static_cast<int>(why);
+        EXPECT_EQ(View().bonusDue, bonus) << static_cast<int>(why);
     }
 }
 
@@ -73,6 +72,7 @@ TEST_F(InTheWindow, APieceWalksAndTheBoardIsClearedAndDrawnAgain) {
     outside.RefreshBoard(PiecesShown::None);
     EXPECT_FALSE(View().present[11]);
     outside.PutDownPiece(11, 11);
+    EXPECT_GT(View().height[11], 0) << "it falls into its place";
     state = Position("1:20 0 0 0");
     outside.RefreshBoard(PiecesShown::OnTheirSquares);
     EXPECT_EQ(View().at[11], AsPointF(PlaceOfSquare(20)));

@@ -1,7 +1,6 @@
 // What all windows over the board have in common.
 #include "dialogs/BoardDialog.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QTest>
@@ -37,7 +36,7 @@ TEST_F(BoardDialogTest, EveryWayOutLeavesOnceWithItsSound) {
     const std::function<void(QWidget&)> ways[] = {
         [](QWidget& window) { QTest::keyClick(window.focusWidget(), Qt::Key_Escape); },
         [](QWidget& window) { QTest::keyClick(window.focusWidget(), Qt::Key_F4, Qt::AltModifier); },
-        [](QWidget& window) { Control<QAbstractButton>(window, "Pic_Salir")->click(); },
+        [](QWidget& window) { QTest::keyClick(Control(window, "Pic_Salir"), Qt::Key_Return); },
         [](QWidget& window) { window.close(); },  // as the window manager does
     };
     for (const auto& leave : ways) {
