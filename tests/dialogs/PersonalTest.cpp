@@ -293,15 +293,5 @@ TEST_F(PersonalTest, ANameIsFormedWhileItIsTyped) {
     EXPECT_EQ(settings.PlayerName[1], "Alexéjand");
 }
 
-TEST_F(PersonalTest, TheWidestNameIsSeenWhole) {
-    for (const QSize size : ScreenSizes) {
-        UseScreen(size);
-        Open();
-        auto* box = Control<QLineEdit>(*window, "Txt_Nombre_2");
-        box->setText("Wwwwwwwww");
-        EXPECT_LE(QFontMetricsF(box->font()).horizontalAdvance(box->text()), box->width() - 4);
-    }
-}
-
 }  // namespace
 }  // namespace zorva

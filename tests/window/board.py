@@ -27,14 +27,10 @@ def piece_at(picture, layout, point):
     size = layout.piece_size * layout.unit
     middle = picture.pixel(x, round(y - size / 28))
     mark = 1 if max(middle) < 115 else 2 if min(middle) > 190 else 0
-    if mark == 0:
-        return 0
     body = [_hue(*picture.pixel(round(x + cos(a * pi / 6) * size * 0.34), round(y + sin(a * pi / 6) * size * 0.34)))
             for a in range(12)]
-    for colour in COLOURS:
-        if body.count(colour) >= 7:
-            return colour if mark == (1 if colour == 1 else 2) else 0
-    return 0
+    colour = max(COLOURS, key=body.count)
+    return colour if body.count(colour) >= 7 and mark == (1 if colour == 1 else 2) else 0
 
 
 def expected_places(layout, positions):

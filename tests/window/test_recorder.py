@@ -105,14 +105,14 @@ class Stopping(RecorderTest):
 
     def test_its_own_key_stops_an_automatic_replay(self):
         self.switch(on=True)
-        for key in ("auto back", "auto forward"):
+        for key, end in (("auto back", 0), ("auto forward", self.tape.moves)):
             # Held, because on a busy machine the replay could end between two clicks.
             with self.held():
                 for pressed in (key, "restore", "forward", "back", "on/off", key):
                     self.press(pressed)
             self.settle()
             self.assertTrue(any(self.shows(moves) for moves in range(1, self.tape.moves)), "not stopped on its way")
-        self.replay_to("auto back", 0)
+            self.replay_to(key, end)
 
 
 class Restoring(RecorderTest):
