@@ -33,7 +33,6 @@ class Picture:
         return tuple(self._data[at:at + 3][::-1]) if inside else (0, 0, 0)
 
     def part(self, x, y, width, height):
-        """The bytes of a rectangle, for a comparison with another picture."""
         x, y = max(x, 0), max(y, 0)
         rows = range(y, min(y + height, self.height))
         first = (self.start + row * self.row_bytes + x * 4 for row in rows)
@@ -107,9 +106,8 @@ class Display:
         self.environment["XDG_CONFIG_HOME"] = self._folder.name
 
     def _wait_for_manager(self):
-        """Waits until the manager does what it is asked to do. It announces itself earlier than that, and a window
-        that opens in between is not shown until something else happens. It shall have one desktop, because
-        it brings nothing to the front from another one."""
+        """Waits until the manager obeys. It announces itself earlier, and a window that opens in between is not
+        shown. It shall have one desktop, because it brings nothing to the front from another one."""
         end = time.monotonic() + 20
         while "= 1" not in self._run("xprop", "-root", "_NET_NUMBER_OF_DESKTOPS"):
             if time.monotonic() > end:
@@ -124,8 +122,6 @@ class Display:
         for process in reversed(self._processes):
             process.wait(timeout=20)
         self._folder.cleanup()
-
-    # ------------------------------------------------------------------------ what can be seen
 
     def picture(self):
         return Picture(Path(self.memory_file).read_bytes())
@@ -156,8 +152,6 @@ class Display:
 
     def is_dialog(self, window):
         return "window id" in self._run("xprop", "-id", window.id, "WM_TRANSIENT_FOR")
-
-    # ------------------------------------------------------------------ the mouse and the keyboard
 
     def act(self, *commands):
         """Carries out commands of xdotool one after the other. The question at the end tells when they are done.

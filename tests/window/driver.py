@@ -1,9 +1,8 @@
 """Plays the real program in a real window: the helper of all tests with a window.
 
-A test says what a player does and sees. It never sleeps for a while and hopes: it looks again and again
-until it sees what it waits for, or until the program, the screen and the window manager all rest. The
-environment variable ZORVA32 names the program, ZORVA_PICTURES the folder for a picture of the screen at
-each failure.
+A test never sleeps for a while and hopes: it looks again and again until it sees what it waits for, or until
+the program, the screen and the window manager all rest. The environment variable ZORVA32 names the program,
+ZORVA_PICTURES the folder for a picture of the screen at each failure.
 """
 
 import contextlib
@@ -65,7 +64,6 @@ class Program:
         if dice is not None:
             self.environment.update(LD_PRELOAD=helper("libhooks.so"), ZORVA_DICE=str(dice))
         self.process = None
-        self._read = (None, None)
 
     @property
     def ini(self):
@@ -91,14 +89,8 @@ class Program:
     def settings(self):
         return self._file()[0]
 
-    # The program replaces the whole file at every turn; each one is parsed once.
     def _file(self):
-        with open(self.ini, "rb") as file:
-            status = os.fstat(file.fileno())
-            key = (status.st_ino, status.st_mtime_ns, status.st_size)
-            if self._read[0] != key:
-                self._read = (key, inifile.from_bytes(file.read()))
-        return self._read[1]
+        return inifile.from_bytes(self.ini.read_bytes())
 
     def kill(self):
         self.process.kill()
@@ -173,9 +165,8 @@ class WindowTest(unittest.TestCase):
         return answer
 
     def comes_before_rest(self, condition, rest=REST):
-        """Whether the condition holds before the program, the screen and the window manager come to rest. They
-        rest when all of them sleep and have done nothing for `rest` seconds; a machine under load takes its time.
-        Below full speed the game's own pauses may be longer than REST."""
+        """Whether the condition holds before the program, the screen and the window manager all sleep and have
+        done nothing for `rest` seconds. Below full speed the game's own pauses may be longer than REST."""
         seen, since, end = None, 0, time.monotonic() + PATIENCE
         while not condition():
             now = time.monotonic()
@@ -332,8 +323,7 @@ class WindowTest(unittest.TestCase):
         return self.game()
 
     def play_until(self, is_enough, act, answer=lambda title: None):
-        """Plays on until that is enough: does `act`, which says whether the game went on, and answers every
-        message on the way. Fails when nothing moves the game any more."""
+        """Plays on with `act`, which says whether the game went on, and answers every message on the way."""
         last_change = time.monotonic()
         while not is_enough():
             if act():

@@ -39,8 +39,8 @@ Function* Real(const char* name) {
 
 }  // namespace
 
-// The dice come from system(). Qt draws from global() now and then while it paints; if it took its numbers
-// from the same series, the throws would depend on how often something was painted.
+// The dice come from system(). Qt draws from global() now and then while it paints; if it took its
+// numbers from the same series, the throws would depend on how often something was painted.
 quint64 QRandomGenerator::_fillRange(void* buffer, qptrdiff count) {
     static zorva::Chance dice(std::strtoull(Variable("ZORVA_DICE").c_str(), nullptr, 10));
     static zorva::Chance painting(0);

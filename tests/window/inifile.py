@@ -1,5 +1,6 @@
 """ZORVA32.INI: the settings, and the game in progress, as the tests write and read them."""
 
+import functools
 from collections import namedtuple
 from dataclasses import astuple, dataclass, field
 
@@ -100,6 +101,7 @@ def to_bytes(settings, game=None):
     return "".join(",".join(map(str, line)) + "\r\n" for line in lines).encode("cp1252")
 
 
+@functools.lru_cache(maxsize=1)  # the tests look at the same file many times
 def from_bytes(data):
     lines = data.decode("cp1252").replace('"', "").split("\r\n")
     rows = [line.split(",") for line in lines[:4]]

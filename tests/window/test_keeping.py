@@ -1,7 +1,6 @@
 """The game is never lost: left, ended from outside, started twice, begun anew."""
 
 import signal
-import unittest
 
 import board
 from driver import ABANDON_TITLE, POSTPONE_TITLE, START_TITLE, WindowTest
@@ -82,15 +81,10 @@ class BeginningAnew(KeepingTest):
         self.answer(ABANDON_TITLE, "no")
         self.wait_for_board()
         self.assertEqual(self.game().records, game.records)
-        for _ in range(2):
-            self.display.key("F2")
-            self.answer(ABANDON_TITLE, "yes")
-            self.wait_for_message(START_TITLE)
-            self.assertFalse(self.game().in_progress, "the abandoned game is still in the file")
-            self.answer(START_TITLE, "yes")
-            self.play_moves(4)
+        self.display.key("F2")
+        self.answer(ABANDON_TITLE, "yes")
+        self.wait_for_message(START_TITLE)
+        self.assertFalse(self.game().in_progress, "the abandoned game is still in the file")
+        self.answer(START_TITLE, "yes")
+        self.play_moves(4)
         self.assertEqual([self.game().home(colour) for colour in COLOURS], [0] * 4)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -11,7 +11,6 @@ import random
 import signal
 import subprocess
 import time
-import unittest
 from pathlib import Path
 
 import inifile
@@ -34,8 +33,6 @@ TO_GET_OUT = ("Escape", "Escape", "F6", "F6", "Return", "ctrl+Home", "Tab", "spa
 class Monkey(WindowTest):
     screen = tuple(map(int, os.environ.get("ZORVA_SCREEN", "1024x768").split("x")))
     dice_fall_the_same_way = False  # the library for that would come before the sanitizers'
-
-    # -------------------------------------------------------------------------------- nonsense
 
     def to_somewhere(self):
         chance, layout = self.chance, self.layout
@@ -94,8 +91,6 @@ class Monkey(WindowTest):
         else:
             self.assertEqual(second.returncode, 0, "the second start")
 
-    # ---------------------------------------------------------------------------------- rounds
-
     def leave(self):
         self.display.act(*("mouseup %d" % button for button in (1, 2, 3)),
                          *("keyup " + key for key in ("ctrl", "alt", "shift", "super")))
@@ -143,7 +138,3 @@ class Monkey(WindowTest):
             rounds += 1
             games += b"\r\n-1," in self.program.ini.read_bytes()
         print("%d actions in %d rounds, %d of them left in the middle of a game" % (self.done, rounds, games))
-
-
-if __name__ == "__main__":
-    unittest.main()

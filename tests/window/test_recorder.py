@@ -1,6 +1,5 @@
 """The recorder through all its keys, on a whole game with captures."""
 
-import unittest
 from pathlib import Path
 
 import board
@@ -160,7 +159,3 @@ class Restoring(RecorderTest):
         self.assertFalse(self.game().in_progress)
         self.play_moves(12)
         self.assertEqual(self.keys_down(), set())
-
-
-if __name__ == "__main__":
-    unittest.main()
