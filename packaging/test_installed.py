@@ -42,7 +42,6 @@ class Installed(driver.Program):
             os.chown(self._folder.name, self.user, self.user)
         self._words = words
         self.process = None
-        self._read = (None, None)
 
     # BOUND ends the program together with this process. Changing the user would undo it, so it comes afterwards.
     def spawn(self):

@@ -92,48 +92,40 @@ TEST(ManualTest, ItsLinksAndImagesAreWhole) {
     }
 }
 
-class AyudaTest : public WindowFixture {
-protected:
-    void Open() {
-        window = std::make_unique<Ayuda>(&board, *services, Shipped());
-        Show(*window);
-        page = Control<ManualView>(*window, "Txt_Manual");
-    }
-    int Position() const { return page->verticalScrollBar()->value(); }
+using AyudaTest = WindowFixture;
 
-    /// The heading that is first on the page.
-    QString TopHeading() const {
-        QTextBlock block = page->cursorForPosition({0, 0}).block();
-        while (block.isValid() && block.blockFormat().headingLevel() == 0) block = block.next();
-        return block.text();
-    }
-
-    std::unique_ptr<Ayuda> window;
-    ManualView* page = nullptr;
-};
+/// The heading that is first on the page.
+QString TopHeading(const ManualView& page) {
+    QTextBlock block = page.cursorForPosition({0, 0}).block();
+    while (block.isValid() && block.blockFormat().headingLevel() == 0) block = block.next();
+    return block.text();
+}
 
 TEST_F(AyudaTest, TheKeyboardFollowsLinks) {
-    Open();
+    Ayuda window(&board, *services, Shipped());
+    Show(window);
+    auto* page = Control<ManualView>(window, "Txt_Manual");
+    const auto position = [page] { return page->verticalScrollBar()->value(); };
     for (int i = 0; i < 3; ++i) QTest::keyClick(page, Qt::Key_Tab);
     QTest::keyClick(page, Qt::Key_Backtab);
     QTest::keyClick(page, Qt::Key_Return);
-    EXPECT_EQ(TopHeading(), "2. El tablero");
+    EXPECT_EQ(TopHeading(*page), "2. El tablero");
     // A table's lines are whole pixels: it may take one of the margin's.
     EXPECT_LE(page->document()->size().width(), page->viewport()->width() + 1) << "cut at the right";
-    const int section = Position();
+    const int section = position();
     QTest::keyClick(page, Qt::Key_Down);
-    const int line = Position();
+    const int line = position();
     EXPECT_GT(line, section);
     QTest::keyClick(page, Qt::Key_Return);
-    EXPECT_EQ(Position(), line) << "a link that was followed is not followed again unseen";
+    EXPECT_EQ(position(), line) << "a link that was followed is not followed again unseen";
     QTest::keyClick(page, Qt::Key_Tab);
     EXPECT_EQ(page->textCursor().selectedText(), "captura a la salida") << "goes on from what is seen";
     QTest::keyClick(page, Qt::Key_End);
     QTest::keyClick(page, Qt::Key_Backtab);
     EXPECT_EQ(page->textCursor().selectedText(), "Volver al índice");
     QTest::keyClick(page, Qt::Key_Tab);
-    EXPECT_TRUE(Control(*window, "Pic_Salir")->hasFocus()) << "behind the last link";
-    QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(Control(window, "Pic_Salir")->hasFocus()) << "behind the last link";
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(page->hasFocus());
 }
 

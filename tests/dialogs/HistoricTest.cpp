@@ -12,11 +12,10 @@ constexpr QPointF olderCorner{324, 287};
 constexpr QPointF newerCorner{26, 287};
 
 History GamesOf(long count, const std::string& name = "Ana") {
-    const std::string padded = (name + std::string(9, ' ')).substr(0, 9);
-    std::string bytes;
-    for (long i = 0; i < count; ++i) {
+    std::string padded = name, bytes;
+    padded.resize(9, ' ');
+    for (long i = 0; i < count; ++i)
         bytes += "200103050907" + padded + padded + padded + padded + "250\r\n";
-    }
     return History(bytes);
 }
 
@@ -84,9 +83,7 @@ TEST_F(HistoricTest, PagesByMouseAndByKey) {
     }
 }
 
-// The names keep between the rules of their column, however wide they are, and every column has its
-// heading.
-TEST_F(HistoricTest, TheSheetIsRuledInColumns) {
+TEST_F(HistoricTest, WideNamesKeepBetweenTheRulesOfTheirColumn) {
     Open(GamesOf(8, "Wmwmwmwmw"));
     const QImage picture = Picture();
     for (const int x : {84, 122, 282}) {

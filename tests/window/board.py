@@ -4,8 +4,6 @@ from math import cos, pi, sin
 
 from inifile import COLOURS, PIECES
 
-SQUARES = range(1, 101)
-
 
 def _hue(red, green, blue):
     """The colour 1..4 that a pixel has, 0 for paper, wood and shadow."""
@@ -27,21 +25,16 @@ def piece_at(picture, layout, point):
     size = layout.piece_size * layout.unit
     middle = picture.pixel(x, round(y - size / 28))
     mark = 1 if max(middle) < 115 else 2 if min(middle) > 190 else 0
-    if mark == 0:
-        return 0
     body = [_hue(*picture.pixel(round(x + cos(a * pi / 6) * size * 0.34), round(y + sin(a * pi / 6) * size * 0.34)))
-            for a in range(12)]
-    for colour in COLOURS:
-        if body.count(colour) >= 7:
-            return colour if mark == (1 if colour == 1 else 2) else 0
-    return 0
+            for a in range(12 if mark else 0)]
+    colour = max(COLOURS, key=body.count)
+    return colour if body.count(colour) >= 7 and mark == (1 if colour == 1 else 2) else 0
 
 
-def expected_places(layout, positions):
-    """For those positions of the pieces: groups of places and the colours they must show, in any
-    order; a place without a piece shows 0."""
-    groups = []
-    standing = {square: [] for square in SQUARES}
+def difference(picture, layout, positions):
+    """What the picture shows otherwise than those positions; empty when it agrees with them. The pieces of a
+    square may lie there in any order; a place without a piece shows 0."""
+    groups, wrong, standing = [], [], {square: [] for square in range(1, 101)}
     for colour in COLOURS:
         for piece in PIECES:
             square = positions[colour][piece - 1]
@@ -51,13 +44,7 @@ def expected_places(layout, positions):
     for square, colours in standing.items():
         slots = range(1, max(1, len(colours)) + 1)
         groups.append(([layout.slot(square, slot) for slot in slots], sorted(colours) or [0]))
-    return groups
-
-
-def difference(picture, layout, positions):
-    """What the picture shows otherwise than those positions; empty when it agrees with them."""
-    wrong = []
-    for places, colours in expected_places(layout, positions):
+    for places, colours in groups:
         seen = sorted(piece_at(picture, layout, place) for place in places)
         if seen != colours:
             wrong.append("at %s: %s instead of %s" % (places, seen, colours))

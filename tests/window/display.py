@@ -8,6 +8,7 @@ import tempfile
 import time
 import zlib
 from collections import namedtuple
+from pathlib import Path
 
 # A program that is started through this ends together with the tests, however they end.
 BOUND = ("setpriv", "--pdeathsig", "KILL", "--")
@@ -27,14 +28,11 @@ class Picture:
 
     def pixel(self, x, y):
         """Red, green and blue; black outside the screen."""
-        if not (0 <= x < self.width and 0 <= y < self.height):
-            return (0, 0, 0)
         at = self.start + y * self.row_bytes + x * 4
-        blue, green, red = self._data[at:at + 3]
-        return (red, green, blue)
+        inside = 0 <= x < self.width and 0 <= y < self.height
+        return tuple(self._data[at:at + 3][::-1]) if inside else (0, 0, 0)
 
     def part(self, x, y, width, height):
-        """The bytes of a rectangle, for a comparison with another picture."""
         x, y = max(x, 0), max(y, 0)
         rows = range(y, min(y + height, self.height))
         first = (self.start + row * self.row_bytes + x * 4 for row in rows)
@@ -55,10 +53,9 @@ class Picture:
         def chunk(kind, body):
             return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body))
 
-        with open(path, "wb") as file:
-            file.write(b"\x89PNG\r\n\x1a\n")
-            file.write(chunk(b"IHDR", struct.pack(">IIBBBBB", self.width, self.height, 8, 2, 0, 0, 0)))
-            file.write(chunk(b"IDAT", zlib.compress(b"".join(rows), 1)) + chunk(b"IEND", b""))
+        header = chunk(b"IHDR", struct.pack(">IIBBBBB", self.width, self.height, 8, 2, 0, 0, 0))
+        image = chunk(b"IDAT", zlib.compress(b"".join(rows), 1)) + chunk(b"IEND", b"")
+        Path(path).write_bytes(b"\x89PNG\r\n\x1a\n" + header + image)
 
 
 class Display:
@@ -68,12 +65,15 @@ class Display:
         self.width, self.height = width, height
         self._folder = tempfile.TemporaryDirectory(prefix="zorva-screen-")
         self._processes = []
+        # The file in which the screen keeps its pixels; Picture reads it.
+        self.memory_file = os.path.join(self._folder.name, "Xvfb_screen0")
         self.name = self._start_screen()
+        self.screen_process = self._processes[0]
         # Without this address a library would start a session bus at some moment of a test.
         self.environment = dict(os.environ, DISPLAY=self.name, HOME=self._folder.name,
                                 DBUS_SESSION_BUS_ADDRESS="unix:path=%s/none" % self._folder.name)
         self._empty_menu()
-        self._manager = self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.manager_process = self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self._wait_for_manager()
         # Line by line: each answer must arrive when its command is done.
         self._hand = self._start("stdbuf", "-oL", "xdotool", "-", stdin=subprocess.PIPE,
@@ -99,34 +99,20 @@ class Display:
 
     def _empty_menu(self):
         """Empties the menu that a click on the bare screen opens: one of its entries ends the manager."""
-        folder = os.path.join(self._folder.name, "openbox")
-        os.mkdir(folder)
-        with open(os.path.join(folder, "menu.xml"), "w") as file:
-            file.write('<openbox_menu xmlns="http://openbox.org/3.4/menu"><menu id="root-menu" label=""/>'
-                       '</openbox_menu>')
+        folder = Path(self._folder.name, "openbox")
+        folder.mkdir()
+        (folder / "menu.xml").write_text('<openbox_menu xmlns="http://openbox.org/3.4/menu">'
+                                         '<menu id="root-menu" label=""/></openbox_menu>')
         self.environment["XDG_CONFIG_HOME"] = self._folder.name
 
-    @property
-    def has_manager(self):
-        return self._manager.poll() is None
-
     def _wait_for_manager(self):
-        """Waits until the manager does what it is asked to do. It announces itself earlier than that, and a window
-        that opens in between is not shown until something else happens. It shall have one desktop, because
-        it brings nothing to the front from another one."""
+        """Waits until the manager obeys. It announces itself earlier, and a window that opens in between is not
+        shown. It shall have one desktop, because it brings nothing to the front from another one."""
         end = time.monotonic() + 20
         while "= 1" not in self._run("xprop", "-root", "_NET_NUMBER_OF_DESKTOPS"):
             if time.monotonic() > end:
                 raise RuntimeError("the window manager does not start")
             self._run("xdotool", "set_num_desktops", "1")
-
-    @property
-    def screen_process(self):
-        return self._processes[0]
-
-    @property
-    def manager_process(self):
-        return self._manager
 
     def close(self):
         self._hand.stdin.close()
@@ -137,16 +123,8 @@ class Display:
             process.wait(timeout=20)
         self._folder.cleanup()
 
-    # ------------------------------------------------------------------------ what can be seen
-
-    @property
-    def memory_file(self):
-        """The file in which the screen keeps its pixels; Picture reads it."""
-        return os.path.join(self._folder.name, "Xvfb_screen0")
-
     def picture(self):
-        with open(self.memory_file, "rb") as file:
-            return Picture(file.read())
+        return Picture(Path(self.memory_file).read_bytes())
 
     def _run(self, *command):
         """What a command that looks at the screen prints; nothing when it fails. xdotool may hang when a window
@@ -160,14 +138,7 @@ class Display:
 
     def active_window(self):
         """The window that gets the keys; None when that is the manager's own."""
-        return self._window("getwindowfocus")
-
-    def window_named(self, title):
-        """The window of that title, whether or not it gets the keys; None when it is not shown."""
-        return self._window("search", "--onlyvisible", "--limit", "1", "--name", "^" + title)
-
-    def _window(self, *choice):
-        answer = self._run("xdotool", *choice, "getwindowname", "getwindowgeometry", "--shell")
+        answer = self._run("xdotool", "getwindowfocus", "getwindowname", "getwindowgeometry", "--shell")
         title, _, rest = answer.partition("\n")
         values = dict(re.findall(r"^(\w+)=(-?\d+)$", rest, re.MULTILINE))
         sizes = [int(values.get(key, 0)) for key in ("X", "Y", "WIDTH", "HEIGHT")]
@@ -180,10 +151,7 @@ class Display:
         return window.id in self._run("xdotool", "search", "--onlyvisible", "--name", "^Zorva").split()
 
     def is_dialog(self, window):
-        """Whether the window belongs to another one."""
         return "window id" in self._run("xprop", "-id", window.id, "WM_TRANSIENT_FOR")
-
-    # ------------------------------------------------------------------ the mouse and the keyboard
 
     def act(self, *commands):
         """Carries out commands of xdotool one after the other. The question at the end tells when they are done.

@@ -1,9 +1,8 @@
 """Plays the real program in a real window: the helper of all tests with a window.
 
-A test says what a player does and sees. It never sleeps for a while and hopes: it looks again and again
-until it sees what it waits for, or until the program, the screen and the window manager all rest. The
-environment variable ZORVA32 names the program, ZORVA_PICTURES the folder for a picture of the screen at
-each failure.
+A test never sleeps for a while and hopes: it looks again and again until it sees what it waits for, or until
+the program, the screen and the window manager all rest. The environment variable ZORVA32 names the program,
+ZORVA_PICTURES the folder for a picture of the screen at each failure.
 """
 
 import contextlib
@@ -39,15 +38,11 @@ EXIT_TITLE = "Salir del programa"
 ABANDON_TITLE = "Abandonar la partida en curso"
 LOAD_TITLE = "Error en la carga de datos iniciales"
 
-# The buttons of a message: pixels of the layout from its middle.
-MESSAGE_BUTTONS = {"accept": 0, "yes": -64, "no": 64}
-
 
 def message_button(window, button):
     """Where a message has that button, on the screen. A message is 400 pixels of the layout wide."""
-    unit = window.width / 400
-    return (round(window.x + window.width / 2 + MESSAGE_BUTTONS[button] * unit),
-            round(window.y + window.height - 38 * unit))
+    unit, middle = window.width / 400, {"accept": 200, "yes": 136, "no": 264}[button]
+    return (round(window.x + middle * unit), round(window.y + window.height - 38 * unit))
 
 
 class Program:
@@ -69,7 +64,6 @@ class Program:
         if dice is not None:
             self.environment.update(LD_PRELOAD=helper("libhooks.so"), ZORVA_DICE=str(dice))
         self.process = None
-        self._read = (None, None)
 
     @property
     def ini(self):
@@ -95,14 +89,8 @@ class Program:
     def settings(self):
         return self._file()[0]
 
-    # The program replaces the whole file at every turn; each one is parsed once.
     def _file(self):
-        with open(self.ini, "rb") as file:
-            status = os.fstat(file.fileno())
-            key = (status.st_ino, status.st_mtime_ns, status.st_size)
-            if self._read[0] != key:
-                self._read = (key, inifile.from_bytes(file.read()))
-        return self._read[1]
+        return inifile.from_bytes(self.ini.read_bytes())
 
     def kill(self):
         self.process.kill()
@@ -167,7 +155,6 @@ class WindowTest(unittest.TestCase):
     # ------------------------------------------------------------------------------- waiting
 
     def wait_until(self, condition, what, timeout=PATIENCE):
-        """Looks until the condition holds, and returns its answer."""
         end = time.monotonic() + timeout
         while not (answer := condition()):
             if time.monotonic() > end:
@@ -178,9 +165,8 @@ class WindowTest(unittest.TestCase):
         return answer
 
     def comes_before_rest(self, condition, rest=REST):
-        """Whether the condition holds before the program, the screen and the window manager come to rest. They
-        rest when all of them sleep and have done nothing for `rest` seconds; a machine under load takes its time.
-        Below full speed the game's own pauses may be longer than REST."""
+        """Whether the condition holds before the program, the screen and the window manager all sleep and have
+        done nothing for `rest` seconds. Below full speed the game's own pauses may be longer than REST."""
         seen, since, end = None, 0, time.monotonic() + PATIENCE
         while not condition():
             now = time.monotonic()
@@ -195,7 +181,6 @@ class WindowTest(unittest.TestCase):
         return True
 
     def settle(self, rest=REST):
-        """Waits until the program has done all that it was asked to do."""
         self.comes_before_rest(lambda: False, rest)
 
     @contextlib.contextmanager
@@ -206,13 +191,12 @@ class WindowTest(unittest.TestCase):
         self.program.process.send_signal(signal.SIGCONT)
 
     def advances(self, act):
-        """Does something and says whether the game went on by it."""
         before = self.file_stamp()
         act()
         return self.comes_before_rest(lambda: self.file_stamp() != before)
 
     def file_stamp(self):
-        """A value that changes whenever the program writes its file, which it does at every turn."""
+        """Changes whenever the program writes its file, which it does at every turn."""
         status = os.stat(self.program.ini)
         return (status.st_ino, status.st_mtime_ns)
 
@@ -225,19 +209,16 @@ class WindowTest(unittest.TestCase):
         self.start_again(continues=game is not None and game.in_progress)
 
     def start_again(self, continues=False):
-        """Starts the program with the file that is there."""
         self.start_with_message(CONTINUE_TITLE if continues else None)
         self.wait_for_board()
 
     def start_with_message(self, title):
-        """Starts the program and answers the message that comes after the splash window."""
         self.program.start()
         self.skip_title()
         if title:
             self.answer(title, key="Return")
 
     def skip_title(self):
-        """Closes the splash window with a key."""
         window = self.wait_until(lambda: (now := self.display.active_window()) and self.display.is_dialog(now) and now,
                                  "the title")
         self.assertEqual(window.title, "Zorva")
@@ -246,14 +227,13 @@ class WindowTest(unittest.TestCase):
         self.wait_until(lambda: not self.display.is_shown(window), "the end of the title")
 
     def wait_for_end(self):
-        """The exit status with which the program ends by itself."""
         self.wait_until(lambda: not self.program.is_running(), "the program's end")
         return self.program.process.returncode
 
     # ------------------------------------------------------------------------------- windows
 
     def title(self):
-        """The title of the message that has the keyboard; None when no message has it."""
+        """The title of the message that has the keyboard, if any."""
         window = self.display.active_window()
         return window.title if window and window.title != "Zorva" else None
 
@@ -267,11 +247,6 @@ class WindowTest(unittest.TestCase):
     def wait_for_message(self, title):
         return self.wait_until(lambda: (now := self.display.active_window()) and now.title == title and now, title)
 
-    def wait_until_gone(self, window):
-        self.wait_until(lambda: not self.program.is_running() or
-                        (now := self.display.active_window()) and now.id != window.id,
-                        "the end of the window %r" % window.title)
-
     def answer(self, title, button="accept", key=None):
         """Waits for a message, clicks its button or presses a key, and waits until the message has closed."""
         window = self.wait_for_message(title)
@@ -279,14 +254,13 @@ class WindowTest(unittest.TestCase):
             self.display.key(key)
         else:
             self.display.click(*message_button(window, button))
-        self.wait_until_gone(window)
+        self.wait_until(lambda: not self.program.is_running() or
+                        (now := self.display.active_window()) and now.id != window.id, "the end of " + title)
 
     def look_at_window(self, key, title):
-        """Opens a window with a key, leaves it with Escape, and returns what it was."""
         self.display.key(key)
         window = self.wait_for_message(title)
-        self.display.key("Escape")
-        self.wait_until_gone(window)
+        self.answer(title, key="Escape")
         self.wait_for_board()
         return window
 
@@ -297,7 +271,6 @@ class WindowTest(unittest.TestCase):
         return (lambda: self.click_button("leave"), lambda: self.display.key("F6"), lambda: self.display.key("alt+F4"))
 
     def point_of_piece(self, game, colour, piece):
-        """Where a piece is drawn, as a point of the layout."""
         square = game.piece(colour, piece)
         return self.layout.slot(square, game.slot_of(colour, piece)) if square else self.layout.box(colour, piece)
 
@@ -326,13 +299,11 @@ class WindowTest(unittest.TestCase):
         self.display.drag(self.layout.device(start), self.layout.device(end))
 
     def settled_picture(self):
-        """The screen once nothing changes any more."""
         self.rest_pointer()
         self.settle()
         return self.display.picture()
 
     def part(self, picture, box):
-        """The pixels of a box of the layout: left, top, width, height."""
         size = (round(length * self.layout.unit) for length in box[2:])
         return picture.part(*self.layout.device(box[:2]), *size)
 
@@ -342,8 +313,7 @@ class WindowTest(unittest.TestCase):
         return self.program.game()
 
     def wait_for_moves(self, moves):
-        """The game at the beginning of a turn after at least that many moves. A third six on the way
-        is acknowledged."""
+        """The game after at least that many moves. A third six on the way is acknowledged."""
         def reached():
             if self.game().moves < moves and self.title() == SIXES_TITLE:
                 self.answer(SIXES_TITLE)
@@ -353,8 +323,7 @@ class WindowTest(unittest.TestCase):
         return self.game()
 
     def play_until(self, is_enough, act, answer=lambda title: None):
-        """Plays on until that is enough: does `act`, which says whether the game went on, and answers every
-        message on the way. Fails when nothing moves the game any more."""
+        """Plays on with `act`, which says whether the game went on, and answers every message on the way."""
         last_change = time.monotonic()
         while not is_enough():
             if act():
@@ -364,12 +333,10 @@ class WindowTest(unittest.TestCase):
                     break
                 answer(title)
                 last_change = time.monotonic()
-            self.assertLess(time.monotonic() - last_change, PATIENCE,
-                            "the game stands still after move %d" % self.game().moves)
+            self.assertLess(time.monotonic(), last_change + PATIENCE, "after move %d" % self.game().moves)
 
     def play_moves(self, moves):
-        """At least that many more moves by keys, which throw and take the advised move; then the game stands
-        still, and the next colour is about to throw."""
+        """Makes at least that many more moves by keys, until the next colour is about to throw."""
         wanted = self.game().moves + moves
         self.play_until(lambda: self.game().moves >= wanted, lambda: self.advances(lambda: self.display.key("space")),
                         self.answer)

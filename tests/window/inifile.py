@@ -1,5 +1,6 @@
 """ZORVA32.INI: the settings, and the game in progress, as the tests write and read them."""
 
+import functools
 from collections import namedtuple
 from dataclasses import astuple, dataclass, field
 
@@ -12,7 +13,7 @@ NAMES = ("Amarillo", "Azul", "Rojo", "Verde")
 
 @dataclass
 class Settings:
-    """Everything a player may choose, in the order of the file. Tuples hold the four colours."""
+    """What a player may choose, in the order of the file. Tuples hold the four colours."""
 
     names: tuple = NAMES
     levels: tuple = (50, 50, 50, 50)
@@ -69,18 +70,16 @@ def game_at(positions, turn):
     game = Game(in_progress=-1, colour=turn)
     for colour, squares in positions.items():
         for piece, square in zip(PIECES, squares):
-            if square == 0:
-                continue
-            slots = game.slots.setdefault(square, [0, 0, 0])
-            slots[slots.index(0)] = colour * 10 + piece
-            game.positions[colour][piece - 1] = square
-            following = 0 if colour == turn else turn
-            game.records.append(Record(colour, following, piece=piece, to=square, manual=1, turn_end=1))
+            if square:
+                slots = game.slots.setdefault(square, [0, 0, 0])
+                slots[slots.index(0)] = colour * 10 + piece
+                game.positions[colour][piece - 1] = square
+                following = 0 if colour == turn else turn
+                game.records.append(Record(colour, following, piece=piece, to=square, manual=1, turn_end=1))
     return game
 
 
 def positions_after(game, moves):
-    """Where the pieces stand after that many moves of the game, by its records."""
     positions = Game().positions
     for record in game.records[:moves]:
         if record.piece:
@@ -102,8 +101,8 @@ def to_bytes(settings, game=None):
     return "".join(",".join(map(str, line)) + "\r\n" for line in lines).encode("cp1252")
 
 
+@functools.lru_cache(maxsize=1)  # the tests look at the same file many times
 def from_bytes(data):
-    """The settings and the game of a file that the program wrote."""
     lines = data.decode("cp1252").replace('"', "").split("\r\n")
     rows = [line.split(",") for line in lines[:4]]
     numbers = [int(value) for value in lines[5].split(",")]

@@ -14,7 +14,6 @@ RECORDER_KEYS = ("on/off", "back", "forward", "auto back", "auto forward", "rest
 
 
 def helper(name):
-    """The path of a program or library that the tests build for themselves."""
     folder = os.environ.get("ZORVA_HELPERS") or Path(os.environ["ZORVA32"]).resolve().parents[1] / "tests/window"
     return str(Path(folder) / name)
 
@@ -27,11 +26,9 @@ class Layout:
         vars(self).update(json.loads(subprocess.run(words, stdout=subprocess.PIPE, check=True).stdout))
 
     def device(self, point):
-        """The screen's pixel at a point of the layout."""
         return (round(point[0] * self.unit), round(self.top + point[1] * self.unit))
 
     def slot(self, square, slot):
-        """The centre of a piece on a square by its slot."""
         return self.squares[square - 1][slot - 1]
 
     def square(self, square):
@@ -39,7 +36,6 @@ class Layout:
         return self.slot(square, 1)
 
     def box(self, colour, piece):
-        """The centre of a piece in its waiting box."""
         return self.boxes[colour - 1][piece - 1]
 
     def house(self, colour):

@@ -2,7 +2,6 @@
 
 import os
 import signal
-import unittest
 
 from driver import END_TITLE, HISTORY_TITLE, START_TITLE, WindowTest
 from inifile import COLOURS, COMPUTER, GOAL_SQUARE, OFF, ON, PERSON, PIECES, Settings
@@ -96,7 +95,3 @@ class ManyGames(WindowTest):
             grown = min(row[what] for row in late) - min(row[what] for row in early)
             print("%-14s %6d, grown by %d" % (what, rows[-1][what], grown), flush=True)
             self.assertLessEqual(grown, limit, what)
-
-
-if __name__ == "__main__":
-    unittest.main()

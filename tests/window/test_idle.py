@@ -1,7 +1,6 @@
 """Waiting costs no processor time, whatever the program waits for."""
 
 import time
-import unittest
 
 from driver import ABANDON_TITLE, WindowTest, processor_seconds
 from inifile import COMPUTER, ON, PERSON, Settings, game_at
@@ -38,7 +37,3 @@ class Waiting(WindowTest):
         for what, step in steps:
             step()
             self.assert_idle(what)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -8,7 +8,6 @@ import os
 import random
 import signal
 import time
-import unittest
 
 from driver import CONTINUE_TITLE, PATIENCE, WindowTest
 from inifile import OFF, Settings, game_at, to_bytes
@@ -21,7 +20,6 @@ FILES = {"zorva32", "ZORVA32.HLP", "ZORVA32.INI", "ZORVA32.HIS"}
 
 class Kills(WindowTest):
     def start_and_continue(self, at, game):
-        """Starts the program, which is to die there; it must offer the game in the file, and go on with it."""
         self.program.environment["ZORVA_DIE_AT"] = at
         self.start_with_message(CONTINUE_TITLE if game.in_progress else None)
 
@@ -73,7 +71,3 @@ class Kills(WindowTest):
         print("%d kills, %d of them in a game that went on, %d games ended"
               % (KILLS, compared, len(history) // RECORD - 1), flush=True)
         self.assertGreater(compared, KILLS // 4)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -11,7 +11,6 @@ import random
 import signal
 import subprocess
 import time
-import unittest
 from pathlib import Path
 
 import inifile
@@ -35,10 +34,7 @@ class Monkey(WindowTest):
     screen = tuple(map(int, os.environ.get("ZORVA_SCREEN", "1024x768").split("x")))
     dice_fall_the_same_way = False  # the library for that would come before the sanitizers'
 
-    # -------------------------------------------------------------------------------- nonsense
-
     def to_somewhere(self):
-        """A movement of the mouse: most of the time to something."""
         chance, layout = self.chance, self.layout
         places = (lambda: layout.button(chance.choice(BUTTONS)),
                   lambda: layout.recorder_key(chance.choice(RECORDER_KEYS)),
@@ -62,7 +58,6 @@ class Monkey(WindowTest):
         return [self.to_somewhere(), "mousedown %d" % button, *self.wander(6), *middle, *up]
 
     def input(self):
-        """Some commands for the mouse and the keyboard."""
         chance = self.chance
         ways = {lambda: [self.to_somewhere(), "click %d" % chance.choice((1, 1, 1, 1, 1, 3, 3, 2, 4, 5))]: 30,
                 lambda: [self.to_somewhere(), *["click 1"] * chance.randint(2, 4)]: 5,
@@ -76,11 +71,10 @@ class Monkey(WindowTest):
         self.display.act(*chance.choices(list(ways), ways.values())[0]())
 
     def ask_manager(self, *words):
-        subprocess.run(["xdotool", *words], env=self.display.environment, stdout=subprocess.DEVNULL,
-                       stderr=subprocess.DEVNULL, timeout=TO_LEAVE, check=False)
+        subprocess.run(["xdotool", *words], env=self.display.environment, capture_output=True, timeout=TO_LEAVE,
+                       check=False)
 
     def treat_window(self):
-        """Resizes, moves or hides the window; the window manager decides what comes of it."""
         way = self.chance.choice((["windowsize", *self.chance.choice(SIZES).split()], ["windowminimize"],
                                   ["windowmove", *(str(self.chance.randint(-300, 700)) for _ in "xy")]))
         self.ask_manager("getactivewindow", *way)
@@ -97,15 +91,12 @@ class Monkey(WindowTest):
         else:
             self.assertEqual(second.returncode, 0, "the second start")
 
-    # ---------------------------------------------------------------------------------- rounds
-
     def leave(self):
-        """Presses what leaves one window or another, as a player does who only wants to get out."""
         self.display.act(*("mouseup %d" % button for button in (1, 2, 3)),
                          *("keyup " + key for key in ("ctrl", "alt", "shift", "super")))
 
         def is_out():
-            self.assertTrue(self.display.has_manager, "the window manager has ended")
+            self.assertIsNone(self.display.manager_process.poll(), "the window manager has ended")
             if self.display.active_window() is None:
                 self.ask_manager("search", "--class", "zorva32", "windowactivate", "%@")
             self.display.act(*self.keys(1, TO_GET_OUT))
@@ -125,9 +116,8 @@ class Monkey(WindowTest):
     def round(self, seconds):
         if self.chance.random() < 0.3:
             types, active = (tuple(self.chance.choice((1, 1, 2)) for _ in COLOURS) for _ in range(2))
-            pause, tutor, order = (self.chance.choice((1, 2)) for _ in range(3))
-            settings = inifile.Settings(types=types, active=active, pause=pause, tutor=tutor, order=order)
-            self.program.ini.write_bytes(inifile.to_bytes(settings))
+            choices = {name: self.chance.choice((1, 2)) for name in ("pause", "tutor", "order")}
+            self.program.ini.write_bytes(inifile.to_bytes(inifile.Settings(types=types, active=active, **choices)))
         self.program.start()
         end = time.monotonic() + seconds
         while time.monotonic() < end and self.program.is_running():
@@ -148,7 +138,3 @@ class Monkey(WindowTest):
             rounds += 1
             games += b"\r\n-1," in self.program.ini.read_bytes()
         print("%d actions in %d rounds, %d of them left in the middle of a game" % (self.done, rounds, games))
-
-
-if __name__ == "__main__":
-    unittest.main()
