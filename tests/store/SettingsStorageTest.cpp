@@ -91,7 +91,7 @@ TEST(SettingsStorage, WhatIsNoFileIsRefusedWithoutWaiting) {
         {"CID ERROR 9",
          [](const fs::path& path) {
              WriteBytes(path, "4,0");
-             fs::resize_file(path, std::uintmax_t{1} << 31);
+             fs::resize_file(path, (1 << 20) + 1);
          }},
     };
     for (const auto& [text, put] : rows) {
