@@ -88,6 +88,10 @@ TEST_F(InTheWindow, HandsOnMessagesSoundsAndMoves) {
     EXPECT_EQ(asked, "Título|¿Sí?|2|2");
     outside.PlaySound(Sound::Victory);
     EXPECT_EQ(sounds, std::vector<Sound>{Sound::Victory});
+    outside.BeginLog("Inicio");
+    outside.AddLogLine(1, {1, 0, 3, 3, 1, 10, 13, 0, No, 0, Yes});
+    outside.CutLogFrom(1);
+    EXPECT_EQ(mesa.Log().model()->rowCount(), 1);
     outside.ShowChosenMove(11, 10, 13);
     EXPECT_EQ(View().shown.to, 13);
 }
