@@ -54,11 +54,12 @@ protected:
         QTest::mouseClick(Find(onRules ? "Pic_SalirNormas" : "Bot_Normas"), Qt::LeftButton);
     }
 
-    /// Presses the mouse on the page, in the middle of the option's selector.
-    void Press(Option option, Colour player = 0) {
+    /// Presses the mouse on the page at a point of the option, in the middle of its selector by default.
+    void Press(Option option, Colour player = 0, QPointF fromOption = {18, 21}) {
         QWidget* stop = Find(option, player);
         QWidget* page = stop->parentWidget();
-        const QPoint at = stop->pos() + InLogical({18, 29});
+        // The question above the option reaches eight pixels higher.
+        const QPoint at = stop->pos() + InLogical(fromOption + QPointF(0, 8));
         QTest::mouseClick(page->childAt(at) ? page->childAt(at) : page, Qt::LeftButton, {}, at);
     }
 
