@@ -17,7 +17,7 @@
 namespace zorva {
 namespace {
 
-constexpr qint64 longestManual = 64 * 1024;  // bytes
+constexpr qint64 longestManual = 65'536;  // bytes
 
 // In layout pixels.
 constexpr double fontSize = 16;

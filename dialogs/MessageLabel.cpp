@@ -22,9 +22,9 @@ int LinesAt(const QString& text, const TextStyle& style) {
 }  // namespace
 
 MessageFit FitMessage(const QString& text, Short lineCount) {
-    for (double size = usualSize; size >= smallestSize; size -= sizeStep) {
-        if (LinesAt(text, {size}) <= lineCount) return {lineCount, {size}};
-    }
+    double size = usualSize;
+    while (size >= smallestSize && LinesAt(text, {size}) > lineCount) size -= sizeStep;
+    if (size >= smallestSize) return {lineCount, {size}};
     return {MessageLinesFor(text), {usualSize}};
 }
 

@@ -33,7 +33,7 @@ std::array<Short, 4> FourNumbers(const CommandLine& options, const std::string& 
                                 : WholeNumber(std::string_view(text).substr(begin, end - begin));
         if (!number || *number < static_cast<std::uint64_t>(low) ||
             *number > static_cast<std::uint64_t>(high)) {
-            throw Failure(option + " takes " + told + ", not \"" + text + "\"");
+            throw Failure(option + " takes " + told + std::string(", not \"").append(text).append("\""));
         }
         numbers[place] = static_cast<Short>(*number);
         begin = end + 1;
