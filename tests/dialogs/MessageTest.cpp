@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QRegion>
 #include <QTest>
 
@@ -111,6 +112,18 @@ TEST_F(MessageTest, IsAnsweredByButtonsAndByAnyKey) {
         EXPECT_EQ(person.LeftOpen(), !row.closes);
         EXPECT_EQ(sounds, row.sounds);
     }
+}
+
+TEST_F(MessageTest, WhatWasPressedBeforeItOpenedIsForgotten) {
+    QLineEdit below;
+    Show(below);
+    QCoreApplication::postEvent(&below, new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a"));
+    const Person person([](QWidget&) {});
+    ShowMessage(&below, *services, "Título", "Texto", 1, question);
+    EXPECT_TRUE(person.LeftOpen());
+    EXPECT_EQ(below.text(), "");
+    QTest::keyClick(&below, Qt::Key_A);
+    EXPECT_EQ(below.text(), "a") << "input is still swallowed";
 }
 
 }  // namespace

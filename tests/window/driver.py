@@ -84,13 +84,10 @@ class Program:
 
     def game(self):
         """The game as the file has it: at the beginning of a turn."""
-        return self._file()[1]
+        return inifile.from_bytes(self.ini.read_bytes())[1]
 
     def settings(self):
-        return self._file()[0]
-
-    def _file(self):
-        return inifile.from_bytes(self.ini.read_bytes())
+        return inifile.from_bytes(self.ini.read_bytes())[0]
 
     def kill(self):
         self.process.kill()

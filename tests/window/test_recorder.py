@@ -69,7 +69,7 @@ class Replaying(RecorderTest):
         self.wait_for_position(end)
 
     def test_twice_through_a_whole_game(self):
-        stamp, before = self.file_stamp(), self.settled_picture()
+        before, stamp = self.settled_picture(), self.file_stamp()
         self.walk_through()
         self.press = lambda key: self.display.key(KEYBOARD[key])
         self.walk_through()
@@ -80,9 +80,10 @@ class Replaying(RecorderTest):
         self.assertEqual(self.game().records[:self.tape.moves], self.tape.records)
 
     def test_the_game_stands_still_meanwhile(self):
-        position, stamp = self.tape.moves - 3, self.file_stamp()
+        position = self.tape.moves - 3
         self.switch(on=True)
         self.step_to(position, self.tape.moves)
+        stamp = self.file_stamp()
         self.click_board()
         self.click_board(button=3)
         self.display.key("space", "Return", "Tab", "F5")
