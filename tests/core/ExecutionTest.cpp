@@ -97,10 +97,10 @@ TEST(Execution, SendsAPieceHomeWithPausesThatTellThePenalty) {
 }
 
 TEST(Execution, ByHandCapturesNothingAndPutsDownAtOnce) {
-    GameState state = Position("1:20 0 0 0  2:5 0 0 0  3:5 0 0 0");
+    GameState state = Position("2:5 0 0 0  3:5 0 0 0");
     Prepare(state, 1, 1, 5);
     state.MoveRecords[1].Manual = Yes;
-    EXPECT_EQ(Execute(state), (Notes{"lift 11 20", "put 11 5"}));
+    EXPECT_EQ(Execute(state), (Notes{"sound 7", "lift 11 0", "put 11 5"}));
     EXPECT_EQ(state.CaptureReport, 0);
 }
 

@@ -32,6 +32,7 @@ TEST(Draw, IsWonByTheHighestThrowAfterAllTies) {
         {"the highest begins", {0, 1, 1, 1, 1}, {2, 5, 3, 4}, "0 12342"},
         {"who takes no part does not throw", {0, 1, 2, 1, 2}, {2, 3}, "0 133"},
         {"one alone begins", {0, 2, 2, 2, 1}, {1}, "0 44"},
+        {"none switched on: all play", {0, 2, 2, 2, 2}, {2, 5, 3, 4}, "0 12342"},
         {"the tied alone throw again", {0, 1, 1, 1, 1}, {6, 3, 6, 5, 1, 2}, "0 12340= 133"},
         {"three tied, then two", {0, 1, 1, 1, 1}, {6, 3, 6, 6, 2, 5, 5, 4, 1}, "0 12340= 1340= 343"},
     };

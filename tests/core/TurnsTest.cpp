@@ -137,29 +137,6 @@ TEST(Turns, GoAsTheRulesSay) {
     }
 }
 
-TEST(Turns, PassRoundTheTableInTheDirectionOfPlay) {
-    struct OrderRow {
-        Short order;
-        PerColour<Short> active;
-        Colour first;
-        const char* log;
-    };
-    for (const OrderRow& row :
-         {OrderRow{2, {0, 1, 1, 1, 1}, 3, "Rojo pasa, Ver. pasa, Ama. pasa, Azul pasa"},
-          OrderRow{1, {0, 1, 1, 1, 1}, 3, "Rojo pasa, Azul pasa, Ama. pasa, Ver. pasa"},
-          OrderRow{1, {0, 2, 2, 1, 2}, 3, "Rojo pasa, Rojo pasa, Rojo pasa, Rojo pasa"},
-          OrderRow{2, {0, 2, 2, 2, 2}, 1, "Ama. pasa, Azul pasa, Rojo pasa, Ver. pasa"}}) {
-        Settings settings = PlainSettings();
-        settings.PlayOrder = row.order;
-        settings.PlayerActive = row.active;
-        GameState state;
-        ApplySettings(state, settings);
-        NotingOutside outside(state, {1, 1, 1, 1});
-        PlayFrom({state, settings, outside}, row.first);
-        EXPECT_EQ(LogOf(outside), row.log);
-    }
-}
-
 TEST(Turns, ShowAndSoundAThrow) {
     GameState state = Position("4:60 0 0 0");
     NotingOutside outside(state, {3});
