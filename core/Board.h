@@ -15,16 +15,13 @@ inline constexpr PerColour<Square> HomeEntrySquare{0, 68, 17, 34, 51};
 inline constexpr PerColour<Square> FirstColumnSquare{0, 69, 77, 85, 93};
 /// The eighth and last square of a colour's home column.
 inline constexpr PerColour<Square> GoalSquare{0, 76, 84, 92, 100};
-/// Squares on which no piece is captured: the exits, the home entries and 12, 29, 46, 63.
+/// Squares on which a piece that walks there captures nothing: the exits, the home entries and 12, 29,
+/// 46, 63. Only a piece that comes out of its box may capture on its own exit (CaptureOn in
+/// core/Rules.h).
 inline constexpr std::array<Square, 12> SafeSquares{5, 12, 17, 22, 29, 34, 39, 46, 51, 56, 63, 68};
 
 /// Steps from the exit square to the goal: 63 round the ring, 8 up the home column.
 inline constexpr Short StepsToGoal = 71;
-
-/// Whether the number stands for a square 1..100 or the box.
-constexpr bool IsSquare(Square square) {
-    return square >= 0 && square <= LastSquare;
-}
 
 /// The square reached by walking `steps` single steps from `square`; `square` itself when steps is
 /// below 1. Past the goal the result is a number above the goal: no bound is checked.
@@ -41,8 +38,8 @@ constexpr Square AdvanceSquare(Square square, Short steps, Colour colour) {
     return square;
 }
 
-/// Whether no piece can be captured on the square. Only ring squares are safe in this sense: in a home
-/// column there is nobody to capture.
+/// Whether the square is one of SafeSquares. False for the home columns, although nobody can be captured
+/// there either: no rival ever enters one.
 constexpr bool IsSafeSquare(Square square) {
     for (const Square safe : SafeSquares) {
         if (square == safe) return true;
@@ -75,12 +72,12 @@ constexpr bool IsOnTrack(Colour colour, Square square) {
     return square > 0 && StepsToSquare(colour, square) >= 0;
 }
 
-/// How many steps a piece has come from its exit: StepsToSquare of where it stands.
+/// The steps 0..71 that the piece 1..4 has walked from its exit: StepsToSquare of its square.
 inline Short StepsFromExit(const GameState& state, Colour colour, Short piece) {
     return StepsToSquare(colour, state.PiecePosition[colour][piece]);
 }
 
-/// The slot 1..3 of the square in which the piece stands, 0 when it stands in none.
+/// The slot 1..3 of `square` in which the piece `code` stands, 0 when it stands in none.
 inline Short SlotOf(const GameState& state, Square square, PieceCode code) {
     for (Short slot = 1; slot <= 3; ++slot) {
         if (state.SquareOccupants[square][slot] == code) return slot;

@@ -5,8 +5,8 @@
 
 namespace zorva {
 
-/// A silent world in which a derived class decides each throw as a whole: a script, a seed, a test. The
-/// nine faces that roll by before the throw are made up here, so a throw draws one number, not ten.
+/// A silent world in which a derived class decides each throw by one number: from a script, a seed or a
+/// test. The nine faces that roll by before the throw are made up here.
 class DecidedThrows : public SilentOutside {
 public:
     /// Two made-up faces take turns, both unlike the throw, since no face may follow itself.
@@ -25,7 +25,7 @@ protected:
 
 private:
     Short thrown_ = 0;
-    Short rolled_ = 0;  // faces of the present throw that have been handed out
+    Short rolled_ = 0;  // faces of the current throw returned so far
 };
 
 }  // namespace zorva

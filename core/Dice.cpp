@@ -3,7 +3,7 @@
 namespace zorva {
 namespace {
 
-// Faces shown one after another differ, so the throw never equals the ninth face. Wanted: keep it.
+// Faces shown one after another differ, so the throw never equals the ninth face. This is intended.
 Short RollOtherFace(Outside& outside, Short shown) {
     Short face = outside.RollFace();
     while (face == shown) face = outside.RollFace();

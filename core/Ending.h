@@ -9,7 +9,7 @@ namespace zorva {
 
 struct GameContext;
 
-/// What the players are told of a finished game, and what the history keeps.
+/// What the players learn about a finished game, and what the history keeps.
 struct GameResult {
     Colour winner = 0;
     std::vector<Colour> losers;  ///< in colour order
@@ -18,16 +18,16 @@ struct GameResult {
     bool operator==(const GameResult&) const = default;
 };
 
-/// The result of a game that CurrentColour has won. The points say how far the losers still were from
-/// home: the steps left to a loser on average, in thousandths of the whole track of a colour (4 pieces x
-/// 71 steps), rounded half to even and never above 999. They are read as hundredths of a point. A game
-/// without losers is worth 0.
+/// The result of a game that CurrentColour has won; PointsOf says what it is worth.
 GameResult ResultOf(const GameState& state, const Settings& settings);
 
-/// The points of a game with so many losers, whose pieces have walked that many steps in all.
+/// The points of a game in hundredths, 0..999. `losers` is their number, `walked` the steps that all
+/// their pieces together have walked. A colour has 4 x 71 steps to walk; the points are 10 times the
+/// share of them that was left to a loser on average, rounded half to even to hundredths and at most
+/// 9.99. A game without losers is worth 0.
 Short PointsOf(int losers, int walked);
 
-/// Hundredths as points: 250 reads "2.50".
+/// Hundredths 0..999 as text: 250 gives "2.50".
 std::string PointsText(Short hundredths);
 
 /// What the result window says.

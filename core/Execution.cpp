@@ -18,7 +18,7 @@ void TakeFromSlots(Slots& slots, PieceCode code) {
     std::fill(end, slots.end(), PieceCode{0});
 }
 
-// A fourth piece on a goal finds no slot; its position alone says where it is.
+// A fourth piece on a goal finds no empty slot; only PiecePosition says where it is.
 void PutIntoFirstEmptySlot(Slots& slots, PieceCode code) {
     const auto slot = std::find(slots.begin() + 1, slots.end(), 0);
     if (slot != slots.end()) *slot = code;
@@ -120,10 +120,10 @@ bool IsReturnOffExit(const MoveRecord& record) {
     return record.OnBehalf != 0 && IsSafeSquare(record.From);
 }
 
-// How long a piece has stood on its square: the number of the move that brought it there, looked up
-// among the moves before `before`. Slots are kept in this order. A piece that captured on an exit square
-// took the victim's slot, and with it the victim's place in the order.
-Short Seniority(const GameState& state, PieceCode code, Square square, Short before) {
+// The number of the move, below `before`, that brought the piece to the square; 0 when there is none.
+// The pieces on a square stand in their slots in the order of these numbers. A piece that captured on an
+// exit square took the victim's slot, so it has the number of the victim's arrival.
+Short ArrivalMove(const GameState& state, PieceCode code, Square square, Short before) {
     for (Short move = before; --move >= 1;) {
         if (!MovesPieceTo(state.MoveRecords[move], code, square)) continue;
         const MoveRecord& next = state.MoveRecords[move + 1];
@@ -134,11 +134,11 @@ Short Seniority(const GameState& state, PieceCode code, Square square, Short bef
     return 0;
 }
 
-void PutBackBySeniority(GameState& state, PieceCode code, Square square, Short move) {
+void PutBackInOrderOfArrival(GameState& state, PieceCode code, Square square, Short move) {
     Slots& slots = state.SquareOccupants[square];
-    const Short own = Seniority(state, code, square, move);
+    const Short own = ArrivalMove(state, code, square, move);
     Short slot = 1;
-    while (slot < 3 && slots[slot] != 0 && Seniority(state, slots[slot], square, move) < own) ++slot;
+    while (slot < 3 && slots[slot] != 0 && ArrivalMove(state, slots[slot], square, move) < own) ++slot;
     for (Short higher = 3; higher > slot; --higher) slots[higher] = slots[higher - 1];
     slots[slot] = code;
 }
@@ -149,7 +149,7 @@ void PutBack(GameState& state, const MoveRecord& record, PieceCode code, Short m
     } else if (IsReturnOffExit(record)) {
         state.SquareOccupants[record.From][3] = code;
     } else {
-        PutBackBySeniority(state, code, record.From, move);
+        PutBackInOrderOfArrival(state, code, record.From, move);
     }
 }
 
@@ -171,7 +171,7 @@ void TakeOff(GameState& state, const MoveRecord& record, PieceCode code) {
         return;
     }
     // The last to arrive stands in the highest slot, unless it captured on its exit square: then the
-    // piece that waits in slot 3 has its own slot back.
+    // victim, which waits in slot 3, gets its slot back.
     Slots& slots = state.SquareOccupants[record.To];
     slots[SlotOf(state, record.To, code)] = slots[3] == code ? PieceCode{0} : slots[3];
     slots[3] = 0;

@@ -7,14 +7,15 @@ namespace zorva {
 /// Which way a move record is carried out.
 enum class ExecutionMode : Short { Forward = 1, Backward = 2 };
 
-/// Carries out the record MoveRecords[move].
+/// Carries out the record MoveRecords[move]. A record without a piece changes no table.
 ///
 /// Forward: lifts the piece, walks it square by square, puts it down into the first empty slot and sets
 /// CaptureReport and CapturedColour. A piece dragged by hand is put down at once and captures nothing. A
 /// captured piece stays where it is (in slot 3 when it was captured on the mover's exit square) until
-/// its own record is executed. Backward: puts the piece back at once. Taking back the records one after
-/// another restores every table exactly, the order of the slots included; the records before `move` are
-/// enough for that. A record without a piece changes no table.
+/// its own record is executed.
+///
+/// Backward: puts the piece back at once. Taking back the records one after another restores every
+/// table exactly, the order of the slots included. For that it reads only the records before `move`.
 void ExecuteMove(const GameContext& game, ExecutionMode mode, Short move);
 
 }  // namespace zorva

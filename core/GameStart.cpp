@@ -29,8 +29,8 @@ void ForgetTurn(GameState& state) {
     state.MoveRecords.assign(41, {});
 }
 
-// Slot 3 of a square keeps what it holds, deliberately: only a goal can hold a piece there, and only the
-// third piece that comes home looks at it.
+// Slot 3 is not emptied: between games only a goal can hold a piece there, and GoalLeftover remembers it
+// for the third piece that reaches that goal.
 void PutAllIntoBoxes(GameState& state) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         state.PiecesInBox[colour] = PiecesPerColour;
@@ -145,8 +145,8 @@ StartOutcome StartGame(const GameContext& game) {
     return StartOutcome::Played;
 }
 
-// RunTurns opens a record at once, so the unfinished move goes on under its own number. A bonus that was
-// due follows from the last record.
+// RunTurns opens a record first, which raises MoveRecordCount: one less here gives the unfinished move
+// its own number again. The last record says whether a bonus was due.
 void ContinueGame(const GameContext& game) {
     GameState& state = game.state;
     Require(state.GameInProgress && state.MoveRecordCount >= 2, "no game to continue");

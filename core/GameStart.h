@@ -4,28 +4,29 @@
 
 namespace zorva {
 
-/// How a new game came out.
+/// How StartGame ended.
 enum class StartOutcome { Played, Cancelled };
 
 /// Begins a new game and plays it: puts the pieces into their boxes, asks, draws the colour that begins
-/// and runs the turns. Returns when the game is no longer in progress. Cancelled: the players want to
-/// change settings first, the pieces stay in their boxes.
+/// and runs the turns. Returns when the game is no longer in progress. Cancelled: the players answered
+/// that they want to change settings first; the pieces stay in their boxes.
 StartOutcome StartGame(const GameContext& game);
 
-/// Forgets the old game: positions, turn fields and records are those of a game about to begin. Slot 3
-/// of every square keeps what it holds.
+/// Forgets the old game: sets the positions, the turn fields and the records as a new game needs them.
+/// Slot 3 of each goal keeps its code, which GoalLeftover then repeats.
 void ResetGame(const GameContext& game);
 
 /// Draws the colour that begins into CurrentColour: the highest throw wins, and those who tie throw
 /// again among themselves.
 void DrawFirstPlayer(const GameContext& game);
 
-/// Plays a game that has been reset, from the first turn of that colour to its end.
+/// Plays a game that ResetGame has prepared, from the first turn, which the colour `first` has, to the
+/// end.
 void PlayFrom(const GameContext& game, Colour first);
 
-/// Plays on a game as it was read from its file, where MoveRecordCount is the number of the unfinished
-/// move: puts the pieces on their squares and runs the turns. Fatal when no game with a move in it is in
-/// progress.
+/// Continues a game as it was read from its file, in which MoveRecordCount is the number of the
+/// unfinished move: puts the pieces on their squares and runs the turns. Fatal unless a game with at
+/// least one finished move is in progress.
 void ContinueGame(const GameContext& game);
 
 }  // namespace zorva

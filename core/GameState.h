@@ -7,26 +7,27 @@
 
 namespace zorva {
 
-/// What is kept of one move; the log, the recorder and the saved game are made of these records.
+/// The record of one move; the log, the recorder and the saved game are made of these.
 struct MoveRecord {
     Short MoverColour = 0;      ///< colour whose piece moved
     Short FollowingColour = 0;  ///< colour on turn when another colour's piece moved, else 0
     Short Die = 0;              ///< face thrown; 0 for bonus moves, captured pieces, moves by hand
-    Short Count = 0;            ///< squares counted
+    Short Count = 0;            ///< squares walked (the log says "cuenta")
     Short Piece = 0;            ///< piece 1..4, 0 when the colour passed
     Short From = 0;             ///< square left, 0 = the waiting box
     Short To = 0;               ///< square reached, 0 = back to the waiting box
     Short RepeatState = 0;      ///< sixes in a row at this move, 0..2 (a third is stored as 0)
     Short Manual = 0;           ///< Yes for a piece dragged by hand
     Short OnBehalf = 0;         ///< 1 when a captured piece returns to its box
-    /// Yes when the recorder can restore the position before the move; No when the move goes on with a
-    /// turn: a bonus, a captured piece's return, the second exit with one five, a second six in a row.
+    /// Yes when the recorder can restore the position just before this move. No for a bonus move, a
+    /// captured piece's return, the second piece out with one five and any move with RepeatState 2.
     Short TurnEnd = 0;
 
     bool operator==(const MoveRecord&) const = default;
 };
 
-/// The whole game as one value: copy it to remember it, compare it to prove a move taken back.
+/// The complete game as one value: a copy remembers it, and comparing two shows whether a move was
+/// taken back exactly.
 struct GameState {
     // Where the pieces stand. Only move execution, a new game and the loading of a game change these.
     PerColour<PerPiece<Square>> PiecePosition{};  ///< authoritative; the other tables follow from it
@@ -36,14 +37,14 @@ struct GameState {
     std::array<std::array<PieceCode, 4>, LastSquare + 1> SquareOccupants{};
     PerColour<Short> PiecesInBox{0, 4, 4, 4, 4};
     PerColour<Short> PiecesHome{};
-    /// What an earlier game left in slot 3 of each colour's goal, 0 when nothing: a third piece that
-    /// comes home finds that slot taken, and taking its move back must leave it taken.
+    /// The code that an earlier game left in slot 3 of each colour's goal, 0 for none. Where there is
+    /// one, the third piece to reach the goal gets no slot, and taking that move back keeps the code.
     PerColour<PieceCode> GoalLeftover{};
 
     // Whose turn it is and what was thrown.
     Colour CurrentColour = 0;
     Short DieValue = 0;       ///< 1..6 as thrown, 0 when nothing was thrown for this move
-    Short MoveCount = 0;      ///< squares the move about to be made walks
+    Short MoveCount = 0;      ///< squares that the next move walks: the die's count or a bonus
     Short SixValue = 12;      ///< squares of a six with no piece in the box: 7 or 12
     Short PlayDirection = 1;  ///< +1 colours follow 1, 2, 3, 4; -1 they follow 4, 3, 2, 1
     Short SixesInRow = 0;     ///< 0..3
@@ -53,7 +54,7 @@ struct GameState {
     Short WaitingForThrow = No;  ///< the driver waits for the click that throws
     Short WaitingForMove = No;   ///< the driver waits for a person to choose a piece
 
-    // The move about to be executed and what came of it.
+    // The move about to be executed, and its result.
     Short MovePiece = 0;  ///< 1..4, 0 = no move
     Square MoveFrom = 0;
     Square MoveTo = 0;
@@ -83,7 +84,7 @@ struct GameState {
     Square PositionOf(PieceCode code) const { return PiecePosition[ColourOf(code)][PieceOf(code)]; }
 };
 
-/// Takes over what the settings decide: PlayDirection and SixValue.
+/// Copies from the settings what they decide of the state: PlayDirection and SixValue.
 inline void ApplySettings(GameState& state, const Settings& settings) {
     state.PlayDirection = PlayDirectionOf(settings);
     state.SixValue = SixValueOf(settings);

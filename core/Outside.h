@@ -14,27 +14,27 @@ enum class MessageButtons : Short { Acknowledge = 1, YesNo = 2 };
 /// What a person answered; closing a question without a button refuses.
 enum class MessageAnswer : Short { Accepted = -1, Refused = 0 };
 
-/// Cursors the game itself asks for; all others follow from where the mouse is.
+/// The cursors that the game asks for; all others depend only on where the mouse is.
 enum class ScreenCursor { Default, Hourglass, OfTheBoard };
 
 /// What becomes of clicks and keys during a yield.
 enum class UserInput {
-    Held,    ///< they stay queued: a wait comes that they may answer
+    Held,    ///< they stay queued for the next wait
     Handled  ///< their handlers run now and may change the state
 };
 
-/// How a die comes to show a face.
+/// Why a die shows its face.
 enum class DieIs {
     Ready,      ///< it waits to be thrown
-    RollingBy,  ///< the face rolls by, others follow
+    RollingBy,  ///< one of the faces before the throw
     Thrown,     ///< this is the throw
-    AtRest      ///< it lies where an earlier throw left it
+    AtRest      ///< it shows an earlier throw, without rolling
 };
 
-/// Why the light goes to a colour, or away.
+/// Why a colour's house is lit, or the light goes out.
 enum class TurnIs {
     InDraw,  ///< it throws in the draw or has won it; with colour 0 the draw, or a new round, begins
-    Throws,  ///< its turn has come to a throw
+    Throws,  ///< it may throw
     BonusForCapture,  ///< it may walk 20 squares for a capture
     BonusForArrival,  ///< it may walk 10 squares for an arrival
     OnTape,           ///< it is on turn at the recorder's position
@@ -48,9 +48,9 @@ enum class PiecesShown {
     OnTheirSquares  ///< those that were on the board, each where PiecePosition says
 };
 
-/// Everything a game procedure may ask of the world. Each call says what happened, so that nobody on the
-/// other side has to find it out from the state. The board window answers with pixels, sounds and waits;
-/// SilentOutside answers with nothing; tests answer with a list of notes.
+/// Everything that a game procedure may ask of the world around it. Each call says what happened, so
+/// that the other side need not find it out from the state. The board window draws, plays sounds and
+/// waits; SilentOutside does nothing; tests write a list of notes.
 class Outside {
 public:
     Outside() = default;
@@ -63,22 +63,22 @@ public:
     virtual Short RollFace() = 0;
 
     // Time.
-    /// Runs the handlers that are due and returns at once.
+    /// Runs the handlers of the events that have arrived and returns without waiting for more.
     virtual void YieldToEvents(UserInput input) = 0;
-    /// Returns after something has happened: a handler may have changed the state.
+    /// Waits for an event and runs its handler, which may have changed the state on return.
     virtual void WaitForInput() = 0;
-    /// Waits n hundredths of a second at speed 0, nothing at speed 100; no handler of a click or a key
-    /// runs meanwhile.
+    /// Waits n hundredths of a second at speed 0, less at higher speeds and not at all at speed 100. No
+    /// handler of a click or a key runs meanwhile.
     virtual void Pause(Short n) = 0;
     /// The shorter wait between two squares of a walk; nothing when n is below 1.
     virtual void StepDelay(Short n) = 0;
 
     // Sound.
-    /// Starts a sound and returns at once; it cuts off the one that is playing.
+    /// Starts a sound and returns at once; the sound that is playing stops.
     virtual void PlaySound(Sound sound) = 0;
 
-    // The board. A piece is lifted, steps from square to square, and is put down; while it is in the
-    // air it stands in no table. Square 0 is its waiting box.
+    // The board. A piece is lifted, steps from square to square, and is put down; in between
+    // it stands in no slot and in no box. Square 0 is its waiting box.
     virtual void LiftPiece(PieceCode piece, Square from) = 0;
     virtual void StepPiece(PieceCode piece, Square from, Square to) = 0;
     virtual void PutDownPiece(PieceCode piece, Square at) = 0;
@@ -86,11 +86,11 @@ public:
     virtual void DrawDie(Colour colour, Short face, DieIs how) = 0;
     /// Empties the die boxes of all colours.
     virtual void ClearDice() = 0;
-    /// Lights the house of that colour, 0 for none; see TurnIs.
+    /// Lights the house of that colour alone, with colour 0 or TurnIs::Over none.
     virtual void ShowTurn(Colour colour, TurnIs why) = 0;
     /// Shows the move that is about to be made, or is advised, for the colour on turn.
     virtual void ShowChosenMove(PieceCode piece, Square from, Square to) = 0;
-    /// The tables were changed as a whole: draws all of the board again.
+    /// Draws all of the board again, after a change of many pieces at once.
     virtual void RefreshBoard(PiecesShown pieces) = 0;
     virtual void SetScreenCursor(ScreenCursor cursor) = 0;
 
@@ -105,18 +105,19 @@ public:
     virtual void CutLogFrom(Short line) = 0;
 
     // The players.
-    /// Shows a message of lineCount lines and returns when it was answered.
+    /// Shows a message of lineCount lines and returns when it was answered. Handlers of clicks and keys
+    /// run while it is open and may change the state.
     virtual MessageAnswer ShowMessage(std::string_view title, std::string_view text, Short lineCount,
                                       MessageButtons buttons) = 0;
-    /// The colour on turn is chosen and nothing is thrown or moved yet: the game is whole and can be
-    /// kept.
+    /// The colour on turn is chosen and nothing is thrown or moved yet: the game can be saved as it is.
+    /// When that fails, the other side may show a message, during which handlers run.
     virtual void PositionReached() = 0;
-    /// A game has ended and the players want it in the history.
+    /// A game has ended and the players want it in the history. A failure may show a message, too.
     virtual void KeepResult(const GameResult& result) = 0;
 };
 
-/// A game with all that its procedures need: its value, the players' settings and the world around it.
-/// Handed from procedure to procedure; owns nothing.
+/// What every procedure of the game needs: the state, the players' settings and the world outside.
+/// Passed from procedure to procedure; owns nothing.
 struct GameContext {
     GameState& state;
     const Settings& settings;

@@ -17,12 +17,12 @@ bool IsRival(PieceCode code, Colour colour) {
 }
 
 Short ProgressOf(const GameState& state, PieceCode code) {
-    return StepsToSquare(ColourOf(code), state.PositionOf(code));
+    return StepsFromExit(state, ColourOf(code), PieceOf(code));
 }
 
 // ------------------------------------------------------------------------ attack and risk
 
-// The progress that the rivals within one die's reach would lose.
+// The steps walked by those rivals, added together, that one throw of a die could capture.
 int AttackFrom(const GameState& state, Colour colour, Square square) {
     int attack = 0;
     for (Short face = 1; face <= 6; ++face) {
@@ -50,7 +50,8 @@ bool Threatens(const GameState& state, PieceCode code, Colour colour, Square fro
     return AdvanceSquare(from, distance, rival) == target && CanThrow(state, rival, distance);
 }
 
-// Nobody is captured off the ring, on a safe square, or as part of a barrier.
+// Whether a rival could capture the piece on the square: not in a home column, on a safe square, on a
+// full square, nor beside a piece of its own colour.
 bool IsExposed(const GameState& state, PieceCode code, Square square) {
     if (square > LastRingSquare || IsSafeSquare(square)) return false;
     const auto& occupants = state.SquareOccupants[square];

@@ -56,7 +56,8 @@ void TakeTapeOut(const GameContext& game, RecorderState& recorder) {
     ShowReadyDie(game);
 }
 
-// The turn as it stood before the move at the position: whether it went on after a six, and whose.
+// Restores the turn as it was before the move at the position: its colour, and whether it goes on after
+// a six.
 void RestoreTurn(GameState& state) {
     const MoveRecord& at = RecordAt(state, state.MoveRecordCount);
     state.CurrentColour = ColourOnTurn(at);

@@ -25,19 +25,20 @@ bool IsReplaying(const RecorderState& recorder);
 /// Switches the recorder on; the position is the end of the tape.
 void RecorderSwitchOn(const GameContext& game, RecorderState& recorder);
 
-/// Goes to the end of the tape at once, without walk, sound or pause, and switches the recorder off: the
-/// game stands exactly where it stood.
+/// Goes to the end of the tape at once, without walk, sound or pause, and switches the recorder off. The
+/// game then stands exactly as it did before the recorder was switched on.
 void RecorderSwitchOff(const GameContext& game, RecorderState& recorder);
 
-/// Plays the move at the position and advances it. The position must not be the end of the tape.
+/// Plays the move at the position and advances the position by one. The position must not be the end of
+/// the tape.
 void StepForward(const GameContext& game, RecorderState& recorder);
 
-/// Takes the move before the position back. The position must be above 1.
+/// Takes back the move before the position and lowers the position by one. The position must be above 1.
 void StepBack(const GameContext& game, RecorderState& recorder);
 
-/// Forgets the moves from the position on; where the position is inside a turn, from the beginning of
-/// that turn on. The game plays on as if the forgotten moves had never been made. Switches the recorder
-/// off.
+/// Deletes the moves from the position on, as if they had never been made, and switches the recorder
+/// off. A position whose next move has TurnEnd = No cannot be restored: then it first steps back to the
+/// nearest earlier one that can. The position must not be the end of the tape.
 void RestorePosition(const GameContext& game, RecorderState& recorder);
 
 }  // namespace zorva

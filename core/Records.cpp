@@ -40,8 +40,8 @@ MoveRecord RecordOfMove(const GameState& state, Short repeatState) {
                         state.CurrentColour, repeatState);
 }
 
-// Whether the move goes on with a turn that an earlier record began. A restored game never starts in
-// front of such a record.
+// Whether the position before the move cannot be restored. The recorder never restores to just before
+// such a record; see TurnEnd.
 bool GoesOnWithTurn(const MoveRecord& record, Short secondMovePending) {
     const bool isSecondExit = secondMovePending == 2 && !record.Manual;
     return IsBonus(record) || isSecondExit || record.RepeatState >= 2 || record.OnBehalf != 0;

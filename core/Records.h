@@ -13,18 +13,18 @@ namespace zorva {
 void NewMoveRecord(GameState& state);
 
 /// Fills the record MoveRecords[MoveRecordCount] of the move about to be made from the turn fields and
-/// adds its log line. A move by hand (ManualShiftMade), a captured piece's return (CaptureReport) and an
-/// ordinary move are told apart by those fields.
+/// adds its log line. ManualShiftMade marks a move by hand, CaptureReport a captured piece's return; any
+/// other move is an ordinary one.
 void LogMove(const GameContext& game);
 
-/// The record with which a captured piece returns from a square to its box; nothing in it is left to
-/// choice. `captor` is the colour on turn, `repeatState` that of the capturing move.
+/// The record of a captured piece's return from the square `from` to its box; the capture decides all
+/// its fields. `captor` is the colour on turn, `repeatState` the RepeatState of the capturing move.
 MoveRecord ReturnRecord(PieceCode captured, Square from, Colour captor, Short repeatState);
 
 // ------------------------------------------------------------------------------ reading records
 
-/// The colour whose turn it was when the record was made: for a captured or dragged piece of another
-/// colour not the mover's.
+/// The colour whose turn it was when the record was made. It differs from MoverColour when a captured
+/// piece returns and when another colour's piece is dragged.
 Colour ColourOnTurn(const MoveRecord& record);
 
 /// Whether the move was a bonus of 10 or 20 squares, walked or passed.

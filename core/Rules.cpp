@@ -16,7 +16,13 @@ bool IsFull(const GameState& state, Square square) {
     return occupants[1] != 0 && occupants[2] != 0;
 }
 
-// The squares strictly between the start and the target. The target itself is tested for being full.
+// Two pieces of one colour, which no piece walks past.
+bool IsBarrier(const GameState& state, Square square) {
+    const auto& occupants = state.SquareOccupants[square];
+    return occupants[1] != 0 && ColourOf(occupants[1]) == ColourOf(occupants[2]);
+}
+
+// Whether a barrier stands strictly between the start and the target; IsFull looks at the target.
 bool IsBarred(const GameState& state, Colour colour, Short steps, Square square) {
     for (Short step = 1; step < steps; ++step) {
         square = AdvanceSquare(square, 1, colour);
@@ -34,11 +40,6 @@ bool IsMoveLegal(const GameState& state, Colour colour, Short steps, Square squa
     if (target > goal) return false;
     if (target != goal && IsFull(state, target)) return false;
     return !IsBarred(state, colour, steps, square);
-}
-
-bool IsBarrier(const GameState& state, Square square) {
-    const auto& occupants = state.SquareOccupants[square];
-    return occupants[1] != 0 && ColourOf(occupants[1]) == ColourOf(occupants[2]);
 }
 
 Square DestinationOf(Colour colour, Short steps, Square square) {

@@ -13,12 +13,9 @@ inline constexpr Short ArrivalBonus = 10;
 ///
 /// Out of the box: only with a count of 5, and not onto two pieces of its own on the exit square. On the
 /// track: not beyond the goal, not onto a square that holds two pieces (the goal holds any number), and
-/// not past a barrier, its own included. The options that make a piece leave the box, or let it leave
-/// without a five, are the callers' to apply.
+/// not past a barrier (two pieces of one colour), its own included. The options that make a piece leave
+/// the box, or let it leave without a five, are left to the callers.
 bool IsMoveLegal(const GameState& state, Colour colour, Short steps, Square square);
-
-/// Whether slots 1 and 2 of the square hold two pieces of one colour. No piece walks past a barrier.
-bool IsBarrier(const GameState& state, Square square);
 
 /// Where a move of `steps` squares from `square` ends: out of the box it is the exit square.
 Square DestinationOf(Colour colour, Short steps, Square square);
@@ -33,9 +30,9 @@ struct Capture {
     PieceCode victim = 0;  ///< the piece that is captured; 0 when none is
 };
 
-/// The capture by a piece of `colour` that has just been put down on `square`. On an unsafe square the
-/// rival in slot 1 is captured. On its own exit square, safe as it is, a piece that came out onto two
-/// captures one of them: the one in slot 2, or the one in slot 1 when slot 2 holds its own colour.
+/// The capture by a piece of `colour` that has just been put down on `square`. On an unsafe square it
+/// captures the rival in slot 1. On its own exit square, although that is a safe one, it captures when
+/// it comes out as the third piece: the piece in slot 2, or that in slot 1 when slot 2 holds its colour.
 Capture CaptureOn(const GameState& state, Colour colour, Square square);
 
 /// The captured piece that stands on `square` until it returns to its box: in slot 1 after an ordinary

@@ -2,9 +2,10 @@
 
 #include "core/Board.h"
 
-// What the terms of a move's score are worth, and from which playing level on each counts. The weights
-// were tuned by play and are kept as they are. ScoreOfMove (core/Player.h) adds the terms up; the engine
-// reads the same numbers.
+// The terms of a move's score: their weights, and the playing level from which each counts. ScoreOfMove
+// (core/Player.h) adds the terms up; the engine reads the same numbers. The weights were tuned by play.
+// Changing one changes the moves that the computer chooses, and with them the figures in
+// docs/strength.md and the games in tests/data/games.
 
 namespace zorva::terms {
 
@@ -31,8 +32,8 @@ inline constexpr double riskPerPoint = 984.0;
 inline constexpr double progressPerPoint = 210.0;
 inline constexpr double capturePerPoint = 62.0;
 
-// A capture counts the victim's progress this many times: when some piece can walk the bonus, and when
-// none can.
+// The factor on the steps that a captured piece loses: withBonus when some piece can walk the 20 squares
+// of the bonus, withoutBonus when none can.
 inline constexpr int withBonus = 5;
 inline constexpr int withoutBonus = 2;
 

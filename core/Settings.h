@@ -26,17 +26,21 @@ struct Settings {
     Short PlayOrder = 2;          ///< 1 "Directo" (4, 3, 2, 1), 2 "Inverso" (1, 2, 3, 4)
     Short SoundOn = 1;            ///< 1 on, 2 off
     Short ButtonInfo = 1;         ///< 1 buttons explain themselves, 2 they do not
-    Short RuleSixAllOut = 2;      ///< a six with no piece in the box counts 1: seven, 2: twelve
-    Short RuleLeaveAllInBox = 1;  ///< four in the box: 1 start counting at once, 2 a five is needed
-    Short RuleFiveAllInBox = 1;   ///< a five with four in the box: 1 two pieces out, 2 one counts five
+    Short RuleSixAllOut = 2;      ///< squares of a six with no piece in the box: 1 seven, 2 twelve
+    /// With four pieces in the box: 1 any throw brings one out, which walks the thrown squares on from
+    /// its exit; 2 a five is needed.
+    Short RuleLeaveAllInBox = 1;
+    /// A five with four pieces in the box, while RuleLeaveAllInBox is 1: 1 brings two pieces out; 2
+    /// brings one out, which walks five squares on.
+    Short RuleFiveAllInBox = 1;
     Short RuleFiveSomeInBox = 1;  ///< a five with a piece in the box: 1 must leave, 2 may leave
     Short Speed = 50;             ///< 0 (slow) .. 100 (no pauses at all)
 
     bool operator==(const Settings&) const = default;
 };
 
-/// Whether the colour takes part in games. Four colours switched off, as they can be for a moment while
-/// the settings are chosen, count as four taking part: a game without players would never end.
+/// Whether the colour takes part in games. If all four are switched off, as can happen for a moment
+/// while the settings are chosen, all four take part: a game without players would never end.
 bool IsTakingPart(const Settings& settings, Colour colour);
 
 /// -1 for "Directo" (colours follow 4, 3, 2, 1), +1 for "Inverso".
@@ -48,7 +52,7 @@ Short SixValueOf(const Settings& settings);
 /// The name given to a colour that has none: "Amarillo", "Azul", "Rojo", "Verde".
 const std::string& DefaultName(Colour colour);
 
-/// Blanks removed from both ends.
+/// The text without the blanks at its two ends.
 std::string Trimmed(const std::string& text);
 
 }  // namespace zorva

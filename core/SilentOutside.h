@@ -4,9 +4,9 @@
 
 namespace zorva {
 
-/// A world in which nothing is seen, heard, thrown or waited for: moves that were made before can be
-/// carried out in it. A derived class overrides what else its game needs. Questions are refused, notices
-/// acknowledged.
+/// A world that shows nothing, plays no sound and never waits. It is enough for carrying out moves that
+/// were made before; throwing the die or waiting for input in it is Fatal. A derived class overrides
+/// what its game needs besides. Every message is answered with Refused.
 class SilentOutside : public Outside {
 public:
     Short RollFace() override { Fatal("a die is thrown where nobody throws"); }

@@ -11,7 +11,7 @@
 namespace zorva {
 namespace {
 
-/// How the driver goes on after a move was carried out.
+/// What follows a move that was carried out.
 enum class AfterMove { NextTurn, SecondPiece, GameOver };
 
 void PassTurn(const GameContext& game, Short direction) {
@@ -24,7 +24,7 @@ void PassTurn(const GameContext& game, Short direction) {
 
 void BeginTurn(const GameContext& game) {
     GameState& state = game.state;
-    // A click made between two moves is kept for the throw, when the person throws.
+    // If throws wait for a click, a click made between two moves is kept for the next throw.
     game.outside.YieldToEvents(game.settings.PauseBetweenMoves == 1 ? UserInput::Held
                                                                     : UserInput::Handled);
     game.outside.SetScreenCursor(ScreenCursor::Default);
@@ -123,8 +123,8 @@ void MakeMoveForPlayer(const GameContext& game) {
     ShowChosenMove(game);
 }
 
-// Finds the move of this throw, or waits until the person has chosen one. Returns false when the
-// game was abandoned.
+// Finds the move of this throw, or waits until the person has chosen one. Returns false when the game
+// was abandoned: in that wait or, before a bonus move, during a message of PositionReached.
 bool DecideMove(const GameContext& game) {
     GameState& state = game.state;
     ChooseComputerMove(state, game.settings);
@@ -207,7 +207,7 @@ bool PlayThrow(const GameContext& game) {
     }
 }
 
-// No game of thrown moves comes near the limit, but pieces can be dragged by hand without end.
+// Thrown moves alone never reach the limit, but pieces can be dragged by hand any number of times.
 void EndLongestGame(const GameContext& game) {
     game.outside.ShowMessage("Partida demasiado larga",
                              "La partida ha llegado a las 32.700 jugadas y no caben más en la cinta. "

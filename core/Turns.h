@@ -4,19 +4,21 @@
 
 namespace zorva {
 
-/// The most moves of a game, since moves are numbered with 16 bits. Instead of the next turn the players
-/// get a message, and the game ends without a winner.
+/// The number of moves at which a game ends without a winner, with a message to the players: moves are
+/// numbered with 16 bits.
 inline constexpr Short LongestGame = 32'700;
 
 /// Plays the game from its position to its end, turn after turn. Returns when GameInProgress has become
-/// false: the game ended, or a handler abandoned it during a wait. Handlers of clicks and keys run in
-/// the waits and yields only; everywhere else the tables are in the middle of a change.
+/// No: the game has ended, or a handler has abandoned it. Handlers of clicks and keys run in
+/// WaitForInput, in YieldToEvents with UserInput::Handled, and while a message is open: one of
+/// ShowMessage, or one that PositionReached or KeepResult shows when saving fails. They run nowhere
+/// else, not in Pause and StepDelay either: the tables may be in the middle of a change there.
 void RunTurns(const GameContext& game);
 
 /// Passes the turn to the next colour taking part, in the direction of play.
 void NextColour(const GameContext& game);
 
-/// Passes the turn back, so that the NextColour that follows comes to the same colour again.
+/// Steps back by one colour, so that NextColour at the start of the next turn returns to this colour.
 void PreviousColour(const GameContext& game);
 
 /// Shows the die of the colour on turn ready to be thrown: a five at the start of a turn, a six when the
@@ -26,7 +28,8 @@ void ShowReadyDie(const GameContext& game);
 /// Shows the move that ChooseComputerMove found for the colour on turn; nothing when it found none.
 void ShowChosenMove(const GameContext& game);
 
-/// Makes the move that ChooseComputerMove found the person's own and ends the wait for it.
+/// Adopts the move that ChooseComputerMove found as the move to be made, and ends the wait for the
+/// person's choice.
 void TakeAdvisedMove(GameState& state);
 
 }  // namespace zorva

@@ -5,8 +5,9 @@
 
 namespace zorva {
 
-/// Every value of the game is a signed 16-bit number, in memory as in the files: squares, codes, counts
-/// and flags. A result that does not fit is a fault of the program; see ToShort.
+/// The type of the numbers in GameState, Settings and MoveRecord: squares, piece codes, counts, flags.
+/// The settings file holds them in the same 16-bit range. A result outside it is a fault of the program;
+/// see ToShort. Only sums on the way to a result and the scores of moves (doubles) have other types.
 using Short = std::int16_t;
 
 /// 1 yellow, 2 blue, 3 red, 4 green; 0 stands for "none".
@@ -18,7 +19,8 @@ using Square = Short;
 /// 10 x colour + piece number (11..14, 21..24, 31..34, 41..44); 0 is an empty slot.
 using PieceCode = Short;
 
-/// Flags are stored as -1 and 0, in memory as in the records.
+/// In memory a flag is -1 or 0, except MoveRecord::OnBehalf, which is 1 or 0. The settings file also
+/// writes -1 and 0, except in the lines of moves, which have 1 and 0.
 inline constexpr Short Yes = -1;
 inline constexpr Short No = 0;
 

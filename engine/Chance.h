@@ -9,7 +9,7 @@
 namespace zorva {
 
 /// A stream of random numbers (xoshiro256++), the same on every machine for the same seed. Streams
-/// of one seed with different numbers have nothing in common: each game can have its own.
+/// of one seed with different numbers are unrelated, so each game can have a stream of its own.
 class Chance {
 public:
     explicit Chance(std::uint64_t seed, std::uint64_t stream = 0) {

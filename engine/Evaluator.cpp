@@ -40,9 +40,9 @@ void Evaluator::FindEnds(unsigned count) {
     }
 }
 
-// Which ends of movable pieces lie in a set: bit n stands for end n. The set is rotated until the end's
-// bit is bit n. An end off the ring is asked about some other step: no rivals stand ahead of it, so that
-// nothing comes of it.
+// Which ends of movable pieces lie in a set: bit n stands for end n. For each end the set is rotated so
+// that the bit of its step becomes bit n. For an end off the ring that bit is an unrelated one; this is
+// harmless, because AttackFrom finds no rival ahead of such a step.
 unsigned Evaluator::EndsIn(RingSet set) const {
     RingSet ends = 0;
     for (unsigned end = 0; end < endCount; ++end) {
@@ -51,8 +51,8 @@ unsigned Evaluator::EndsIn(RingSet set) const {
     return static_cast<unsigned>(ends) & (movable_ | movable_ << reached);
 }
 
-// Few ends have a rival ahead, and which have cannot be predicted: a branch for each end would cost more
-// than finding those few first.
+// Few ends have a rival ahead, and the processor cannot predict which: finding those few first is faster
+// than a branch for each end.
 void Evaluator::AddAttacks() {
     const RingSet oneOrTwo = capturable_ >> 1 | capturable_ >> 2;
     const RingSet attacking = oneOrTwo | oneOrTwo >> 2 | oneOrTwo >> 4;
@@ -67,7 +67,8 @@ int Evaluator::ProgressOfRivalAt(unsigned step) const {
     return static_cast<int>(StepOf(SeatOfOccupant(view_.position_.FirstOn(square)), square));
 }
 
-// The progress of the rivals that one die could capture from the step. A barrier ends all longer walks.
+// The steps walked by those rivals, added together, that one throw of a die could capture from `step`.
+// No walk leads beyond the first barrier.
 int Evaluator::AttackFrom(const SeatView::TrackSet& capturable, unsigned step) const {
     const std::uint64_t barriers = SeatView::Ahead(view_.barrierSteps_, step);
     const std::uint64_t beforeBarrier = (barriers & (0 - barriers)) - 1;
@@ -78,9 +79,8 @@ int Evaluator::AttackFrom(const SeatView::TrackSet& capturable, unsigned step) c
     return attack;
 }
 
-// The rivals that could capture on the step with one throw. A rival that turns into its home column
-// before it is not among them: where the tracks do not meet, the rival is asked about its exit, which
-// none of its own threatens.
+// How many rival pieces could capture on the step with one throw. For a square that is not on a rival's
+// track the table gives the rival's step 0, its exit, whose threat count is always 0.
 unsigned Evaluator::ThreatsTo(unsigned step) const {
     unsigned threats = 0;
     for (unsigned turns = 1; turns < SeatCount; ++turns) {
@@ -89,9 +89,9 @@ unsigned Evaluator::ThreatsTo(unsigned step) const {
     return threats;
 }
 
-// The value of the square reached less that of the square left: SquareValue (core/Player.h). Nothing is
-// at risk on a safe or full square, nor where the piece joins one of its own; no branch asks for that,
-// because the answer cannot be predicted.
+// The SquareValue (core/Player.h) of the square reached less that of the square left. There is no risk
+// on a safe or full square, nor where the piece joins one of its own. That is multiplied in without a
+// branch, because the processor could not predict it.
 double Evaluator::Gain(unsigned piece) const {
     const unsigned from = steps_[piece], to = steps_[reached + piece];
     const unsigned perThreat = tables::leaving[from].perThreat;

@@ -65,8 +65,8 @@ unsigned Game::MovePiece(unsigned piece, unsigned to) {
 }
 
 // The third six in a row sends the piece moved last back to its box. That is the piece of the second
-// six, the throw before: bonus moves do not count, and nobody captures it meanwhile. If it is home,
-// nothing happens and the third six leaves no record.
+// six, the throw before: bonus moves do not count, and nobody can capture it in between. If it is on its
+// goal, nothing happens and the third six leaves no record.
 void Game::TakeThirdSix() {
     if (thrownPiece_ == NoPiece) return;
     if (position_.SideOf(seat_).StepOf(thrownPiece_) == GoalStep) {

@@ -9,9 +9,8 @@
 
 namespace zorva::engine {
 
-/// A whole game of computer players, throw by throw: what the turn driver (core/Turns.h) does when no
-/// person plays and nobody looks on, without records and messages. It counts what the records would
-/// show.
+/// A complete game of computer players, throw by throw. It makes the same moves as the turn driver
+/// (core/Turns.h), without records, messages or waits, and counts moves as the core would record them.
 class Game {
 public:
     /// A game in which all pieces are in their boxes. `rules` and `chance` have to outlive it; one face
@@ -19,14 +18,14 @@ public:
     Game(const GameRules& rules, Chance& chance)
         : rules_(rules), chance_(chance), position_(rules.sixValue) {}
 
-    /// Plays to the end, begun by that seat. Returns the winner; nobody when the game has reached
-    /// LongestGame moves.
+    /// Plays to the end; the seat `first` has the first turn. Returns the winner, or nothing when the
+    /// game has reached LongestGame moves.
     std::optional<Seat> Play(Seat first);
 
     /// The position reached.
     const Position& Board() const { return position_; }
 
-    /// Move records: passes, ways home of captured pieces and third sixes included.
+    /// Move records, including passes, returns of captured pieces to their boxes and third sixes.
     int Moves() const { return moves_; }
     /// Pieces captured.
     int Captures() const { return captures_; }
@@ -49,7 +48,7 @@ private:
     int moves_ = 0;
     int captures_ = 0;
     int decisions_ = 0;
-    /// The piece that the last throw moved, bonus moves left aside; NoPiece when it moved none.
+    /// The piece moved by the last throw, not by a bonus; NoPiece when that throw moved none.
     unsigned thrownPiece_ = NoPiece;
 };
 

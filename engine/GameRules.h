@@ -7,13 +7,13 @@
 
 namespace zorva::engine {
 
-/// What the settings decide about a game of computer players, laid out by seat.
+/// The part of the settings that matters in a game of computer players, in tables by seat.
 struct GameRules {
     explicit GameRules(const Settings& settings);
 
     unsigned sixValue;          ///< squares of a six with no piece in the box: 7 or 12
-    bool countsFromFirstThrow;  ///< four in the box: a piece leaves with any throw
-    bool fiveBringsTwo;         ///< ... and a five brings out two
+    bool countsFromFirstThrow;  ///< four in the box: any throw brings a piece out
+    bool fiveBringsTwo;         ///< four in the box, and the above: a five brings out two
     bool fiveMustLeave;         ///< a five with a piece in the box must bring one out
 
     std::array<Short, SeatCount> level{};  ///< 0..100

@@ -8,8 +8,8 @@
 namespace zorva::engine {
 namespace {
 
-// The pieces that share their step with one of a lower number. Both have the same moves and scores, and
-// the lower number is moved.
+// The pieces that share their step with a piece of a lower number: bit n stands for piece n. Their moves
+// have the same scores, and among equals the lowest number moves, so they need no score.
 unsigned Doubles(const Side& side) {
     const unsigned a = side.StepOf(0), b = side.StepOf(1), c = side.StepOf(2), d = side.StepOf(3);
     const unsigned second = b == a;
@@ -24,7 +24,7 @@ unsigned BestPiece(const Position& position, const GameRules& rules, Seat seat, 
     const SeatView view(position, seat);
     const unsigned movable = view.MovablePieces(count) & ~Doubles(position.SideOf(seat));
     if (movable == 0) return NoPiece;
-    // A single one is taken whatever its score.
+    // A single movable piece moves whatever its score.
     const bool isSingle = (movable & (movable - 1)) == 0;
     return isSingle ? static_cast<unsigned>(std::countr_zero(movable))
                     : Evaluator(view, rules, count, movable).BestPiece();

@@ -3,8 +3,8 @@
 namespace zorva::engine {
 namespace {
 
-// Where nobody is captured; the home column is not safe in the sense of IsSafeSquare, but no rival
-// comes.
+// The steps on which nobody is captured. The home column is among them, although IsSafeSquare says no
+// there: no rival ever enters it.
 constexpr auto isSafe = MakeByStep<bool>(
     [](unsigned step, Square square) { return step >= RingSteps || IsSafeSquare(square); });
 
@@ -45,7 +45,8 @@ void Position::PutIntoBox(Occupant occupant) {
     sides_[SeatOfOccupant(occupant)].Move(PieceOfOccupant(occupant), BoxStep);
 }
 
-// A piece that stays moves up to the first place. Out of the box nothing changes: nobody is kept there.
+// A piece that stays moves up to the first place. For the box and the goal nothing changes: their entry
+// in the table is always empty.
 void Position::LeaveSquare(Seat seat, unsigned piece) {
     Occupants& here = occupants_[SquareAt(seat, sides_[seat].StepOf(piece))];
     const bool isFirst = First(here) == OccupantOf(seat, piece);
@@ -62,8 +63,9 @@ Occupant Position::Land(Occupants& here, Occupant newcomer, bool onSafe) {
     return captures ? first : Occupant{0};
 }
 
-// Only a piece out of its box comes to a full square. If the square is unsafe, a count began with all
-// pieces in the box: the two are rivals, and the first to have come goes. If it is safe, it is the exit.
+// Only a piece that comes out of its box can land on a full square. If the square is unsafe, the piece
+// walked on from its exit (countsFromFirstThrow): both pieces there are rivals, and the one that came
+// first is captured. If it is safe, it is the exit.
 Occupant Position::LandAsThird(Occupants& here, Occupant newcomer, bool onSafe) {
     const Occupant first = First(here), second = Second(here);
     if (!onSafe) {

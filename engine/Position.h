@@ -25,24 +25,26 @@ constexpr unsigned PieceOfOccupant(Occupant occupant) {
     return occupant & 3U;
 }
 
-/// Where all pieces stand: what a GameState says of the board, in 800 bytes of which a move changes a
-/// few. Pieces are numbered 0..3, one less than in the core.
+/// Where all pieces stand: the board of a GameState in less than 800 bytes. Pieces are numbered 0..3,
+/// one less than in the core.
 class Position {
 public:
-    /// All pieces in their boxes, in a game in which a six counts so much with none there.
+    /// All pieces in their boxes. `sixValue` is what a six counts for a seat whose box is empty: 7
+    /// or 12.
     explicit Position(unsigned sixValue);
 
-    /// The position of `state`. No captured piece may stand there that has not yet returned to its box.
+    /// The position of `state`, in which every captured piece must have returned to its box.
     explicit Position(const GameState& state);
 
     const Side& SideOf(Seat seat) const { return sides_[seat]; }
 
-    /// Of the pieces on a square, the one that came first; 0 when the square is empty or a goal.
+    /// The piece that came to the square first; 0 when the square is empty or a goal.
     Occupant FirstOn(Square square) const { return First(occupants_[square]); }
 
     /// Moves a piece to a step of its track and carries out the capture that CaptureOn (core/Rules.h)
     /// defines: the victim is in its box afterwards. Returns the victim, 0 when there is none. Does not
-    /// ask whether the move is legal; a count that begins with all pieces in the box need not be.
+    /// check whether the move is legal: a throw that brings out the first of four pieces and walks on
+    /// with it (countsFromFirstThrow) may break the rules of movement.
     Occupant Move(Seat seat, unsigned piece, unsigned to);
 
     /// Puts a piece back into its box, from wherever it stands.
@@ -53,8 +55,8 @@ public:
 private:
     /// The pieces on a square in the order of their arrival, as in slots 1 and 2 of SquareOccupants: the
     /// first in the lower byte, the second in the upper one. The order decides which of two pieces is
-    /// captured by a third that comes out of its box. One number, so that a piece comes and goes without
-    /// a branch.
+    /// captured by a third that comes out of its box. Both are kept in one number, so that adding and
+    /// removing a piece needs no branch.
     using Occupants = std::uint16_t;
 
     static constexpr Occupants Pair(Occupant first, Occupant second) {

@@ -4,13 +4,13 @@
 #include "core/ScoreTerms.h"
 #include "engine/Track.h"
 
-// What the evaluator looks up instead of computing, made by the compiler from core/ScoreTerms.h. All of
-// it fits into the processor's first cache.
+// Tables that the evaluator reads instead of computing. The compiler makes them from core/ScoreTerms.h;
+// together they fit into the processor's first-level cache.
 
 namespace zorva::engine::tables {
 
-/// Value / divisor for every whole value from 0 to Most. A division takes longer than all else that is
-/// asked about a square.
+/// value / divisor for every integer value from 0 to Most. A division would take longer than everything
+/// else that is computed for a square.
 template <int Most>
 constexpr auto MakeQuotients(double divisor) {
     std::array<double, Most + 1> quotients{};
@@ -18,18 +18,19 @@ constexpr auto MakeQuotients(double divisor) {
     return quotients;
 }
 
-/// Six squares ahead, each with one rival that has come 63 squares at most.
+/// Points by steps attacked: at most six squares ahead, each with one rival that has walked at most 63.
 inline constexpr auto attackValue = MakeQuotients<6 * (RingSteps - 1)>(terms::attackPerPoint);
-/// Twelve rival pieces, each of which could win the bonus and what the piece has walked.
+/// Points by steps at risk: at most twelve rival pieces, each worth the bonus and the steps that the
+/// threatened piece has walked.
 inline constexpr auto riskValue =
     MakeQuotients<(ColourCount - 1) * PiecesPerColour*(CaptureBonus + StepsToGoal)>(terms::riskPerPoint);
 
-/// What a score asks about the square that a piece leaves.
+/// What a score depends on at the square that a piece leaves.
 struct Leaving {
     double progress;  ///< in points
     double nearHome;
     double shelter;
-    unsigned perThreat;  ///< squares that each rival would win by capturing the piece
+    unsigned perThreat;  ///< squares that a rival would gain by capturing the piece
 };
 
 inline constexpr auto leaving = MakeByStep<Leaving>([](unsigned step, Square from) {
@@ -53,8 +54,8 @@ constexpr auto MakeReachesColumn() {
     return reaches;
 }
 
-/// The term of the square reached, for a piece that comes early enough for the home column to count,
-/// [1], and for one that does not, [0].
+/// The term of the square reached: [1] for a move from a square at which ReachesShelter counts the home
+/// column as shelter, [0] for a move from any other.
 inline constexpr std::array<ByStep<double>, 2> reachingTerm{
     MakeByStep<double>([](unsigned, Square to) {
         return terms::ReachesShelter(1, LastRingSquare, to) ? terms::reachingShelter : 0;
@@ -69,8 +70,8 @@ constexpr double ReachingShelter(Seat seat, unsigned from, unsigned to) {
     return reachingTerm[reachesColumn[seat][from]][to];
 }
 
-/// [turns][step]: the same square in the steps of the seat `turns` places further; 0, its exit, where
-/// the square is not on its ring track.
+/// [turns][step]: the step of the same square for the seat `turns` places further; 0, that seat's exit,
+/// for a square that is not on its track.
 constexpr auto MakeStepOfRival() {
     std::array<ByStep<std::uint8_t>, SeatCount> theirSteps{};
     for (int turns = 1; turns < static_cast<int>(SeatCount); ++turns) {

@@ -4,8 +4,10 @@
 
 namespace zorva::engine {
 
-// What one piece adds to the threats of its side: a 1 at each distance that one throw counts. Cut out of
-// one long row, so that a piece further on finds the ones further on. One off the ring finds zeros.
+// The ring steps that one piece threatens, as a row of 0 and 1. From(step) is that row for a piece on
+// `step`: entry n is 1 if one throw can take the piece from there to step n. All these rows are windows
+// of one long row, which has a 1 at each distance that one throw can count. For a piece off the ring the
+// window has only zeros.
 class ThrowPattern {
 public:
     constexpr explicit ThrowPattern(unsigned six) {
@@ -27,8 +29,8 @@ struct StepBits {
     ColumnSet column = 0;
 };
 
-// The bit of a step in the set that holds it. The box and the goal have none: they are always open to
-// the seat and any number of its pieces stands there.
+// The bit of a step in the set that holds it. The box and the goal have none, because any number of the
+// seat's pieces may stand there.
 constexpr auto stepBits = MakeByStep<StepBits>([](unsigned step, Square) {
     if (step < RingSteps) return StepBits{RingSet{1} << step, 0};
     if (step < GoalStep) return StepBits{0, ColumnSet{1} << (step - RingSteps)};
@@ -53,7 +55,8 @@ int Side::Walked() const {
     return walked;
 }
 
-// All counts are changed: whole rows are added, which the compiler does with sixteen bytes at a time.
+// Adds and subtracts complete rows instead of the few entries that differ: the compiler then handles
+// sixteen bytes at a time.
 void Side::ChangeThreats(unsigned left, unsigned reached) {
     const std::uint8_t* const gone = throws_->From(left);
     const std::uint8_t* const come = throws_->From(reached);
@@ -72,7 +75,7 @@ void Side::Move(unsigned piece, unsigned to) {
     if (from == BoxStep || to == BoxStep) CountBox();
 }
 
-// With the last piece out of the box, or the first one back, a six counts another number of squares.
+// When the last piece leaves the box, or the first one returns, a six counts another number of squares.
 void Side::CountBox() {
     inBox_ = static_cast<std::uint8_t>(std::count(steps_.begin(), steps_.end(), BoxStep));
     const ThrowPattern* const throws = inBox_ == 0 ? throwsWithNoneInBox_ : &withSix;

@@ -16,8 +16,9 @@ public:
     std::uint64_t Pieces() const { return pieces_; }
     std::uint64_t Pairs() const { return pairs_; }
 
-    /// Moves a piece from one step to another, each told by its bit; 0 is a step outside the set.
-    /// Without branches, because whether a piece stands alone cannot be predicted.
+    /// Moves a piece from the step with the bit `left` to that with the bit `reached`; 0 stands for a
+    /// step outside the set. Without branches: the processor could not predict whether a piece stands
+    /// alone.
     void Move(std::uint64_t left, std::uint64_t reached);
 
     bool operator==(const StepSet&) const = default;
@@ -27,11 +28,11 @@ private:
     std::uint64_t pairs_ = 0;
 };
 
-/// Where the four pieces of a seat stand, in its own steps, and what follows from it. Every move keeps
-/// all of it up to date. Aligned to cache lines, one of which holds the threats (1 %).
+/// Where the four pieces of a seat stand, in its own steps, with sets and counts that Move keeps up to
+/// date. Aligned so that the threats fill one cache line: otherwise games were 1 % slower.
 class alignas(64) Side {
 public:
-    /// All pieces in the box. `sixValue` is what a six counts with none there: 7 or 12.
+    /// All pieces in the box. `sixValue` is what a six counts with an empty box: 7 or 12.
     explicit Side(unsigned sixValue);
 
     /// The step of a piece 0..3; BoxStep in the box.
@@ -40,20 +41,21 @@ public:
     unsigned InBox() const { return inBox_; }
     unsigned Home() const { return home_; }
 
-    /// The ring squares with at least one piece, and those with two: a barrier.
+    /// The ring steps with at least one piece, and those with two, a barrier.
     RingSet Pieces() const { return ring_.Pieces(); }
     RingSet Pairs() const { return ring_.Pairs(); }
-    /// The same of the home column. The goal is in neither set: it has room for all.
+    /// The steps of the home column with two pieces. The goal is never among them: it has room for all.
     ColumnSet ColumnPairs() const { return column_.Pairs(); }
 
-    /// How many of its pieces can land on a ring square with one throw, a six counted as it counts now.
-    /// On its own step 0 none ever can.
+    /// How many of its pieces can land on a ring step, 0..63, with one throw; a six counts as many
+    /// squares as it does for the seat now. 0 for its own step 0, the exit.
     unsigned Threats(unsigned step) const { return threats_[step]; }
 
-    /// The steps that its pieces have come from the exit, added up: StepsFromExit (core/Board.h).
+    /// The steps that its four pieces have walked from the exit, added together; StepsFromExit
+    /// (core/Board.h) defines them.
     int Walked() const;
 
-    /// Moves a piece, forwards or back into the box.
+    /// Moves a piece 0..3 to a step, forwards or back to BoxStep.
     void Move(unsigned piece, unsigned to);
 
     bool operator==(const Side&) const = default;
@@ -66,8 +68,8 @@ private:
     std::array<std::uint8_t, PiecesPerColour> steps_{BoxStep, BoxStep, BoxStep, BoxStep};
     std::uint8_t inBox_ = PiecesPerColour;
     std::uint8_t home_ = 0;
-    const ThrowPattern* throws_;               // what one throw counts now
-    const ThrowPattern* throwsWithNoneInBox_;  // and with no piece in the box
+    const ThrowPattern* throws_;               // of the counts of one throw now
+    const ThrowPattern* throwsWithNoneInBox_;  // of those with an empty box
     StepSet ring_;
     StepSet column_;
 };

@@ -8,9 +8,9 @@
 // How the engine numbers players, squares and sets of squares.
 //
 // A seat is a colour counted from 0, so that the seat n places further round the table is (seat + n)
-// % 4. A square is told by its step: how far it lies along the track of the seat that looks at it. 0 is
-// the seat's exit square, 63 its home entry, 64 to 70 its home column, 71 its goal. The tables here are
-// made by the compiler from the functions of core/Board.h.
+// % 4. The engine identifies a square by its step: its distance from the exit along the track of the
+// seat in question. 0 is that seat's exit square, 63 its home entry, 64 to 70 its home column, 71 its
+// goal. The compiler makes the tables here from the functions of core/Board.h.
 
 namespace zorva::engine {
 
@@ -19,19 +19,19 @@ using Seat = unsigned;
 
 inline constexpr Seat SeatCount = ColourCount;
 
-/// The steps 0..63 of one seat's track, which are ring squares: bit n stands for step n.
+/// A set of the steps 0..63 of one seat's track, the ring squares: bit n stands for step n.
 using RingSet = std::uint64_t;
-/// The steps from 64 on, of which only the seat's own pieces come to any: bit n stands for step 64 + n.
+/// A set of the steps from 64 on, where only the seat's own pieces stand: bit n stands for step 64 + n.
 using ColumnSet = std::uint64_t;
 
 inline constexpr int RingSteps = 64;
 inline constexpr int GoalStep = StepsToGoal;
 
-/// Steps are kept in seven bits: a count that runs beyond 127 begins again at 0.
+/// Steps wrap around from 127 to 0. A piece leaves its box that way; see BoxStep.
 inline constexpr unsigned StepCount = 128;
 
-/// A piece in its box stands five steps before the exit, since five is the count that lets it out. So
-/// the sum of step and count says where any move ends, out of the box too.
+/// The step of a piece in its box: five before the exit, because five is the count that brings it out.
+/// So StepAfter gives the end of every move, that out of the box included.
 inline constexpr unsigned BoxStep = StepCount - ExitCount;
 
 /// Squares from one seat's exit to the exit of the next.
@@ -55,8 +55,8 @@ constexpr unsigned StepAfter(unsigned step, unsigned count) {
     return (step + count) % StepCount;
 }
 
-/// A set of the seat `Turns` places further, in the steps of the seat that looks at it. The four squares
-/// between that seat's home entry and its exit are no part of its track: they drop out.
+/// A set of the seat `Turns` places further, converted to the steps of the seat in question. The four
+/// squares between that seat's home entry and its exit are not on its track and drop out.
 template <int Turns>
 constexpr RingSet Rotated(RingSet set) {
     constexpr int distance = Quarter * Turns;
@@ -71,14 +71,14 @@ constexpr std::uint64_t Lowest(int count) {
 template <typename Value>
 using ByStep = std::array<Value, StepCount>;
 
-/// The square of a colour's step; 0, the box, for every step behind the goal.
+/// The square of a colour's step; 0, the box, for every step beyond the goal.
 constexpr Square SquareOfStep(Colour colour, unsigned step) {
     if (step > GoalStep) return 0;
     return AdvanceSquare(ExitSquare[colour], static_cast<Short>(step), colour);
 }
 
-/// A table of what `fact` says of yellow's steps and squares. It holds for every seat, because the board
-/// looks the same from each exit.
+/// The table of fact(step, square) for yellow's steps and squares. It holds for every seat, because the
+/// board looks the same from each exit.
 template <typename Value, typename Fact>
 constexpr ByStep<Value> MakeByStep(Fact fact) {
     ByStep<Value> values{};

@@ -25,7 +25,7 @@ FileError RenameOver(const std::filesystem::path& from, const std::filesystem::p
     return FileErrorOf(error);
 }
 
-// A link that leads nowhere takes up its name, too: renaming to it would replace the link.
+// A link that leads nowhere also counts: renaming to its name would replace the link.
 bool IsTaken(const std::filesystem::path& path) {
     std::error_code ignored;
     return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));

@@ -41,8 +41,8 @@ std::string NameText(const std::string& name) {
     return text;
 }
 
-// The bytes that complete a record of which only the first `length` bytes were written. The line end
-// comes last here, too, so that a record cut inside its line end still gets a correct one.
+// The bytes that complete a record after its first `length` bytes. They end with the part of the line
+// end that is missing, so that a record cut inside its line end gets a correct one, too.
 std::string FillUp(std::size_t length) {
     if (length == 0) return {};
     std::string rest = std::string(dataLength, ' ') + lineEnd;
@@ -135,7 +135,7 @@ History ReadHistory(const std::filesystem::path& folder) {
     std::string bytes;
     try {
         if (ReadWholeFile(folder / HistoryFileName, longestFile, bytes) != FileError::None) return {};
-    } catch (const std::exception&) {  // no memory for so long a file
+    } catch (const std::exception&) {  // not enough memory for the file
         return {};
     }
     return History(std::move(bytes));

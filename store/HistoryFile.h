@@ -36,9 +36,8 @@ public:
 
     /// The number of records. An incomplete last one counts.
     std::size_t Count() const;
-    /// The bytes of a record, line end included; fewer than 53 for an
-    /// incomplete one. Record 0 is the oldest game, Count() - 1 the newest;
-    /// another index stops the program. Valid as long as the History.
+    /// The bytes of a record, line end included; an incomplete one has fewer than 53. Record 0 is the
+    /// oldest game, Count() - 1 the newest; any other index is Fatal. Valid as long as the History.
     std::string_view Record(std::size_t index) const;
 
 private:
@@ -60,8 +59,8 @@ struct HistoryEntry {
     bool operator==(const HistoryEntry&) const = default;
 };
 
-/// Takes any bytes as a record, in particular an incomplete one: a missing field gives an empty text,
-/// missing points give 0.00. Date and time are empty unless all of their digits are there.
+/// Accepts any bytes as a record, an incomplete one too: a missing field gives an empty text, missing
+/// points give 0.00. A date or time that is incomplete gives an empty text.
 HistoryEntry DecodeHistoryRecord(std::string_view record);
 
 }  // namespace zorva

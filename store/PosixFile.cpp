@@ -49,8 +49,7 @@ private:
     int descriptor_;
 };
 
-// Asked of the open file: between a question about the path
-// and the opening, the file could be exchanged.
+// Looks at the open file: between a look at the path and the opening the file could be replaced.
 FileError SizeOfRegular(int descriptor, std::size_t& size) {
     struct stat status {};
     if (::fstat(descriptor, &status) != 0) return LastError();

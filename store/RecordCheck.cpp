@@ -25,7 +25,7 @@ bool IsPass(const GameState& state, const MoveRecord& record) {
                         [&](Square square) { return IsMoveLegal(state, colour, record.Count, square); });
 }
 
-// A captured piece returns at once.
+// The only record that may follow a capture.
 MoveRecord ReturnOfCaptured(const GameState& state, const MoveRecord& capturing) {
     return ReturnRecord(CapturedPieceOn(state, capturing.To), capturing.To, capturing.MoverColour,
                         capturing.RepeatState);
@@ -61,14 +61,15 @@ bool IsBonusMove(const GameState& state, const MoveRecord& previous, const MoveR
 
 // ------------------------------------------------------------------------------ thrown moves
 
-// What the die counted: a six counts 7 or 12 once all pieces are out, but never the third.
+// Whether Count fits the die: a six counts 7 or 12 once all pieces are out of the box. A third six,
+// which sends a piece back, always counts 6.
 bool IsCountOfDie(const GameState& state, const MoveRecord& record) {
     const bool sixAllOut =
         record.Die == six && record.RepeatState != 0 && state.PiecesInBox[record.MoverColour] == 0;
     return sixAllOut ? record.Count == 7 || record.Count == 12 : record.Count == record.Die;
 }
 
-// The sixes in a row of one turn: the third is stored as 0.
+// Whether RepeatState fits the die and the record before: the sixes in a row, the third stored as 0.
 bool IsRepeatOfDie(const MoveRecord& previous, const MoveRecord& record) {
     if (record.Die != six) return record.RepeatState == 0;
     if (record.RepeatState == 1) return true;
@@ -85,7 +86,8 @@ bool IsThirdSix(const GameState& state, const MoveRecord& record) {
            record.From != GoalSquare[colour];
 }
 
-// Out of the box onto the exit square, or counting on from there while all four are inside.
+// Out of the box onto the exit square; with all four pieces in the box also further on, by the whole
+// count.
 bool IsExit(const GameState& state, const MoveRecord& record) {
     const Colour colour = record.MoverColour;
     if (record.Piece == 0 || record.From != 0 || !StandsOn(state, record, 0)) return false;
@@ -94,8 +96,8 @@ bool IsExit(const GameState& state, const MoveRecord& record) {
            record.To == AdvanceSquare(ExitSquare[colour], record.Count, colour);
 }
 
-// The second of two pieces that left with one five goes on with the turn of the first; a five thrown
-// afterwards looks the same but begins a turn.
+// Whether this can be the second of two pieces that left the box with one five, whose TurnEnd is No. A
+// later five that brings piece 2 out looks the same but has TurnEnd = Yes: both values are allowed.
 bool MayBeSecondExit(const GameState& state, const MoveRecord& record) {
     return record.Piece == 2 && record.Die == ExitCount && record.From == 0 &&
            record.To == ExitSquare[record.MoverColour] &&

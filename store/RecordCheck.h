@@ -4,10 +4,11 @@
 
 namespace zorva {
 
-/// Whether `record` can be what the game wrote next: `state` is the position to which its records up
-/// to MoveRecordCount led, with the capture that the last of them reported. A record that passes can
-/// be executed without harm. The order of the colours and the rule options are not looked at: both may
-/// be changed during a game.
+/// Whether the game could have written `record` as its next one. `state` is the position after its
+/// records 1 to MoveRecordCount; CaptureReport is that of the last of them. A record that passes can be
+/// executed without harm. The order of the colours and the rule options are not checked, because both
+/// may be changed during a game. The rules of movement (IsMoveLegal) are: a change of them can make
+/// saved games unreadable.
 bool CanFollow(const GameState& state, const MoveRecord& record);
 
 }  // namespace zorva

@@ -16,7 +16,8 @@ bool IsPieceOf(Colour colour, PieceCode code) {
     return ColourOf(code) == colour && PieceOf(code) >= 1 && PieceOf(code) <= PiecesPerColour;
 }
 
-// Only a colour's own pieces ever come to its goal, in an earlier game no less than in this one.
+// Only a colour's own pieces ever reach its goal, so slot 3 cannot hold another one even from an earlier
+// game.
 bool AreGoalsSound(const GameState& state) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         const PieceCode last = state.SquareOccupants[GoalSquare[colour]][3];
@@ -54,7 +55,7 @@ bool Replay(GameState& replayed, Short moves) {
     return replayed.CaptureReport == 0;
 }
 
-// The counts of pieces in the box and at home follow from the positions.
+// PiecesInBox and PiecesHome need no comparison here: StateProblem compares them with the positions.
 bool RecordsLeadThere(const GameState& state) {
     GameState replayed = StartOf(state);
     return Replay(replayed, static_cast<Short>(state.MoveRecordCount - 1)) &&
@@ -62,7 +63,8 @@ bool RecordsLeadThere(const GameState& state) {
            replayed.SquareOccupants == state.SquareOccupants;
 }
 
-// A turn goes on after a six, whose number is that of the last record, and for a bonus.
+// A turn goes on after a six and for a bonus. The colour is then that of the last record, and so is the
+// number of sixes in a row.
 bool TurnFits(const GameState& state, const MoveRecord& last) {
     if (state.CurrentColour == 0) return false;
     if (state.SixesInRow == 0 && BonusDueAfter(last) == 0) return true;
@@ -72,8 +74,8 @@ bool TurnFits(const GameState& state, const MoveRecord& last) {
 
 }  // namespace
 
-// Slot 3 is filled last: what stands there belongs to this game only if the piece is home, stands in
-// no other slot and found the first two taken.
+// Slot 3 is filled last: its code belongs to this game only if that piece is on the goal and in no other
+// slot, and slot 2 is taken. Otherwise an earlier game left it there.
 void RecogniseLeftovers(GameState& state) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         const auto& slots = state.SquareOccupants[GoalSquare[colour]];

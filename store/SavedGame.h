@@ -4,14 +4,13 @@
 
 namespace zorva {
 
-/// Completes a state whose stored parts were read: finds the codes that an earlier game left in slot
-/// 3 of the goals.
+/// Sets GoalLeftover, which no file holds, from the board and the positions that were read.
 void RecogniseLeftovers(GameState& state);
 
-/// Whether the state is one that the game itself writes: the board, the positions and the counts say
-/// the same, and, while a game is in progress, the records lead from the boxes to exactly these
-/// tables and fit the turn. Expects every number within its range and the leftovers recognised; the
-/// records need not have been looked at.
+/// Whether the game itself could have written the state: the board, the positions and the counts agree
+/// and, while a game is in progress, its records lead from the boxes to exactly these tables and fit the
+/// turn. Every number must be within its range and RecogniseLeftovers must have been called; the
+/// records may break the rules.
 bool IsSound(const GameState& state);
 
 }  // namespace zorva

@@ -26,7 +26,7 @@ std::string Joined(std::initializer_list<Short> numbers) {
 }
 
 // The format has no way to write a quote or a line end inside quotes. The settings window refuses both
-// in names; whatever else calls this loses the character, not the file.
+// in names. From any other caller they are replaced, so that the file stays readable.
 std::string Quoted(std::string text) {
     for (char& character : text) {
         if (character == '"' || character == '\r' || character == '\n') character = '\'';
@@ -63,7 +63,7 @@ std::string GameLine(const Settings& settings, const GameState& state) {
            lineEnd;
 }
 
-// Flags of a record are -1 or 0 in memory and 1 or 0 in the file, to keep the cell one character wide.
+// Manual and TurnEnd are -1 or 0 in memory but 1 or 0 in the file: their cells are one character wide.
 Short FlagDigit(Short flag) {
     return flag == Yes ? 1 : 0;
 }

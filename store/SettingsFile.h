@@ -26,20 +26,20 @@ struct SettingsContent {
 /// The bytes of the settings file: four colour lines, the board line, the game line with the common
 /// settings, and a line for each move made.
 ///
-/// `state` must be a copy taken when a throw was awaited, before the die was thrown: the game will
-/// continue from there. If its first move has not been made, the file says that no game is in progress.
-/// RepeatTurn is always written as true: the colour on turn has been chosen and must not be passed over
-/// when the game continues.
+/// A game in progress continues from `state`, which must be a copy taken when PositionReached
+/// (core/Outside.h) was called: the colour on turn is chosen, and its throw or bonus move has not been
+/// made. Before the first move the file says that no game is in progress. RepeatTurn is always written
+/// as Yes, so that the turn does not pass to the next colour when the game continues.
 std::string SettingsText(const Settings& settings, const GameState& state);
 
-/// Whether a name may hold the character, and the file give it back: everything that the encoding of
-/// the file has, but for double quotes and control characters.
+/// Whether a player's name may contain the character: any character of the file's encoding except double
+/// quotes and control characters. The file gives such a name back unchanged.
 bool CanStandInName(char32_t character);
 
-/// The whole content, or the reason why the bytes were refused.
+/// The complete content, or the reason why the bytes were refused.
 using SettingsReading = std::variant<SettingsContent, FileError>;
 
-/// Reads the bytes of a settings file and changes nothing else. Refuses any bytes that the game could
+/// Reads the bytes of a settings file. Refuses any bytes that the game could
 /// not have written: numbers outside their range, a board that contradicts the positions, records that
 /// break the rules or lead elsewhere. A blank name becomes the colour's default name; if no colour takes
 /// part, all four do. In the resulting state MoveRecordCount is the number of the unfinished move, as in

@@ -13,16 +13,15 @@ namespace {
 
 constexpr std::size_t boardLength = 600;  // 100 squares, 3 slots each, 2 characters per slot
 constexpr std::size_t recordLength = 16;  // the widths of the eleven cells added up
-/// Many times the length of any ordinary game (some 400 moves), and 7,000 less than the move numbers
-/// that 16 bits hold: a game that is continued from here can still be played to its end.
+/// Many times the length of any ordinary game (some 400 moves), and more than 7,000 below LongestGame
+/// (core/Turns.h): a game that continues from here can still be played to its end.
 constexpr Short mostMoves = 25'000;
 
 bool IsControl(char character) {
     return static_cast<unsigned char>(character) < ' ';
 }
 
-// Control characters never get into a name that the game
-// writes, and would upset the windows that show it.
+// The game never writes control characters in a name, and windows could not show them.
 std::string ReadName(FieldReader& reader, Colour colour) {
     const std::string_view bytes = reader.Text();
     if (std::any_of(bytes.begin(), bytes.end(), IsControl)) reader.Refuse(FileError::TypeMismatch);
@@ -94,8 +93,8 @@ Short ReadFlag(FieldReader& reader, std::string_view& cells) {
     return reader.Cell(cells, 1, 0, 1) == 1 ? Yes : No;
 }
 
-// Cells of the widths that RecordLine writes. A value that overflowed its cell makes the text longer
-// than 16 characters, and the file is refused: ordinary games have none.
+// Cells of the widths that RecordLine writes. A value too wide for its cell makes the text longer than
+// 16 characters, and the file is refused; no record of the game has one.
 MoveRecord ReadRecord(FieldReader& reader) {
     reader.NextLine();
     std::string_view cells = reader.Text();
@@ -140,8 +139,7 @@ SettingsReading ReadSettings(std::string_view bytes) {
     ReadRecords(reader, content.state);
     reader.End();
     if (reader.Error() != FileError::None) return reader.Error();
-    // The records come last in the file, so from here on
-    // all numbers are known to be within their ranges.
+    // The records come last in the file: here all numbers are known to be within their ranges.
     if (content.state.MoveRecordCount < 2) content.state.GameInProgress = No;
     ApplySettings(content.state, content.settings);
     RecogniseLeftovers(content.state);

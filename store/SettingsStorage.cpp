@@ -36,19 +36,18 @@ LoadedSettings Create(const std::filesystem::path& folder) {
     return created;
 }
 
-// The defaults with the reason for them; touches no file.
+// The defaults, with a message that says why; touches no file.
 LoadedSettings Refused(const std::filesystem::path& folder, FileError error) {
     LoadedSettings refused;
     refused.outcome = LoadOutcome::Damaged;
     refused.content = DefaultContent();
-    refused.error = error;
     refused.title = LoadErrorTitle;
     refused.text = LoadErrorText(error, folder.string());
     return refused;
 }
 
-// A damaged file may be all that is left of somebody's game. It is never deleted, and the defaults are
-// written only once it has another name.
+// A damaged file may still hold most of a player's game. It is never deleted, and the defaults are
+// written only after it has been renamed.
 LoadedSettings RefusedAndRenamed(const std::filesystem::path& folder, FileError error) {
     LoadedSettings refused = Refused(folder, error);
     refused.keptAs = SetAside(folder / SettingsFileName);
@@ -59,8 +58,8 @@ LoadedSettings RefusedAndRenamed(const std::filesystem::path& folder, FileError 
 LoadedSettings Load(const std::filesystem::path& folder) {
     std::string bytes;
     const FileError error = ReadWholeFile(folder / SettingsFileName, longestFile, bytes);
-    // The error is the same for a missing file and a
-    // missing folder, but only the first is a first start.
+    // The error is the same for a missing file and a missing folder. Only a missing file is a first
+    // start.
     if (error == FileError::PathNotFound) {
         std::error_code ignored;
         return std::filesystem::is_directory(folder, ignored) ? Create(folder) : Refused(folder, error);

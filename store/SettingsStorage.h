@@ -8,12 +8,11 @@
 
 namespace zorva {
 
-/// How the settings file was found at the start.
+/// What LoadSettings found.
 enum class LoadOutcome {
-    Loaded,   ///< it was good
-    Created,  ///< there was none: the content is the defaults, and they were written
-    Damaged,  ///< it could not be used: the content is the defaults, and the file was renamed if
-              ///< possible
+    Loaded,   ///< a good file
+    Created,  ///< no file: the content is the defaults, and they were written if possible
+    Damaged,  ///< an unusable file or no folder: the content is the defaults; see keptAs
 };
 
 /// The settings and the game to start with, and the message to the player about them, if any.
@@ -23,12 +22,10 @@ struct LoadedSettings {
     /// The message to the player. Both are empty if all is well.
     std::string title;
     std::string text;
-    /// Why a Damaged file was refused.
-    FileError error = FileError::None;
     /// Why the file with the defaults could not be written; None if it was, or if nothing was tried.
     FileError writeError = FileError::None;
-    /// The new path of a Damaged file. Empty if it could not be renamed; nothing was written over it
-    /// then, and the caller must not write over it either.
+    /// The new path of a Damaged file. Empty if it could not be renamed, if the folder is missing or if
+    /// memory ran out: nothing was written then, and the caller must not write the file either.
     std::filesystem::path keptAs;
 };
 

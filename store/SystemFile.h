@@ -18,13 +18,12 @@ namespace zorva {
 /// of the program but not a power cut. Flushed: the call returns once the disk has the data.
 enum class Durability { Lazy, Flushed };
 
-/// Reads a whole file into `bytes`. Refuses a file of more than `limit` bytes (OutOfRange) and anything
+/// Reads all of a file into `bytes`. Refuses a file of more than `limit` bytes (OutOfRange) and anything
 /// but a regular file (PathAccess): reading a pipe, for example, could block. Links are followed.
 FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, std::string& bytes);
 
-/// Creates a file and writes it. Refuses a name that exists already, also
-/// as a link (PathAccess). If writing fails, the file is removed again.
-/// The permissions are those of any new file: 0666 less the user's mask.
+/// Creates a file and writes it. Refuses a name that exists already, even as a link (PathAccess). If
+/// writing fails, the file is removed again. The permissions are 0666 less the user's mask.
 FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes, Durability durability);
 
 /// Appends to a file, creating it if necessary, and waits for the disk. Calls `bytesForSize` with the

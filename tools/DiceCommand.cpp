@@ -22,8 +22,7 @@ namespace {
 
 constexpr std::uint64_t mostThrows = 10'000'000'000;  // takes about half an hour
 
-/// A world that only rolls the die. As in the window, each
-/// throw rolls ten faces of which the last counts.
+/// A world that only rolls the die. As in the window, each throw shows ten faces, and the last counts.
 class RollingWorld : public SilentOutside {
 public:
     explicit RollingWorld(std::function<Short()> roll) : roll_(std::move(roll)) {}

@@ -69,7 +69,7 @@ double DiceTest::ChiSquare() const {
 }
 
 Band BandOf(const DiceCount& count, std::uint64_t total) {
-    // 99 % of a normal distribution lie within so many standard deviations of its mean. Counts of
+    // 99 % of a normal distribution lie within this number of standard deviations of its mean. Counts of
     // hundreds and more follow it closely.
     constexpr double deviationsOf99 = 2.5758293035489;
     const double expected = static_cast<double>(total) * count.probability;

@@ -39,8 +39,8 @@ struct MatchPlan {
     bool byTheBook = false;  ///< played by the core, whose rules define the game, not by the engine
 };
 
-/// Plays the games 0 .. games - 1 on that many threads; the totals are the same for any number of
-/// them. `progress`, when there is one, is called a few times a second with the number of games
+/// Plays the games 0 .. games - 1 on the given number of threads; the totals are the same for any number
+/// of them. `progress`, when there is one, is called a few times a second with the number of games
 /// finished.
 MatchTotals PlayMatch(const MatchPlan& plan, const std::function<void(std::uint64_t)>& progress);
 

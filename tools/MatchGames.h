@@ -10,7 +10,7 @@
 
 namespace zorva {
 
-/// What one game of a match came to.
+/// The result of one game of a match.
 struct GameTotals {
     Colour winner = 0;  ///< 0 when the game grew too long to be finished
     Colour first = 0;   ///< the colour that began
@@ -22,9 +22,8 @@ struct GameTotals {
     bool operator==(const GameTotals&) const = default;
 };
 
-/// The games of a match, each of which can be played by the engine, which is fast, and by the core,
-/// which is the rule book. Both come out the same. All colours that take part are played by the
-/// computer.
+/// The games of a match. Each can be played by the engine, which is fast, or by the core, which defines
+/// the rules; the results are the same. The computer plays all colours that take part.
 class MatchGames {
 public:
     MatchGames(const Settings& settings, std::uint64_t seed);
