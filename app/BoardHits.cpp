@@ -20,8 +20,9 @@ Colour TriangleAt(const Layout& layout, Point at) {
     return dx > 0 ? Colour{2} : Colour{4};
 }
 
-// Whether the lanes of the square's arm go across the screen, as on the left and right: its box is then
-// one cell wide and one block high.
+// True for squares of the left and right arms: their boxes are one cell wide and one block high. The
+// ring is the same after 34 squares; from its squares 9 and 43 on, 17 belong to a left or right arm. Of
+// the home columns, 8 squares each, those of blue and green lie there.
 bool LiesAcross(Square square) {
     const bool ring = square <= LastRingSquare;
     const int place = (square - 1) % 34;

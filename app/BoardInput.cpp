@@ -71,7 +71,7 @@ bool BoardInput::MayDropAt(Point at) const {
 // ------------------------------------------------------------------------------------- the mouse
 
 void BoardInput::Press(Point at, Qt::MouseButton button) {
-    PressedButton = button;
+    pressedButton_ = button;
     if (button == Qt::LeftButton && state_.WaitingForThrow && state_.ManualMode) StartDrag(at);
 }
 
@@ -86,14 +86,14 @@ void BoardInput::Move(Point at) {
 void BoardInput::Release(Point at) {
     if (dragged_ != 0) {
         EndDrag(at);
-    } else if (PressedButton != Qt::NoButton && !recorder_.RecorderOn) {
+    } else if (pressedButton_ != Qt::NoButton && !recorder_.RecorderOn) {
         Click(at);
     }
-    PressedButton = Qt::NoButton;
+    pressedButton_ = Qt::NoButton;
 }
 
 void BoardInput::Click(Point at) {
-    const bool left = PressedButton == Qt::LeftButton;
+    const bool left = pressedButton_ == Qt::LeftButton;
     if (IsPersonsPick() && left) {
         if (const Short piece = MovablePieceAt(at); piece != 0) Pick(piece);
     } else if (state_.WaitingForThrow && !left) {

@@ -31,9 +31,9 @@ public:
     /// Lets a dragged piece glide back to where it stood; nothing when none is dragged.
     void CancelDrag();
 
-    /// A key that produces a character, Escape or Enter. Escape and Q minimise the window. Otherwise a
-    /// key throws, leaves manual mode or takes the advised move; Enter takes the marked piece if there
-    /// is one. Without a game the new-game button glows.
+    /// A key that produces a character, Escape or Enter. Escape and Q minimise the window. A small i
+    /// does nothing. Any other key throws, leaves manual mode or takes the advised move; Enter takes the
+    /// marked piece if there is one. Without a game the new-game button glows.
     void PlainKey(const QKeyEvent& key);
     /// Marks the next movable piece of the person on turn (direction 1) or the one before (-1), and
     /// shows where it would go. Nothing while no move of a person is awaited.
@@ -73,7 +73,7 @@ private:
     const Settings& settings_;
     const RecorderState& recorder_;
     Mesa& mesa_;
-    Qt::MouseButton PressedButton = Qt::NoButton;
+    Qt::MouseButton pressedButton_ = Qt::NoButton;  // the last one pressed, until a release
     PieceCode dragged_ = 0;  // the piece that is dragged in manual mode, 0 when none
     Short previewed_ = 0;    // piece under the cursor
     Short marked_ = 0;       // piece marked by the keyboard

@@ -7,7 +7,7 @@
 namespace zorva {
 namespace {
 
-// Slow away, slow in.
+// Eases in and out: slow at both ends.
 double Eased(double progress) {
     return progress * progress * (3 - 2 * progress);
 }

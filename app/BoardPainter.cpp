@@ -196,8 +196,8 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
     }
 }
 
-// What looks the same in many frames is drawn once per screen and copied from then on. The name has to
-// tell everything that the drawing depends on but the screen.
+// What looks the same in many frames is drawn once per screen and copied from then on. `name` is
+// the key of the cache: it must tell everything that the drawing depends on except the screen.
 const QPixmap& BoardPainter::CachedPixmap(const QString& name, QSize size,
                                           const std::function<void(QPainter&)>& draw) {
     QPixmap& pixmap = cache_[name];

@@ -26,7 +26,7 @@ class BoardPainter {
 public:
     explicit BoardPainter(Artwork& artwork) : artwork_(artwork) {}
 
-    /// To be begun ahead of SetScreen.
+    /// Call TheBackground().Begin before SetScreen, so that another thread paints it meanwhile.
     Background& TheBackground() { return background_; }
 
     /// Makes the pixmaps for a window of that many device pixels. The board is empty until Paint.

@@ -19,7 +19,9 @@ QString SquareText(const GameState& state, const Settings& settings, Square squa
 QString DieText(const Settings& settings, Colour colour, Short face, bool ready);
 /// What a move did: "Verde cuenta 5 con la ficha 1: casilla 61".
 QString MoveText(const Settings& settings, const MoveRecord& record);
-/// Whose turn it is and what is awaited: "Turno de Verde: puede tirar el dado".
+/// Whose turn it is: "Turno de Verde". While a throw is awaited, ": puede tirar el dado" follows; while
+/// a piece is to be chosen, the text says that instead. WindowOutside announces a turn before the wait
+/// for its throw begins, so at an ordinary turn players hear the first part only.
 QString TurnText(const GameState& state, const Settings& settings);
 
 }  // namespace zorva

@@ -24,7 +24,7 @@ public:
 
     BoardScene(const GameState& state, const Settings& settings, Artwork& artwork, Changed changed);
 
-    /// To be begun ahead of SetScreen.
+    /// Call TheBackground().Begin before SetScreen, so that another thread paints it meanwhile.
     Background& TheBackground() { return painter_.TheBackground(); }
     void SetScreen(const Layout& layout, QSize devicePixels);
     const QPixmap& Picture() const { return painter_.Picture(); }
@@ -66,7 +66,7 @@ public:
     void ShowPreview(const BoardView::ShownMove& move);
     /// Rings the pieces that a person may pick.
     void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
-    /// Rings the piece that the keyboard has marked more strongly; 0 marks none.
+    /// Draws a stronger ring round the piece that the keyboard has marked; 0 marks none.
     void ShowMarked(PieceCode piece);
     /// Shows or removes the banner "Modo manual".
     void ShowManualMode(bool on);

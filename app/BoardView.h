@@ -6,8 +6,8 @@
 
 namespace zorva {
 
-/// What the board shows at this moment and the game's tables do not say: where a moving piece is, how a
-/// die lies, what is marked. Nothing of it is kept; a new view is built from the game at any time.
+/// What is on the screen but not in GameState: where a moving piece is, how a die lies, what is marked.
+/// None of it is saved; a new view can be built from the game at any time.
 /// Tables by piece are indexed by piece code.
 struct BoardView {
     static constexpr int CodeCount = 45;  ///< piece codes go up to 44
@@ -15,8 +15,8 @@ struct BoardView {
     /// How a die lies in its tray.
     struct DiePose {
         double tilt = 0;  ///< degrees; 0 when it has come to rest
-        double size = 1;  ///< times its own size: the nearer the eye, the larger
-        QPointF beside;   ///< from the middle of the tray, in sides of the tray
+        double size = 1;  ///< scale factor; above 1 while the die is in the air
+        QPointF beside;   ///< offset from the centre of the tray, in tray widths
     };
 
     /// A ring of light that spreads where a piece was captured, came home or won.

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A longer file is none of ours, and would only fill the memory.
+// Bytes, so that a copy never fills the memory. A longer file is not copied at the first run.
 constexpr std::size_t longestFile = std::size_t{1} << 28;
 
 fs::path EnvironmentPath(const char* name) {

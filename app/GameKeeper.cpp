@@ -23,7 +23,7 @@ std::tm LocalTime() {
 LoadedSettings GameKeeper::Load(const std::filesystem::path& folder) {
     folder_ = folder;
     LoadedSettings loaded = LoadSettings(folder);
-    // A damaged file that could not be kept aside may still be of use to the player.
+    // A damaged file that could not be renamed is never overwritten: it may hold a game.
     mayWrite_ = loaded.outcome != LoadOutcome::Damaged || !loaded.keptAs.empty();
     kept_ = loaded.content.state;
     return loaded;

@@ -12,21 +12,21 @@ namespace zorva {
 /// Keeps the settings and the game in their file, so that a kill loses no more than the move in
 /// progress.
 ///
-/// The position at the beginning of the last turn is remembered, and only that is written: the live
-/// state may be in the middle of a move, or the recorder may show an earlier one.
+/// The position before the last throw or bonus move is remembered, and only that is written: the live
+/// state may be in the middle of a move, or the recorder may show an earlier position.
 class GameKeeper {
 public:
     GameKeeper(const GameState& state, const Settings& settings) : state_(state), settings_(settings) {}
 
-    /// Called with a message for the player when a file cannot be written, but only once until a write
-    /// has succeeded again.
+    /// Called with a message for the player when a file cannot be written: once for each series of
+    /// failures, which a successful write ends.
     std::function<void(const std::string& title, const std::string& text)> Failed;
 
     /// Reads the settings file of that folder, to which everything is written from now on. If the file
     /// is damaged and cannot be kept aside either, nothing is written at all.
     LoadedSettings Load(const std::filesystem::path& folder);
 
-    /// The game is at the beginning of a turn: remembers and writes it. Does not wait for the disk.
+    /// A throw or a bonus move is next: remembers and writes the game. Does not wait for the disk.
     void PositionReached();
     /// The game has ended or was given up: writes the settings without a game, and waits for the disk.
     void GameOver();

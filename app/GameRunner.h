@@ -16,9 +16,10 @@ public:
 
     /// Called when the players cancel the first question of a new game to change settings.
     std::function<void()> SettingsWanted;
-    /// Called when a game has ended or was given up, but not when it is left to be continued later.
+    /// Called when a game has ended or was given up, but not when it is left to be continued later. Also
+    /// called by StartNewGame when no game is being played.
     std::function<void()> GameOver;
-    /// Called when Leave was asked for and no game is being played any more.
+    /// Called once Leave was requested and the turn driver has returned.
     std::function<void()> Ended;
 
     /// Gives up the game that is being played, if any, and plays a new one.

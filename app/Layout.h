@@ -80,8 +80,8 @@ struct Layout {
     Box House(Colour colour) const;
 };
 
-/// The layout for a screen of that size in device pixels. Any size gives one, if need be with parts that
-/// overlap or lie off the screen.
+/// The layout for a screen of that size in device pixels. Works for any size; on very
+/// small screens parts may overlap or lie off the screen.
 Layout LayoutFor(int deviceWidth, int deviceHeight);
 
 }  // namespace zorva

@@ -26,7 +26,8 @@ class RecorderStrip;
 /// measured; device pixels are the screen's; Qt counts in logical pixels, of which each is
 /// `devicePixelRatio` device pixels wide.
 class Mesa : public QWidget {
-    // Needed for the class's name, by which its interface for screen readers is found.
+    // Gives the class a name of its own in Qt's meta-object. BoardAccessibility looks for that name
+    // when Qt asks for the interface for screen readers.
     Q_OBJECT
 
 public:

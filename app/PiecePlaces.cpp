@@ -19,7 +19,7 @@ bool StandsInSlot(const GameState& state, Square square, Short slot) {
     return first && state.PositionOf(code) == square;
 }
 
-// The places of a goal that no slot accounts for go to the remaining pieces in their order.
+// Pieces on a goal that stand in no slot take the free places, the lowest piece number first.
 Short PlaceOnGoal(const GameState& state, Square goal, PieceCode code) {
     const Short slot = SlotOf(state, goal, code);
     if (slot != 0) return slot;

@@ -13,8 +13,8 @@
 
 namespace zorva {
 
-/// The running program: one game, its settings, the board window, and the connections between them. What
-/// a part of the program does not know of the others is joined here by function objects.
+/// The running program: one game, its settings, the board window, and the connections between them.
+/// Parts that do not know each other are connected here through std::function members.
 class Program {
 public:
     /// `programFolder` is where the program lies; its files lie there too when that can be written.

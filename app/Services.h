@@ -20,7 +20,7 @@ struct Services {
     double devicePixelRatio = 1;           ///< device pixels per logical pixel of Qt
     std::function<void(Sound)> PlaySound;  ///< plays a sound if sound is on
     std::function<void(Short n)> Pause;    ///< hundredths of a second at speed 0
-    Pacer* pacer = nullptr;                ///< of the program's waits; null in tests without any
+    Pacer* pacer = nullptr;                ///< of the program's waits; null in tests that never wait
 
     /// Logical pixels of Qt for that many layout pixels.
     double ToLogical(double pixels) const { return pixels * layout.Unit / devicePixelRatio; }

@@ -7,7 +7,7 @@ class QSocketNotifier;
 
 namespace zorva {
 
-/// Lets one program of each user at a time run from a folder, for two would overwrite each other's game.
+/// Allows one instance for each user and folder, because two would overwrite each other's game.
 /// The second to start asks the first to come to the front, through a local socket whose name is made of
 /// folder and user. On systems other than Linux, and where no socket can be made, each may start.
 class SingleInstance {

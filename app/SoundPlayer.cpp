@@ -21,7 +21,7 @@ constexpr milliseconds LatestStart(300);
 constexpr milliseconds LongestGoodbye(500);
 
 struct Request {
-    std::optional<Sound> sound;  ///< None: only open the device.
+    std::optional<Sound> sound;  ///< Empty: only open the device.
     Clock::time_point made = Clock::now();
 
     bool IsLate() const { return Clock::now() - made > LatestStart; }

@@ -119,7 +119,7 @@ void Personal::KeyPressed(QKeyEvent* event) {
     }
 }
 
-// Refused with the sound of leaving: that is heard at every press of the button.
+// The button sounds at every press, even when the player may not leave the window.
 void Personal::Leave() {
     TheServices().PlaySound(Sound::Accept);
     const auto& active = settings_.PlayerActive;

@@ -7,7 +7,6 @@
 
 namespace zorva {
 
-class PictureButton;
 class RulesPage;
 class SettingsPage;
 enum class Option : Short;
