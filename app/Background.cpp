@@ -30,7 +30,7 @@ QRectF BoardWithFrame(const Layout& layout) {
             QSizeF(boardDrawingSide, boardDrawingSide) * unit};
 }
 
-// The table top covers the screen, whatever its shape: what is too much is cut off.
+// Scales the table top until it covers the screen in both directions; the screen cuts off the rest.
 QRectF TableTop(const QRectF& screen) {
     const double scale = std::max(screen.width() / 1920, screen.height() / 1080);
     QRectF surface(0, 0, 1920 * scale, 1080 * scale);

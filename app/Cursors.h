@@ -19,7 +19,7 @@ public:
     /// The cursor that assets/cursors has under that name ("ManoIndice", "DadoAmar", ...).
     QCursor Named(const QString& name);
 
-    /// The pointing hand over whatever can be clicked.
+    /// The pointing hand, shown over everything that a click acts on.
     QCursor Hand() { return Named("ManoIndice"); }
     /// The die in a colour 1..4, while the game waits for its throw.
     QCursor Die(Colour colour);

@@ -47,7 +47,7 @@ public:
                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, index.data().toString());
     }
 
-    // The width of a row is that of the paper, whatever is said here.
+    // Only the height counts here: the view makes each row as wide as the paper.
     QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
         return {1, RowHeight(services_)};
     }

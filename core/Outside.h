@@ -39,7 +39,7 @@ enum class TurnIs {
     BonusForArrival,  ///< it may walk 10 squares for an arrival
     OnTape,           ///< it is on turn at the recorder's position
     Won,              ///< it has won
-    Over              ///< the light goes out, whatever the colour
+    Over              ///< the light goes out; the colour does not matter
 };
 
 /// Which pieces a redrawn board shows.

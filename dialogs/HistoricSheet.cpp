@@ -37,7 +37,7 @@ const char* const heading = "Fecha         Hora    Ganador / Perdedores         
 constexpr TextStyle headingStyle{11.5, QFont::Bold};
 constexpr TextStyle recordStyle{11.2, QFont::Normal, true};
 
-// Decoded records are UTF-8, whatever the file is in.
+// DecodeHistoryRecord returns UTF-8; the file itself is Windows-1252.
 QString Read(const std::string& utf8) {
     return QString::fromStdString(utf8);
 }

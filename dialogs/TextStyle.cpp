@@ -25,7 +25,7 @@ WrappedText::WrappedText(const QString& text, double width, const TextStyle& sty
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout_.setTextOption(option);
-    layout_.setCacheEnabled(true);  // lines are asked for again at every painting
+    layout_.setCacheEnabled(true);  // every painting needs the lines again
     layout_.beginLayout();
     for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
         line.setLineWidth(width * fine);

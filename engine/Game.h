@@ -29,7 +29,7 @@ public:
     int Moves() const { return moves_; }
     /// Pieces captured.
     int Captures() const { return captures_; }
-    /// Times that a seat was asked for its move.
+    /// Decisions that the seats made, passes included.
     int Decisions() const { return decisions_; }
 
 private:

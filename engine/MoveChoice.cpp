@@ -24,7 +24,7 @@ unsigned BestPiece(const Position& position, const GameRules& rules, Seat seat, 
     const SeatView view(position, seat);
     const unsigned movable = view.MovablePieces(count) & ~Doubles(position.SideOf(seat));
     if (movable == 0) return NoPiece;
-    // A single movable piece moves whatever its score.
+    // A single movable piece moves without being scored.
     const bool isSingle = (movable & (movable - 1)) == 0;
     return isSingle ? static_cast<unsigned>(std::countr_zero(movable))
                     : Evaluator(view, rules, count, movable).BestPiece();

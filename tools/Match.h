@@ -24,13 +24,13 @@ struct MatchTotals {
     std::uint64_t games = 0;
     std::uint64_t moves = 0;      ///< move records, passes and ways home of captured pieces included
     std::uint64_t captures = 0;   ///< captured pieces sent home
-    std::uint64_t decisions = 0;  ///< times the computer player was asked for a move
+    std::uint64_t decisions = 0;  ///< moves that the computer player decided, passes included
 
     MatchTotals& operator+=(const MatchTotals& other);
     bool operator==(const MatchTotals&) const = default;
 };
 
-/// A match to be played: all taking-part colours by the computer, whatever the settings say.
+/// A match to be played. The computer plays all colours, even those that the settings give to a person.
 struct MatchPlan {
     Settings settings;
     std::uint64_t games = 0;

@@ -17,7 +17,7 @@ struct GameTotals {
     Short points = 0;   ///< the winner's, in hundredths
     int moves = 0;      ///< move records, passes and ways home of captured pieces included
     int captures = 0;   ///< captured pieces sent home
-    int decisions = 0;  ///< times the computer player was asked for a move
+    int decisions = 0;  ///< moves that the computer player decided, passes included
 
     bool operator==(const GameTotals&) const = default;
 };
