@@ -264,8 +264,9 @@ void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour col
     }
 }
 
-// In bands of 95 lines: from 96 lines on Qt (6.4) hands whatever is turned to its thread pool and waits
-// for it, which costs more than the turning. The pixmap's edge is transparent and needs no smoothing.
+// Draws in bands of 95 lines: Qt 6.4 hands a rotated drawing of 96 lines or more to its thread pool and
+// waits for it, which costs more than the drawing. The pixmap's edge is transparent and needs no
+// smoothing.
 void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,
                                     const BoardView::DiePose& pose) {
     constexpr int lines = 95;

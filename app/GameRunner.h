@@ -7,8 +7,8 @@
 namespace zorva {
 
 /// Plays one game at a time and decides what comes after it. The turn driver runs inside the call that
-/// started it, so a new game that is asked for meanwhile is only noted: it starts when the old game's
-/// driver has returned. A thousand new games in a row need no more stack than one.
+/// started it. StartNewGame during a game therefore only notes the wish; the new game starts when the
+/// old game's driver has returned. A thousand new games in a row need no more stack than one.
 class GameRunner {
 public:
     GameRunner(GameState& state, const Settings& settings, Outside& outside)

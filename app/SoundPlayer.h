@@ -27,8 +27,8 @@ public:
     /// Opens the device, so that the first sound is not late. Call it after the first paint.
     void Prepare();
 
-    /// Plays a sound and returns at once. Of several sounds asked for while the device is being opened,
-    /// only the last is heard.
+    /// Plays a sound and returns at once. When several calls come while the device is being opened, the
+    /// player hears only the last sound.
     void Play(Sound sound);
 
 private:

@@ -16,7 +16,7 @@ enum class Sound : Short {
     Box = 7,             ///< a piece enters or leaves its waiting box
     Goal = 8,            ///< a piece arrives at its goal
     HistoryPage = 9,     ///< the history opens or turns a page
-    Refusal = 10,        ///< the move asked for is not possible
+    Refusal = 10,        ///< the chosen move is not possible
     SentHome = 11,       ///< a piece goes back to its box: captured, or after a third six
     Decline = 12,        ///< no
     Step = 13,           ///< a piece steps onto the next square

@@ -164,8 +164,8 @@ void ManualView::DressTables() {
     }
 }
 
-// The leading colon keeps the name among what is built in, whatever it is. An invalid QVariant would
-// make Qt look for a file of that name; an empty image is an answer.
+// The leading colon makes Qt look for every name among the built-in resources. For an invalid QVariant
+// Qt would open a file of that name, so a missing image returns an empty one.
 QVariant ManualView::loadResource(int type, const QUrl& name) {
     const QImage image(":/manual/" + name.toString());
     if (type != QTextDocument::ImageResource || image.isNull()) return QImage();

@@ -67,7 +67,7 @@ protected:
     virtual void DrawPage(QPainter& painter) = 0;
 
     /// Draws the page's heading above its sheets, in the middle of the window. Its blanks are 6 layout
-    /// pixels wide, whatever the font: they space its letters out.
+    /// pixels wide in every font: they space its letters out.
     void DrawHeading(QPainter& painter, const QString& heading) const;
     /// Draws one option: question, selector and answer.
     void DrawOption(QPainter& painter, const OptionPlace& place) const;

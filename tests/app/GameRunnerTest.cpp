@@ -86,7 +86,7 @@ TEST_F(RunnerTest, ACancelledFirstQuestionAsksForTheSettings) {
     EXPECT_EQ(told, (Told{"over", "begins", "over", "settings"}));
     EXPECT_EQ(waits, 0);
     EXPECT_FALSE(runner.IsRunning());
-    // A new game that is asked for meanwhile is played, not forgotten.
+    // The runner plays a new game that the player starts meanwhile.
     onWait = [this] { runner.Leave(); };
     runner.SettingsWanted = [this] {
         begins = MessageAnswer::Accepted;

@@ -11,7 +11,7 @@ namespace {
 
 using enum RecorderKey;
 
-/// A world that notes what it is asked for, and in which somebody may press a key during a yield.
+/// A world that notes the calls it gets, and in which somebody may press a key during a yield.
 class YieldingOutside : public NotingOutside {
 public:
     using NotingOutside::NotingOutside;
