@@ -27,7 +27,8 @@ FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, st
 FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes, Durability durability);
 
 /// Appends to a file, creating it if necessary, and waits for the disk. Calls `bytesForSize` with the
-/// size of the file (in bytes) and appends the result. Refuses links and everything else that is no regular file.
+/// size of the file (in bytes) and appends the result. Refuses links and everything else that is no
+/// regular file.
 FileError AppendToFile(const std::filesystem::path& file,
                        const std::function<std::string(std::size_t)>& bytesForSize);
 
