@@ -80,9 +80,9 @@ public:
     DiePart(Mesa& mesa, Colour colour) : PressablePart(mesa), colour_(colour) {}
     QAccessible::Role role() const override { return QAccessible::PushButton; }
     QString text(QAccessible::Text what) const override {
-        const BoardView& view = mesa_.Scene().View();
+        const BoardView::Tray& tray = mesa_.Scene().View().tray[colour_];
         if (what != QAccessible::Name) return {};
-        return DieText(mesa_.CurrentSettings(), colour_, view.dieFace[colour_], view.dieReady[colour_]);
+        return DieText(mesa_.CurrentSettings(), colour_, tray.face, tray.ready);
     }
 
 protected:

@@ -146,7 +146,7 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
 
 // -------------------------------------------------------------------------------- what changes
 
-// From below to above: background, houses with dice, bonus, pulse, marks of a shown move, rings, pieces,
+// From below to above: background, houses with their trays, pulse, marks of a shown move, rings, pieces,
 // banner and the piece in the air.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
@@ -157,9 +157,8 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (!HouseArea(colour).intersects(part)) continue;
         PaintHouse(painter, view, settings, colour, part);
-        if (DieArea(colour, view.diePose[colour]).intersects(part)) PaintDie(painter, view, colour);
+        if (DieArea(colour, view.tray[colour].pose).intersects(part)) PaintTray(painter, view, colour);
     }
-    PaintBonus(painter, view);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
     const BoardView::ShownMove& shown = view.preview.piece != 0 ? view.preview : view.shown;
     PaintShownMove(painter, view, shown, part);
@@ -251,12 +250,19 @@ void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colo
     painter.drawText(plate, Qt::AlignCenter, name);
 }
 
-void BoardPainter::PaintDie(QPainter& painter, const BoardView& view, Colour colour) {
-    const Short face = view.dieFace[colour];
-    if (face == 0) return;
+void BoardPainter::PaintTray(QPainter& painter, const BoardView& view, Colour colour) {
+    const BoardView::Tray& tray = view.tray[colour];
+    painter.setOpacity(tray.opacity);
+    if (tray.face != 0) PaintDie(painter, tray.face, tray.pose, colour);
+    if (tray.bonus != 0) PaintToken(painter, QStringLiteral("+%1").arg(tray.bonus), colour);
+    if (tray.winner) PaintToken(painter, QStringLiteral("★"), colour);
+    painter.setOpacity(1);
+}
+
+void BoardPainter::PaintDie(QPainter& painter, Short face, const BoardView::DiePose& pose,
+                            Colour colour) {
     const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
     const QPixmap pixmap = artwork_.Pixmap(QStringLiteral("die_%1").arg(face), SideBySide(side));
-    const BoardView::DiePose& pose = view.diePose[colour];
     if (pose.tilt == 0 && pose.size == 1) {
         PaintCentred(painter, pixmap, DiePlace(colour, pose).center());
     } else {
@@ -283,18 +289,17 @@ void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Co
     }
 }
 
-// The squares that a capture or an arrival gives lie as a token in the tray of the colour on turn.
-void BoardPainter::PaintBonus(QPainter& painter, const BoardView& view) {
-    if (view.bonusDue == 0 || view.onTurn == 0) return;
+// A token lies where the die does: a bonus that the colour walks, or what tells the winner.
+void BoardPainter::PaintToken(QPainter& painter, const QString& text, Colour colour) {
     const double unit = layout_.Unit * layout_.Cell / boardCell;
     QRectF token(QPointF(), QSizeF(44, 44) * unit);
-    token.moveCenter(DeviceF(layout_.DieBox(view.onTurn)).center());
+    token.moveCenter(DeviceF(layout_.DieBox(colour)).center());
     painter.setPen(QPen(palette::DarkWood, 1.5 * unit));
     painter.setBrush(palette::Light);
     painter.drawEllipse(token);
     painter.setFont(TextFont(18 * unit, QFont::Bold));
     painter.setPen(palette::Ink);
-    painter.drawText(token, Qt::AlignCenter, QStringLiteral("+%1").arg(view.bonusDue));
+    painter.drawText(token, Qt::AlignCenter, text);
 }
 
 // A light ring between dark edges is seen on every colour of the board. Radius and width are in the

@@ -63,10 +63,11 @@ private:
     const QPixmap& CachedPixmap(const QString& name, QSize size,
                                 const std::function<void(QPainter&)>& draw);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
-    void PaintDie(QPainter& painter, const BoardView& view, Colour colour);
+    void PaintTray(QPainter& painter, const BoardView& view, Colour colour);
+    void PaintDie(QPainter& painter, Short face, const BoardView::DiePose& pose, Colour colour);
+    void PaintToken(QPainter& painter, const QString& text, Colour colour);
     void PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,
                           const BoardView::DiePose& pose);
-    void PaintBonus(QPainter& painter, const BoardView& view);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
                         const QRect& part);
     void PaintRingOf(QPainter& painter, const BoardView& view, const BoardView::ShownMove& shown,

@@ -1,5 +1,6 @@
 #include "app/BoardScene.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/PiecePlaces.h"
@@ -9,7 +10,14 @@
 namespace zorva {
 namespace {
 
-constexpr int pulseMilliseconds = 900;  // at speed 0
+// At speed 0; at speed 100 nothing lasts.
+constexpr int pulseMilliseconds = 900;
+constexpr int seenMilliseconds = 640;  // until everybody has seen a throw that lies at rest
+constexpr int fadeMilliseconds = 300;
+
+BoardView::DiePose RestingPose(const BoardView::Tray& tray) {
+    return tray.ready ? DieMotion::PoseOfReady() : BoardView::DiePose{};
+}
 
 }  // namespace
 
@@ -20,6 +28,14 @@ BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork
     pulse_.setEndValue(1.0);
     QObject::connect(&pulse_, &QVariantAnimation::valueChanged, &pulse_,
                      [this](const QVariant& value) { ShowPulse(value.toDouble()); });
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        QObject::connect(&fade_[colour], &QVariantAnimation::valueChanged, &fade_[colour],
+                         [this, colour](const QVariant& value) { ShowFade(colour, value.toDouble()); });
+    }
+}
+
+int BoardScene::AtThisSpeed(int milliseconds) const {
+    return (100 - settings_.Speed) * milliseconds / 100;
 }
 
 void BoardScene::SetScreen(const Layout& layout, QSize devicePixels) {
@@ -69,7 +85,7 @@ void BoardScene::ForgetMotion() {
     motions_.clear();
     dieMotions_.clear();
     view_.height.fill(0);
-    view_.diePose.fill({});
+    for (BoardView::Tray& tray : view_.tray) tray.pose = RestingPose(tray);
     view_.counted = 0;
     view_.inAir = 0;
 }
@@ -77,6 +93,7 @@ void BoardScene::ForgetMotion() {
 void BoardScene::Clear() {
     ForgetMotion();
     pulse_.stop();
+    for (QVariantAnimation& fade : fade_) fade.stop();
     view_ = BoardView{};
     Repaint(painter_.Picture().rect());
 }
@@ -158,7 +175,7 @@ void BoardScene::PutDown(PieceCode piece) {
 void BoardScene::StartPulse(QPointF at, double reach) {
     ShowPulse(1);
     pulse_.stop();
-    const int duration = (100 - settings_.Speed) * pulseMilliseconds / 100;
+    const int duration = AtThisSpeed(pulseMilliseconds);
     if (duration <= 0) return;
     view_.pulse = {at, reach, 0};
     ShowPulse(0);
@@ -177,39 +194,75 @@ void BoardScene::ShowPulse(double progress) {
 
 // ------------------------------------------------------------------------ dice, turn and marks
 
-void BoardScene::ShowDie(Colour colour, Short face, DieIs how) {
-    view_.dieFace[colour] = face;
-    view_.dieReady[colour] = how == DieIs::Ready;
-    if (how == DieIs::RollingBy) {
-        const int roll = ++rolls_[colour];
-        PoseDie(colour, DieMotion::PoseOfRoll(roll));
-        dieMotions_.push_back({colour, DieMotion::PoseOfRoll(roll), DieMotion::PoseOfRoll(roll + 1)});
-    } else {
-        rolls_[colour] = 0;
-        PoseDie(colour, how == DieIs::Ready ? DieMotion::PoseOfReady() : BoardView::DiePose{});
-    }
+void BoardScene::PutIntoTray(Colour colour, const BoardView::Tray& tray) {
+    fade_[colour].stop();
+    const BoardView::DiePose before = std::exchange(view_.tray[colour], tray).pose;
+    Repaint(painter_.DieArea(colour, before) | painter_.DieArea(colour, tray.pose));
+    if (tray.isNews) lying_[colour].start();
 }
 
-void BoardScene::ClearDice() {
-    for (Colour colour = 1; colour <= ColourCount; ++colour) ShowDie(colour, 0, DieIs::AtRest);
+void BoardScene::ShowDie(Colour colour, Short face, DieIs how) {
+    BoardView::Tray tray{.face = face, .ready = how == DieIs::Ready, .isNews = how == DieIs::Thrown};
+    tray.pose = RestingPose(tray);
+    rolls_[colour] = how == DieIs::RollingBy ? rolls_[colour] + 1 : 0;
+    if (const int roll = rolls_[colour]; roll != 0) {
+        tray.pose = DieMotion::PoseOfRoll(roll);
+        dieMotions_.push_back({colour, tray.pose, DieMotion::PoseOfRoll(roll + 1)});
+    }
+    PutIntoTray(colour, tray);
+}
+
+void BoardScene::ShowBonus(Colour colour, Short squares) {
+    PutIntoTray(colour, {.bonus = squares, .isNews = true});
 }
 
 void BoardScene::PoseDie(Colour colour, const BoardView::DiePose& pose) {
-    const BoardView::DiePose before = std::exchange(view_.diePose[colour], pose);
+    const BoardView::DiePose before = std::exchange(view_.tray[colour].pose, pose);
     Repaint(painter_.DieArea(colour, before) | painter_.DieArea(colour, pose));
 }
 
-void BoardScene::ShowTurn(Colour colour, Short bonusDue) {
-    const Colour before = view_.onTurn;
-    if (before == colour && view_.bonusDue == bonusDue) return;
-    view_.onTurn = colour;
-    view_.bonusDue = bonusDue;
-    if (bonusDue != 0) view_.dieFace[colour] = 0;
+double BoardScene::UnseenMilliseconds(Colour colour) const {
+    if (!view_.tray[colour].isNews) return 0;
+    const double lying = static_cast<double>(lying_[colour].nsecsElapsed()) / 1e6;
+    return std::max(0.0, AtThisSpeed(seenMilliseconds) - lying);
+}
+
+void BoardScene::EmptyTrays() {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) EmptyTray(colour);
+}
+
+// The opacity that the animation runs through begins above 1, by as much as has to be seen yet.
+void BoardScene::EmptyTray(Colour colour) {
+    if (fade_[colour].state() == QAbstractAnimation::Running) return;
+    const double fade = AtThisSpeed(fadeMilliseconds);
+    if (!view_.tray[colour].isNews || fade <= 0) {
+        PutIntoTray(colour, {});
+        return;
+    }
+    const double unseen = UnseenMilliseconds(colour);
+    fade_[colour].setStartValue((unseen + fade) / fade);
+    fade_[colour].setEndValue(0.0);
+    fade_[colour].setDuration(qRound(unseen + fade));
+    fade_[colour].start();
+}
+
+void BoardScene::ShowFade(Colour colour, double opacity) {
+    if (opacity <= 0) {
+        PutIntoTray(colour, {});
+    } else if (opacity < 1) {
+        view_.tray[colour].opacity = opacity;
+        Repaint(painter_.DieArea(colour, view_.tray[colour].pose));
+    }
+}
+
+void BoardScene::ShowTurn(Colour colour) {
+    const Colour before = std::exchange(view_.onTurn, colour);
+    if (before == colour) return;
     // During a turn all other houses lie in the shade; without a turn none does.
     if ((before == 0) != (colour == 0)) {
         RepaintHouses();
     } else {
-        if (before != colour) RepaintHouse(before);
+        RepaintHouse(before);
         RepaintHouse(colour);
     }
 }
@@ -264,7 +317,8 @@ void BoardScene::ShowManualMode(bool on) {
 }
 
 void BoardScene::ShowWinner(Colour colour) {
-    ShowTurn(colour, 0);
+    ShowTurn(colour);
+    PutIntoTray(colour, {.winner = true});
     StartPulse(AsPointF(layout_.SquarePosition(GoalSquare[colour])), 3.0 * layout_.Cell);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QRect>
 #include <QVariantAnimation>
 #include <functional>
@@ -16,7 +17,8 @@ namespace zorva {
 /// BoardView, repaints the part of the board that looks different, and reports that part to the window.
 ///
 /// Movements take no time here: Lift, StartStep, ShowDie and PutDown begin them, and the caller moves
-/// them on with ShowStep during its next wait. Only the ring of light runs on a timer of its own.
+/// them on with ShowStep during its next wait. Only the ring of light and what fades in a tray run on
+/// timers of their own.
 class BoardScene {
 public:
     /// Called with a rectangle of the window, in device pixels, that has been repainted.
@@ -51,13 +53,19 @@ public:
     void StartGlideBack(PieceCode piece);
 
     // Dice, turn and marks.
-    /// Shows a face 1..6 in the colour's tray, or empties it with 0. A die that is ready lies askew;
-    /// each face that rolls by moves it on; thrown or at rest it lies upright in the middle.
+    /// Shows a face 1..6 in the colour's tray. A die that is ready lies askew; each face that rolls by
+    /// moves it on; thrown or at rest it lies upright in the middle.
     void ShowDie(Colour colour, Short face, DieIs how);
-    void ClearDice();
-    /// Lights the house of that colour, 0 for none, and shows a bonus of 10 or 20 squares in its tray.
-    void ShowTurn(Colour colour, Short bonusDue);
-    /// The same for a colour that has won, with a ring of light round its goal.
+    /// Puts a token for a bonus of 10 or 20 squares into the colour's tray.
+    void ShowBonus(Colour colour, Short squares);
+    /// Empties all trays. A throw or a bonus lies there until it has been seen, and fades.
+    void EmptyTrays();
+    /// How long the throw or the bonus in the colour's tray still has to lie there before everybody has
+    /// seen it, in milliseconds: 0.32 s at speed 50, nothing at speed 100. 0 when there is none.
+    double UnseenMilliseconds(Colour colour) const;
+    /// Lights the house of that colour, 0 for none.
+    void ShowTurn(Colour colour);
+    /// The same for a colour that has won, with a token in its tray and a ring of light round its goal.
     void ShowWinner(Colour colour);
     /// Marks the move that is about to be made or is advised: the squares it passes and where it ends. A
     /// move without a piece removes the marks.
@@ -82,8 +90,12 @@ private:
     QPointF PlaceOnStep(PieceCode piece, Square square) const;
     QRect AreaOf(PieceCode piece) const;
     void MoveTo(PieceCode piece, QPointF place, double height = 0);
+    void PutIntoTray(Colour colour, const BoardView::Tray& tray);
     void PoseDie(Colour colour, const BoardView::DiePose& pose);
+    void EmptyTray(Colour colour);
+    void ShowFade(Colour colour, double opacity);
     void SlideOthersToTheirPlaces();
+    int AtThisSpeed(int milliseconds) const;
     void StartPulse(QPointF at, double reach);
     void ShowPulse(double progress);
     void ForgetMotion();
@@ -102,7 +114,10 @@ private:
     std::vector<PieceMotion> motions_;
     std::vector<DieMotion> dieMotions_;
     PerColour<int> rolls_{};
-    QVariantAnimation pulse_;  // drives the ring of light; the game does not wait for it
+    PerColour<QElapsedTimer> lying_;  // since when the throw or the bonus lies in the tray
+    // The game does not wait for these:
+    PerColour<QVariantAnimation> fade_;  // empties a tray
+    QVariantAnimation pulse_;            // drives the ring of light
 };
 
 }  // namespace zorva

@@ -19,6 +19,17 @@ struct BoardView {
         QPointF beside;   ///< offset from the centre of the tray, in tray widths
     };
 
+    /// What lies in a colour's tray: a die, a token or nothing.
+    struct Tray {
+        Short face = 0;       ///< 1..6 of the die; 0 without one
+        Short bonus = 0;      ///< 10 or 20 squares that a token gives; 0 without one
+        bool winner = false;  ///< the token of the colour that has won lies there
+        bool ready = false;   ///< the die waits to be thrown
+        bool isNews = false;  ///< a throw or a bonus: everybody is to see it before it goes
+        DiePose pose{};
+        double opacity = 1;  ///< below 1 while it fades
+    };
+
     /// A ring of light that spreads where a piece was captured, came home or won.
     struct Pulse {
         QPointF at;
@@ -40,10 +51,7 @@ struct BoardView {
     PieceCode inAir = 0;                     ///< the piece that moves; drawn above all others
     Short counted = 0;                       ///< squares it has walked, written beside it; 0 writes none
 
-    PerColour<Short> dieFace{};  ///< 0 an empty tray
-    PerColour<DiePose> diePose{};
-    PerColour<bool> dieReady{};  ///< waits to be thrown
-    Short bonusDue = 0;          ///< 20 or 10 squares the colour on turn walks next, else 0
+    PerColour<Tray> tray{};
 
     Pulse pulse;
     Colour onTurn = 0;  ///< whose house is lit

@@ -85,26 +85,31 @@ void WindowOutside::PutDownPiece(PieceCode piece, Square) {
     scene_.PutDown(piece);
 }
 
+// A throw or a bonus that leads to no move would be covered at once.
+void WindowOutside::LetTrayBeSeen(Colour colour) {
+    Wait(scene_.UnseenMilliseconds(colour));
+}
+
 void WindowOutside::DrawDie(Colour colour, Short face, DieIs how) {
+    if (how == DieIs::Ready) LetTrayBeSeen(colour);
     scene_.ShowDie(colour, face, how);
     if (how == DieIs::Ready) Announce(mesa_, TurnText(state_, settings_));
     if (how == DieIs::Thrown) Announce(mesa_, DieText(settings_, colour, face, false));
 }
 
 void WindowOutside::ClearDice() {
-    scene_.ClearDice();
+    scene_.EmptyTrays();
 }
 
 void WindowOutside::ShowTurn(Colour colour, TurnIs why) {
-    switch (why) {
-        case TurnIs::BonusForCapture: scene_.ShowTurn(colour, CaptureBonus); break;
-        case TurnIs::BonusForArrival: scene_.ShowTurn(colour, ArrivalBonus); break;
-        case TurnIs::Won: scene_.ShowWinner(colour); break;
-        case TurnIs::Over: scene_.ShowTurn(0, 0); break;
-        case TurnIs::InDraw:
-        case TurnIs::Throws:
-        case TurnIs::OnTape: scene_.ShowTurn(colour, 0); break;
+    if (why == TurnIs::Won) {
+        scene_.ShowWinner(colour);
+        return;
     }
+    scene_.ShowTurn(why == TurnIs::Over ? Colour{0} : colour);
+    if (why != TurnIs::BonusForCapture && why != TurnIs::BonusForArrival) return;
+    LetTrayBeSeen(colour);
+    scene_.ShowBonus(colour, why == TurnIs::BonusForCapture ? CaptureBonus : ArrivalBonus);
 }
 
 void WindowOutside::ShowChosenMove(PieceCode piece, Square from, Square to) {

@@ -49,6 +49,7 @@ public:
 
 private:
     void Wait(double milliseconds);
+    void LetTrayBeSeen(Colour colour);
 
     Mesa& mesa_;
     BoardScene& scene_;

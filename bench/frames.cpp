@@ -33,7 +33,7 @@ public:
                 mesa_.Scene().ShowStep(1);
             }
         }
-        mesa_.Scene().ShowTurn(1, 0);
+        mesa_.Scene().ShowTurn(1);
         QApplication::processEvents();
     }
 

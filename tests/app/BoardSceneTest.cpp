@@ -225,9 +225,9 @@ private:
             [&](bool on) { scene.ShowMove(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowPreview(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowManualMode(on); },
-            [&](bool on) { on ? DragAndLetGo() : scene.ShowDie(3, 0, DieIs::AtRest); },
-            [&](bool on) { on ? scene.ShowDie(3, 6, DieIs::RollingBy) : scene.ShowTurn(2, 10); },
-            [&](bool on) { scene.ShowTurn(on ? Colour{1} : state.CurrentColour, on ? 20 : 0); },
+            [&](bool on) { on ? DragAndLetGo() : scene.EmptyTrays(); },
+            [&](bool on) { on ? scene.ShowDie(3, 6, DieIs::RollingBy) : scene.ShowBonus(2, 10); },
+            [&](bool on) { on ? scene.ShowWinner(1) : scene.ShowTurn(state.CurrentColour); },
         };
         if (chance_.Below(2) == 0) scene.ShowMovable(movable);
         for (int count = 0; count < 5; ++count) {
@@ -275,7 +275,7 @@ TEST(BoardPicture, HasRoomForTheLongestNames) {
     for (const QSize screen : screens) {
         Board board(screen);
         board.settings.PlayerName.fill("");
-        board.scene.ShowTurn(3, 0);  // the name of who plays is set in bold
+        board.scene.ShowTurn(3);  // the name of who plays is set in bold
         const QImage without = board.Painted();
         for (const char* name : {"WWWWWWWWW", "gjpqyÅÑÜÇ", "@@@@@@@@@", "‰‰‰‰‰‰‰‰‰"}) {
             for (const Colour colour : {Colour{3}, Colour{1}}) {
@@ -297,7 +297,7 @@ TEST(BoardPicture, KeepsNothingOfAnotherScreen) {
     std::array<bool, BoardView::CodeCount> movable{};
     movable[21] = true;
     for (Board* each : {&board, &fresh}) {
-        each->scene.ShowTurn(2, 0);
+        each->scene.ShowTurn(2);
         each->scene.ShowDie(2, 3, DieIs::AtRest);
         each->scene.ShowMovable(movable);
     }

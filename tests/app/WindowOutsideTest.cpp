@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <functional>
 #include <set>
 #include <tuple>
 
@@ -19,25 +22,55 @@ protected:
 };
 
 TEST_F(InTheWindow, ADieWaitsAskewRollsByAndComesToRest) {
-    const auto isAtRest = [&] { return View().diePose[2].tilt == 0 && View().diePose[2].size == 1; };
+    const BoardView::Tray& tray = View().tray[2];
+    const auto isAtRest = [&] { return tray.pose.tilt == 0 && tray.pose.size == 1; };
     outside.DrawDie(2, 5, DieIs::Ready);
-    EXPECT_TRUE(View().dieReady[2]);
+    EXPECT_TRUE(tray.ready);
     EXPECT_FALSE(isAtRest());
     for (Short roll = 1; roll <= 9; ++roll) {
         outside.DrawDie(2, 3, DieIs::RollingBy);
         EXPECT_FALSE(isAtRest()) << "face " << roll;
         outside.Pause(1);
     }
-    EXPECT_FALSE(View().dieReady[2]);
+    EXPECT_FALSE(tray.ready);
     outside.DrawDie(2, 4, DieIs::Thrown);
     EXPECT_TRUE(isAtRest());
-    EXPECT_EQ(View().dieFace[2], 4);
+    EXPECT_EQ(tray.face, 4);
     outside.DrawDie(2, 1, DieIs::RollingBy);
     EXPECT_FALSE(isAtRest()) << "each throw begins anew";
     outside.DrawDie(2, 6, DieIs::AtRest);
     EXPECT_TRUE(isAtRest());
     outside.ClearDice();
-    EXPECT_EQ(View().dieFace[2], 0);
+    EXPECT_EQ(tray.face, 0);
+}
+
+TEST_F(InTheWindow, AThrowAndABonusLieAtRestUntilTheyAreSeenAndFade) {
+    const BoardView::Tray& tray = View().tray[2];
+    const std::function<void()> news[] = {[&] { outside.DrawDie(2, 3, DieIs::Thrown); },
+                                          [&] { outside.ShowTurn(2, TurnIs::BonusForCapture); }};
+    for (const auto& show : news) {
+        settings.Speed = 50;
+        QElapsedTimer clock;
+        clock.start();
+        show();
+        outside.ClearDice();
+        outside.ShowTurn(3, TurnIs::Throws);
+        while (tray.opacity == 1 && clock.elapsed() < 5000) QCoreApplication::processEvents();
+        EXPECT_TRUE(tray.isNews) << "it lies there until it fades";
+        EXPECT_GE(clock.elapsed(), 300);
+        while (tray.isNews && clock.elapsed() < 5000) QCoreApplication::processEvents();
+        EXPECT_EQ(tray.face + tray.bonus, 0);
+
+        clock.start();
+        show();
+        outside.DrawDie(2, 6, DieIs::Ready);
+        EXPECT_GE(clock.elapsed(), 300) << "the next throw waits";
+
+        settings.Speed = 100;
+        show();
+        outside.ClearDice();
+        EXPECT_EQ(tray.face + tray.bonus, 0) << "at once";
+    }
 }
 
 TEST_F(InTheWindow, TheLightFollowsTheTurn) {
@@ -50,9 +83,11 @@ TEST_F(InTheWindow, TheLightFollowsTheTurn) {
     for (const auto& [why, lit, bonus] : rows) {
         outside.DrawDie(3, 4, DieIs::Thrown);
         outside.ShowTurn(3, why);
-        EXPECT_EQ(View().dieFace[3], bonus != 0 ? 0 : 4) << static_cast<int>(why);
+        const BoardView::Tray& tray = View().tray[3];
+        EXPECT_EQ(tray.face, bonus != 0 || why == TurnIs::Won ? 0 : 4) << static_cast<int>(why);
+        EXPECT_EQ(tray.bonus, bonus) << static_cast<int>(why);
+        EXPECT_EQ(tray.winner, why == TurnIs::Won);
         EXPECT_EQ(View().onTurn, lit) << static_cast<int>(why);
-        EXPECT_EQ(View().bonusDue, bonus) << static_cast<int>(why);
     }
 }
 
