@@ -44,10 +44,12 @@ void PutAllIntoBoxes(GameState& state) {
     }
 }
 
-// Each piece of a colour is put down where it stands: in its box in a new game.
+// Each piece of a colour is put down where it stands: in its box in a new game. A colour that does not
+// take part has no pieces in its box, but those that a file has on the board block and can be captured.
 void SeatPiecesOf(const GameContext& game, Colour colour) {
     for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
         const PieceCode code = CodeOf(colour, piece);
+        if (!IsTakingPart(game.settings, colour) && game.state.PositionOf(code) == 0) continue;
         game.outside.PutDownPiece(code, game.state.PositionOf(code));
         game.outside.PlaySound(Sound::Box);
         game.outside.Pause(15);
@@ -151,7 +153,7 @@ void ContinueGame(const GameContext& game) {
     GameState& state = game.state;
     Require(state.GameInProgress && state.MoveRecordCount >= 2, "no game to continue");
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (IsTakingPart(game.settings, colour)) SeatPiecesOf(game, colour);
+        SeatPiecesOf(game, colour);
     }
     --state.MoveRecordCount;
     state.MoveCount = BonusDueAfter(state.MoveRecords[state.MoveRecordCount]);

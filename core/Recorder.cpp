@@ -29,7 +29,15 @@ void TakeBack(const GameContext& game) {
     state.CurrentColour = RecordAt(state, state.MoveRecordCount).MoverColour;
 }
 
-// The dice show the throw of the last move on the board, and the ready die at the end of the tape.
+// The record with the throw that led to that move. A bonus move and a captured piece's return follow
+// from the throw of an earlier record; a displacement by hand follows from none, and its own record has
+// no throw either.
+const MoveRecord& ThrowBehind(const GameState& state, int move) {
+    while (move > 0 && RecordAt(state, move).Die == 0 && !RecordAt(state, move).Manual) --move;
+    return RecordAt(state, move);
+}
+
+// The dice show the throw behind the last move on the board, and the ready die at the end of the tape.
 void ShowDiceOfPosition(const GameContext& game, const RecorderState& recorder) {
     const GameState& state = game.state;
     game.outside.ClearDice();
@@ -37,8 +45,8 @@ void ShowDiceOfPosition(const GameContext& game, const RecorderState& recorder) 
         ShowReadyDie(game);
         return;
     }
-    const MoveRecord& last = RecordAt(state, state.MoveRecordCount - 1);
-    if (last.Die != 0) game.outside.DrawDie(last.MoverColour, last.Die, DieIs::AtRest);
+    const MoveRecord& thrown = ThrowBehind(state, state.MoveRecordCount - 1);
+    if (thrown.Die != 0) game.outside.DrawDie(thrown.MoverColour, thrown.Die, DieIs::AtRest);
 }
 
 void ShowPosition(const GameContext& game, const RecorderState& recorder) {
@@ -57,14 +65,17 @@ void TakeTapeOut(const GameContext& game, RecorderState& recorder) {
 }
 
 // Restores the turn as it was before the move at the position: its colour, and whether it goes on after
-// a six.
-void RestoreTurn(GameState& state) {
+// a six. A colour alone that throws again after a third six without a record gets the count of its
+// second six, though play had begun at 0: the records do not tell the two apart.
+void RestoreTurn(const GameContext& game) {
+    GameState& state = game.state;
     const MoveRecord& at = RecordAt(state, state.MoveRecordCount);
     state.CurrentColour = ColourOnTurn(at);
     const MoveRecord& before = RecordAt(state, state.MoveRecordCount - 1);
     state.SixesInRow = before.RepeatState;
     // Two sixes of another colour: its third six left no record, and its turn was over.
     if (before.RepeatState == 2 && ColourOnTurn(before) != state.CurrentColour) state.SixesInRow = 0;
+    SkipAbsentColour(game);
     state.RepeatTurn = state.SixesInRow != 0 ? Yes : No;
     state.ThrowNext = Yes;
     state.CaptureReport = 0;
@@ -126,7 +137,7 @@ void RestorePosition(const GameContext& game, RecorderState& recorder) {
     while (state.MoveRecordCount > 1 && !RecordAt(state, state.MoveRecordCount).TurnEnd) {
         TakeBack({state, game.settings, silent});
     }
-    RestoreTurn(state);
+    RestoreTurn(game);
     game.outside.CutLogFrom(state.MoveRecordCount);
     for (Short move = state.MoveRecordCount; move <= recorder.RecorderEnd; ++move) {
         state.MoveRecords[move] = MoveRecord{};

@@ -32,6 +32,7 @@ void BeginTurn(const GameContext& game) {
         NextColour(game);
         state.SixesInRow = 0;
     }
+    SkipAbsentColour(game);
     if (state.SixesInRow == 0) state.RepeatTurn = No;
     NewMoveRecord(state);
     state.DieValue = 0;
@@ -253,6 +254,13 @@ bool PlayTurn(const GameContext& game) {
 
 void NextColour(const GameContext& game) {
     PassTurn(game, game.state.PlayDirection);
+}
+
+void SkipAbsentColour(const GameContext& game) {
+    if (IsTakingPart(game.settings, game.state.CurrentColour)) return;
+    NextColour(game);
+    game.state.SixesInRow = 0;
+    game.state.ThrowNext = Yes;
 }
 
 void PreviousColour(const GameContext& game) {

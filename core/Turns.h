@@ -18,6 +18,10 @@ void RunTurns(const GameContext& game);
 /// Passes the turn to the next colour taking part, in the direction of play.
 void NextColour(const GameContext& game);
 
+/// Passes the turn on when its colour does not take part, as a file may have it: such a colour never
+/// throws. The next colour begins its turn with a throw.
+void SkipAbsentColour(const GameContext& game);
+
 /// Steps back by one colour, so that NextColour at the start of the next turn returns to this colour.
 void PreviousColour(const GameContext& game);
 

@@ -126,5 +126,27 @@ TEST(ContinuedGame, PutsThePiecesDownAndGoesOnWithTheUnfinishedMove) {
     }
 }
 
+TEST(ContinuedGame, PassesOverAColourThatTakesNoPartButShowsItsPiecesOnTheBoard) {
+    const MoveRecord arrival{2, 0, 6, 6, 2, 78, 84, 1, No, 0, No};
+    for (const MoveRecord& last : {MoveRecord{1, 0, 3, 3, 1, 7, 10, 0, No, 0, Yes}, arrival}) {
+        Settings settings;
+        settings.PlayerActive = {0, 1, 2, 1, 1};
+        GameState state = Position("1:10 0 0 0  2:22 84 0 0");
+        state.GameInProgress = state.RepeatTurn = Yes;
+        state.CurrentColour = 2;
+        state.SixesInRow = last.RepeatState;
+        state.MoveRecords[1] = last;
+        state.MoveRecordCount = 2;
+        NotingOutside outside(state);
+        ContinueGame({state, settings, outside});
+        EXPECT_EQ(outside.Only({"turn"}), Notes{"turn 3 throws"});
+        EXPECT_EQ(state.SixesInRow, 0);
+        EXPECT_EQ(state.RepeatTurn, No);
+        const Notes pieces = outside.Only({"put"});
+        EXPECT_EQ(Notes(pieces.begin() + 4, pieces.begin() + 7),
+                  (Notes{"put 21 22", "put 22 84", "put 31 0"}));
+    }
+}
+
 }  // namespace
 }  // namespace zorva::test
