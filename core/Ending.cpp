@@ -72,7 +72,6 @@ void EndOfGame(const GameContext& game) {
         game.outside.ShowMessage("Histórico de partidas jugadas",
                                  "¿Se actualiza el Histórico de partidas?", 1, MessageButtons::YesNo);
     if (keep == MessageAnswer::Accepted) game.outside.KeepResult(result);
-    game.outside.ShowTurn(state.CurrentColour, TurnIs::Over);
     state.GameInProgress = No;
     state.MoveRecordCount = 0;
 }

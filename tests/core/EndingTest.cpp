@@ -59,7 +59,6 @@ TEST(EndOfGame, CelebratesTellsAndOffersTheHistory) {
         wanted.push_back(
             "message Histórico de partidas jugadas|¿Se actualiza el Histórico de partidas?|1 yes/no");
         if (keep) wanted.push_back("keep 3 999");
-        wanted.push_back("turn 3 over");
         EXPECT_EQ(outside.All(), wanted);
         EXPECT_EQ(state.GameInProgress, No);
         EXPECT_EQ(state.MoveRecordCount, 0);
