@@ -90,7 +90,11 @@ void MoveLog::Add(const QString& line) {
 void MoveLog::Select(int row) {
     const QModelIndex line = lines_.index(row);
     selectionModel()->select(line, QItemSelectionModel::ClearAndSelect);
-    if (line.isValid()) scrollTo(line);
+    if (line.isValid()) {
+        scrollTo(line);
+    } else {
+        scrollToBottom();
+    }
 }
 
 void MoveLog::CutFrom(int row) {

@@ -21,7 +21,7 @@ public:
     void Begin(const QString& heading);
     /// Appends a line. The log shows it at its next layout, which events bring; no row stays selected.
     void Add(const QString& line);
-    /// Selects a row and scrolls to it; selects none when there is no such row.
+    /// Selects a row and scrolls to it. When there is no such row, it selects none and shows the newest.
     void Select(int row);
     /// Removes that row and all below it; `row` is at least 0.
     void CutFrom(int row);

@@ -64,7 +64,7 @@ TEST_F(MoveLogTest, ShowsTheLineThatMattersAndNeverHalfALine) {
     EXPECT_EQ(Seen(), "9..13 s13") << "after a change of the size";
     log.resize(150, 150);
     log.Select(-1);
-    EXPECT_EQ(Seen(), "9..16 s-1") << "nothing to scroll to";
+    EXPECT_EQ(Seen(), "23..30 s-1") << "the newest, once none is selected";
     log.Select(8);
     AddTo(31);
     EXPECT_EQ(Seen(), "24..31 s-1") << "a new line deselects and is seen";
@@ -106,7 +106,7 @@ TEST_F(MoveLogTest, LooksLikePaperWithABarOnTheSelectedLine) {
     const int atRow = 6 + 16 * 7 + 1;  // the seventh move's row, above its text
     EXPECT_EQ(colourAt(1, atRow), palette::Mark);
     EXPECT_EQ(colourAt(100, atRow), palette::Brass);
-    log.Select(-1);
+    log.Select(0);
     EXPECT_EQ(colourAt(100, atRow), palette::Paper) << "an odd line";
     EXPECT_EQ(colourAt(100, atRow - 16), palette::RuledPaper) << "an even line";
     Wheel(-120);
