@@ -75,7 +75,9 @@ bool TurnFits(const GameState& state, const MoveRecord& last) {
 }  // namespace
 
 // Slot 3 is filled last: its code belongs to this game only if that piece is on the goal and in no other
-// slot, and slot 2 is taken. Otherwise an earlier game left it there.
+// slot, and slot 2 is taken. Otherwise an earlier game left it there. When an earlier game left the code
+// of the very piece that stands there, the board does not tell the two apart, and taking that move back
+// empties the slot: nothing reads slot 3 of a goal that holds two pieces.
 void RecogniseLeftovers(GameState& state) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         const auto& slots = state.SquareOccupants[GoalSquare[colour]];
