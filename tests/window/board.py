@@ -31,6 +31,21 @@ def piece_at(picture, layout, point):
     return colour if body.count(colour) >= 7 and mark == (1 if colour == 1 else 2) else 0
 
 
+def die_at_rest(picture, layout, colour):
+    """The face of the die that lies upright in a colour's tray; 0 when it is empty, None when it lies askew."""
+    x, y, width, height = layout.trays[colour - 1]
+    pip = width * 64 / 72 * 14.2 / 64
+    middle = (x + width / 2, y + height / 2)
+    seen = [picture.pixel(*layout.device((middle[0] + dx * pip, middle[1] + dy * pip)))
+            for dx, dy in ((0, 0), (-1, -1), (1, 1), (1, -1), (-1, 1), (-1, 0), (1, 0), (1.24, 0.48), (-1.24, -0.48))]
+    pips = "".join("x" if max(each) < 100 else "." if min(each) > 190 else "?" for each in seen)
+    faces = ("x......", ".xx....", "xxx....", ".xxxx..", "xxxxx..", ".xxxxxx")
+    if "." not in pips:
+        return 0
+    # A die that is ready lies askew and has its pips at the last two points.
+    return faces.index(pips[:7]) + 1 if pips[7:] == ".." and pips[:7] in faces else None
+
+
 def difference(picture, layout, positions):
     """What the picture shows otherwise than those positions; empty when it agrees with them. The pieces of a
     square may lie there in any order; a place without a piece shows 0."""

@@ -64,6 +64,15 @@ class Game:
         return codes.index(colour * 10 + piece) + 1 if colour * 10 + piece in codes else 4
 
 
+def throw_behind(game, moves):
+    """Who threw what for the last of that many moves. A bonus and a captured piece's return have no throw of their
+    own, and a move by hand has none at all."""
+    for record in reversed(game.records[:moves]):
+        if record.die or record.manual:
+            return {record.mover: record.die} if record.die else {}
+    return {}
+
+
 def game_at(positions, turn):
     """A game in which the pieces were put down by hand, one after the other. `positions` maps a colour to
     the squares of its four pieces; `turn` is the colour that throws next."""

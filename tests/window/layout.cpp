@@ -53,6 +53,7 @@ QJsonObject Json(const Layout& layout) {
             {"squares", List(1, 100, slotsOf)},
             {"boxes", List(1, 4, boxOf)},
             {"houses", List(1, 4, [&](Short colour) { return Json(layout.House(colour)); })},
+            {"trays", List(1, 4, [&](Short colour) { return Json(layout.DieBox(colour)); })},
             {"buttons", List(0, 5, [&](Short index) { return Json(layout.Button[index].Centre()); })},
             {"keys", List(0, 5, [&](Short key) { return Json(KeyCentre(layout, RecorderKey{key})); })},
             {"log", Json(layout.LogPaper)}};

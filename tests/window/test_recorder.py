@@ -5,7 +5,7 @@ from pathlib import Path
 import board
 import inifile
 from driver import ABANDON_TITLE, DRAW_TITLE, EXIT_TITLE, START_TITLE, WindowTest
-from inifile import ON, Settings, positions_after
+from inifile import COLOURS, ON, Settings, positions_after, throw_behind
 from layout import RECORDER_KEYS
 
 TAPE = Path(__file__).parent.parent / "data/games/game15/expected.INI"
@@ -23,12 +23,19 @@ class RecorderTest(WindowTest):
         self.press = self.click_recorder
         self.keys_down()
 
-    def shows(self, moves):
-        """Whether the board shows the game after that many of its moves."""
-        return not board.difference(self.display.picture(), self.layout, positions_after(self.tape, moves))
+    def shows(self, moves, is_end=False):
+        """Whether the board shows the game after that many of its moves: the pieces and the throw behind the last
+        move, or at the end of the tape the one die that is ready."""
+        picture = self.display.picture()
+        dice = {colour: board.die_at_rest(picture, self.layout, colour) for colour in COLOURS}
+        if is_end or moves == self.tape.moves:
+            right = sorted(map(str, dice.values())) == ["0", "0", "0", "None"]
+        else:
+            right = {colour: face for colour, face in dice.items() if face != 0} == throw_behind(self.tape, moves)
+        return right and not board.difference(picture, self.layout, positions_after(self.tape, moves))
 
-    def wait_for_position(self, moves):
-        self.wait_until(lambda: self.shows(moves), "the position after move %d" % moves)
+    def wait_for_position(self, moves, is_end=False):
+        self.wait_until(lambda: self.shows(moves, is_end), "the position after move %d" % moves)
 
     def keys_down(self):
         """Which keys of the recorder are drawn otherwise than at the start of the test."""
@@ -124,7 +131,7 @@ class Restoring(RecorderTest):
         left = max(moves for moves in range(start - back + 1) if moves == 0 or self.tape.records[moves].turn_end)
         self.press("restore")
         self.wait_until(lambda: self.game().moves == left, "the forgotten moves to be gone from the file")
-        self.wait_for_position(left)
+        self.wait_for_position(left, is_end=True)
         return left
 
     def test_restore_and_play_on_twice(self):
