@@ -64,6 +64,17 @@ std::vector<QPointF> PathOf(const Layout& layout, const BoardView::ShownMove& mo
     return path;
 }
 
+// Five points on a circle of nearly the token's size, and five between them further in.
+QPolygonF Star(const QRectF& token) {
+    QPolygonF star;
+    for (int corner = 0; corner < 10; ++corner) {
+        const double radius = token.width() * (corner % 2 == 0 ? 0.42 : 0.17);
+        const double angle = corner * M_PI / 5;
+        star << token.center() + radius * QPointF(std::sin(angle), -std::cos(angle));
+    }
+    return star;
+}
+
 QColor WithAlpha(QColor colour, double alpha) {
     colour.setAlphaF(static_cast<float>(alpha));
     return colour;
@@ -254,8 +265,8 @@ void BoardPainter::PaintTray(QPainter& painter, const BoardView& view, Colour co
     const BoardView::Tray& tray = view.tray[colour];
     painter.setOpacity(tray.opacity);
     if (tray.face != 0) PaintDie(painter, tray.face, tray.pose, colour);
-    if (tray.bonus != 0) PaintToken(painter, QStringLiteral("+%1").arg(tray.bonus), colour);
-    if (tray.winner) PaintToken(painter, QStringLiteral("★"), colour);
+    if (tray.bonus != 0) PaintBonus(painter, tray.bonus, PaintToken(painter, colour));
+    if (tray.winner) painter.drawPolygon(Star(PaintToken(painter, colour)));
     painter.setOpacity(1);
 }
 
@@ -289,17 +300,22 @@ void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Co
     }
 }
 
-// A token lies where the die does: a bonus that the colour walks, or what tells the winner.
-void BoardPainter::PaintToken(QPainter& painter, const QString& text, Colour colour) {
+// A token lies where the die does. Returns its place, with the brush and the pen for what stands on it.
+QRectF BoardPainter::PaintToken(QPainter& painter, Colour colour) {
     const double unit = layout_.Unit * layout_.Cell / boardCell;
     QRectF token(QPointF(), QSizeF(44, 44) * unit);
     token.moveCenter(DeviceF(layout_.DieBox(colour)).center());
     painter.setPen(QPen(palette::DarkWood, 1.5 * unit));
     painter.setBrush(palette::Light);
     painter.drawEllipse(token);
-    painter.setFont(TextFont(18 * unit, QFont::Bold));
-    painter.setPen(palette::Ink);
-    painter.drawText(token, Qt::AlignCenter, text);
+    painter.setBrush(palette::Brass);
+    painter.setPen(QPen(palette::Ink, unit));
+    return token;
+}
+
+void BoardPainter::PaintBonus(QPainter& painter, Short squares, const QRectF& token) {
+    painter.setFont(TextFont(token.height() * 18 / 44, QFont::Bold));
+    painter.drawText(token, Qt::AlignCenter, QStringLiteral("+%1").arg(squares));
 }
 
 // A light ring between dark edges is seen on every colour of the board. Radius and width are in the

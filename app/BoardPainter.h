@@ -65,7 +65,8 @@ private:
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
     void PaintTray(QPainter& painter, const BoardView& view, Colour colour);
     void PaintDie(QPainter& painter, Short face, const BoardView::DiePose& pose, Colour colour);
-    void PaintToken(QPainter& painter, const QString& text, Colour colour);
+    QRectF PaintToken(QPainter& painter, Colour colour);
+    void PaintBonus(QPainter& painter, Short squares, const QRectF& token);
     void PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,
                           const BoardView::DiePose& pose);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
