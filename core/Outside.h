@@ -77,14 +77,16 @@ public:
     /// Starts a sound and returns at once; the sound that is playing stops.
     virtual void PlaySound(Sound sound) = 0;
 
-    // The board. A piece is lifted, steps from square to square, and is put down; in between
-    // it stands in no slot and in no box. Square 0 is its waiting box.
+    // The board. None of these calls runs a handler of a click or a key; DrawDie and ShowTurn may wait
+    // until the players have seen what lies in a die box. A piece is lifted, steps from square to
+    // square, and is put down; in between it stands in no slot and in no box. Square 0 is its waiting
+    // box.
     virtual void LiftPiece(PieceCode piece, Square from) = 0;
     virtual void StepPiece(PieceCode piece, Square from, Square to) = 0;
     virtual void PutDownPiece(PieceCode piece, Square at) = 0;
     /// Shows a face 1..6 in the colour's die box.
     virtual void DrawDie(Colour colour, Short face, DieIs how) = 0;
-    /// Empties the die boxes of all colours.
+    /// Empties the die boxes of all colours; what nobody has seen yet may lie there a little longer.
     virtual void ClearDice() = 0;
     /// Lights the house of that colour alone, with colour 0 or TurnIs::Over none.
     virtual void ShowTurn(Colour colour, TurnIs why) = 0;
