@@ -31,11 +31,13 @@ QString NameFromTyped(const QString& typed) {
     return text.left(1) + text.mid(1, LongestName - 1).toLower();
 }
 
-NameBox::NameBox(QWidget* parent, const Services& services, const QString& objectName,
-                 const QString& accessibleName)
-    : QLineEdit(parent), services_(services) {
-    setObjectName(objectName);
-    setAccessibleName(accessibleName);
+NameBox::NameBox(QWidget* parent, const Services& services, Colour player)
+    : QLineEdit(parent),
+      services_(services),
+      nameOfColour_(QString::fromStdString(DefaultName(player))),
+      names_(QString()) {
+    setObjectName(QStringLiteral("Txt_Nombre_%1").arg(player));
+    setAccessibleName(nameOfColour_ + ": Nombre");
     setFrame(false);
     setContextMenuPolicy(Qt::NoContextMenu);  // Qt's would be in English
     setAcceptDrops(false);
@@ -53,6 +55,8 @@ void NameBox::ShowName(const QString& name) {
     const QSignalBlocker silent(this);
     setText(name);
     FitFont();
+    names_ = {name};
+    shown_ = 0;
 }
 
 // The caret stays behind the character that was typed, and where it was when that was refused.
@@ -65,7 +69,21 @@ void NameBox::Txt_Nombre_Change() {
         setCursorPosition(qMin(caret, static_cast<int>(name.size())));
     }
     FitFont();
+    Remember(name);
     if (Renamed) Renamed(name);
+}
+
+// Qt's own undo forgets everything when setText corrects a letter.
+void NameBox::Remember(const QString& name) {
+    if (name == names_[shown_]) return;
+    names_.resize(++shown_);
+    names_.append(name);
+}
+
+void NameBox::GoToName(qsizetype index) {
+    if (index < 0 || index >= names_.size()) return;
+    shown_ = index;
+    setText(names_[index]);
 }
 
 // Nine wide letters must be seen as a whole, too. The frame and the caret take 6 layout pixels of the
@@ -87,13 +105,30 @@ void NameBox::paintEvent(QPaintEvent* event) {
 
 // A name has one line: the keys that would leave the line go to the next control.
 void NameBox::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-        case Qt::Key_Up: focusNextPrevChild(false); break;
-        case Qt::Key_Down:
-        case Qt::Key_Return:
-        case Qt::Key_Enter: focusNextPrevChild(true); break;
-        default: QLineEdit::keyPressEvent(event);
+    if (event->matches(QKeySequence::Undo)) {
+        GoToName(shown_ - 1);
+    } else if (event->matches(QKeySequence::Redo)) {
+        GoToName(shown_ + 1);
+    } else if (event->key() == Qt::Key_Up) {
+        focusNextPrevChild(false);
+    } else if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Return ||
+               event->key() == Qt::Key_Enter) {
+        focusNextPrevChild(true);
+    } else {
+        QLineEdit::keyPressEvent(event);
     }
+}
+
+// Qt selects the whole text when Tab comes to a box: Space, which flips the options on the way, would
+// replace the name.
+void NameBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) end(false);
+}
+
+void NameBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (text().isEmpty()) setText(nameOfColour_);
 }
 
 }  // namespace zorva

@@ -119,7 +119,9 @@ void Personal::KeyPressed(QKeyEvent* event) {
     }
 }
 
-// The button sounds at every press, even when the player may not leave the window.
+// The button sounds at every press, even when the player may not leave the window. A name box that
+// Escape or the window manager leaves empty loses the focus before the settings are saved, and so gets a
+// name.
 void Personal::Leave() {
     TheServices().PlaySound(Sound::Accept);
     const auto& active = settings_.PlayerActive;
@@ -129,6 +131,7 @@ void Personal::Leave() {
                     MessageButtons::Acknowledge);
         return;
     }
+    if (focusWidget()) focusWidget()->clearFocus();
     if (hooks_.Save) hooks_.Save();
     accept();
 }

@@ -104,8 +104,7 @@ void SettingsPage::OrderFocus() {
 // Controls take the name of their colour for screen readers, which do not see in whose block they are.
 void SettingsPage::AddPlayer(Colour player) {
     const QString colour = QString::fromStdString(DefaultName(player));
-    auto* name = new NameBox(this, TheServices(), QStringLiteral("Txt_Nombre_%1").arg(player),
-                             colour + ": Nombre");
+    auto* name = new NameBox(this, TheServices(), player);
     Place(name, InBlock(player, nameBox));
     name->Renamed = [this, player](const QString& text) {
         if (Renamed) Renamed(player, text);

@@ -39,8 +39,9 @@ QString NameOf(Option option, Colour player) {
 class PersonalTest : public WindowFixture {
 protected:
     void Open(bool gameInProgress = false) {
+        const auto save = [this] { ++saved, redAtSaving = settings.PlayerName[3]; };
         window = std::make_unique<Personal>(&board, *services, settings, gameInProgress,
-                                            PersonalHooks{[this] { ++applied; }, [this] { ++saved; }});
+                                            PersonalHooks{[this] { ++applied; }, save});
         Show(*window);
     }
 
@@ -70,6 +71,7 @@ protected:
     std::unique_ptr<Personal> window;
     int applied = 0;
     int saved = 0;
+    std::string redAtSaving;
 };
 
 TEST_F(PersonalTest, EveryOptionIsFlippedByMouseByKeyAndByScreenReader) {
@@ -275,6 +277,40 @@ TEST_F(PersonalTest, ANameIsFormedWhileItIsTyped) {
     composing.setCommitString("É");
     QApplication::sendEvent(box, &composing);
     EXPECT_EQ(settings.PlayerName[1], "Alexéjand");
+}
+
+TEST_F(PersonalTest, ANameCanBeTakenBackStepByStep) {
+    Open();
+    QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(window->focusWidget(), " X");
+    EXPECT_EQ(settings.PlayerName[1], "Amarillo ") << "nothing was selected";
+    auto* box = Control<QLineEdit>(*window, "Txt_Nombre_1");
+    box->setText("Eva");
+    QTest::keyClicks(box, "NA");
+    for (const char* name : {"Evan", "Eva", "Amarillo ", "Amarillo", "Amarillo"}) {
+        QTest::keySequence(box, QKeySequence::Undo);
+        EXPECT_EQ(settings.PlayerName[1], name);
+    }
+    QTest::keySequence(box, QKeySequence::Redo);
+    EXPECT_EQ(settings.PlayerName[1], "Amarillo ");
+}
+
+TEST_F(PersonalTest, ANameLeftEmptyIsThatOfTheColour) {
+    const std::function<void()> ways[] = {
+        [this] { QTest::keyClick(window->focusWidget(), Qt::Key_Tab); },
+        [this] { QTest::keyClick(window->focusWidget(), Qt::Key_Escape); }, [this] { window->close(); },
+        [this] { GoToRules(); }, [this] { Press(Option::PlayerState, 3); }};
+    for (const auto& leave : ways) {
+        Open();
+        auto* box = Control<QLineEdit>(*window, "Txt_Nombre_3");
+        box->setFocus();
+        box->clear();
+        EXPECT_EQ(settings.PlayerName[3], "");
+        redAtSaving = "Rojo";
+        leave();
+        EXPECT_EQ(settings.PlayerName[3], "Rojo");
+        EXPECT_EQ(redAtSaving, "Rojo");
+    }
 }
 
 }  // namespace
