@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "app/Artwork.h"
 #include "app/Cursors.h"
@@ -40,6 +41,16 @@ constexpr TextStyle recordStyle{11.2, QFont::Normal, true};
 // DecodeHistoryRecord returns UTF-8; the file itself is Windows-1252.
 QString Read(const std::string& utf8) {
     return QString::fromStdString(utf8);
+}
+
+// The box moved and rounded to whole device pixels, at least one each way. A rule blended over two lines
+// of pixels would lose its pure colour, and some rules would look thicker than others.
+QRectF OnDevicePixels(const QPainter& painter, const QRectF& box) {
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF area = toDevice.mapRect(box);
+    const QRectF whole(qRound(area.left()), qRound(area.top()), std::max(1, qRound(area.width())),
+                       std::max(1, qRound(area.height())));
+    return toDevice.inverted().mapRect(whole);
 }
 
 }  // namespace
@@ -129,11 +140,15 @@ void HistoricSheet::paintEvent(QPaintEvent*) {
 
 // Green rules below each of the eight places, written on or not, and red ones between the columns.
 void HistoricSheet::DrawRuling(QPainter& painter) const {
+    const auto fill = [&painter](const QRectF& rule, const QColor& colour) {
+        painter.fillRect(OnDevicePixels(painter, rule), colour);
+    };
+    painter.setRenderHint(QPainter::Antialiasing, false);
     for (int slot = 1; slot <= HistoricPages::RecordsPerPage; ++slot) {
-        const double y = firstRecordTop + slot * recordHeight - 3;
-        painter.fillRect(QRectF(15, y, Width - 30, 1), QColor(0, 255, 0));
+        fill({15, firstRecordTop + slot * recordHeight - 3, Width - 30, 1}, QColor(0, 255, 0));
     }
-    for (const Short x : columnRules) painter.fillRect(QRectF(x, 5, 1, Height - 5), QColor(255, 0, 0));
+    for (const Short x : columnRules) fill({qreal(x), 5, 1, Height - 5}, QColor(255, 0, 0));
+    painter.setRenderHint(QPainter::Antialiasing);
 }
 
 // The heading is one text whose runs of blanks place its words over the columns. They do in a font of

@@ -83,6 +83,29 @@ TEST_F(HistoricTest, PagesByMouseAndByKey) {
     }
 }
 
+/// The rules that cross a line of the picture, one string each: '#' for a pixel of the pure colour, '+'
+/// for one with a tinge of a colour.
+QStringList RulesAcross(const QImage& picture, QPoint at, QPoint step, QColor colour) {
+    QString seen;
+    for (; picture.valid(at); at += step) {
+        const QColor pixel = picture.pixelColor(at);
+        seen += pixel == colour ? '#' : std::abs(pixel.red() - pixel.green()) > 60 ? '+' : ' ';
+    }
+    return seen.split(' ', Qt::SkipEmptyParts);
+}
+
+TEST_F(HistoricTest, ItsRulesAreEquallyThickAndPureOnEveryScreen) {
+    for (const QSize size :
+         {QSize(801, 600), QSize(1024, 600), QSize(1366, 768), QSize(1920, 1080), QSize(3840, 2160)}) {
+        SCOPED_TRACE(size.width());
+        UseScreen(size);
+        Open(GamesOf(0));
+        const QString rule(std::max(1, qRound(services->layout.Unit)), '#');
+        EXPECT_EQ(RulesAcross(Picture(), InLogical({0, 30}), {1, 0}, {255, 0, 0}), QStringList(3, rule));
+        EXPECT_EQ(RulesAcross(Picture(), InLogical({60, 0}), {0, 1}, {0, 255, 0}), QStringList(8, rule));
+    }
+}
+
 TEST_F(HistoricTest, WideNamesKeepBetweenTheRulesOfTheirColumn) {
     Open(GamesOf(8, "Wmwmwmwmw"));
     const QImage picture = Picture();
