@@ -18,6 +18,7 @@ constexpr Short recorderHeight = 75;
 constexpr Short recorderTop = 220;
 constexpr Short logWidth = 150;
 constexpr Short logTop = 304;
+constexpr Short belowLog = 4;
 
 // --------------------------------------------------------------------- the screen and the board
 
@@ -85,10 +86,12 @@ void PlaceStrip(Layout& layout) {
     layout.Recorder = {CentredBesideBoard(layout, recorderWidth), recorderTop, recorderWidth,
                        recorderHeight};
     layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
-    // Beside the board there may be less room than the log takes, and below it less height.
+    // Beside the board there may be less room than the log takes. On screens of 640x480 and 800x600 its
+    // height reaches 4 pixels below the screen (304 + 300 = 604). The paper ends 4 pixels above the
+    // screen's edge, as on 768 pixels (304 + 460 = 764), so that nothing of it is cut off.
     const int left = std::max<int>(layout.Log.x, layout.BoardExtent);
     const int right = std::min<int>(layout.Log.x + logWidth, layout.ScreenWidth - 1);
-    const int height = std::clamp(layout.ScreenHeight - logTop - 4, 1, int{layout.Log.height});
+    const int height = std::clamp(layout.ScreenHeight - belowLog - logTop, 1, int{layout.Log.height});
     layout.LogPaper = {ToShort(left), logTop, ToShort(std::max(right - left, 1)), ToShort(height)};
 }
 

@@ -63,7 +63,7 @@ struct Layout {
     std::array<Box, MenuButtonCount> Button;  ///< Pic_Boton, in the order of the menu
     Box Recorder;                             ///< Pic_Grabadora
     Box Log;                                  ///< Lis_Grabadora
-    Box LogPaper;  ///< the part of the log that lies on the screen and beside the board
+    Box LogPaper;  ///< what is seen of the log: the part beside the board and on the screen
 
     /// Centre of a piece that stands alone on a square 1..100 (the first slot of a goal).
     Point SquarePosition(Square square) const;

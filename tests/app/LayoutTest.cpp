@@ -120,6 +120,7 @@ TEST(Layout, HasRoomForEverythingAtTheRight) {
         std::vector<Box> boxes(layout.Button.begin(), layout.Button.end());
         boxes.push_back(layout.Recorder);
         boxes.push_back(layout.LogPaper);
+        EXPECT_LE(layout.LogPaper.y + layout.LogPaper.height, layout.ScreenHeight - 4);
         QRegion taken;
         for (const Box& box : boxes) {
             const QRect place(box.x, box.y, box.width, box.height);
