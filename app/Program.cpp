@@ -65,6 +65,9 @@ void Program::ConnectServices() {
         if (settings_.SoundOn == 1) sounds_.Play(sound);
     };
     shared.Pause = [this](Short n) { outside_.Pause(n); };
+    shared.ShowManual = [this](QWidget* over) {
+        ShowHelp(over, mesa_.Shared(), FindManual(programFolder_));
+    };
     mesa_.Ask = [this](const QString& title, const QString& text, Short lineCount,
                        MessageButtons buttons) {
         return ShowMessage(&mesa_, mesa_.Shared(), title, text, lineCount, buttons);
@@ -162,7 +165,7 @@ void Program::ButtonPressed(int button) {
     outside_.Pause(10);
     key.ShowPressed(false);
     switch (button) {
-        case MenuButtons::Help: ShowManual(); break;
+        case MenuButtons::Help: mesa_.Shared().ShowManual(&mesa_); break;
         case MenuButtons::NewGame: NewGame(); break;
         case MenuButtons::Personalize: Personalize(); break;
         case MenuButtons::History: ShowHistory(); break;
@@ -229,10 +232,6 @@ void Program::Personalize() {
         TakeAdvisedMove(state_);
     input_.ShowWhatCanBePicked();
     mesa_.RefreshCursor();
-}
-
-void Program::ShowManual() {
-    ShowHelp(&mesa_, mesa_.Shared(), FindManual(programFolder_));
 }
 
 void Program::ShowHistory() {

@@ -53,7 +53,6 @@ private:
     void ShowAdvice();
     void ApplyChoices();
     void Personalize();
-    void ShowManual();
     void ShowHistory();
 
     void Tell(const QString& title, const QString& text);

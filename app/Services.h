@@ -5,6 +5,8 @@
 #include "app/Layout.h"
 #include "core/Sound.h"
 
+class QWidget;
+
 namespace zorva {
 
 class Artwork;
@@ -21,6 +23,8 @@ struct Services {
     std::function<void(Sound)> PlaySound;  ///< plays a sound if sound is on
     std::function<void(Short n)> Pause;    ///< hundredths of a second at speed 0
     Pacer* pacer = nullptr;                ///< of the program's waits; null in tests that never wait
+    /// Opens the manual over a window and returns when the player has left it.
+    std::function<void(QWidget* over)> ShowManual = {};
 
     /// Logical pixels of Qt for that many layout pixels.
     double ToLogical(double pixels) const { return pixels * layout.Unit / devicePixelRatio; }

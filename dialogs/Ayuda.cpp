@@ -1,6 +1,7 @@
 #include "dialogs/Ayuda.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -62,6 +63,11 @@ void Ayuda::DrawGround(QPainter& painter) {
     painter.setPen(palette::Brass);
     DrawLine(painter, QRectF(edge, button.y, button.x - 2 * edge, button.height),
              "Flechas, RePág y AvPág: leer     Tabulador e Intro: enlaces     Esc: cerrar", {12.5});
+}
+
+// The manual does not open over itself.
+void Ayuda::KeyPressed(QKeyEvent* event) {
+    if (event->key() != Qt::Key_F1) BoardDialog::KeyPressed(event);
 }
 
 // Reading is left with the sound of a button, by whichever way.

@@ -19,6 +19,7 @@ public:
 
 protected:
     void DrawGround(QPainter& painter) override;
+    void KeyPressed(QKeyEvent* event) override;
     void Leave() override;
 
 private:

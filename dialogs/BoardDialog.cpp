@@ -47,6 +47,10 @@ void BoardDialog::DrawGround(QPainter& painter) {
 
 void BoardDialog::KeyPressed(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) Leave();
+    if (event->key() == Qt::Key_F1) {
+        services_.PlaySound(Sound::PageOpens);
+        services_.ShowManual(this);
+    }
 }
 
 void BoardDialog::Leave() {

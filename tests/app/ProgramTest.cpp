@@ -91,12 +91,16 @@ TEST_F(ProgramTest, SavesTheGameThatIsLeftAndContinuesItAtTheNextStart) {
 
 TEST_F(ProgramTest, AppliesAndSavesWhatIsChosen) {
     Start();
-    Person person([](QWidget& window) {
+    QString overSettings;
+    Person person([&overSettings](QWidget& window) {
+        Person reader([&overSettings](QWidget& manual) { overSettings = manual.windowTitle(); });
+        QTest::keyClick(window.focusWidget(), Qt::Key_F1);
         QTest::keyClick(window.findChild<QWidget*>("Pic_Velocidad"), Qt::Key_PageDown);
         QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
     });
     QTest::keyClick(&program->Window(), Qt::Key_F3);
     EXPECT_EQ(LoadSettings(data).content.settings.Speed, 90);
+    EXPECT_EQ(overSettings, "Ayuda de la aplicación");
 }
 
 }  // namespace

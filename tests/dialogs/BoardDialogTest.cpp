@@ -1,6 +1,7 @@
 // What all windows over the board have in common.
 #include "dialogs/BoardDialog.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QTest>
@@ -52,6 +53,20 @@ TEST_F(BoardDialogTest, EveryWayOutLeavesOnceWithItsSound) {
             EXPECT_EQ(saved, window->objectName() == "Personal");
         }
     }
+}
+
+TEST_F(BoardDialogTest, F1OpensTheManualWhereKeysDoNotAnswer) {
+    for (const auto& window : AllWindows()) {
+        Show(*window);
+        QTest::keyClick(window->focusWidget(), Qt::Key_F1);
+        if (auto* rules = window->findChild<QAbstractButton*>("Bot_Normas")) {
+            rules->click();
+            for (auto* name : {"Pic_SalirNormas", "Txt_Nombre_1", "Pic_Velocidad"}) {
+                QTest::keyClick(Control(*window, name), Qt::Key_F1);
+            }
+        }
+    }
+    EXPECT_EQ(readOver, QStringList({"Historic", "Personal", "Personal", "Personal", "Personal"}));
 }
 
 TEST_F(BoardDialogTest, LiesOnItsScreenWithoutOverlaps) {

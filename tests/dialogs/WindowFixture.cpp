@@ -11,7 +11,8 @@ void WindowFixture::UseScreen(QSize size) {
     cursors.SetScale(layout.Unit, 1);
     services.reset(new Services{artwork, cursors, layout, 1,
                                 [this](Sound sound) { sounds.push_back(sound); },
-                                [this](Short n) { pauses.push_back(n); }});
+                                [this](Short n) { pauses.push_back(n); }, nullptr,
+                                [this](QWidget* over) { readOver << over->objectName(); }});
     board.resize(size);
 }
 

@@ -53,6 +53,7 @@ protected:
     Cursors cursors{artwork};
     std::vector<Sound> sounds;
     std::vector<Short> pauses;
+    QStringList readOver;  // the windows over which the manual was opened
     std::unique_ptr<Services> services;
     QWidget board;
 };
