@@ -8,12 +8,12 @@ a minute. If it fails it leaves a screenshot, browser.png, in the current folder
 """
 
 import os
-import re
 import shutil
 import subprocess
 import sys
 import tempfile
 import time
+import urllib.request
 from pathlib import Path
 
 from selenium import webdriver
@@ -28,8 +28,8 @@ PATIENCE = 60
 SCREEN = (1024, 768)
 YELLOW, BLUE, RED, GREEN = (714, 714), (714, 252), (252, 252), (252, 714)
 NEW_GAME = (896, 75)
-# The button that brings the hidden window back stands a little to the lower left of the middle.
-SHOW_AGAIN = (467, 424)
+# The button that brings the hidden window back stands a little below the middle.
+SHOW_AGAIN = (512, 414)
 
 # The mean colour of a part of the screen, as the page shows it.
 MEAN = """
@@ -61,6 +61,8 @@ class Page:
         options.binary_location = "/usr/bin/chromium"
         self.browser = webdriver.Chrome(options=options)
         self.browser.get(address)
+        assert self.browser.title == "Zorva", self.browser.title
+        self.browser.switch_to.frame(0)
         field = self.browser.find_element(By.ID, "noVNC_password_input")
         await_true(field.is_displayed, "the question for the password")
         field.send_keys(password, Keys.ENTER)
@@ -104,15 +106,30 @@ def play(page, file):
     print("the hidden window comes back")
 
 
+def serve(binary):
+    return subprocess.Popen([ROOT / "tools/serve-browser", binary], stdout=subprocess.PIPE, text=True,
+                            env=dict(os.environ, ZORVA_SCREEN="%dx%d" % SCREEN))
+
+
+def check_second_start(binary, told):
+    """A second start only says where the game is, and the page stays."""
+    second = serve(binary)
+    output, _ = second.communicate(timeout=PATIENCE)
+    assert second.returncode == 0 and output.splitlines()[1:] == told, output
+    with urllib.request.urlopen(told[0].split()[-1]) as page:
+        assert b"<title>Zorva</title>" in page.read()
+    print("a second start tells the address of the first")
+
+
 def main(program):
     with tempfile.TemporaryDirectory() as folder:
         binary = shutil.copy2(program, folder)
-        server = subprocess.Popen([ROOT / "tools/serve-browser", binary], stdout=subprocess.PIPE, text=True,
-                                  env=dict(os.environ, ZORVA_SCREEN="%dx%d" % SCREEN))
+        server = serve(binary)
         page = None
         try:
-            address = re.search(r"http://127\.0\.0\.1:\S+", server.stdout.readline()).group()
-            page = Page(address, server.stdout.readline().split()[-1])
+            told = [server.stdout.readline().strip() for _ in range(2)]
+            check_second_start(binary, told)
+            page = Page(*(line.split()[-1] for line in told))
             play(page, Path(folder) / "ZORVA32.INI")
         except Exception:
             if page:
