@@ -102,6 +102,7 @@ void BoardScene::Lift(PieceCode piece) {
     view_.counted = 0;
     view_.inAir = piece;
     view_.present[piece] = true;
+    RepaintPiece(piece);  // its ring is gone
     SlideOthersToTheirPlaces();
 }
 
