@@ -125,11 +125,10 @@ void MakeMoveForPlayer(const GameContext& game) {
 }
 
 // Finds the move of this throw, or waits until the person has chosen one. Returns false when the game
-// was abandoned: in that wait or, before a bonus move, during a message of PositionReached.
+// was abandoned in that wait.
 bool DecideMove(const GameContext& game) {
     GameState& state = game.state;
     ChooseComputerMove(state, game.settings);
-    if (!state.GameInProgress) return false;
     state.WaitingForMove = Yes;
     const bool byPerson = game.settings.PlayerType[state.CurrentColour] == 2;
     if (state.BestPiece == 0) {
@@ -194,11 +193,12 @@ AfterMove CarryOutMove(const GameContext& game) {
     return AfterMove::NextTurn;
 }
 
-// From the throw to its last move. Returns false when the game is over.
+// From the throw to its last move. Returns false when the game is over or was abandoned.
 bool PlayThrow(const GameContext& game) {
     GameState& state = game.state;
     const bool isThirdSix = CountSixes(state);
     if (isThirdSix && !PrepareThirdSixReturn(game)) return true;
+    if (!state.GameInProgress) return false;  // abandoned during that message
     if (!isThirdSix) state.SecondMovePending = 0;
     for (bool isChosen = isThirdSix;; isChosen = false) {
         if (!isChosen && !DecideMove(game)) return false;
@@ -235,6 +235,7 @@ bool PlayTurn(const GameContext& game) {
     if (!state.GameInProgress) return false;
     game.outside.ShowTurn(state.CurrentColour, WhatIsDue(state));
     game.outside.PositionReached();
+    if (!state.GameInProgress) return false;
     if (state.ThrowNext) {
         OfferThrow(game);
         if (!state.GameInProgress) return false;
@@ -244,7 +245,6 @@ bool PlayTurn(const GameContext& game) {
         }
         ThrowDie(game);
         state.MoveCount = state.DieValue;
-        if (!state.GameInProgress) return false;
     }
     state.ThrowNext = Yes;
     return PlayThrow(game);

@@ -170,6 +170,17 @@ TEST(Turns, EndBeforeTheNumbersOfTheMovesDo) {
     EXPECT_EQ(state.GameInProgress, No);
 }
 
+TEST(Turns, EndWithoutAWordWhenTheGameIsAbandonedInTheMessageOfAThirdSix) {
+    for (const char* position : {"1:10 20 0 0", "1:10 11 13 52", ""}) {
+        GameState state = Position(position);
+        NotingOutside outside(state, {6, 6, 6, 1, 1, 1, 1});
+        outside.abandonsInMessage = true;
+        PlayFrom({state, PlainSettings(), outside}, 1);
+        const Notes seen = outside.Only({"log", "message", "lift", "die"});
+        EXPECT_EQ(seen.back().substr(0, 7), "message") << position;
+    }
+}
+
 /// What a click for the throw does.
 void AskForThrow(GameState& state) {
     EXPECT_EQ(state.WaitingForThrow, Yes);

@@ -1,7 +1,5 @@
 #include "tests/support/NotingOutside.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "core/Records.h"
@@ -18,12 +16,7 @@ Notes NotingOutside::Only(std::initializer_list<std::string> words) const {
 }
 
 void NotingOutside::WaitForInput() {
-    if (inputs.empty()) {
-        // A game that the script has ended offers one more throw before it notices.
-        EXPECT_EQ(state_.GameInProgress, No) << "the game waits for a person without end";
-        state_.WaitingForThrow = state_.WaitingForMove = state_.GameInProgress = No;
-        return;
-    }
+    Require(!inputs.empty(), "the game waits for a person without end");
     inputs.front()(state_);
     inputs.pop_front();
 }
@@ -53,6 +46,7 @@ MessageAnswer NotingOutside::ShowMessage(std::string_view title, std::string_vie
                                          MessageButtons buttons) {
     notes_.push_back("message " + std::string(title) + "|" + std::string(text) + "|" +
                      std::to_string(lineCount) + (buttons == MessageButtons::YesNo ? " yes/no" : ""));
+    if (abandonsInMessage) state_.GameInProgress = No;
     return answer;
 }
 

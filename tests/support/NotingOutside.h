@@ -23,6 +23,8 @@ public:
     std::deque<std::function<void(GameState&)>> inputs;
     /// What the person answers to every question.
     MessageAnswer answer = MessageAnswer::Accepted;
+    /// Whether a screen reader abandons the game while a message is open.
+    bool abandonsInMessage = false;
 
     /// Everything noted, or what begins with one of these words.
     const Notes& All() const { return notes_; }
