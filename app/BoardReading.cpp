@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "core/Board.h"
+#include "core/Records.h"
 
 namespace zorva {
 namespace {
@@ -62,7 +63,7 @@ QString DieText(const Settings& settings, Colour colour, Short face, bool ready)
 
 QString MoveText(const Settings& settings, const MoveRecord& record) {
     const QString player = PlayerText(settings, record.MoverColour);
-    if (record.Piece == 0) return player + " pasa";
+    if (!MovesAPiece(record)) return player + " pasa";
     const QString to = PlaceText(record.MoverColour, record.To);
     if (record.To == 0)
         return QStringLiteral("La ficha %1 de %2 vuelve a espera").arg(record.Piece).arg(player);

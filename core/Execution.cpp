@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/Board.h"
+#include "core/Records.h"
 #include "core/Rules.h"
 
 namespace zorva {
@@ -30,7 +31,6 @@ void Lift(const GameContext& game, Colour colour, PieceCode code, Square from) {
     GameState& state = game.state;
     if (from == 0) {
         --state.PiecesInBox[colour];
-        game.outside.PlaySound(Sound::Box);
     } else {
         TakeFromSlots(state.SquareOccupants[from], code);
     }
@@ -46,6 +46,7 @@ void StepTo(const GameContext& game, PieceCode code, Square from, Square to) {
 void Walk(const GameContext& game, Colour colour, PieceCode code, Square from, Square to) {
     Square square = from;
     if (from == 0) {
+        game.outside.PlaySound(Sound::Box);
         square = ExitSquare[colour];
         StepTo(game, code, 0, square);
     }
@@ -57,10 +58,34 @@ void Walk(const GameContext& game, Colour colour, PieceCode code, Square from, S
     }
 }
 
+// A piece flies in one step from its square into the box.
+void FlyToBox(const GameContext& game, PieceCode code, Square from) {
+    const bool isPenalty = game.state.SixesInRow == 3;
+    if (isPenalty) game.outside.Pause(45);
+    game.outside.PlaySound(Sound::SentHome);
+    game.outside.StepPiece(code, from, 0);
+    game.outside.Pause(isPenalty ? 55 : 45);
+    game.outside.Pause(20);
+}
+
+// The hand has carried a piece that was dragged to its place already, and has sounded.
+void Travel(const GameContext& game, const MoveRecord& record, PieceCode code) {
+    if (record.Manual) return;
+    if (record.To == 0) {
+        FlyToBox(game, code, record.From);
+    } else {
+        Walk(game, record.MoverColour, code, record.From, record.To);
+    }
+}
+
 void PutDown(const GameContext& game, Colour colour, PieceCode code, Square to) {
     GameState& state = game.state;
     state.PiecePosition[colour][PieceOf(code)] = to;
-    PutIntoFirstEmptySlot(state.SquareOccupants[to], code);
+    if (to == 0) {
+        ++state.PiecesInBox[colour];
+    } else {
+        PutIntoFirstEmptySlot(state.SquareOccupants[to], code);
+    }
     if (to == GoalSquare[colour]) ++state.PiecesHome[colour];
     game.outside.PutDownPiece(code, to);
 }
@@ -77,36 +102,15 @@ void CheckCapture(GameState& state, Colour colour, Square to) {
     }
 }
 
-// A piece returns in one step from its square into the box.
-void ReturnToBox(const GameContext& game, Colour colour, PieceCode code, Square from) {
-    GameState& state = game.state;
-    const bool isPenalty = state.SixesInRow == 3;
-    if (isPenalty) game.outside.Pause(45);
-    game.outside.PlaySound(Sound::SentHome);
-    game.outside.StepPiece(code, from, 0);
-    game.outside.Pause(isPenalty ? 55 : 45);
-    game.outside.Pause(20);
-    state.PiecePosition[colour][PieceOf(code)] = 0;
-    ++state.PiecesInBox[colour];
-    game.outside.PutDownPiece(code, 0);
-}
-
 void PlayForward(const GameContext& game, const MoveRecord& record) {
-    GameState& state = game.state;
-    state.CaptureReport = 0;
-    if (record.Piece == 0) return;
+    game.state.CaptureReport = 0;
+    if (!MovesAPiece(record)) return;
     const Colour colour = record.MoverColour;
     const PieceCode code = CodeOf(colour, record.Piece);
     Lift(game, colour, code, record.From);
-    if (record.To == 0) {
-        ReturnToBox(game, colour, code, record.From);
-    } else if (record.Manual) {
-        PutDown(game, colour, code, record.To);
-    } else {
-        Walk(game, colour, code, record.From, record.To);
-        PutDown(game, colour, code, record.To);
-        CheckCapture(state, colour, record.To);
-    }
+    Travel(game, record, code);
+    PutDown(game, colour, code, record.To);
+    if (!record.Manual) CheckCapture(game.state, colour, record.To);
 }
 
 // --------------------------------------------------------------------------------- backwards
@@ -180,7 +184,7 @@ void TakeOff(GameState& state, const MoveRecord& record, PieceCode code) {
 void TakeBack(const GameContext& game, const MoveRecord& record, Short move) {
     GameState& state = game.state;
     state.CaptureReport = 0;
-    if (record.Piece == 0) return;
+    if (!MovesAPiece(record)) return;
     const PieceCode code = CodeOf(record.MoverColour, record.Piece);
     TakeOff(state, record, code);
     game.outside.LiftPiece(code, record.To);

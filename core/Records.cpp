@@ -97,6 +97,10 @@ Colour ColourOnTurn(const MoveRecord& record) {
     return record.FollowingColour != 0 ? record.FollowingColour : record.MoverColour;
 }
 
+bool MovesAPiece(const MoveRecord& record) {
+    return record.Piece != 0 && record.From != record.To;
+}
+
 bool IsBonus(const MoveRecord& record) {
     return record.Count == ArrivalBonus || record.Count == CaptureBonus;
 }

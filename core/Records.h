@@ -27,6 +27,10 @@ MoveRecord ReturnRecord(PieceCode captured, Square from, Colour captor, Short re
 /// piece returns and when another colour's piece is dragged.
 Colour ColourOnTurn(const MoveRecord& record);
 
+/// Whether a piece changes its place: not when the colour passed, nor when a third six punishes a piece
+/// that lies in its box already because a person dragged it there.
+bool MovesAPiece(const MoveRecord& record);
+
 /// Whether the move was a bonus of 10 or 20 squares, walked or passed.
 bool IsBonus(const MoveRecord& record);
 

@@ -19,6 +19,7 @@ TEST(BoardSpeech, SaysWhereEverythingIs) {
     MoveRecord walk{1, 0, 6, 12, 2, 63, 75, 1, 0, 0, Yes};
     MoveRecord home{2, 1, 0, 0, 1, 5, 0, 0, 0, 1, No};
     MoveRecord pass{3, 0, 2, 2, 0, 0, 0, 0, 0, 0, Yes};
+    MoveRecord inBox{4, 0, 6, 6, 1, 0, 0, 0, 0, 0, Yes};
     MoveRecord byHand{4, 0, 0, 0, 3, 0, 56, 0, Yes, 0, Yes};
     const std::tuple<const char*, QString, const char*> rows[] = {
         {"a piece on the ring", PieceText(state, settings, 11), "Ficha 1 de Amarillo, casilla 5"},
@@ -35,6 +36,7 @@ TEST(BoardSpeech, SaysWhereEverythingIs) {
         {"a captured piece", MoveText(settings, home), "La ficha 1 de Ana (Azul) vuelve a espera"},
         {"no game", TurnText(state, settings), "No hay ninguna partida en curso"},
         {"a pass", MoveText(settings, pass), "Rojo pasa"},
+        {"a penalty in the box", MoveText(settings, inBox), "Verde pasa"},
         {"a displacement", MoveText(settings, byHand),
          "La ficha 3 de Verde se coloca a mano: casilla 56"},
     };

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/Board.h"
+#include "core/Consistency.h"
+#include "core/SilentOutside.h"
 #include "tests/support/NotingOutside.h"
 #include "tests/support/Positions.h"
 
@@ -77,8 +81,8 @@ TEST(Execution, WalksEachSquareWithItsSound) {
               (Notes{"lift 21 16", "sound 13", "step 21 16 17", "delay 80", "sound 13", "step 21 17 77",
                      "delay 80", "sound 13", "step 21 77 78", "delay 80", "put 21 78"}));
     Prepare(state, 2, 2, 23);
-    EXPECT_EQ(Execute(state), (Notes{"sound 7", "lift 22 0", "sound 13", "step 22 0 22", "delay 80",
-                                     "sound 13", "step 22 22 23", "delay 80", "put 22 23"}));
+    EXPECT_EQ(Execute(state), (Notes{"lift 22 0", "sound 7", "sound 13", "step 22 0 22",
+                                     "delay 80", "sound 13", "step 22 22 23", "delay 80", "put 22 23"}));
 }
 
 TEST(Execution, SendsAPieceHomeWithPausesThatTellThePenalty) {
@@ -97,11 +101,23 @@ TEST(Execution, SendsAPieceHomeWithPausesThatTellThePenalty) {
 }
 
 TEST(Execution, ByHandCapturesNothingAndPutsDownAtOnce) {
-    GameState state = Position("2:5 0 0 0  3:5 0 0 0");
-    Prepare(state, 1, 1, 5);
-    state.MoveRecords[1].Manual = Yes;
-    EXPECT_EQ(Execute(state), (Notes{"sound 7", "lift 11 0", "put 11 5"}));
-    EXPECT_EQ(state.CaptureReport, 0);
+    const std::tuple<const char*, Square, Notes> moves[] = {
+        {"2:6 0 0 0", 6, {"lift 11 0", "put 11 6"}},
+        {"1:30 0 0 0", 0, {"lift 11 30", "put 11 0"}},
+        {"", 0, {}},  // the penalty of a piece that was dragged into its box before: nothing to be seen
+    };
+    for (const auto& [position, to, notes] : moves) {
+        GameState state = Position(position);
+        Prepare(state, 1, 1, to);
+        state.MoveRecords[1].Manual = notes.empty() ? No : Yes;
+        const GameState before = state;
+        EXPECT_EQ(Execute(state), notes);
+        EXPECT_EQ(state.CaptureReport, 0);
+        EXPECT_EQ(StateProblem(state), "");
+        SilentOutside silent;
+        ExecuteMove({state, Settings{}, silent}, ExecutionMode::Backward, 1);
+        EXPECT_EQ(state, before);
+    }
 }
 
 }  // namespace

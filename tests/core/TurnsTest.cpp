@@ -258,6 +258,8 @@ TEST_F(PersonAtPlay, MayShiftAPieceByHandBeforeTheThrow) {
     // The piece that a third six would send home may be there already.
     Play("1:10 0 0 0", "6 6 6", {AskForThrow, AskForThrow, Shift(11, 0), AskForThrow});
     EXPECT_EQ(Messages(*outside_), nothingReturns);
+    EXPECT_EQ(LogOf(*outside_), "Ama. cuenta 6, Ama. cuenta 6, Despl. manual, Ama. a espera");
+    EXPECT_EQ(outside_->Only({"lift"}).size(), 3U) << "shown as moved, though nothing returns";
     EXPECT_EQ(SquaresText(state_, 1), "0 0 0 0");
     EXPECT_EQ(state_.PiecesInBox[1], 4);
 }
