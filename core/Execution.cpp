@@ -47,6 +47,7 @@ void Walk(const GameContext& game, Colour colour, PieceCode code, Square from, S
     Square square = from;
     if (from == 0) {
         game.outside.PlaySound(Sound::Box);
+        game.outside.Pause(15);  // the first step would cut the sound off
         square = ExitSquare[colour];
         StepTo(game, code, 0, square);
     }

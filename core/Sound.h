@@ -13,8 +13,8 @@ enum class Sound : Short {
     Accept = 4,          ///< yes, or a window is closed
     DieReady = 5,        ///< the die is ready to be thrown
     Advice = 6,          ///< the advice key is pressed
-    Box = 7,             ///< a piece enters or leaves its waiting box
-    Goal = 8,            ///< a piece arrives at its goal
+    Box = 7,             ///< a piece is seated in its box at the start, or walks out of it
+    Goal = 8,            ///< a piece walks onto its goal
     HistoryPage = 9,     ///< the history opens or turns a page
     Refusal = 10,        ///< the chosen move is not possible
     SentHome = 11,       ///< a piece goes back to its box: captured, or after a third six

@@ -81,7 +81,7 @@ TEST(Execution, WalksEachSquareWithItsSound) {
               (Notes{"lift 21 16", "sound 13", "step 21 16 17", "delay 80", "sound 13", "step 21 17 77",
                      "delay 80", "sound 13", "step 21 77 78", "delay 80", "put 21 78"}));
     Prepare(state, 2, 2, 23);
-    EXPECT_EQ(Execute(state), (Notes{"lift 22 0", "sound 7", "sound 13", "step 22 0 22",
+    EXPECT_EQ(Execute(state), (Notes{"lift 22 0", "sound 7", "pause 15", "sound 13", "step 22 0 22",
                                      "delay 80", "sound 13", "step 22 22 23", "delay 80", "put 22 23"}));
 }
 
