@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QRandomGenerator>
 #include <random>
+#include <utility>
 
 #include "app/BoardAccessibility.h"
 #include "app/BoardReading.h"
@@ -11,6 +12,7 @@
 #include "app/Mesa.h"
 #include "app/MoveLog.h"
 #include "app/Pacer.h"
+#include "core/Board.h"
 #include "core/Records.h"
 #include "core/Rules.h"
 
@@ -79,9 +81,12 @@ void WindowOutside::LiftPiece(PieceCode piece, Square) {
 
 void WindowOutside::StepPiece(PieceCode piece, Square from, Square to) {
     scene_.StartStep(piece, from, to);
+    walksHome_ = to == GoalSquare[ColourOf(piece)];
 }
 
+// A piece that is dragged onto its goal has sounded already, and taken back is no arrival.
 void WindowOutside::PutDownPiece(PieceCode piece, Square) {
+    if (std::exchange(walksHome_, false)) PlaySound(Sound::Goal);
     scene_.PutDown(piece);
 }
 

@@ -55,6 +55,7 @@ private:
     BoardScene& scene_;
     const GameState& state_;
     const Settings& settings_;
+    bool walksHome_ = false;  ///< the piece that walks has stepped onto its goal
 };
 
 /// How long Pause(n) lasts, in milliseconds: n hundredths of a second x (100 - speed) / 100; 0 for n

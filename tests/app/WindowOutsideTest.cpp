@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "app/MoveLog.h"
+#include "core/Execution.h"
 #include "tests/app/BoardWindow.h"
 
 namespace zorva::test {
@@ -111,6 +112,24 @@ TEST_F(InTheWindow, APieceWalksAndTheBoardIsClearedAndDrawnAgain) {
     state = Position("1:20 0 0 0");
     outside.RefreshBoard(PiecesShown::OnTheirSquares);
     EXPECT_EQ(View().at[11], AsPointF(PlaceOfSquare(20)));
+}
+
+TEST_F(InTheWindow, APieceSoundsOnItsGoalWhenItWalksThere) {
+    const std::tuple<Square, Short, ExecutionMode, std::vector<Sound>> rows[] = {
+        {76, No, ExecutionMode::Forward, {Sound::Step, Sound::Step, Sound::Goal}},
+        {76, No, ExecutionMode::Backward, {}},
+        {76, Yes, ExecutionMode::Forward, {}},
+        {75, No, ExecutionMode::Forward, {Sound::Step}},
+        {0, No, ExecutionMode::Forward, {Sound::SentHome}},
+    };
+    for (const auto& [to, manual, mode, heard] : rows) {
+        const bool forward = mode == ExecutionMode::Forward;
+        state = Position(forward ? "1:74 0 0 0" : "1:76 0 0 0");
+        state.MoveRecords[1] = {1, 0, 2, 2, 1, 74, to, 0, manual, 0, Yes};
+        sounds.clear();
+        ExecuteMove({state, settings, outside}, mode, 1);
+        EXPECT_EQ(sounds, heard) << to << manual << forward;
+    }
 }
 
 TEST_F(InTheWindow, HandsOnMessagesSoundsAndMoves) {
