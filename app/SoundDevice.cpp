@@ -17,6 +17,10 @@ constexpr Uint16 SamplesAtATime = 512;
 /// How long the clip that is cut off fades under the new one: 5 ms. Chopped in mid-swing it would click.
 constexpr std::size_t FadeLength = SampleRate / 200;
 
+/// How much of a clip is heard before the next one may cut it off: 60 ms. The game often asks for two
+/// sounds in the same millisecond, and a shorter one would not be recognised.
+constexpr std::size_t ShortestHearing = SampleRate * 6 / 100;
+
 void SayNothing(void*, int, SDL_LogPriority, const char*) {}
 void AlsaSaysNothing(const char*, int, const char*, int, const char*, ...) {}
 
@@ -73,38 +77,47 @@ bool SoundDevice::Open() {
     return true;
 }
 
+std::size_t SoundDevice::FetchedSamples() const {
+    return queued_.size() - SDL_GetQueuedAudioSize(device_) / sizeof(SoundClip::value_type);
+}
+
 void SoundDevice::Play(SoundClip clip) {
     // Locked, so that the device fetches nothing between the look at what is left and the new clip.
     SDL_LockAudioDevice(device_);
-    CutOff(SDL_GetQueuedAudioSize(device_) / sizeof(SoundClip::value_type));
-    SDL_ClearQueuedAudio(device_);
+    const std::size_t fetched = FetchedSamples();
+    if (fetched >= newest_) CutOffAt(std::max(fetched, earliestEnd_));
     Mix(tail_, clip);
-    const std::size_t bytes = clip.size() * sizeof(SoundClip::value_type);
-    SDL_QueueAudio(device_, clip.data(), static_cast<Uint32>(bytes));
+    queued_.resize(newest_);
+    queued_.erase(queued_.begin(), queued_.begin() + static_cast<std::ptrdiff_t>(fetched));
+    newest_ = queued_.size();
+    earliestEnd_ = newest_ + std::min(clip.size(), ShortestHearing);
+    queued_.insert(queued_.end(), clip.begin(), clip.end());
+    const std::size_t bytes = queued_.size() * sizeof(SoundClip::value_type);
+    SDL_ClearQueuedAudio(device_);
+    SDL_QueueAudio(device_, queued_.data(), static_cast<Uint32>(bytes));
     SDL_UnlockAudioDevice(device_);
-    playing_ = std::move(clip);
 }
 
-/// Makes the tail of the clip that is playing: its next samples, fading to nothing. `left` is how many
-/// samples the device has not fetched yet. When it has fetched none, the tail stays the one that the
-/// clip itself begins with.
-void SoundDevice::CutOff(std::size_t left) {
-    if (left == playing_.size()) return;
-    const std::size_t length = std::min(FadeLength, left);
-    tail_.assign(playing_.end() - static_cast<std::ptrdiff_t>(left),
-                 playing_.end() - static_cast<std::ptrdiff_t>(left - length));
+/// Lets the next clip begin at the sample `end` and makes its tail: the samples from there on, fading to
+/// nothing.
+void SoundDevice::CutOffAt(std::size_t end) {
+    const std::size_t length = std::min(FadeLength, queued_.size() - end);
+    const auto begin = queued_.begin() + static_cast<std::ptrdiff_t>(end);
+    tail_.assign(begin, begin + static_cast<std::ptrdiff_t>(length));
     for (std::size_t i = 0; i < length; ++i) {
         const int faded = tail_[i] * static_cast<int>(FadeLength - i) / static_cast<int>(FadeLength);
         tail_[i] = static_cast<SoundClip::value_type>(faded);
     }
+    newest_ = end;
 }
 
 void SoundDevice::Close() {
     if (!IsOpen()) return;
     SDL_CloseAudioDevice(std::exchange(device_, 0));
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    playing_.clear();
+    queued_.clear();
     tail_.clear();
+    newest_ = earliestEnd_ = 0;
 }
 
 }  // namespace zorva

@@ -23,8 +23,9 @@ public:
     /// pulled, is closed and opened again. Returns false when there is no sound to be had.
     bool Open();
 
-    /// Plays a clip on the open device from its beginning. The clip that is playing is cut off: it fades
-    /// within 5 ms.
+    /// Plays a clip on the open device from its beginning. The clip that is playing is cut off as soon
+    /// as 60 ms of it have been heard: it fades within 5 ms. A clip that still waits for that is
+    /// dropped.
     void Play(SoundClip clip);
 
     /// Closes the device and the sound system, which would both wake the processor now and then even
@@ -35,10 +36,13 @@ public:
 
 private:
     std::uint32_t device_ = 0;  ///< SDL's number of the open device; 0: none
-    SoundClip playing_;         ///< as it was queued, with the tail in its beginning
-    SoundClip tail_;            ///< of the clip that was cut off last
+    SoundClip queued_;  ///< what the device was given last: the rest of a clip, then the newest clip
+    std::size_t newest_ = 0;       ///< where the newest clip begins in it
+    std::size_t earliestEnd_ = 0;  ///< where the newest clip may be cut off
+    SoundClip tail_;               ///< of the clip before, mixed into the beginning of the newest one
 
-    void CutOff(std::size_t left);
+    std::size_t FetchedSamples() const;
+    void CutOffAt(std::size_t end);
 };
 
 }  // namespace zorva

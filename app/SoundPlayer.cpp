@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <deque>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -33,19 +34,22 @@ milliseconds LengthOf(const SoundClip& clip) {
 
 }  // namespace
 
-/// What the window's thread and the player's thread share. The mutex guards the request and is never
-/// held during a call of the sound system.
+/// What the window's thread and the player's thread share. The mutex guards the requests and is
+/// never held during a call of the sound system.
 struct SoundPlayer::Shared {
     const milliseconds keepOpen;
     std::mutex mutex{};
     std::condition_variable changed{};
-    std::optional<Request> request{};
+    std::deque<Request> requests{};
     std::atomic<bool> stopping = false;
 
-    /// Leaves a request for the player's thread. A sound replaces the request that is still waiting.
+    /// Leaves a request for the player's thread. Of the sounds that wait for it, it gets the first and
+    /// the last.
     void Ask(std::optional<Sound> sound) {
         const std::lock_guard lock(mutex);
-        if (sound || !request) request = Request{sound};
+        if (!sound && !requests.empty()) return;
+        if (requests.size() == 2) requests.pop_back();
+        requests.push_back({sound});
         changed.notify_one();
     }
 
@@ -58,15 +62,17 @@ struct SoundPlayer::Shared {
     /// Waits for the next request. Returns none when `until` has passed or the player is stopping;
     /// without `until` the wait has no end.
     std::optional<Request> NextRequest(std::optional<Clock::time_point> until) {
-        const auto hasNews = [this] { return stopping || request; };
+        const auto hasNews = [this] { return stopping || !requests.empty(); };
         std::unique_lock lock(mutex);
         if (until) {
             changed.wait_until(lock, *until, hasNews);
         } else {
             changed.wait(lock, hasNews);
         }
-        if (stopping) return std::nullopt;
-        return std::exchange(request, std::nullopt);
+        if (stopping || requests.empty()) return std::nullopt;
+        const Request next = requests.front();
+        requests.pop_front();
+        return next;
     }
 };
 

@@ -8,7 +8,8 @@
 
 namespace zorva {
 
-/// Plays the game's sounds, one at a time; a new sound cuts off the one that is playing.
+/// Plays the game's sounds, one at a time; a new sound cuts off the one that is playing as soon as that
+/// has been heard for 60 ms. Of the sounds that come in the meantime only the last follows.
 ///
 /// No call waits for the sound system, which may take seconds to open a device or hang altogether: a
 /// thread of the player's own makes all calls of it. The device is open from the first sound until a
@@ -27,8 +28,8 @@ public:
     /// Opens the device, so that the first sound is not late. Call it after the first paint.
     void Prepare();
 
-    /// Plays a sound and returns at once. When several calls come while the device is being opened, the
-    /// player hears only the last sound.
+    /// Plays a sound and returns at once. When several calls come while the device is being opened, only
+    /// the first sound and the last are played.
     void Play(Sound sound);
 
 private:
