@@ -117,6 +117,7 @@ void DrawFirstPlayer(const GameContext& game) {
             contends[colour] = thrown[colour] == *best;
         game.outside.ShowMessage(drawTitle, "Hay empate y se va a desempatar", 1,
                                  MessageButtons::Acknowledge);
+        if (!game.state.GameInProgress) return;  // abandoned during the message
         game.outside.ClearDice();
     }
 }

@@ -17,7 +17,8 @@ StartOutcome StartGame(const GameContext& game);
 void ResetGame(const GameContext& game);
 
 /// Draws the colour that begins into CurrentColour: the highest throw wins, and those who tie throw
-/// again among themselves.
+/// again among themselves. Returns at once when a handler abandons the game during the message about a
+/// tie.
 void DrawFirstPlayer(const GameContext& game);
 
 /// Plays a game that ResetGame has prepared, from the first turn, which the colour `first` has, to the

@@ -40,6 +40,7 @@ TEST(Draw, IsWonByTheHighestThrowAfterAllTies) {
         Settings settings;
         settings.PlayerActive = row.active;
         GameState state;
+        state.GameInProgress = Yes;
         NotingOutside outside(state, row.throws);
         DrawFirstPlayer({state, settings, outside});
         std::string turns;
@@ -50,6 +51,15 @@ TEST(Draw, IsWonByTheHighestThrowAfterAllTies) {
         }
         EXPECT_EQ(turns, row.turns) << row.name;
     }
+}
+
+TEST(Draw, EndsWhenTheGameIsAbandonedInTheMessageAboutATie) {
+    GameState state;
+    state.GameInProgress = Yes;
+    NotingOutside outside(state, {4, 4, 4, 4});
+    outside.abandonsInMessage = true;
+    DrawFirstPlayer({state, Settings{}, outside});
+    EXPECT_EQ(outside.All().back(), tie);
 }
 
 TEST(NewGame, SeatsThePiecesAsksAndAnnouncesWhoBegins) {
