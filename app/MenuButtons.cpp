@@ -28,12 +28,6 @@ QString MenuButton::HoverText(int index) {
     return QString::fromUtf8(texts[index]);
 }
 
-void MenuButton::ShowPressed(bool pressed) {
-    if (pressed_ == pressed) return;
-    pressed_ = pressed;
-    repaint();
-}
-
 void MenuButton::ShowGlow(bool glows) {
     glows_ = glows;
     update();
@@ -49,7 +43,8 @@ void MenuButton::paintEvent(QPaintEvent*) {
         painter.drawRoundedRect(rect(), radius, radius);
     }
     const double ratio = services_.devicePixelRatio;
-    const QString drawing = QStringLiteral("button_%1%2").arg(index_).arg(pressed_ ? "_pressed" : "");
+    const QString drawing =
+        QStringLiteral("button_%1%2").arg(index_).arg(look_.IsPressed() ? "_pressed" : "");
     QPixmap pixmap = services_.artwork.Pixmap(drawing, (QSizeF(size()) * ratio).toSize());
     pixmap.setDevicePixelRatio(ratio);
     painter.drawPixmap(QPointF(), pixmap);

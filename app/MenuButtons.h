@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 
+#include "app/PressedLook.h"
 #include "app/Services.h"
 
 namespace zorva {
@@ -18,8 +19,8 @@ public:
     /// reader's press waits until no pause of the game is on.
     std::function<void()> Pressed;
 
-    /// Draws the button pressed or not, before the function returns: a pause of the game follows.
-    void ShowPressed(bool pressed);
+    /// Draws the button pressed, before the function returns, or soon afterwards at rest.
+    void ShowPressed(bool pressed) { look_.Show(*this, pressed); }
     /// Lets the button glow, or stops that: it invites the player to press it.
     void ShowGlow(bool glows);
 
@@ -33,7 +34,7 @@ protected:
 private:
     const Services& services_;
     int index_;
-    bool pressed_ = false;
+    PressedLook look_;
     bool glows_ = false;
 };
 

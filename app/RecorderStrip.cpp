@@ -93,8 +93,7 @@ Box RecorderStrip::KeyBox(RecorderKey key) {
 }
 
 void RecorderStrip::ShowPressed(RecorderKey key, bool pressed) {
-    pressed_[static_cast<int>(key)] = pressed;
-    repaint();
+    looks_[static_cast<int>(key)].Show(*this, pressed);
 }
 
 void RecorderStrip::Explain(bool explains) {
@@ -113,7 +112,7 @@ void RecorderStrip::paintEvent(QPaintEvent*) {
     };
     painter.drawPixmap(0, 0, sheet(0));
     for (int index = 0; index < RecorderKeyCount; ++index) {
-        if (!pressed_[index]) continue;
+        if (!looks_[index].IsPressed()) continue;
         const KeyPlace& place = places[index];
         const QRect key =
             QRectF(place.x * unit, place.y * unit, place.drawnWidth * unit, keyHeight * unit)

@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 
+#include "app/PressedLook.h"
 #include "app/Services.h"
 
 namespace zorva {
@@ -55,7 +56,7 @@ private:
 
     const Services& services_;
     std::array<KeyButton*, RecorderKeyCount> keyButtons_{};  // Qt deletes them with the strip
-    std::array<bool, RecorderKeyCount> pressed_{};
+    std::array<PressedLook, RecorderKeyCount> looks_;
     bool explains_ = true;
 };
 

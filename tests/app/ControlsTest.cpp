@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QHelpEvent>
 #include <QTest>
 
 #include "app/MenuButtons.h"
@@ -18,13 +22,22 @@ TEST(Controls, ExplainShowAndTakePresses) {
         EXPECT_EQ(mesa.Buttons().Button(0).toolTip().isEmpty(), !explains);
     }
     MenuButton& button = mesa.Buttons().Button(0);
-    const QImage buttonAtRest = button.grab().toImage();
     mesa.ButtonPressed = [&button](int index) { button.ShowPressed(index == 0); };
-    button.click();  // as screen readers press it
-    EXPECT_NE(button.grab().toImage(), buttonAtRest);
-    const QImage atRest = strip.grab().toImage();
-    strip.ShowPressed(RecorderKey::OnOff, true);
-    EXPECT_NE(strip.grab().toImage(), atRest);
+    QElapsedTimer clock;
+    const auto press = [&] { button.click(); };  // as screen readers press it
+    const std::tuple<QWidget*, std::function<void()>, std::function<void()>> keys[] = {
+        {&button, press, [&] { button.ShowPressed(false); }},
+        {&strip, [&] { strip.ShowPressed(RecorderKey::OnOff, true); },
+         [&] { strip.ShowPressed(RecorderKey::OnOff, false); }}};
+    for (const auto& [widget, goDown, goUp] : keys) {
+        const QImage atRest = widget->grab().toImage();
+        clock.start();
+        goDown();
+        EXPECT_NE(widget->grab().toImage(), atRest);
+        goUp();
+        EXPECT_TRUE(QTest::qWaitFor([&, w = widget] { return w->grab().toImage() == atRest; }));
+        EXPECT_GE(clock.elapsed(), 60) << "too short to be seen";
+    }
     // The on/off key takes clicks up to 44, although its drawing reaches 48.
     int presses = 0;
     strip.Pressed = [&](RecorderKey key) { presses += key == RecorderKey::OnOff; };
