@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QToolTip>
+#include <QtMath>
 #include <cmath>
 
 #include "app/Fonts.h"
@@ -32,6 +34,9 @@ Mesa::Mesa(const GameState& state, const Settings& settings)
         if (ButtonPressed) ButtonPressed(button);
     });
     strip_ = new RecorderStrip(this, services_);
+    strip_->installEventFilter(this);
+    for (int index = 0; index < MenuButtonCount; ++index)
+        buttons_->Button(index).installEventFilter(this);
     log_ = new MoveLog(this, services_);
 }
 
@@ -125,6 +130,21 @@ bool Mesa::event(QEvent* event) {
     const QEvent::Type type = event->type();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshCursor();
     return QWidget::event(event);
+}
+
+// The menu and the recorder let this window explain their keys.
+bool Mesa::eventFilter(QObject* control, QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::eventFilter(control, event);
+    ShowExplanation(*static_cast<QWidget*>(control), static_cast<QHelpEvent*>(event)->globalPos());
+    return true;
+}
+
+// Below the image of the hand: Qt leaves room for a cursor of the usual size only, and the hand would
+// hide the beginning of the text.
+void Mesa::ShowExplanation(QWidget& control, QPoint at) {
+    const QCursor hand = cursors_.Hand();
+    const int height = qCeil(hand.pixmap().deviceIndependentSize().height()) - hand.hotSpot().y();
+    QToolTip::showText(at + QPoint(0, height), control.toolTip(), &control);
 }
 
 void Mesa::mousePressEvent(QMouseEvent* event) {

@@ -85,6 +85,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* control, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -102,6 +103,7 @@ private:
     void UseScreen(QSize devicePixels, double devicePixelRatio);
     void PlaceControls();
     QRect LogicalRect(const Box& box) const;
+    void ShowExplanation(QWidget& control, QPoint at);
 
     const GameState& state_;
     const Settings& settings_;

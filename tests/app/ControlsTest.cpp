@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QTest>
+#include <QToolTip>
 
 #include "app/MenuButtons.h"
 #include "app/RecorderStrip.h"
@@ -47,6 +48,28 @@ TEST(Controls, ExplainShowAndTakePresses) {
         QTest::mouseClick(&strip, Qt::LeftButton, {}, {x, 10});
     }
     EXPECT_EQ(presses, 2);
+}
+
+TEST(Controls, AreExplainedBesideTheHand) {
+    for (const QSize size : {QSize(640, 480), QSize(1366, 768), QSize(3840, 2160)}) {
+        BoardWindow board("", size);
+        Mesa& mesa = board.mesa;
+        mesa.Strip().setToolTip("Avanzar 1 jugada");
+        const QCursor hand = mesa.Shared().cursors.Hand();
+        for (QWidget* control :
+             {static_cast<QWidget*>(&mesa.Strip()), static_cast<QWidget*>(&mesa.Buttons().Button(2))}) {
+            for (const QPoint at : {QPoint(300, 100), control->screen()->geometry().topRight()}) {
+                QHelpEvent event(QEvent::ToolTip, {5, 5}, at);
+                QApplication::sendEvent(control, &event);
+                ASSERT_TRUE(QToolTip::isVisible());
+                const QRect image(at - hand.hotSpot(), hand.pixmap().size());
+                for (const QWidget* window : QApplication::topLevelWidgets()) {
+                    EXPECT_FALSE(window->inherits("QTipLabel") && window->geometry().intersects(image));
+                }
+            }
+        }
+    }
+    QToolTip::hideText();
 }
 
 TEST(Controls, LieInTheMiddleOfATallScreen) {
