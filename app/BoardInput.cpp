@@ -112,7 +112,6 @@ void BoardInput::Pick(Short piece) {
 }
 
 void BoardInput::Throw() {
-    mesa_.setCursor(Qt::ArrowCursor);
     state_.WaitingForThrow = No;
 }
 

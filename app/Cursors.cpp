@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QTextStream>
+#include <QWidget>
 
 #include "app/Artwork.h"
 
@@ -56,6 +57,14 @@ QCursor Cursors::Die(Colour colour) {
 QCursor Cursors::ClosedHand(Colour colour) {
     static constexpr const char* names[] = {"", "ManoCeAm", "ManoCeAz", "ManoCeRo", "ManoCeVe"};
     return Named(names[colour]);
+}
+
+void ShowCursor(QWidget& widget, const QCursor& cursor) {
+    if (cursor != widget.cursor()) widget.setCursor(cursor);
+}
+
+void ShowHand(QWidget& widget, Cursors& cursors, bool live) {
+    ShowCursor(widget, live ? cursors.Hand() : QCursor(Qt::ArrowCursor));
 }
 
 }  // namespace zorva

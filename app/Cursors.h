@@ -6,6 +6,8 @@
 
 #include "core/Types.h"
 
+class QWidget;
+
 namespace zorva {
 
 class Artwork;
@@ -39,5 +41,11 @@ private:
     QHash<QString, QCursor> cursors_;
     QHash<QString, QPoint> hotSpots_;
 };
+
+/// Gives a widget that cursor. The same cursor again would be another request to the window system.
+void ShowCursor(QWidget& widget, const QCursor& cursor);
+
+/// Shows the pointing hand over a widget that a click acts on, the arrow over one that is not `live`.
+void ShowHand(QWidget& widget, Cursors& cursors, bool live);
 
 }  // namespace zorva

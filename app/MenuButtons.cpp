@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "app/Artwork.h"
+#include "app/Cursors.h"
 #include "app/Pacer.h"
 #include "app/Palette.h"
 
@@ -56,7 +57,8 @@ void MenuButton::mousePressEvent(QMouseEvent* event) {
 }
 
 MenuButtons::MenuButtons(QWidget* window, const Services& services,
-                         const std::function<void(int)>& chosen) {
+                         const std::function<void(int)>& chosen)
+    : services_(services) {
     auto* panel = new QWidget(window);
     panel->setObjectName("Pic_Botones");
     panel->setAccessibleName("Menú");
@@ -64,6 +66,12 @@ MenuButtons::MenuButtons(QWidget* window, const Services& services,
     for (int index = 0; index < MenuButtonCount; ++index) {
         buttons_[index] = new MenuButton(panel, services, index);
         buttons_[index]->Pressed = [chosen, index] { chosen(index); };
+    }
+}
+
+void MenuButtons::RefreshCursors() {
+    for (int index = 0; index < MenuButtonCount; ++index) {
+        ShowHand(*buttons_[index], services_.cursors, IsLive && IsLive(index));
     }
 }
 

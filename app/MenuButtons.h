@@ -49,11 +49,17 @@ public:
 
     MenuButton& Button(int index) { return *buttons_[index]; }
 
+    /// Whether a button does something now: over such a button the cursor is a hand.
+    std::function<bool(int index)> IsLive;
+    /// Shows the cursor that IsLive asks for over each button.
+    void RefreshCursors();
+
     /// Whether a button's explanation is shown when the cursor rests on it.
     void Explain(bool explains);
 
 private:
-    std::array<MenuButton*, MenuButtonCount> buttons_;  // Qt deletes them with the window
+    const Services& services_;
+    std::array<MenuButton*, MenuButtonCount> buttons_{};  // Qt deletes them with the window
 };
 
 }  // namespace zorva

@@ -65,7 +65,6 @@ void Mesa::PlaceControls() {
     for (int index = 0; index < MenuButtonCount; ++index) {
         buttons_->Button(index).setGeometry(
             LogicalRect(layout.Button[index]).translated(-area.topLeft()));
-        buttons_->Button(index).setCursor(cursors_.Hand());
     }
     strip_->setGeometry(LogicalRect(layout.Recorder));
     log_->setGeometry(LogicalRect(layout.LogPaper));
@@ -173,19 +172,30 @@ void Mesa::closeEvent(QCloseEvent* event) {
 
 void Mesa::SetScreenCursor(ScreenCursor cursor) {
     if (WaitChanged) WaitChanged();
-    if (cursor == ScreenCursor::Hourglass) {
-        setCursor(Qt::WaitCursor);
-    } else {
-        RefreshCursor();
-    }
+    isPreparing_ = cursor == ScreenCursor::Hourglass;
+    RefreshCursor();
+}
+
+bool Mesa::IsBlocked() {
+    return QApplication::activeModalWidget() != nullptr;
+}
+
+// Over everything, because the menu, the recorder and the log have cursors of their own. A window that
+// waits for an answer shows its own cursors meanwhile.
+void Mesa::RefreshHourglass() {
+    const bool isWanted = isPreparing_ && !IsBlocked();
+    const bool isShown = QGuiApplication::overrideCursor() != nullptr;
+    if (isWanted && !isShown) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    if (!isWanted && isShown) QGuiApplication::restoreOverrideCursor();
 }
 
 // Nothing can be done on the board while a window waits for an answer, and the cursor says so.
 void Mesa::RefreshCursor() {
     const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
-    const bool isBlocked = QApplication::activeModalWidget() != nullptr;
-    const QCursor wanted = CursorAt && !isBlocked ? CursorAt(at) : QCursor(Qt::ArrowCursor);
-    if (wanted != cursor()) setCursor(wanted);  // each change is a request to the window system
+    RefreshHourglass();
+    ShowCursor(*this, CursorAt && !IsBlocked() ? CursorAt(at) : QCursor(Qt::ArrowCursor));
+    buttons_->RefreshCursors();
+    strip_->RefreshCursor();
 }
 
 }  // namespace zorva

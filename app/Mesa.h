@@ -74,10 +74,13 @@ public:
     /// The game has set its cursor: a wait for the player begins or ends.
     std::function<void()> WaitChanged;
 
-    /// Shows the hourglass while the game prepares, else the cursor of the board.
+    /// Shows the hourglass over the whole window while the game prepares, else the other cursors.
     void SetScreenCursor(ScreenCursor cursor);
-    /// Shows the cursor for where the mouse is now: the arrow while another window waits for an answer.
+    /// Shows the cursors of board, menu and recorder as the game stands. Must be called when it changes
+    /// what a click does.
     void RefreshCursor();
+    /// Whether another window waits for an answer, so that a click on this one does nothing.
+    static bool IsBlocked();
 
     /// The point in layout pixels under a position of the window in logical pixels. Far outside the
     /// window it is cut to what 16 bits hold.
@@ -104,10 +107,12 @@ private:
     void PlaceControls();
     QRect LogicalRect(const Box& box) const;
     void ShowExplanation(QWidget& control, QPoint at);
+    void RefreshHourglass();
 
     const GameState& state_;
     const Settings& settings_;
     QString news_;
+    bool isPreparing_ = false;  // the hourglass is wanted
     Artwork artwork_;
     Cursors cursors_{artwork_};
     Pacer pacer_;

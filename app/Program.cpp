@@ -87,7 +87,12 @@ void Program::ConnectWindow() {
     mesa_.CursorAt = [this](Point at) { return input_.CursorAt(at); };
     mesa_.WaitChanged = [this] { input_.ShowWhatCanBePicked(); };
     mesa_.Strip().Pressed = [this](RecorderKey key) { recorderControl_.Press(key); };
-    mesa_.Strip().IsLive = [this](RecorderKey key) { return recorderControl_.IsLive(key); };
+    mesa_.Strip().IsLive = [this](RecorderKey key) {
+        return !Mesa::IsBlocked() && recorderControl_.IsLive(key);
+    };
+    mesa_.Buttons().IsLive = [this](int button) {
+        return !Mesa::IsBlocked() && (button != MenuButtons::Advice || CanAdvise());
+    };
 }
 
 void Program::ConnectGame() {
@@ -212,9 +217,12 @@ void Program::Leave() {
     runner_.Leave();
 }
 
+bool Program::CanAdvise() const {
+    return state_.WaitingForMove && !recorder_.RecorderOn;
+}
+
 void Program::ShowAdvice() {
-    if (!state_.WaitingForMove || recorder_.RecorderOn) return;
-    ShowChosenMove({state_, settings_, outside_});
+    if (CanAdvise()) ShowChosenMove({state_, settings_, outside_});
 }
 
 void Program::ApplyChoices() {

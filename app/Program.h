@@ -50,6 +50,7 @@ private:
     bool ConfirmNewGame();
     void Leave();
     bool ConfirmExit();
+    bool CanAdvise() const;
     void ShowAdvice();
     void ApplyChoices();
     void Personalize();

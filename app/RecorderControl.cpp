@@ -20,8 +20,8 @@ bool RecorderControl::CanStep(RecorderKey key) const {
 
 bool RecorderControl::IsLive(RecorderKey key) const {
     switch (key) {
-        case RecorderKey::OnOff:
-            return recorder_.RecorderOn ? !IsReplaying(recorder_) : CanSwitchOn(game_.state, recorder_);
+        // Whenever a throw is awaited, although SwitchOnOff refuses some of these presses.
+        case RecorderKey::OnOff: return game_.state.WaitingForThrow != No;
         case RecorderKey::BackOne:
         case RecorderKey::ForwardOne: return CanStep(key) && !IsReplaying(recorder_);
         case RecorderKey::AutoBack: return CanStep(key) && !recorder_.AutoAdvanceActive;
@@ -55,10 +55,10 @@ void RecorderControl::ShowKey(RecorderKey key, bool pressed) {
 // ------------------------------------------------------------------------------------- the keys
 
 void RecorderControl::SwitchOnOff() {
-    if (!IsLive(RecorderKey::OnOff)) return;
+    if (IsReplaying(recorder_)) return;
     if (recorder_.RecorderOn) {
         SwitchOff();
-    } else {
+    } else if (CanSwitchOn(game_.state, recorder_)) {
         RecorderSwitchOn(game_, recorder_);
         ShowKey(RecorderKey::OnOff, true);
         mesa_.RefreshCursor();
@@ -66,10 +66,15 @@ void RecorderControl::SwitchOnOff() {
 }
 
 void RecorderControl::SwitchOff() {
+    game_.outside.SetScreenCursor(ScreenCursor::Hourglass);
+    game_.outside.Pause(10);
     RecorderSwitchOff(game_, recorder_);
+    ShowSwitchedOff();
+}
+
+void RecorderControl::ShowSwitchedOff() {
     ShowKey(RecorderKey::OnOff, false);
     game_.outside.Pause(10);
-    mesa_.RefreshCursor();
     game_.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
 }
 
@@ -98,6 +103,7 @@ void RecorderControl::RunAutomatic(RecorderKey key, Short& active) {
     if (!IsLive(key)) return;
     ShowKey(key, true);
     active = Yes;
+    mesa_.RefreshCursor();
     while (active && CanStep(key)) {
         Step(key);
         game_.outside.Pause(5);
@@ -105,6 +111,7 @@ void RecorderControl::RunAutomatic(RecorderKey key, Short& active) {
     }
     active = No;
     ShowKey(key, false);
+    mesa_.RefreshCursor();
 }
 
 void RecorderControl::Restore() {
@@ -119,14 +126,13 @@ void RecorderControl::Restore() {
             5, MessageButtons::Acknowledge);
         return;
     }
+    game_.outside.SetScreenCursor(ScreenCursor::Hourglass);
     ShowKey(RecorderKey::Restore, true);
     game_.outside.Pause(8);
     RestorePosition(game_, recorder_);
     ShowKey(RecorderKey::Restore, false);
     game_.outside.Pause(8);
-    ShowKey(RecorderKey::OnOff, false);
-    mesa_.RefreshCursor();
-    game_.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
+    ShowSwitchedOff();
 }
 
 void RecorderControl::TakeTapeOut() {

@@ -15,6 +15,7 @@ public:
     RecorderControl(GameContext game, RecorderState& recorder, Mesa& mesa);
 
     void Press(RecorderKey key);
+    /// Whether the key is shown as one that can be pressed, by the hand over it.
     bool IsLive(RecorderKey key) const;
 
     /// Stops a replay, goes to the end of the tape and switches the recorder off; nothing when it is
@@ -24,6 +25,7 @@ public:
 private:
     void SwitchOnOff();
     void SwitchOff();
+    void ShowSwitchedOff();
     void StepOnce(RecorderKey key);
     void RunAutomatic(RecorderKey key, Short& active);
     void Step(RecorderKey key);

@@ -134,9 +134,13 @@ void RecorderStrip::mousePressEvent(QMouseEvent* event) {
 
 void RecorderStrip::mouseMoveEvent(QMouseEvent* event) {
     const auto key = KeyAt(StripPoint(event->position()));
-    const bool live = key && IsLive && IsLive(*key);
-    setCursor(live ? services_.cursors.Hand() : QCursor(Qt::ArrowCursor));
     if (explains_) setToolTip(key ? HoverText(*key) : QString());
+    RefreshCursor();
+}
+
+void RecorderStrip::RefreshCursor() {
+    const auto key = KeyAt(StripPoint(mapFromGlobal(QPointF(QCursor::pos()))));
+    ShowHand(*this, services_.cursors, key && IsLive && IsLive(*key));
 }
 
 }  // namespace zorva

@@ -26,7 +26,10 @@ public:
     /// Whether a key does something now: over such a key the cursor is a hand.
     std::function<bool(RecorderKey key)> IsLive;
 
-    /// Draws a key pressed or at rest, before the function returns: a pause of the game follows.
+    /// Shows the cursor that IsLive asks for where the mouse is now.
+    void RefreshCursor();
+
+    /// Draws a key pressed, before the function returns, or soon afterwards at rest.
     void ShowPressed(RecorderKey key, bool pressed);
     /// Whether a key's explanation is shown when the cursor rests on it.
     void Explain(bool explains);

@@ -48,6 +48,7 @@ void OfferThrow(const GameContext& game) {
     game.outside.SetScreenCursor(ScreenCursor::OfTheBoard);
     game.outside.YieldToEvents(UserInput::Handled);
     while (state.WaitingForThrow) game.outside.WaitForInput();
+    game.outside.SetScreenCursor(ScreenCursor::Default);
 }
 
 void LogAndExecuteMove(const GameContext& game) {

@@ -72,6 +72,37 @@ TEST(Controls, AreExplainedBesideTheHand) {
     QToolTip::hideText();
 }
 
+TEST(Controls, ShowTheHandWhereTheyAreLiveAndTheHourglassOverEverything) {
+    BoardWindow window;
+    Mesa& mesa = window.mesa;
+    bool isLive = true;
+    mesa.Buttons().IsLive = [&](int index) { return isLive == (index == MenuButtons::Advice); };
+    mesa.Strip().IsLive = [&](RecorderKey key) { return isLive && key == RecorderKey::BackOne; };
+    QCursor::setPos(mesa.Strip().mapToGlobal(QPoint(6, 30)));
+    for (const bool live : {true, false}) {  // it changes under a mouse that stands still
+        isLive = live;
+        mesa.RefreshCursor();
+        const auto isHand = [](QWidget& widget) { return widget.cursor().shape() == Qt::BitmapCursor; };
+        EXPECT_EQ(isHand(mesa.Strip()), live);
+        EXPECT_EQ(isHand(mesa.Buttons().Button(MenuButtons::Advice)), live);
+        EXPECT_EQ(isHand(mesa.Buttons().Button(MenuButtons::Leave)), !live);
+    }
+    const auto isWaiting = [] {
+        const QCursor* const cursor = QGuiApplication::overrideCursor();
+        return cursor != nullptr && cursor->shape() == Qt::WaitCursor;
+    };
+    mesa.SetScreenCursor(ScreenCursor::Hourglass);
+    EXPECT_TRUE(isWaiting());
+    QDialog question(&mesa);
+    question.setModal(true);
+    question.show();
+    EXPECT_FALSE(isWaiting()) << "a question waits for an answer";
+    question.hide();
+    EXPECT_TRUE(isWaiting());
+    mesa.SetScreenCursor(ScreenCursor::OfTheBoard);
+    EXPECT_FALSE(isWaiting());
+}
+
 TEST(Controls, LieInTheMiddleOfATallScreen) {
     BoardWindow window("", {768, 1024});
     EXPECT_EQ(window.mesa.LayoutPoint({10, 205 + 20}), (Point{10, 20}));

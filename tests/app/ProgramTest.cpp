@@ -48,6 +48,8 @@ protected:
     void Play() {
         const GameState& state = program->State();
         if (!state.WaitingForThrow) return;
+        const QWidget& advice = program->Window().Buttons().Button(MenuButtons::Advice);
+        EXPECT_EQ(advice.cursor().shape(), Qt::ArrowCursor) << "there is nothing to choose";
         if (state.MoveRecordCount < 12) return QTest::keyClick(&program->Window(), Qt::Key_Space);
         Press(MenuButtons::Leave);
     }

@@ -19,7 +19,14 @@ public:
         EXPECT_EQ(input, UserInput::Handled);
         if (atYield) atYield();
     }
+    void SetScreenCursor(ScreenCursor cursor) override { hourglass = cursor == ScreenCursor::Hourglass; }
+    void Pause(Short n) override {
+        NotingOutside::Pause(n);
+        if (hourglass) busy.push_back(n);
+    }
     std::function<void()> atYield;
+    bool hourglass = false;
+    std::vector<Short> busy;  // the pauses under the hourglass
 };
 
 /// Yellow has walked from 10 to 13 and to 18; a throw is awaited.
@@ -75,7 +82,8 @@ TEST_F(WithATape, TheDieOfTheLastMoveLiesAtRest) {
     Press(OnOff);
     EXPECT_EQ(outside.Only({"die"}).back(), "die 2 5 ready");
     EXPECT_EQ(outside.Only({"turn"}).back(), "turn 2 throws");
-    EXPECT_EQ(outside.Only({"pause"}), Notes{"pause 10"});
+    EXPECT_EQ(outside.busy, (std::vector<Short>{10, 10})) << "before it goes to the end, and after";
+    EXPECT_FALSE(outside.hourglass);
     EXPECT_EQ(state.PiecePosition[1][1], 18);
     EXPECT_EQ(recorder.RecorderOn, No);
 }
@@ -86,7 +94,7 @@ TEST_F(WithATape, AKeyThatRunsByItselfStopsAtTheEndOrWhenItIsPressedAgain) {
     int yields = 0;
     outside.atYield = [&] {
         ++yields;
-        EXPECT_EQ(Live(), "----x-");
+        EXPECT_EQ(Live(), "x---x-");
         Press(AutoBack, OnOff, Restore);
         EXPECT_EQ(recorder.RecorderOn, Yes);
         Press(AutoForward);
@@ -108,6 +116,8 @@ TEST_F(WithATape, RestoreForgetsTheMovesBehindOrExplainsItself) {
     Press(BackOne, Restore);
     EXPECT_EQ(recorder.RecorderOn, No);
     EXPECT_EQ(state.MoveRecordCount, 2);
+    EXPECT_EQ(outside.busy, (std::vector<Short>{8, 8, 10}));
+    EXPECT_FALSE(outside.hourglass);
     EXPECT_EQ(outside.Only({"message"}).size(), 1u);
 }
 

@@ -52,6 +52,7 @@ MessageAnswer NotingOutside::ShowMessage(std::string_view title, std::string_vie
 
 Short NotingOutside::NextThrow() {
     Require(!throws_.empty(), "a test's script has too few throws");
+    Require(!throwIsOffered_, "the cursor still offers the throw that is made");
     const Short face = throws_.front();
     throws_.pop_front();
     return face;

@@ -41,6 +41,7 @@ public:
     void DrawDie(Colour colour, Short face, DieIs how) override;
     void ClearDice() override { Note("clear", {}); }
     void ShowTurn(Colour colour, TurnIs why) override;
+    void SetScreenCursor(ScreenCursor) override { throwIsOffered_ = state_.WaitingForThrow; }
     void ShowChosenMove(PieceCode piece, Square from, Square to) override {
         Note("show", {piece, from, to});
     }
@@ -61,6 +62,7 @@ private:
 
     std::deque<Short> throws_;
     GameState& state_;
+    Short throwIsOffered_ = No;  // by the cursor
     Notes notes_;
 };
 
