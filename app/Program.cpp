@@ -100,7 +100,7 @@ void Program::ConnectGame() {
     outside_.PieceLifted = [this] { screenSaver_.HoldOff(); };
     outside_.ResultKept = [this](const GameResult& result) { keeper_.AppendResult(result); };
     runner_.GameOver = [this] { keeper_.GameOver(); };
-    runner_.SettingsWanted = [this] { Personalize(); };
+    runner_.SettingsWanted = [this] { ButtonPressed(MenuButtons::Personalize); };
     runner_.Ended = [] { QApplication::quit(); };
 }
 

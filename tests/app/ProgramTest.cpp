@@ -34,7 +34,7 @@ protected:
             asked << title;
             program->SaveNow();  // as when the session ends meanwhile
             EXPECT_TRUE(title != "Continuar la partida anterior" || Saved().GameInProgress);
-            return MessageAnswer::Accepted;
+            return title == refused ? MessageAnswer::Refused : MessageAnswer::Accepted;
         };
         Person person([](QWidget& title) { QTest::keyClick(title.focusWidget(), Qt::Key_Escape); });
         program->Start();
@@ -63,6 +63,7 @@ protected:
     std::unique_ptr<Program> program;
     QTimer player;
     QStringList asked;
+    QString refused;
 };
 
 TEST_F(ProgramTest, PlaysAGameToItsEndAndKeepsItsResult) {
@@ -103,6 +104,12 @@ TEST_F(ProgramTest, AppliesAndSavesWhatIsChosen) {
     QTest::keyClick(&program->Window(), Qt::Key_F3);
     EXPECT_EQ(LoadSettings(data).content.settings.Speed, 90);
     EXPECT_EQ(overSettings, "Ayuda de la aplicación");
+    std::vector<Sound> sounds;
+    program->Window().Shared().PlaySound = [&](Sound sound) { sounds.push_back(sound); };
+    refused = "Comienza la Partida";
+    Press(MenuButtons::NewGame);
+    EXPECT_EQ(LoadSettings(data).content.settings.Speed, 80) << "the settings open instead of the game";
+    EXPECT_EQ(std::count(sounds.begin(), sounds.end(), Sound::SettingsOpen), 1) << "as by their button";
 }
 
 }  // namespace
