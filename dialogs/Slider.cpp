@@ -32,13 +32,13 @@ void Slider::paintEvent(QPaintEvent*) {
 
 // Only the left button on the marker begins a drag: a stray click must not throw the value away.
 void Slider::mousePressEvent(QMouseEvent* event) {
-    dragging_ = event->button() == Qt::LeftButton && MarkerBox().contains(LayoutPoint(*event));
+    dragging_ = event->button() == Qt::LeftButton && IsOnMarker(LayoutPoint(*event));
 }
 
 void Slider::mouseMoveEvent(QMouseEvent* event) {
     const QPointF point = LayoutPoint(*event);
     if (dragging_) DragTo(std::floor(point.x() - EndMargin));
-    setCursor(dragging_ || MarkerBox().contains(point) ? services_.cursors.Hand() : Qt::ArrowCursor);
+    setCursor(dragging_ || IsOnMarker(point) ? services_.cursors.Hand() : Qt::ArrowCursor);
 }
 
 void Slider::mouseReleaseEvent(QMouseEvent*) {
@@ -62,6 +62,13 @@ void Slider::keyPressEvent(QKeyEvent* event) {
 // The middle of the marker stands at the value.
 QRectF Slider::MarkerBox() const {
     return {value() + EndMargin - MarkerWidth / 2.0, 0, MarkerWidth, Height};
+}
+
+// The right and the lower edge are the first places beside it; QRectF would count them in.
+bool Slider::IsOnMarker(QPointF point) const {
+    const QRectF box = MarkerBox();
+    return point.x() >= box.left() && point.x() < box.right() && point.y() >= box.top() &&
+           point.y() < box.bottom();
 }
 
 QPointF Slider::LayoutPoint(const QMouseEvent& event) const {

@@ -32,6 +32,7 @@ protected:
 
 private:
     QRectF MarkerBox() const;
+    bool IsOnMarker(QPointF point) const;  // in layout pixels
     QPointF LayoutPoint(const QMouseEvent& event) const;
     void DragTo(double value);
 

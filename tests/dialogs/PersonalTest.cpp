@@ -208,6 +208,23 @@ TEST_F(PersonalTest, ASliderIsDraggedUntilTheCursorLeavesIt) {
     }
 }
 
+TEST_F(PersonalTest, AMarkerIsCaughtOverItsTwelvePixels) {
+    Open();
+    for (const auto& [name, field] : sliders) {
+        QWidget* slider = Find(name);
+        const auto isHand = [&] { return slider->cursor().shape() == Qt::BitmapCursor; };
+        for (const auto& [offset, caught] : {std::pair(-1, false), {0, true}, {11, true}, {12, false}}) {
+            const int x = *field + offset;
+            QTest::mouseMove(slider, {x, 9});
+            EXPECT_EQ(isHand(), caught) << name << offset;
+            QTest::mousePress(slider, Qt::LeftButton, {}, {x, 9});
+            QTest::mouseMove(slider, {x, -9});
+            EXPECT_EQ(isHand(), caught) << name << offset << ", held";
+            QTest::mouseRelease(slider, Qt::LeftButton, {}, {x, 9});
+        }
+    }
+}
+
 TEST_F(PersonalTest, TheThirdRuleDependsOnTheFirst) {
     settings.RuleFiveAllInBox = 2;
     Open();
