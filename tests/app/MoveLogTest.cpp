@@ -43,9 +43,9 @@ protected:
             .toStdString();
     }
 
-    void Wheel(int angle) {
-        QWheelEvent event({50, 50}, log.mapToGlobal(QPointF(50, 50)), {}, {0, angle}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+    void Wheel(int angle, int sideways = 0) {
+        QWheelEvent event({50, 50}, log.mapToGlobal(QPointF(50, 50)), {}, {sideways, angle},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(log.viewport(), &event);
     }
 
@@ -95,6 +95,8 @@ TEST_F(MoveLogTest, TheMouseScrollsItAndDoesNothingElse) {
     EXPECT_EQ(bottom - log.verticalScrollBar()->value(), 3 * 16) << "three lines for a notch";
     Wheel(10);
     EXPECT_EQ(bottom - log.verticalScrollBar()->value(), 3 * 16 + 4) << "touchpads scroll by less";
+    for (const int sideways : {120, -120, 10}) Wheel(0, sideways);
+    EXPECT_EQ(bottom - log.verticalScrollBar()->value(), 3 * 16 + 4) << "there is nothing beside it";
     AddTo(31);
     EXPECT_EQ(Seen(), "24..31 s-1") << "the next move is seen all the same";
 }
