@@ -26,21 +26,24 @@ PictureButton::PictureButton(QWidget* parent, const Services& services, const ch
     setText(caption);
     setAccessibleName(caption);
     setCursor(services.cursors.Hand());
+    connect(this, &QAbstractButton::pressed, this, [this] { look_.Show(*this, true); });
+    connect(this, &QAbstractButton::released, this, [this] { look_.Show(*this, false); });
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const bool isPressed = look_.IsPressed();
     const double ratio = services_.devicePixelRatio;
     // In device pixels, so that the pixmap is copied and never stretched.
-    QPixmap pixmap = services_.artwork.Pixmap(isDown() ? drawing_ + "_pressed" : drawing_,
+    QPixmap pixmap = services_.artwork.Pixmap(isPressed ? drawing_ + "_pressed" : drawing_,
                                               (QSizeF(size()) * ratio).toSize());
     pixmap.setDevicePixelRatio(ratio);
     painter.drawPixmap(QPointF(), pixmap);
     painter.scale(services_.ToLogical(1), services_.ToLogical(1));
     const QRectF area = LayoutArea(*this, services_);
-    painter.setPen(isDown() ? ivory.darker(125) : ivory);
-    const double shift = isDown() ? 1.2 : 0;  // the caption goes down with the button
+    painter.setPen(isPressed ? ivory.darker(125) : ivory);
+    const double shift = isPressed ? 1.2 : 0;  // the caption goes down with the button
     DrawLine(painter, area.adjusted(emblemWidth, 0, -10, -3).translated(shift, shift), text(),
              {14, QFont::DemiBold}, Qt::AlignHCenter);
     if (hasFocus()) decoration::DrawFocus(painter, area.adjusted(2, 2, -2, -2), 6);
