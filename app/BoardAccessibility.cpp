@@ -71,7 +71,7 @@ protected:
     virtual void Press() = 0;
     void ClickAt(Point at) {
         if (mesa_.BoardPressed) mesa_.BoardPressed(at, Qt::LeftButton);
-        if (mesa_.BoardReleased) mesa_.BoardReleased(at);
+        if (mesa_.BoardReleased) mesa_.BoardReleased(at, true);
     }
 };
 

@@ -71,7 +71,8 @@ bool BoardInput::MayDropAt(Point at) const {
 // ------------------------------------------------------------------------------------- the mouse
 
 void BoardInput::Press(Point at, Qt::MouseButton button) {
-    pressedButton_ = button;
+    LosePress();
+    pressed_ = button;
     if (button == Qt::LeftButton && state_.WaitingForThrow && state_.ManualMode) StartDrag(at);
 }
 
@@ -83,17 +84,25 @@ void BoardInput::Move(Point at) {
     }
 }
 
-void BoardInput::Release(Point at) {
+void BoardInput::Release(Point at, bool onBoard) {
+    const Qt::MouseButton button = std::exchange(pressed_, Qt::NoButton);
     if (dragged_ != 0) {
         EndDrag(at);
-    } else if (pressedButton_ != Qt::NoButton && !recorder_.RecorderOn) {
-        Click(at);
+    } else if (button != Qt::NoButton && onBoard && !recorder_.RecorderOn) {
+        Click(at, button);
     }
-    pressedButton_ = Qt::NoButton;
 }
 
-void BoardInput::Click(Point at) {
-    const bool left = pressedButton_ == Qt::LeftButton;
+// At once and without a glide: the board may be hidden, or a dialog may be opening.
+void BoardInput::LosePress() {
+    pressed_ = Qt::NoButton;
+    if (dragged_ == 0) return;
+    mesa_.Scene().PutDown(std::exchange(dragged_, PieceCode{0}));
+    mesa_.RefreshCursor();
+}
+
+void BoardInput::Click(Point at, Qt::MouseButton button) {
+    const bool left = button == Qt::LeftButton;
     if (IsPersonsPick() && left) {
         if (const Short piece = MovablePieceAt(at); piece != 0) Pick(piece);
     } else if (state_.WaitingForThrow && !left) {
@@ -159,10 +168,6 @@ void BoardInput::LetGlideBack(PieceCode piece) {
                        [this](double progress) { mesa_.Scene().ShowStep(progress); });
     mesa_.Scene().PutDown(piece);
     mesa_.RefreshCursor();
-}
-
-void BoardInput::CancelDrag() {
-    if (dragged_ != 0) LetGlideBack(std::exchange(dragged_, PieceCode{0}));
 }
 
 void BoardInput::EndDrag(Point at) {

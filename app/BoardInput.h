@@ -20,16 +20,15 @@ class BoardInput {
 public:
     BoardInput(GameState& state, const Settings& settings, const RecorderState& recorder, Mesa& mesa);
 
-    // The mouse. A click acts when the button is released: it throws, picks a piece of the person on
-    // turn, or, with the right button while a throw is awaited, switches manual mode on and off. In
-    // manual mode a press drags a piece and a release drops it.
+    // The mouse. A click is a press and a release on the board. It acts when the button is released: it
+    // throws, picks a piece of the person on turn, or, with the right button while a throw is awaited,
+    // switches manual mode on and off. In manual mode a press drags a piece and a release drops it.
     void Press(Point at, Qt::MouseButton button);
     void Move(Point at);
-    void Release(Point at);
-
-    bool IsDragging() const { return dragged_ != 0; }
-    /// Lets a dragged piece glide back to where it stood; nothing when none is dragged.
-    void CancelDrag();
+    void Release(Point at, bool onBoard);
+    /// Ends the press under way, if any, without a click: a dragged piece lies again where it stood, and
+    /// a later release does nothing.
+    void LosePress();
 
     /// A key that produces a character, Escape or Enter. Escape and Q minimise the window. A small i
     /// does nothing. Any other key throws, leaves manual mode or takes the advised move; Enter takes the
@@ -57,7 +56,7 @@ private:
     QCursor ManualCursorAt(Point at) const;
     QCursor OrdinaryCursorAt(Point at) const;
 
-    void Click(Point at);
+    void Click(Point at, Qt::MouseButton button);
     void Pick(Short piece);
     void Throw();
     void ToggleManualMode();
@@ -73,10 +72,10 @@ private:
     const Settings& settings_;
     const RecorderState& recorder_;
     Mesa& mesa_;
-    Qt::MouseButton pressedButton_ = Qt::NoButton;  // the last one pressed, until a release
-    PieceCode dragged_ = 0;  // the piece that is dragged in manual mode, 0 when none
-    Short previewed_ = 0;    // piece under the cursor
-    Short marked_ = 0;       // piece marked by the keyboard
+    Qt::MouseButton pressed_ = Qt::NoButton;  // the button of the press under way
+    PieceCode dragged_ = 0;                   // the piece that this press drags, 0 when none
+    Short previewed_ = 0;                     // piece under the cursor
+    Short marked_ = 0;                        // piece marked by the keyboard
 };
 
 }  // namespace zorva

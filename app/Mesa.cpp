@@ -124,9 +124,12 @@ void Mesa::paintEvent(QPaintEvent* event) {
 
 // --------------------------------------------------------------------------------------- input
 
-// Qt tells so when a dialog opens over the board and when it goes.
+// WindowBlocked comes when a dialog opens over the board, WindowUnblocked when it goes. A release of the
+// mouse after WindowBlocked, WindowDeactivate or Hide may go to another window, or to none.
 bool Mesa::event(QEvent* event) {
     const QEvent::Type type = event->type();
+    if (type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate || type == QEvent::Hide)
+        LosePress();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshCursor();
     return QWidget::event(event);
 }
@@ -146,17 +149,32 @@ void Mesa::ShowExplanation(QWidget& control, QPoint at) {
     QToolTip::showText(at + QPoint(0, height), control.toolTip(), &control);
 }
 
+bool Mesa::IsOnBoard(QPointF position) const {
+    const QPoint at = position.toPoint();
+    return rect().contains(at) && childAt(at) == nullptr;
+}
+
+void Mesa::LosePress() {
+    if (BoardPressLost) BoardPressLost();
+}
+
 void Mesa::mousePressEvent(QMouseEvent* event) {
-    if (BoardPressed) BoardPressed(LayoutPoint(event->position()), event->button());
+    const bool isAlone = event->buttons() == event->button();
+    if (!isAlone || !IsOnBoard(event->position())) {
+        LosePress();
+    } else if (BoardPressed) {
+        BoardPressed(LayoutPoint(event->position()), event->button());
+    }
 }
 
 void Mesa::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() == Qt::NoButton) LosePress();  // its release came to nobody here
     if (BoardMoved) BoardMoved(LayoutPoint(event->position()));
     RefreshCursor();
 }
 
 void Mesa::mouseReleaseEvent(QMouseEvent* event) {
-    if (BoardReleased) BoardReleased(LayoutPoint(event->position()));
+    if (BoardReleased) BoardReleased(LayoutPoint(event->position()), IsOnBoard(event->position()));
     RefreshCursor();
 }
 

@@ -61,9 +61,16 @@ public:
     /// A menu button was pressed (MenuButtons::Index).
     std::function<void(int button)> ButtonPressed;
     // The mouse on the board, at a point in layout pixels.
+    /// A button was pressed on the board itself, not on a control, while no other was down.
     std::function<void(Point at, Qt::MouseButton button)> BoardPressed;
     std::function<void(Point at)> BoardMoved;
-    std::function<void(Point at)> BoardReleased;
+    /// A button was released: on the board itself, or over a control or outside the window. Its press
+    /// may have been on a control.
+    std::function<void(Point at, bool onBoard)> BoardReleased;
+    /// A press that may be under way is over without a release: a second button was pressed, another
+    /// window came in between, the board was hidden, or the release was lost. Also called when no press
+    /// is under way.
+    std::function<void()> BoardPressLost;
     /// A key was pressed on the board. Never a modifier alone or an automatic repeat.
     std::function<void(const QKeyEvent& key)> KeyPressed;
     /// The window manager wants the window closed. It stays open unless the program ends.
@@ -105,6 +112,9 @@ private:
     // Sets layout and scale for a window of that size. Pixmaps of the old scale are forgotten.
     void UseScreen(QSize devicePixels, double devicePixelRatio);
     void PlaceControls();
+    // Whether that position, in logical pixels, is in the window and not on one of its controls.
+    bool IsOnBoard(QPointF position) const;
+    void LosePress();
     QRect LogicalRect(const Box& box) const;
     void ShowExplanation(QWidget& control, QPoint at);
     void RefreshHourglass();

@@ -81,7 +81,8 @@ void Program::ConnectWindow() {
     mesa_.ButtonPressed = [this](int button) { ButtonPressed(button); };
     mesa_.BoardPressed = [this](Point at, Qt::MouseButton button) { input_.Press(at, button); };
     mesa_.BoardMoved = [this](Point at) { input_.Move(at); };
-    mesa_.BoardReleased = [this](Point at) { input_.Release(at); };
+    mesa_.BoardReleased = [this](Point at, bool onBoard) { input_.Release(at, onBoard); };
+    mesa_.BoardPressLost = [this] { input_.LosePress(); };
     mesa_.KeyPressed = [this](const QKeyEvent& key) { KeyPressed(key); };
     mesa_.CloseWanted = [this] { Leave(); };
     mesa_.CursorAt = [this](Point at) { return input_.CursorAt(at); };
@@ -206,7 +207,6 @@ bool Program::ConfirmExit() {
 }
 
 void Program::Leave() {
-    input_.CancelDrag();
     if (recorder_.RecorderOn) {
         Tell("Salir del programa",
              "Antes de abandonar el programa debe apagar la Grabadora de jugadas.");
@@ -262,7 +262,7 @@ bool Program::RecorderKeyPressed(const QKeyEvent& key) {
 }
 
 void Program::KeyPressed(const QKeyEvent& key) {
-    if (input_.IsDragging()) return;
+    input_.LosePress();
     if (RecorderKeyPressed(key)) return;
     const bool unmodified =
         !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));

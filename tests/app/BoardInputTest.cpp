@@ -4,8 +4,13 @@
 
 #include <tuple>
 
-#include <QKeyEvent>
+#include <QApplication>
+#include <QDialog>
+#include <QMouseEvent>
 
+#include "app/MenuButtons.h"
+#include "app/MoveLog.h"
+#include "app/RecorderStrip.h"
 #include "tests/app/BoardWindow.h"
 
 namespace zorva::test {
@@ -19,6 +24,10 @@ protected:
         state.CurrentColour = 1;
         state.MoveCount = 3;
         settings.PlayerType[1] = 2;
+        mesa.BoardPressed = [this](Point at, Qt::MouseButton button) { input.Press(at, button); };
+        mesa.BoardMoved = [this](Point at) { input.Move(at); };
+        mesa.BoardReleased = [this](Point at, bool onBoard) { input.Release(at, onBoard); };
+        mesa.BoardPressLost = [this] { input.LosePress(); };
     }
 
     void AwaitThrow() { state.WaitingForThrow = Yes; }
@@ -33,15 +42,29 @@ protected:
         input.ShowWhatCanBePicked();
     }
 
-    void Click(Point at, Qt::MouseButton button = Qt::LeftButton) {
-        input.Press(at, button);
-        input.Release(at);
+    // From the first press to the last release, Qt sends everything to the widget that was pressed.
+    void Mouse(QEvent::Type type, Point at, Qt::MouseButton button, Qt::MouseButtons held, QWidget& to) {
+        const QPointF place = AsPointF(at);
+        QMouseEvent event(type, to.mapFrom(&mesa, place), mesa.mapToGlobal(place), button, held, {});
+        QApplication::sendEvent(&to, &event);
     }
-
+    void Press(Point at, Qt::MouseButton button = Qt::LeftButton, Qt::MouseButtons others = {}) {
+        Mouse(QEvent::MouseButtonPress, at, button, button | others, mesa);
+    }
+    void Move(Point to, Qt::MouseButtons held = Qt::LeftButton) {
+        Mouse(QEvent::MouseMove, to, Qt::NoButton, held, mesa);
+    }
+    void Release(Point at, Qt::MouseButton button = Qt::LeftButton) {
+        Mouse(QEvent::MouseButtonRelease, at, button, {}, mesa);
+    }
+    void Click(Point at, Qt::MouseButton button = Qt::LeftButton) {
+        Press(at, button);
+        Release(at, button);
+    }
     void Drag(PieceCode piece, Point to) {
-        input.Press(PlaceOf(piece), Qt::LeftButton);
-        input.Move(to);
-        input.Release(to);
+        Press(PlaceOf(piece));
+        Move(to);
+        Release(to);
     }
 
     void Key(int key, const char* text = "") {
@@ -62,10 +85,70 @@ TEST_F(OnTheBoard, AClickThrowsOnlyWhileAThrowIsAwaited) {
     Click(PlaceOfSquare(50));
     EXPECT_EQ(state.WaitingForThrow, Yes) << "the recorder is on";
     recorder.RecorderOn = No;
-    input.Release(PlaceOfSquare(50));
+    Release(PlaceOfSquare(50));
     EXPECT_EQ(state.WaitingForThrow, Yes) << "nothing was pressed";
+    Press(PlaceOfSquare(50));
+    Release({-5, 300});
+    EXPECT_EQ(state.WaitingForThrow, Yes) << "released outside the window";
     Click(PlaceOfSquare(50));
     EXPECT_EQ(state.WaitingForThrow, No);
+}
+
+TEST_F(OnTheBoard, AClickBeginsAndEndsOnTheBoardItself) {
+    AwaitThrow();
+    for (QWidget* control :
+         {mesa.findChild<QWidget*>("Pic_Botones"), mesa.Log().viewport(),
+          static_cast<QWidget*>(&mesa.Buttons().Button(0)), static_cast<QWidget*>(&mesa.Strip())}) {
+        SCOPED_TRACE(control->objectName().toStdString());
+        const QPoint corner = control->mapTo(&mesa, QPoint(1, 1));
+        const Point onIt{ToShort(corner.x()), ToShort(corner.y())}, onBoard = PlaceOfSquare(50);
+        Press(onBoard);
+        Release(onIt);
+        for (const Point end : {onIt, onBoard}) {
+            Mouse(QEvent::MouseButtonPress, onIt, Qt::LeftButton, Qt::LeftButton, *control);
+            Mouse(QEvent::MouseButtonRelease, end, Qt::LeftButton, {}, *control);
+        }
+        EXPECT_EQ(state.WaitingForThrow, Yes);
+    }
+}
+
+TEST_F(OnTheBoard, APressThatIsLostPutsThePieceBackAndDoesNothingMore) {
+    const Point there = PlaceOfSquare(20);
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"a second button", [&] { Press(there, Qt::RightButton, Qt::LeftButton); }},
+        {"the release went elsewhere", [&] { Move(there, Qt::NoButton); }},
+        {"a dialog opens", [&] { QDialog(&mesa).open(); }},
+        {"another window gets the keyboard",
+         [&] { QCoreApplication::postEvent(&mesa, new QEvent(QEvent::WindowDeactivate)); }},
+        {"the board is hidden", [&] { mesa.setVisible(false); }},
+    };
+    for (const bool manual : {false, true}) {
+        for (const auto& [name, lose] : ways) {
+            SCOPED_TRACE(name);
+            AwaitThrow();
+            state.ManualMode = manual ? Yes : No;
+            mesa.show();
+            sounds.clear();
+            Press(PlaceOf(11));
+            Move(there);
+            EXPECT_EQ(View().inAir, manual ? 11 : 0);
+            lose();
+            QCoreApplication::sendPostedEvents(&mesa);
+            EXPECT_EQ(View().inAir, 0);
+            EXPECT_EQ(View().at[11], AsPointF(PlaceOf(11)));
+            Release(there, Qt::RightButton);
+            Release(there);
+            EXPECT_EQ(state.ManualMode, manual ? Yes : No);
+            EXPECT_EQ(state.ManualShiftMade, No);
+            EXPECT_EQ(sounds.size(), manual ? 1u : 0u);
+            EXPECT_EQ(state.WaitingForThrow, Yes);
+        }
+    }
+    Press(PlaceOf(11));
+    Move(there);
+    Press(PlaceOf(12));  // the release was lost, and the mouse has not moved since
+    EXPECT_EQ(View().inAir, 12);
+    EXPECT_EQ(View().at[11], AsPointF(PlaceOf(11)));
 }
 
 TEST_F(OnTheBoard, AClickPicksAPieceThatMayMove) {
@@ -180,7 +263,6 @@ TEST_F(OnTheBoard, APieceIsDroppedWhereItMayStandAndGlidesBackElsewhere) {
         sounds.clear();
         Drag(piece, to);
         EXPECT_EQ(sounds, heard);
-        EXPECT_FALSE(input.IsDragging());
         EXPECT_EQ(state.ManualShiftMade, accepted ? Yes : No);
         EXPECT_EQ(state.WaitingForThrow, accepted ? No : Yes);
         EXPECT_EQ(View().manualMode, !accepted);
@@ -200,12 +282,9 @@ TEST_F(OnTheBoard, TheHandShowsWhetherAPieceMayBeDropped) {
     Click(PlaceOfSquare(50), Qt::RightButton);
     EXPECT_EQ(input.CursorAt(PlaceOf(11)), Named("ManoAbie"));
     EXPECT_EQ(input.CursorAt(PlaceOf(13)), Named("ManoBlan"));
-    input.Press(PlaceOf(11), Qt::LeftButton);
+    Press(PlaceOf(11));
     EXPECT_EQ(input.CursorAt(PlaceOfSquare(20)), Named("ManoVerde"));
     EXPECT_EQ(input.CursorAt(PlaceOfSquare(60)), Named("ManoRoja"));
-    input.CancelDrag();
-    EXPECT_FALSE(input.IsDragging());
-    EXPECT_EQ(View().at[11], AsPointF(PlaceOf(11)));
 }
 
 }  // namespace

@@ -87,7 +87,7 @@ TEST_F(SpokenBoard, HoldsControlsDicePiecesAndSquares) {
 TEST_F(SpokenBoard, PressesAPieceWhereItStandsAndTellsTheLatestNews) {
     Point pressed, released;
     mesa.BoardPressed = [&pressed](Point at, Qt::MouseButton) { pressed = at; };
-    mesa.BoardReleased = [&released](Point at) { released = at; };
+    mesa.BoardReleased = [&released](Point at, bool) { released = at; };
     QAccessibleInterface* piece = ChildNamed("Ficha 1 de Amarillo");
     ASSERT_NE(piece, nullptr);
     piece->actionInterface()->doAction(QAccessibleActionInterface::pressAction());

@@ -79,7 +79,8 @@ TEST_F(MoveLogTest, ShowsTheLineThatMattersAndNeverHalfALine) {
 TEST_F(MoveLogTest, TheMouseScrollsItAndDoesNothingElse) {
     int clicks = 0;
     mesa.BoardPressed = [&clicks](auto...) { ++clicks; };
-    mesa.BoardMoved = mesa.BoardReleased = [&clicks](auto...) { ++clicks; };
+    mesa.BoardMoved = [&clicks](auto...) { ++clicks; };
+    mesa.BoardReleased = [&clicks](auto...) { ++clicks; };
     for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseMove,
                                     QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
         QMouseEvent event(type, {50, 50}, log.mapToGlobal(QPointF(50, 50)), Qt::LeftButton,

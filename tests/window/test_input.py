@@ -76,6 +76,22 @@ class ShiftingByHand(BoardTest):
         self.wait_until(lambda: not board.difference(self.display.picture(), self.layout, self.game().positions),
                         "the pieces in their places")
 
+    def test_a_drag_that_is_lost_ends_where_it_began(self):
+        self.begin(APART, types=PERSON_IS_YELLOW)
+        self.click_board(button=3)
+        still, board_window = self.settled_picture(), self.display.active_window().id
+        start, end = (self.layout.device(self.layout.square(square)) for square in (6, 12))
+        for lose in ("windowminimize " + board_window, "key Escape", "mousedown 3"):
+            self.display.act("mousemove %d %d" % start, "mousedown 1", "mousemove %d %d" % end)
+            self.wait_until(lambda: not self.look_same(still, self.display.picture(), 6), "the drag")
+            self.display.act(lose)
+            self.settle()
+            self.display.act("mouseup 3", "mouseup 1", "windowactivate " + board_window)
+            self.wait_for_board()
+            self.assertTrue(self.settled_picture().same_as(still), lose)
+        self.drag(self.layout.square(6), self.layout.square(12))
+        self.assertEqual(self.wait_for_moves(self.before.moves + 1).records[-1].to, 12)
+
 
 class EarlyInput(BoardTest):
     def test_a_click_during_a_walk_is_not_lost(self):
@@ -91,6 +107,29 @@ class EarlyInput(BoardTest):
         self.wait_for_moves(self.before.moves + 2)
         self.settle(longest_pause)
         self.assertEqual(self.game().moves, self.before.moves + 2, "a third throw without a click")
+
+    def test_a_click_begins_and_ends_on_the_board(self):
+        self.begin(APART)
+        x, y, width, height = self.layout.log
+        log, house = (x + width // 2, y + height // 2), self.layout.house(3)
+
+        def press_and_release(start, end):
+            self.point_at(start)
+            self.display.act("mousedown 1")
+            self.point_at(end)
+            self.settle()  # or the screen may report the release where the button was pressed
+            self.display.act("mouseup 1")
+
+        for places in ((house, log), (log, house), (house, self.layout.recorder_key("back"))):
+            self.assert_nothing_happens(lambda: press_and_release(*places), places)
+        self.point_at(house)
+        self.display.act("mousedown 1", "key F2")
+        self.wait_for_message(ABANDON_TITLE)
+        self.display.act("mouseup 1")
+        self.answer(ABANDON_TITLE, "no")
+        self.wait_for_board()
+        for control in (self.layout.button("advice"), self.layout.recorder_key("back"), log):
+            self.assert_nothing_happens(lambda: self.click(control), control)
 
     def test_input_before_a_message_does_not_answer_it(self):
         self.begin(APART, speed=0)
