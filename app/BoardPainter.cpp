@@ -29,7 +29,12 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15.6, 3.2};
-constexpr RingShape markedPiece{16.4, 4.4};
+
+// The frame of the marked piece, in the same units: half its side, the length of each leg of its
+// corners, and the width of their dark line. Its light edges are half as wide.
+constexpr double frameReach = 17;
+constexpr double frameLeg = 8;
+constexpr double frameWidth = 2.6;
 
 constexpr double dieOfTray = 64.0 / 72;  // the side of the die's drawing, of the tray's
 
@@ -158,7 +163,7 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
 // -------------------------------------------------------------------------------- what changes
 
 // From below to above: background, houses with their trays, pulse, marks of a shown move, rings, pieces,
-// banner and the piece in the air.
+// the frame of the marked one, banner and the piece in the air.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
@@ -183,6 +188,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     // The rings first, or the ring of one piece would lie on the piece beside it.
     for (const PieceCode code : pieces) PaintRingOf(painter, view, shown, code);
     for (const PieceCode code : pieces) PaintPiece(painter, view, code);
+    if (view.marked != 0) PaintFrame(painter, view.at[view.marked]);
     if (view.manualMode) PaintBanner(painter);
     if (view.inAir == 0) return;
     PaintPiece(painter, view, view.inAir);
@@ -355,11 +361,28 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
 void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
                                const BoardView::ShownMove& shown, PieceCode code) {
     const bool isShown = shown.piece == code && shown.to != 0;
-    const bool isMarked = view.marked == code;
     if (!isShown && !view.movable[code]) return;
-    const RingShape& shape = isMarked ? markedPiece : isShown ? advisedPiece : movablePiece;
+    const RingShape& shape = isShown ? advisedPiece : movablePiece;
     PaintRing(painter, view.at[code], shape.radius, shape.width,
               isShown ? QColor(Qt::white) : palette::Mark);
+}
+
+// The piece marked by the keyboard lies between four corners, dark as no ring is, and above the piece
+// that may lie half on this one.
+void BoardPainter::PaintFrame(QPainter& painter, QPointF centre) {
+    constexpr double near = frameReach - frameLeg, far = frameReach;
+    const double scale = PieceSide() / pieceDrawingSide;
+    painter.save();
+    painter.translate(Device(centre));
+    painter.scale(scale, scale);
+    for (const QPen& pen : {QPen(palette::Light, 2 * frameWidth), QPen(palette::DarkWood, frameWidth)}) {
+        painter.setPen(pen);
+        for (int corner = 0; corner < 4; ++corner) {
+            painter.drawPolyline(QPolygonF({{near, far}, {far, far}, {far, near}}));
+            painter.rotate(90);
+        }
+    }
+    painter.restore();
 }
 
 QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {

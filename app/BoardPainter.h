@@ -73,6 +73,7 @@ private:
                         const QRect& part);
     void PaintRingOf(QPainter& painter, const BoardView& view, const BoardView::ShownMove& shown,
                      PieceCode code);
+    void PaintFrame(QPainter& painter, QPointF centre);
     void PaintBanner(QPainter& painter);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintGroundShadow(QPainter& painter, QPointF at, double height);

@@ -308,6 +308,31 @@ TEST(BoardPicture, KeepsNothingOfAnotherScreen) {
     EXPECT_EQ(artwork.Pixmap("die_1", {20, 40}).size(), QSize(20, 40));
 }
 
+// No ring reaches the corners of the frame, 17 of the 28 units of a piece's size from its centre.
+TEST(BoardPicture, FramesTheMarkedPieceBeyondAllRings) {
+    std::array<bool, BoardView::CodeCount> movable{};
+    movable.fill(true);
+    for (const QSize screen : screens) {
+        Board board(screen);
+        board.scene.ShowMovable(movable);
+        board.state = Position("1:10 36 36 0  2:27 49 49 0  3:44 60 60 0  4:61 9 9 0");
+        board.scene.Refresh();
+        for (const PieceCode piece : AllPieces()) {
+            board.scene.ShowMarked(0);
+            const QImage plain = board.Painted();
+            board.scene.ShowMarked(piece);
+            const QImage marked = board.Painted();
+            const double far = 17.0 / 28 * board.layout.PieceSize * board.layout.Unit;
+            for (const QPointF side : {QPointF(1, 1), {1, -1}, {-1, 1}, {-1, -1}}) {
+                QRect corner(0, 0, 3, 3);
+                corner.moveCenter(board.Device(board.PlaceOf(piece)) + (side * far).toPoint());
+                EXPECT_FALSE(Difference(plain.copy(corner), marked.copy(corner)).isEmpty())
+                    << int{piece} << " on " << NameOf(screen);
+            }
+        }
+    }
+}
+
 TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersFainter) {
     Board board({1024, 768});
     board.scene.Clear();
