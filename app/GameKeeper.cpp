@@ -46,6 +46,10 @@ void GameKeeper::Save() {
     Write(Durability::Flushed);
 }
 
+void GameKeeper::SaveAtEnd() {
+    if (mayWrite_) SaveSettings(folder_, settings_, kept_, Durability::Flushed);
+}
+
 void GameKeeper::Write(Durability durability) {
     if (!mayWrite_) return;
     Report(SaveSettings(folder_, settings_, kept_, durability), SettingsFileName);

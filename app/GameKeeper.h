@@ -32,6 +32,8 @@ public:
     void GameOver();
     /// Writes the settings and the remembered game, and waits for the disk.
     void Save();
+    /// The same at the end of the session: when it fails there is nobody to tell, and nothing is asked.
+    void SaveAtEnd();
     /// Adds a finished game to the history.
     void AppendResult(const GameResult& result);
 

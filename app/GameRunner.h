@@ -30,6 +30,8 @@ public:
     void Leave();
 
     bool IsRunning() const { return running_; }
+    /// Whether Leave was requested: nothing is to be asked any more.
+    bool IsLeaving() const { return wish_ == Wish::Leave; }
 
 private:
     enum class Wish { None, NewGame, Leave };

@@ -15,6 +15,7 @@
 #include "dialogs/Ayuda.h"
 #include "dialogs/Historic.h"
 #include "dialogs/Personal.h"
+#include "dialogs/QueuedInput.h"
 #include "dialogs/careta.h"
 #include "dialogs/mensajes.h"
 #include "store/HistoryFile.h"
@@ -28,6 +29,10 @@ constexpr Sound buttonSounds[MenuButtonCount] = {Sound::PageOpens,   Sound::Menu
 
 // When the program's icon is drawn: nobody waits for it.
 constexpr int iconMilliseconds = 300;
+
+// A window that has been minimised stays active until the window manager has hidden it and Qt has seen,
+// a tenth of a second later, that no other window of the program follows it.
+constexpr int hidingMilliseconds = 300;
 
 // Where the player is looking: where the cursor is, if the desktop tells.
 const QScreen& ScreenOfCursor() {
@@ -70,6 +75,8 @@ void Program::ConnectServices() {
     };
     mesa_.Ask = [this](const QString& title, const QString& text, Short lineCount,
                        MessageButtons buttons) {
+        AwaitPlayer();
+        if (runner_.IsLeaving()) return MessageAnswer::Refused;
         return ShowMessage(&mesa_, mesa_.Shared(), title, text, lineCount, buttons);
     };
     keeper_.Failed = [this](const std::string& title, const std::string& text) {
@@ -111,7 +118,6 @@ void Program::ConnectGame() {
 void Program::Start() {
     mesa_.ChooseScreen(ScreenOfCursor());
     ShowSplash(&mesa_, mesa_.Shared(), [this] { OpenBoard(); });
-    mesa_.activateWindow();
     TellAboutFiles();
     if (state_.GameInProgress) ContinueGame();
 }
@@ -144,7 +150,7 @@ void Program::TellAboutFiles() {
 void Program::ContinueGame() {
     Tell("Continuar la partida anterior",
          "Continua el desarrollo de la partida que no finalizó en la sesión anterior.");
-    runner_.Continue();
+    if (state_.GameInProgress) runner_.Continue();  // the player may have left meanwhile
 }
 
 void Program::ComeToFront() {
@@ -157,6 +163,18 @@ void Program::ComeToFront() {
 }
 
 // -------------------------------------------------------------------------------------- messages
+
+// A message takes the keyboard. While the player works with another program the game only asks for his
+// attention. Close requests, signals and a second start are handled meanwhile; a click that brings the
+// player back does nothing else.
+void Program::AwaitPlayer() {
+    if (mesa_.isMinimized()) mesa_.Waits().Wait(hidingMilliseconds);
+    const InputSink sink(&mesa_);
+    while (QGuiApplication::applicationState() != Qt::ApplicationActive && !runner_.IsLeaving()) {
+        QApplication::alert(&mesa_);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+}
 
 void Program::Tell(const QString& title, const QString& text) {
     mesa_.Ask(title, text, MessageLinesFor(text), MessageButtons::Acknowledge);
@@ -206,13 +224,21 @@ bool Program::ConfirmExit() {
     return mesa_.Ask(title, text, canGoOn ? 2 : 1, MessageButtons::YesNo) == MessageAnswer::Accepted;
 }
 
+bool Program::MayLeave() {
+    if (!recorder_.RecorderOn) return ConfirmExit();
+    Tell("Salir del programa", "Antes de abandonar el programa debe apagar la Grabadora de jugadas.");
+    return false;
+}
+
+// The window manager may ask to close the hidden board, and again while the question waits for the
+// player: it is asked once, over the board.
 void Program::Leave() {
-    if (recorder_.RecorderOn) {
-        Tell("Salir del programa",
-             "Antes de abandonar el programa debe apagar la Grabadora de jugadas.");
-        return;
-    }
-    if (!ConfirmExit()) return;
+    if (state_.GameInProgress) ComeToFront();
+    if (asksToLeave_) return;
+    asksToLeave_ = true;
+    const bool leaves = MayLeave();
+    asksToLeave_ = false;
+    if (!leaves) return;
     keeper_.Save();
     runner_.Leave();
 }

@@ -27,8 +27,8 @@ public:
     /// Shows the board window in front of everything.
     void ComeToFront();
 
-    /// Saves everything now: the program is about to be ended from outside.
-    void SaveNow() { keeper_.Save(); }
+    /// Saves everything now and shows nothing: the program is about to be ended from outside.
+    void SaveNow() { keeper_.SaveAtEnd(); }
 
     const GameState& State() const { return state_; }
     Mesa& Window() { return mesa_; }
@@ -51,11 +51,13 @@ private:
     void Leave();
     bool ConfirmExit();
     bool CanAdvise() const;
+    bool MayLeave();
     void ShowAdvice();
     void ApplyChoices();
     void Personalize();
     void ShowHistory();
 
+    void AwaitPlayer();
     void Tell(const QString& title, const QString& text);
 
     std::filesystem::path programFolder_;
@@ -71,6 +73,7 @@ private:
     BoardInput input_;
     RecorderControl recorderControl_;
     ScreenSaver screenSaver_;
+    bool asksToLeave_ = false;  // the question is open or waits for the player
 };
 
 }  // namespace zorva

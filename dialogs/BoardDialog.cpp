@@ -94,11 +94,13 @@ void BoardDialog::MoveToMiddle() {
          QPoint(qRound((room.width() - width()) / 2), qRound((room.height() - height()) / 2)));
 }
 
-// Events run meanwhile, and the window below may be deleted by one: so the guarded pointer.
+// Events run meanwhile, and the window below may be deleted by one: so the guarded pointer. The title
+// closes by itself, perhaps while the player works with another program.
 void RunModal(BoardDialog& dialog) {
     const QPointer<QWidget> below = dialog.parentWidget() ? dialog.parentWidget()->window() : nullptr;
     dialog.exec();
-    if (below && below->isVisible()) below->activateWindow();
+    const bool playerIsHere = QGuiApplication::applicationState() == Qt::ApplicationActive;
+    if (playerIsHere && below && below->isVisible()) below->activateWindow();
 }
 
 }  // namespace zorva

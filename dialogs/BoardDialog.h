@@ -51,8 +51,8 @@ private:
     const QSize layoutSize_;
 };
 
-/// Shows the window, returns when the player has left it, and gives the keyboard back to the window
-/// below. Events of the whole program run meanwhile.
+/// Shows the window, returns when it has closed, and gives the keyboard back to the window below, unless
+/// another program has it. Events of the whole program run meanwhile.
 void RunModal(BoardDialog& dialog);
 
 }  // namespace zorva

@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QObject>
+#include <QWidget>
 
 namespace zorva {
 namespace {
@@ -28,25 +28,33 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
-/// Discards input on its way to the widgets, close requests of the window manager included. QWindow
-/// objects still get it: Qt keeps its account there of which keys and buttons are down.
-class InputSink : public QObject {
+/// Discards the window manager's requests to close a widget.
+class CloseSink : public QObject {
 public:
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        if (receiver->isWindowType()) return false;
-        if (event->type() == QEvent::Close && event->spontaneous()) {
-            event->ignore();
-            return true;
-        }
-        return IsInput(event->type());
+        const bool discards =
+            event->type() == QEvent::Close && event->spontaneous() && receiver->isWidgetType();
+        if (discards) event->ignore();
+        return discards;
     }
 };
 
 }  // namespace
 
+InputSink::InputSink(const QWidget* window) : window_(window) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+// QWindow objects still get it: Qt keeps its account there of which keys and buttons are down.
+bool InputSink::eventFilter(QObject* receiver, QEvent* event) {
+    if (!receiver->isWidgetType() || !IsInput(event->type())) return false;
+    return window_ == nullptr || static_cast<QWidget*>(receiver)->window() == window_;
+}
+
 void DiscardQueuedInput() {
-    InputSink sink;
-    QCoreApplication::instance()->installEventFilter(&sink);
+    const InputSink sink(nullptr);
+    CloseSink closeSink;
+    QCoreApplication::instance()->installEventFilter(&closeSink);
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();  // what the window system has not handed over yet
 }

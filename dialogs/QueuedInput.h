@@ -1,6 +1,21 @@
 #pragma once
 
+#include <QObject>
+
+class QWidget;
+
 namespace zorva {
+
+/// Discards, for as long as it lives, keys and mouse buttons for a window and its controls; with null
+/// for all windows.
+class InputSink : public QObject {
+public:
+    explicit InputSink(const QWidget* window);
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    const QWidget* const window_;
+};
 
 /// Discards every key and mouse button that was pressed before now and not handled yet: it was meant for
 /// what was on the screen then, not for the window that opens next. Handles all other waiting events, so

@@ -79,6 +79,9 @@ TEST_F(KeptGame, TellsOnceThatItCannotBeWritten) {
     state.MoveRecordCount = 1;
     for (int times = 1; times <= 2; ++times) {
         fs::remove_all(data);
+        keeper.SaveAtEnd();
+        EXPECT_EQ(failures.size(), static_cast<std::size_t>(times - 1))
+            << "asks at the end of the session";
         keeper.PositionReached();
         keeper.PositionReached();
         keeper.Save();

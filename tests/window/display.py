@@ -14,6 +14,18 @@ from pathlib import Path
 BOUND = ("setpriv", "--pdeathsig", "KILL", "--")
 
 
+CLOSE_REQUEST = """
+import ctypes, struct, sys
+x11 = ctypes.CDLL("libX11.so.6")
+x11.XOpenDisplay.restype = ctypes.c_void_p
+display = ctypes.c_void_p(x11.XOpenDisplay(None))
+atoms = [x11.XInternAtom(display, name, 0) for name in (b"WM_PROTOCOLS", b"WM_DELETE_WINDOW")]
+window = int(sys.argv[1])
+client_message = struct.pack("iLiPLLi5l96x", 33, 0, 0, 0, window, atoms[0], 32, atoms[1], 0, 0, 0, 0)
+x11.XSendEvent(display, window, 0, 0, client_message)
+x11.XSync(display, 0)
+"""
+
 Window = namedtuple("Window", "id title x y width height")
 
 
@@ -138,7 +150,16 @@ class Display:
 
     def active_window(self):
         """The window that gets the keys; None when that is the manager's own."""
-        answer = self._run("xdotool", "getwindowfocus", "getwindowname", "getwindowgeometry", "--shell")
+        return self._window("getwindowfocus", "getwindowname", "getwindowgeometry", "--shell")
+
+    def board(self):
+        """The board window; None when it is not shown."""
+        windows = (self._window("getwindowname", number, "getwindowgeometry", "--shell", number)
+                   for number in self._run("xdotool", "search", "--onlyvisible", "--name", "^Zorva$").split())
+        return next((window for window in windows if window and window.width == self.width), None)
+
+    def _window(self, *words):
+        answer = self._run("xdotool", *words)
         title, _, rest = answer.partition("\n")
         values = dict(re.findall(r"^(\w+)=(-?\d+)$", rest, re.MULTILINE))
         sizes = [int(values.get(key, 0)) for key in ("X", "Y", "WIDTH", "HEIGHT")]
@@ -151,7 +172,17 @@ class Display:
         return window.id in self._run("xdotool", "search", "--onlyvisible", "--name", "^Zorva").split()
 
     def is_dialog(self, window):
-        return "window id" in self._run("xprop", "-id", window.id, "WM_TRANSIENT_FOR")
+        return "window id" in self.property(window, "WM_TRANSIENT_FOR")
+
+    def property(self, window, name):
+        return self._run("xprop", "-id", window.id, name)
+
+    def minimise(self, window):
+        self._run("xdotool", "windowminimize", window.id)
+
+    def ask_to_close(self, window):
+        """Asks the program to close a window, as the task bar does."""
+        self._run("python3", "-c", CLOSE_REQUEST, window.id)
 
     def act(self, *commands):
         """Carries out commands of xdotool one after the other. The question at the end tells when they are done.
