@@ -5,17 +5,18 @@
 namespace zorva {
 namespace {
 
-// Ranges of Qt::Key: shift to scroll lock, super and hyper, and the keys of input methods.
+// Ranges of Qt::Key: shift to scroll lock, super and hyper with the menu key between them, and the keys
+// of input methods.
 bool IsModifierOrLock(int key) {
     return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
-           (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R) || key == Qt::Key_Mode_switch ||
-           (key >= Qt::Key_Multi_key && key <= Qt::Key_PreviousCandidate);
+           (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R && key != Qt::Key_Menu) ||
+           key == Qt::Key_Mode_switch || (key >= Qt::Key_Multi_key && key <= Qt::Key_PreviousCandidate);
 }
 
 // Brightness, volume, media, launchers, power: keys of the machine, not of a program.
 bool IsMachineKey(int key) {
     return key == 0 || key == Qt::Key_unknown || (key >= Qt::Key_Back && key < Qt::Key_AltGr) ||
-           key == Qt::Key_Print || key == Qt::Key_SysReq || key == Qt::Key_Sleep;
+           key == Qt::Key_Sleep;
 }
 
 }  // namespace

@@ -33,7 +33,8 @@ const KeyRow keys[] = {
     {"the system's key", Qt::Key_Meta, "", false, false},
     {"volume down", Qt::Key_VolumeDown, "", false, false},
     {"play", Qt::Key_MediaPlay, "", false, false},
-    {"print screen", Qt::Key_Print, "", false, false},
+    {"print screen", Qt::Key_Print, "", true, false},
+    {"the menu key", Qt::Key_Menu, "", true, false},
     {"a key without a meaning", Qt::Key_unknown, "", false, false},
 };
 

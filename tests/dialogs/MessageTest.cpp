@@ -93,6 +93,8 @@ TEST_F(MessageTest, IsAnsweredByButtonsAndByAnyKey) {
         {"Escape answers yes, too", Key(Qt::Key_Escape), true, true, yes},
         {"a letter", Key(Qt::Key_N), true, true, yes},
         {"Tab does not move the focus", Key(Qt::Key_Tab), true, true, yes},
+        {"the menu key", Key(Qt::Key_Menu), true, true, yes},
+        {"print screen", Key(Qt::Key_Print), true, true, yes},
         {"Shift alone", Key(Qt::Key_Shift), false, false, silent},
         {"a key held since before", Key(Qt::Key_A, {}, true), false, false, silent},
         {"Alt+F4", Key(Qt::Key_F4, Qt::AltModifier), true, false, silent},
