@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QTimer>
+#include <cstdio>
 #include <cstdlib>
 
 #include "app/BoardAccessibility.h"
@@ -8,6 +9,7 @@
 #include "app/KeyRepeats.h"
 #include "app/Program.h"
 #include "app/SingleInstance.h"
+#include "app/StartOptions.h"
 
 namespace {
 
@@ -18,11 +20,24 @@ void SaveAndEnd(zorva::Program& program) {
     std::_Exit(0);
 }
 
+// Qt's messages while it looks for a display. Qt would abort after the fatal one.
+void TellMissingDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+    if (type != QtFatalMsg) return;
+    std::fputs(
+        "zorva32: no se puede abrir la ventana: no hay pantalla (DISPLAY, WAYLAND_DISPLAY) o Qt no "
+        "puede usarla.\n",
+        stderr);
+    std::_Exit(1);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (const auto status = zorva::AnswerOptions({argv + 1, argv + argc})) return *status;
     zorva::HoldBackEndSignals();  // before Qt starts any thread
+    const QtMessageHandler usual = qInstallMessageHandler(TellMissingDisplay);
     QApplication application(argc, argv);
+    qInstallMessageHandler(usual);
     QApplication::setApplicationName("zorva32");
     QApplication::setApplicationDisplayName("Zorva");
     QApplication::setApplicationVersion(ZORVA_VERSION);

@@ -13,7 +13,7 @@ namespace {
 
 // Printed by --help. Lines of at most 100 characters.
 constexpr const char* usage =
-    "zorva-sim plays games of the computer without a window.\n"
+    "zorva-sim plays games of the computer without a window. --version prints its version.\n"
     "\n"
     "zorva-sim play --settings IN.INI --first C --dice FILE [--log] [--records] [--save OUT.INI]\n"
     "    One game with the throws of FILE (1..6, white space between them), begun by colour C\n"
@@ -44,14 +44,22 @@ constexpr const char* usage =
     "\n"
     "Colours are played by the computer whatever the settings file says.\n";
 
+bool AsksForHelp(const std::string& argument) {
+    return argument == "--help" || argument == "-h";
+}
+
 // `progress` is null when no progress is wanted.
 void Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
     if (arguments.empty()) throw Failure("a command is missing: play, match or dice, or --help");
+    if (arguments.size() <= 2 && AsksForHelp(arguments.back())) {
+        out << usage;
+        return;
+    }
     if (arguments[0] == "play") return PlayCommand(arguments, out);
     if (arguments[0] == "match") return MatchCommand(arguments, out, progress);
     if (arguments[0] == "dice") return DiceCommand(arguments, out);
-    if (arguments[0] != "--help") throw Failure("unknown command \"" + arguments[0] + "\"");
-    out << usage;
+    if (arguments[0] != "--version") throw Failure("unknown command \"" + arguments[0] + "\"");
+    out << "zorva-sim " ZORVA_VERSION "\n";
 }
 
 // Messages quote arguments and files. Control characters in them become blanks, so that each message

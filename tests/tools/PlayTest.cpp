@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <iterator>
+#include <regex>
 #include <sstream>
 
 #include "tests/support/Files.h"
@@ -58,6 +59,19 @@ constexpr BadRow badRows[] = {
     {"match --games 1 --seed 1 --players 1,2,2", "--players takes a 1"},
     {"match --games 1x --seed 1", "not \"1x\""},
 };
+
+TEST(Help, ComesFromEveryCommand) {
+    using Words = std::vector<std::string>;
+    for (const Words& asking :
+         {Words{"-h"}, {"--help"}, {"play", "--help"}, {"match", "-h"}, {"dice", "-h"}}) {
+        std::ostringstream out, err;
+        EXPECT_EQ(RunSim(asking, out, err, false), 0) << err.str();
+        EXPECT_NE(out.str().find("zorva-sim match --games"), std::string::npos);
+    }
+    std::ostringstream out;
+    EXPECT_EQ(RunSim({"--version"}, out, out, false), 0);
+    EXPECT_TRUE(std::regex_match(out.str(), std::regex("zorva-sim [0-9.]+\n"))) << out.str();
+}
 
 TEST(BadInput, GetsOneClearLineAndStatusTwo) {
     const TemporaryFolder folder;

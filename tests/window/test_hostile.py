@@ -3,6 +3,7 @@
 import os
 import subprocess
 import time
+import unittest
 
 import board
 from driver import LOAD_TITLE, SIXES_TITLE, WindowTest
@@ -12,6 +13,20 @@ from layout import Layout
 POSITIONS = {1: [0, 0, 20, 40], 2: [84, 0, 0, 25], 3: [92, 0, 0, 60], 4: [0, 0, 0, 0]}
 SAVE_TITLE = "No se puede guardar"
 RECORD = b"200103050907Ana      Luis     Eva               250\r\n"
+
+
+class CommandLine(unittest.TestCase):
+    def test_without_a_display(self):
+        rows = ((("--version",), 0, r"zorva32 \d+\.\d+\.\d+\n", ""), (("--help",), 0, r"Uso: zorva32 (.*\n)+", ""),
+                (("--sound",), 2, "", "zorva32: opción desconocida: «--sound».*\n"),
+                ((), 1, "", "zorva32: no se puede abrir la ventana.*\n"),
+                (("-session", "1"), 1, "", "zorva32: no se puede abrir la ventana.*\n"))
+        for environment in ({}, {"DISPLAY": ":none"}, {"QT_QPA_PLATFORM": "none"}):
+            for options, status, *streams in rows:
+                done = subprocess.run([os.environ["ZORVA32"], *options], env=environment, capture_output=True, text=True)
+                self.assertEqual(done.returncode, status, options)
+                for stream, expected in zip((done.stdout, done.stderr), streams):
+                    self.assertRegex(stream, "^%s$" % expected)
 
 
 class HostileTest(WindowTest):
