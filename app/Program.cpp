@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTimer>
+#include <optional>
 
 #include "app/DataFolder.h"
 #include "app/KeyStrokes.h"
@@ -170,6 +171,8 @@ void Program::ComeToFront() {
 void Program::AwaitPlayer() {
     if (mesa_.isMinimized()) mesa_.Waits().Wait(hidingMilliseconds);
     const InputSink sink(&mesa_);
+    std::optional<CloseSink> closeSink;
+    if (asksToLeave_) closeSink.emplace();
     while (QGuiApplication::applicationState() != Qt::ApplicationActive && !runner_.IsLeaving()) {
         QApplication::alert(&mesa_);
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -230,17 +233,16 @@ bool Program::MayLeave() {
     return false;
 }
 
-// The window manager may ask to close the hidden board, and again while the question waits for the
-// player: it is asked once, over the board.
+// The window manager may ask to close the hidden board: the question comes over the board, and only
+// once.
 void Program::Leave() {
     if (state_.GameInProgress) ComeToFront();
     if (asksToLeave_) return;
     asksToLeave_ = true;
     const bool leaves = MayLeave();
+    if (leaves) keeper_.Save();
     asksToLeave_ = false;
-    if (!leaves) return;
-    keeper_.Save();
-    runner_.Leave();
+    if (leaves) runner_.Leave();
 }
 
 bool Program::CanAdvise() const {

@@ -28,17 +28,6 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
-/// Discards the window manager's requests to close a widget.
-class CloseSink : public QObject {
-public:
-    bool eventFilter(QObject* receiver, QEvent* event) override {
-        const bool discards =
-            event->type() == QEvent::Close && event->spontaneous() && receiver->isWidgetType();
-        if (discards) event->ignore();
-        return discards;
-    }
-};
-
 }  // namespace
 
 InputSink::InputSink(const QWidget* window) : window_(window) {
@@ -51,10 +40,21 @@ bool InputSink::eventFilter(QObject* receiver, QEvent* event) {
     return window_ == nullptr || static_cast<QWidget*>(receiver)->window() == window_;
 }
 
+CloseSink::CloseSink() {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+// Already on its way to the QWindow: Qt takes a second request for a widget that handles one for
+// granted, and destroys its window.
+bool CloseSink::eventFilter(QObject* receiver, QEvent* event) {
+    const bool discards = event->type() == QEvent::Close && receiver->isWindowType();
+    if (discards) event->ignore();
+    return discards;
+}
+
 void DiscardQueuedInput() {
     const InputSink sink(nullptr);
-    CloseSink closeSink;
-    QCoreApplication::instance()->installEventFilter(&closeSink);
+    const CloseSink closeSink;
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();  // what the window system has not handed over yet
 }

@@ -17,6 +17,13 @@ private:
     const QWidget* const window_;
 };
 
+/// Discards, for as long as it lives, the window manager's requests to close a window.
+class CloseSink : public QObject {
+public:
+    CloseSink();
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+};
+
 /// Discards every key and mouse button that was pressed before now and not handled yet: it was meant for
 /// what was on the screen then, not for the window that opens next. Handles all other waiting events, so
 /// timers and repaints run inside the call. To be called before a message opens, because any key answers

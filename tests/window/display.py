@@ -180,6 +180,9 @@ class Display:
     def minimise(self, window):
         self._run("xdotool", "windowminimize", window.id)
 
+    def activate(self, title):
+        self._run("xdotool", "search", "--name", "^%s$" % title, "windowactivate")
+
     def ask_to_close(self, window):
         """Asks the program to close a window, as the task bar does."""
         self._run("python3", "-c", CLOSE_REQUEST, window.id)

@@ -15,7 +15,7 @@ class Hidden(WindowTest):
         other = subprocess.Popen(["xev"], env=self.display.environment, stdout=subprocess.DEVNULL)
         self.addCleanup(other.wait)
         self.addCleanup(other.kill)
-        self.wait_for_message(OTHER)
+        self.wait_until(lambda: self.title() == OTHER or self.display.activate(OTHER), OTHER)
 
     def hide(self):
         self.display.minimise(self.board)
@@ -60,8 +60,9 @@ class Hidden(WindowTest):
         self.open_other()
         self.wait_for_call()
         self.assertFalse(self.display.is_shown(self.board))
-        for _ in range(2):
-            self.display.ask_to_close(self.board)
+        with self.held():
+            for _ in range(2):
+                self.display.ask_to_close(self.board)
         self.answer(EXIT_TITLE, "no")
         self.wait_until(lambda: self.game().moves or self.title() and self.answer(DRAW_TITLE), "the first move")
         self.hide()
