@@ -18,6 +18,14 @@
 
 namespace zorva {
 
+namespace {
+
+// Within this time after a dialog has closed, Qt (6.4, X11) may report that no window is active although
+// the board has the keyboard, and never correct it.
+constexpr int lostFocusMilliseconds = 1000;
+
+}  // namespace
+
 Mesa::Mesa(const GameState& state, const Settings& settings)
     : state_(state), settings_(settings), services_{artwork_, cursors_, {}, 1, {}, {}, &pacer_} {
     setAccessibleName("Tablero de parchís");
@@ -38,6 +46,10 @@ Mesa::Mesa(const GameState& state, const Settings& settings)
     for (int index = 0; index < MenuButtonCount; ++index)
         buttons_->Button(index).installEventFilter(this);
     log_ = new MoveLog(this, services_);
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState now) {
+        const bool lost = dialogClosed_.isValid() && dialogClosed_.elapsed() < lostFocusMilliseconds;
+        wasLeft_ = now != Qt::ApplicationActive && !lost;
+    });
 }
 
 Mesa::~Mesa() = default;
@@ -130,6 +142,7 @@ bool Mesa::event(QEvent* event) {
     const QEvent::Type type = event->type();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate || type == QEvent::Hide)
         LosePress();
+    if (type == QEvent::WindowUnblocked) dialogClosed_.start();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshCursor();
     return QWidget::event(event);
 }
@@ -156,6 +169,10 @@ bool Mesa::IsOnBoard(QPointF position) const {
 
 void Mesa::LosePress() {
     if (BoardPressLost) BoardPressLost();
+}
+
+bool Mesa::IsLeft() const {
+    return QGuiApplication::applicationState() != Qt::ApplicationActive && (wasLeft_ || isMinimized());
 }
 
 void Mesa::mousePressEvent(QMouseEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -89,6 +90,9 @@ public:
     /// Whether another window waits for an answer, so that a click on this one does nothing.
     static bool IsBlocked();
 
+    /// Whether the player has hidden the board or works with another program.
+    bool IsLeft() const;
+
     /// The point in layout pixels under a position of the window in logical pixels. Far outside the
     /// window it is cut to what 16 bits hold.
     Point LayoutPoint(QPointF position) const;
@@ -118,6 +122,9 @@ private:
     QRect LogicalRect(const Box& box) const;
     void ShowExplanation(QWidget& control, QPoint at);
     void RefreshHourglass();
+
+    bool wasLeft_ = false;        // when the windows of the program stopped being active
+    QElapsedTimer dialogClosed_;  // runs since the last dialog over the board has closed
 
     const GameState& state_;
     const Settings& settings_;

@@ -173,7 +173,7 @@ void Program::AwaitPlayer() {
     const InputSink sink(&mesa_);
     std::optional<CloseSink> closeSink;
     if (asksToLeave_) closeSink.emplace();
-    while (QGuiApplication::applicationState() != Qt::ApplicationActive && !runner_.IsLeaving()) {
+    while (mesa_.IsLeft() && !runner_.IsLeaving()) {
         QApplication::alert(&mesa_);
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }

@@ -42,6 +42,7 @@ class Hidden(WindowTest):
         self.board = self.wait_until(self.display.board, "the board")
         # By then the title has taken the keyboard from the board that opened behind it.
         self.wait_until(lambda: "Icon" in self.display.property(self.board, "_NET_WM_ICON"), "the icon")
+        self.wait_until(lambda: (now := self.display.active_window()) and now.id == title.id, "the title on top")
         self.open_other()
         self.wait_until(lambda: not self.display.is_shown(title), "the end of the title")
         self.wait_for_call()
