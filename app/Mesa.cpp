@@ -224,13 +224,15 @@ void Mesa::RefreshHourglass() {
     if (!isWanted && isShown) QGuiApplication::restoreOverrideCursor();
 }
 
-// Nothing can be done on the board while a window waits for an answer, and the cursor says so.
+// Nothing can be done on the board while a window waits for an answer, and the cursor says so. The
+// board's own cursor comes last: while the mouse is not over the window, Qt shows over all of it the
+// cursor that was set last, a control's too.
 void Mesa::RefreshCursor() {
     const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
     RefreshHourglass();
-    ShowCursor(*this, CursorAt && !IsBlocked() ? CursorAt(at) : QCursor(Qt::ArrowCursor));
     buttons_->RefreshCursors();
     strip_->RefreshCursor();
+    ShowCursor(*this, CursorAt && !IsBlocked() ? CursorAt(at) : QCursor(Qt::ArrowCursor));
 }
 
 }  // namespace zorva

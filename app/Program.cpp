@@ -166,14 +166,14 @@ void Program::ComeToFront() {
 // -------------------------------------------------------------------------------------- messages
 
 // A message takes the keyboard. While the player works with another program the game only asks for his
-// attention. Close requests, signals and a second start are handled meanwhile; a click that brings the
-// player back does nothing else.
+// attention. Close requests, signals and a second start are handled meanwhile. A click or a key on the
+// board shows that the player is back, whatever Qt reports, and does nothing else.
 void Program::AwaitPlayer() {
     if (mesa_.isMinimized()) mesa_.Waits().Wait(hidingMilliseconds);
     const InputSink sink(&mesa_);
     std::optional<CloseSink> closeSink;
     if (asksToLeave_) closeSink.emplace();
-    while (mesa_.IsLeft() && !runner_.IsLeaving()) {
+    while (mesa_.IsLeft() && !runner_.IsLeaving() && !sink.HasPress()) {
         QApplication::alert(&mesa_);
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }

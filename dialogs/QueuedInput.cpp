@@ -37,7 +37,11 @@ InputSink::InputSink(const QWidget* window) : window_(window) {
 // QWindow objects still get it: Qt keeps its account there of which keys and buttons are down.
 bool InputSink::eventFilter(QObject* receiver, QEvent* event) {
     if (!receiver->isWidgetType() || !IsInput(event->type())) return false;
-    return window_ == nullptr || static_cast<QWidget*>(receiver)->window() == window_;
+    if (window_ != nullptr && static_cast<QWidget*>(receiver)->window() != window_) return false;
+    const QEvent::Type type = event->type();
+    hasPress_ |=
+        type == QEvent::KeyPress || type == QEvent::MouseButtonPress || type == QEvent::TouchBegin;
+    return true;
 }
 
 CloseSink::CloseSink() {

@@ -12,9 +12,12 @@ class InputSink : public QObject {
 public:
     explicit InputSink(const QWidget* window);
     bool eventFilter(QObject* receiver, QEvent* event) override;
+    /// Whether a key, a button or a finger that was pressed has been discarded.
+    bool HasPress() const { return hasPress_; }
 
 private:
     const QWidget* const window_;
+    bool hasPress_ = false;
 };
 
 /// Discards, for as long as it lives, the window manager's requests to close a window.

@@ -23,7 +23,7 @@ from display import BOUND, Display
 from layout import Layout, helper
 
 POLL = 0.01       # seconds between two looks
-REST = 0.08       # seconds without any work after which everything has come to rest
+REST = 0.12       # seconds without any work after which everything has come to rest; a key looks pressed for 0.07
 PATIENCE = 20     # seconds until a test gives up what it waits for
 TEST_LIMIT = 240  # seconds for a whole test
 
