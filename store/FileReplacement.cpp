@@ -37,7 +37,7 @@ FileError ReplaceFile(const std::filesystem::path& file, std::string_view bytes,
     const std::filesystem::path beside = TemporaryBeside(file);
     // WriteNewFile refuses a name that is taken, so that it never writes through a link.
     RemoveQuietly(beside);
-    FileError error = WriteNewFile(beside, bytes, durability);
+    FileError error = WriteNewFile(beside, bytes, durability, file);
     if (error != FileError::None) return error;
     error = RenameOver(beside, file);
     if (error != FileError::None) {

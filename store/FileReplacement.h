@@ -11,7 +11,7 @@ namespace zorva {
 /// Replaces the content of a file, or creates it: writes the bytes to a temporary file beside it
 /// (NAME.TMP) and renames that one. Other programs, and the next start after a kill, see the complete
 /// old file or the complete new one. If it fails, the old file is unchanged and the temporary file is
-/// removed.
+/// removed. The file keeps its permissions.
 FileError ReplaceFile(const std::filesystem::path& file, std::string_view bytes, Durability durability);
 
 /// Renames a damaged file to NAME-1.MAL or, if that name is taken, NAME-2.MAL and so on up to 9999.

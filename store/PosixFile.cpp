@@ -27,8 +27,8 @@ FileError LastError() {
 /// Opens a file and closes it at the end of its scope.
 class OpenFile {
 public:
-    OpenFile(const std::filesystem::path& file, int flags)
-        : descriptor_(::open(file.c_str(), flags | O_CLOEXEC, newFileMode)) {}
+    OpenFile(const std::filesystem::path& file, int flags, mode_t mode = newFileMode)
+        : descriptor_(::open(file.c_str(), flags | O_CLOEXEC, mode)) {}
     ~OpenFile() {
         if (descriptor_ >= 0) ::close(descriptor_);
     }
@@ -89,6 +89,19 @@ FileError ReadAll(int descriptor, std::string& bytes) {
     return FileError::None;
 }
 
+// The permissions of a regular file; those of a new one if there is none. A link has none of its own.
+mode_t ModeLike(const std::filesystem::path& like, struct stat& status) {
+    const bool isThere = ::lstat(like.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    return isThere ? status.st_mode & 0777U : newFileMode;
+}
+
+// As far as the system lets it: only root can give a file away, and some file systems have no
+// permissions. The owner comes first, since a change of the owner may take permissions away.
+void SetOwnerAndMode(int descriptor, const struct stat& wanted) {
+    static_cast<void>(!::fchown(descriptor, wanted.st_uid, wanted.st_gid));
+    static_cast<void>(!::fchmod(descriptor, wanted.st_mode & 0777U));
+}
+
 // The first error counts, but the file is closed in any case.
 FileError WriteAndClose(OpenFile& target, std::string_view bytes, Durability durability) {
     FileError error = WriteAll(target.Descriptor(), bytes);
@@ -114,10 +127,14 @@ FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, st
     return ReadAll(source.Descriptor(), bytes);
 }
 
-FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes,
-                       Durability durability) {
-    OpenFile target(file, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
+FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes, Durability durability,
+                       const std::filesystem::path& like) {
+    struct stat model {};
+    const mode_t mode = ModeLike(like, model);
+    // Never with more permissions than at the end: between the two calls another user could open it.
+    OpenFile target(file, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
     if (!target.IsOpen()) return LastError();
+    if (S_ISREG(model.st_mode)) SetOwnerAndMode(target.Descriptor(), model);
     const FileError error = WriteAndClose(target, bytes, durability);
     if (error != FileError::None) ::unlink(file.c_str());
     return error;

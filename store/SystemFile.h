@@ -23,8 +23,10 @@ enum class Durability { Lazy, Flushed };
 FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, std::string& bytes);
 
 /// Creates a file and writes it. Refuses a name that exists already, even as a link (PathAccess). If
-/// writing fails, the file is removed again. The permissions are 0666 less the user's mask.
-FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes, Durability durability);
+/// writing fails, the file is removed again. It gets the permissions of the file `like`, and its owner
+/// where the system allows that; if there is no such file, 0666 less the user's mask.
+FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes, Durability durability,
+                       const std::filesystem::path& like = {});
 
 /// Appends to a file, creating it if necessary, and waits for the disk. Calls `bytesForSize` with the
 /// size of the file (in bytes) and appends the result. Refuses links and everything else that is no

@@ -120,8 +120,9 @@ FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, st
     return ReadAll(source.Handle(), bytes);
 }
 
-FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes,
-                       Durability durability) {
+// A new file gets the permissions of its folder here, whichever file it is like.
+FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes, Durability durability,
+                       const std::filesystem::path&) {
     OpenFile target(file, GENERIC_WRITE, CREATE_NEW, 0);
     if (!target.IsOpen()) return LastError();
     const FileError error = WriteAndClose(target, bytes, durability);

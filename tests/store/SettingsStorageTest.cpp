@@ -48,6 +48,11 @@ TEST(SettingsStorage, WhatIsSavedIsLoadedFromAFileThatTheUsersMaskLimits) {
         EXPECT_EQ(loaded.content.settings, otherSettings);
         EXPECT_EQ(NamesIn(folder / ""), onlyTheFile);
         EXPECT_EQ(fs::status(folder / SettingsFileName).permissions(), static_cast<fs::perms>(0640));
+        for (const auto mode : {fs::perms{0600}, fs::perms{0664}}) {
+            fs::permissions(folder / SettingsFileName, mode);
+            SaveSettings(folder / "", otherSettings, GameState{}, durability);
+            EXPECT_EQ(fs::status(folder / SettingsFileName).permissions(), mode) << "kept";
+        }
     }
     umask(before);
 }
