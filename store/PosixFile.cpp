@@ -49,6 +49,14 @@ private:
     int descriptor_;
 };
 
+// A socket, or a pipe that nobody reads, cannot be opened and gives the error of a missing device.
+FileError OpenError(const std::filesystem::path& file) {
+    const FileError error = LastError();
+    struct stat status {};
+    const bool isOther = ::stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+    return error == FileError::DriveNotReady && isOther ? FileError::PathAccess : error;
+}
+
 // Looks at the open file: between a look at the path and the opening the file could be replaced.
 FileError SizeOfRegular(int descriptor, std::size_t& size) {
     struct stat status {};
@@ -118,7 +126,7 @@ FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, st
     bytes.clear();
     // Without O_NONBLOCK, opening a pipe would wait for somebody to open its other end.
     const OpenFile source(file, O_RDONLY | O_NONBLOCK);
-    if (!source.IsOpen()) return LastError();
+    if (!source.IsOpen()) return OpenError(file);
     std::size_t size = 0;
     const FileError error = SizeOfRegular(source.Descriptor(), size);
     if (error != FileError::None) return error;
@@ -143,7 +151,7 @@ FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes
 FileError AppendToFile(const std::filesystem::path& file,
                        const std::function<std::string(std::size_t)>& bytesForSize) {
     OpenFile target(file, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOFOLLOW);
-    if (!target.IsOpen()) return LastError();
+    if (!target.IsOpen()) return OpenError(file);
     std::size_t size = 0;
     const FileError error = SizeOfRegular(target.Descriptor(), size);
     if (error != FileError::None) return error;

@@ -1,6 +1,7 @@
 #include "store/HistoryFile.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 
@@ -87,10 +88,14 @@ TEST(HistoryFile, IsReadOldestFirst) {
 TEST(HistoryFile, SaysWhyItCannotGrow) {
     const TemporaryFolder folder;
     EXPECT_EQ(AppendToHistory(folder / "missing", anaWins), FileError::PathNotFound);
-    std::filesystem::create_directory(folder / HistoryFileName);
-    EXPECT_EQ(AppendToHistory(folder / "", anaWins), FileError::PathAccess);
-    EXPECT_EQ(ReadHistory(folder / "").Count(), 0u);
-    std::filesystem::remove(folder / HistoryFileName);
+    for (const mode_t kind : {S_IFDIR, S_IFIFO, S_IFSOCK}) {
+        const std::filesystem::path history = folder / HistoryFileName;
+        ASSERT_EQ(
+            kind == S_IFDIR ? mkdir(history.c_str(), 0777) : mknod(history.c_str(), kind | 0666, 0), 0);
+        EXPECT_EQ(AppendToHistory(folder / "", anaWins), FileError::PathAccess) << kind;
+        EXPECT_EQ(ReadHistory(folder / "").Count(), 0u);
+        std::filesystem::remove(history);
+    }
     WriteBytes(folder / "elsewhere", anaWins);
     std::filesystem::create_symlink(folder / "elsewhere", folder / HistoryFileName);
     EXPECT_EQ(AppendToHistory(folder / "", anaWins), FileError::PathAccess);

@@ -92,6 +92,7 @@ TEST(SettingsStorage, WhatIsNoFileIsRefusedWithoutWaiting) {
     const std::pair<const char*, Put> rows[] = {
         {"CID ERROR 75", [](const fs::path& path) { fs::create_directory(path); }},
         {"CID ERROR 75", [](const fs::path& path) { mkfifo(path.c_str(), 0666); }},
+        {"CID ERROR 75", [](const fs::path& path) { mknod(path.c_str(), S_IFSOCK | 0666, 0); }},
         {"CID ERROR 75", [](const fs::path& path) { fs::create_symlink(path, path); }},
         {"CID ERROR 9",
          [](const fs::path& path) {
