@@ -1,5 +1,10 @@
 #include "app/DataFolder.h"
 
+#ifndef _WIN32
+#include <pwd.h>
+#include <unistd.h>
+#endif
+
 #include <cstdlib>
 #include <fstream>
 #include <system_error>
@@ -20,6 +25,17 @@ fs::path EnvironmentPath(const char* name) {
     const char* value = std::getenv(name);
     return value == nullptr ? fs::path() : fs::path(value);
 }
+
+#ifndef _WIN32
+// A program that the system starts may have no HOME. An account that the system does not know has no
+// home at all: nothing can be kept then, and the player is told.
+fs::path Home() {
+    const fs::path home = EnvironmentPath("HOME");
+    if (home.is_absolute()) return home;
+    const passwd* user = getpwuid(getuid());
+    return user != nullptr ? user->pw_dir : "/";
+}
+#endif
 
 constexpr const char* ManualFileName = "ZORVA32.HLP";
 
@@ -80,7 +96,7 @@ fs::path WindowsFolder() {
 #else
     // The desktops have agreed that a relative path in this variable is ignored.
     const fs::path data = EnvironmentPath("XDG_DATA_HOME");
-    return data.is_absolute() ? data : EnvironmentPath("HOME") / ".local" / "share";
+    return data.is_absolute() ? data : Home() / ".local" / "share";
 #endif
 }
 

@@ -4,8 +4,8 @@
 
 namespace zorva {
 
-/// The folder in which the fallback data folder lies: $XDG_DATA_HOME or ~/.local/share, on Windows the
-/// system's own folder.
+/// The folder in which the fallback data folder lies: $XDG_DATA_HOME or ~/.local/share, where ~ is $HOME
+/// or, if that is no absolute path, the home that the system knows; on Windows the system's own folder.
 std::filesystem::path WindowsFolder();
 
 /// Where the settings and the history lie: beside the program, if the file "CSCD.WRK" can be created

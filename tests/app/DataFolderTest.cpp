@@ -1,6 +1,8 @@
 #include "app/DataFolder.h"
 
 #include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -90,6 +92,10 @@ TEST_F(DataFolderTest, FollowsTheUsersDataHome) {
         EXPECT_TRUE(fs::is_directory(wanted)) << wanted;
     }
     EXPECT_FALSE(fs::exists("somewhere")) << "a relative path is ignored";
+    for (const char* home : {"", "somewhere"}) {
+        setenv("HOME", home, 1);
+        EXPECT_EQ(WindowsFolder(), fs::path(getpwuid(getuid())->pw_dir) / ".local/share") << home;
+    }
 }
 
 TEST_F(DataFolderTest, TheManualIsFoundBesideTheProgramOrWhereItIsInstalled) {
