@@ -6,9 +6,9 @@
 #endif
 
 #include <cstdlib>
-#include <fstream>
 #include <system_error>
 
+#include "store/FileReplacement.h"
 #include "store/HistoryFile.h"
 #include "store/SettingsFile.h"
 #include "store/SystemFile.h"
@@ -75,17 +75,18 @@ fs::path FallbackFolder() {
 #endif
 }
 
-// Written as a new file, with its permissions: the copy of a read-only history could not grow.
-void CopyFile(const fs::path& from, const fs::path& to) {
-    std::string bytes;
-    if (ReadWholeFile(from, longestFile, bytes) != FileError::None) return;
-    WriteNewFile(to, bytes, Durability::Flushed);
+// A link that leads nowhere also counts, and so does a pipe, which must not be opened to find out.
+bool IsTaken(const fs::path& path) {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path, ignored));
 }
 
-void CopyFilesOfFirstRun(const fs::path& from, const fs::path& to) {
-    if (std::ifstream(to / SettingsFileName).is_open()) return;
-    CopyFile(from / SettingsFileName, to / SettingsFileName);
-    CopyFile(from / HistoryFileName, to / HistoryFileName);
+// In one step, as a new file with its permissions: the copy of a read-only history could not grow.
+// Returns false only if the copy could not be written; a missing file needs none.
+bool CopyFile(const fs::path& from, const fs::path& to) {
+    std::string bytes;
+    if (IsTaken(to) || ReadWholeFile(from, longestFile, bytes) != FileError::None) return true;
+    return ReplaceFile(to, bytes, Durability::Flushed) == FileError::None;
 }
 
 }  // namespace
@@ -105,8 +106,14 @@ fs::path ChooseDataFolder(const fs::path& programFolder) {
     fs::path folder = FallbackFolder();
     std::error_code ignored;
     fs::create_directories(folder, ignored);
-    CopyFilesOfFirstRun(programFolder, folder);
     return folder;
+}
+
+// The settings last: when they are there, all has been copied.
+void CopyFilesOfFirstRun(const fs::path& programFolder, const fs::path& dataFolder) {
+    if (IsTaken(dataFolder / SettingsFileName)) return;
+    if (!CopyFile(programFolder / HistoryFileName, dataFolder / HistoryFileName)) return;
+    CopyFile(programFolder / SettingsFileName, dataFolder / SettingsFileName);
 }
 
 fs::path FindManual(const fs::path& programFolder) {

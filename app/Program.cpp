@@ -50,8 +50,9 @@ QIcon ProgramIcon() {
 
 }  // namespace
 
-Program::Program(const std::filesystem::path& programFolder)
+Program::Program(const std::filesystem::path& programFolder, const std::filesystem::path& dataFolder)
     : programFolder_(programFolder),
+      dataFolder_(dataFolder),
       mesa_(state_, settings_),
       outside_(mesa_, state_, settings_),
       runner_(state_, settings_, outside_),
@@ -131,7 +132,8 @@ void Program::OpenBoard() {
 }
 
 void Program::LoadGame() {
-    loaded_ = keeper_.Load(ChooseDataFolder(programFolder_));
+    CopyFilesOfFirstRun(programFolder_, dataFolder_);
+    loaded_ = keeper_.Load(dataFolder_);
     settings_ = loaded_.content.settings;
     state_ = std::move(loaded_.content.state);
     ApplyChoices();

@@ -17,8 +17,8 @@ namespace zorva {
 /// Parts that do not know each other are connected here through std::function members.
 class Program {
 public:
-    /// `programFolder` is where the program lies; its files lie there too when that can be written.
-    explicit Program(const std::filesystem::path& programFolder);
+    /// `programFolder` is where the program lies, `dataFolder` where its files lie (ChooseDataFolder).
+    Program(const std::filesystem::path& programFolder, const std::filesystem::path& dataFolder);
 
     /// Shows the title, opens the board behind it, reads the files, and goes on with the game that was
     /// left. Returns when there is no game in progress (any more).
@@ -60,7 +60,7 @@ private:
     void AwaitPlayer();
     void Tell(const QString& title, const QString& text);
 
-    std::filesystem::path programFolder_;
+    const std::filesystem::path programFolder_, dataFolder_;
     LoadedSettings loaded_;  // with what there is to tell about the files
     Settings settings_;
     GameState state_;

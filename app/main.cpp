@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
     zorva::KeyRepeats repeats;
     application.installEventFilter(&repeats);
     zorva::InstallBoardAccessibility();
-    zorva::Program program(folder);
+    zorva::Program program(folder, zorva::ChooseDataFolder(folder));
     instance.OnSecondStart([&program] { program.ComeToFront(); });
     zorva::OnEndSignal([&program] { SaveAndEnd(program); });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,

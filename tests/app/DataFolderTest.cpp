@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 #include <pwd.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -23,6 +26,12 @@ protected:
         fs::create_directory(program);
         WriteBytes(program / "ZORVA32.INI", "settings");
         WriteBytes(program / "ZORVA32.HIS", "history");
+    }
+
+    fs::path Choose() const {
+        const fs::path chosen = ChooseDataFolder(program);
+        CopyFilesOfFirstRun(program, chosen);
+        return chosen;
     }
 
     /// Nothing can be created under the probe's name: as if the folder were read-only, to root, too.
@@ -47,7 +56,7 @@ TEST_F(DataFolderTest, IsTheProgramsOwnWhenThatCanBeWritten) {
 TEST_F(DataFolderTest, IsTheUsersElseWithTheFilesOfTheFirstRun) {
     LockProgramFolder();
     fs::permissions(program / "ZORVA32.HIS", fs::perms{0444});
-    EXPECT_EQ(ChooseDataFolder(program), fallback);
+    EXPECT_EQ(Choose(), fallback);
     EXPECT_NE(fs::status(fallback / "ZORVA32.HIS").permissions() & fs::perms::owner_write,
               fs::perms::none)
         << "the history is to grow";
@@ -55,8 +64,33 @@ TEST_F(DataFolderTest, IsTheUsersElseWithTheFilesOfTheFirstRun) {
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.HIS"), "history");
     // Later runs find their own files.
     WriteBytes(fallback / "ZORVA32.INI", "my settings");
-    EXPECT_EQ(ChooseDataFolder(program), fallback);
+    EXPECT_EQ(Choose(), fallback);
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "my settings");
+    fs::remove(fallback / "ZORVA32.INI");
+    WriteBytes(fallback / "ZORVA32.HIS", "longer history");
+    Choose();
+    EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "settings");
+    EXPECT_EQ(FileBytes(fallback / "ZORVA32.HIS"), "longer history") << "never replaced";
+    fs::remove(fallback / "ZORVA32.INI");
+    mkfifo((fallback / "ZORVA32.INI").c_str(), 0666);
+    Choose();  // and does not wait for the pipe
+}
+
+TEST_F(DataFolderTest, GetsNoSettingsBeforeTheHistoryIsThere) {
+    LockProgramFolder();
+    fs::resize_file(program / "ZORVA32.HIS", 200);
+    rlimit usual{};
+    getrlimit(RLIMIT_FSIZE, &usual);
+    const rlimit hundredBytes{100, usual.rlim_max};  // as on a disk that is nearly full
+    const auto handler = signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &hundredBytes);
+    Choose();
+    setrlimit(RLIMIT_FSIZE, &usual);
+    signal(SIGXFSZ, handler);
+    EXPECT_TRUE(fs::is_empty(fallback));
+    Choose();
+    EXPECT_EQ(fs::file_size(fallback / "ZORVA32.HIS"), 200u);
+    EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "settings");
 }
 
 // As when root plays what a package has installed.
@@ -65,7 +99,7 @@ TEST_F(DataFolderTest, IsNeverAnInstalledProgramsFolder) {
     fs::create_directories(installed);
     const auto before = fs::last_write_time(program) - std::chrono::hours(1);
     fs::last_write_time(program, before);
-    EXPECT_EQ(ChooseDataFolder(program), fallback);
+    EXPECT_EQ(Choose(), fallback);
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "settings") << "of a version that wrote there";
     EXPECT_EQ(fs::last_write_time(program), before) << "not even the probe was written";
     // What was copied there with its manual is not installed.

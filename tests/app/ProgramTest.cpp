@@ -29,7 +29,7 @@ protected:
     }
     Program& Restart() {
         asked.clear();
-        program = std::make_unique<Program>(data);
+        program = std::make_unique<Program>(data, data);
         program->Window().Ask = [this](const QString& title, auto...) {
             asked << title;
             program->SaveNow();  // as when the session ends meanwhile
