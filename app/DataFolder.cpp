@@ -59,12 +59,15 @@ bool IsInstalled(const fs::path& programFolder) {
 
 bool IsWritable(const fs::path& folder) {
     const fs::path probe = folder / "CSCD.WRK";
-    std::error_code ignored;
+    std::error_code error;
+    if (fs::is_directory(fs::symlink_status(probe, error))) return false;
     // Removed, not written to: it may be a link to something else.
-    if (!fs::is_directory(fs::symlink_status(probe, ignored))) fs::remove(probe, ignored);
-    const bool created = WriteNewFile(probe, {}, Durability::Lazy) == FileError::None;
-    if (created) fs::remove(probe, ignored);
-    return created;
+    fs::remove(probe, error);
+    if (error) return false;
+    const FileError writing = WriteNewFile(probe, {}, Durability::Lazy);
+    if (writing == FileError::None) fs::remove(probe, error);
+    // A name that is taken again shows that another start has just created it.
+    return writing == FileError::None || writing == FileError::PathAccess;
 }
 
 fs::path FallbackFolder() {
@@ -105,7 +108,9 @@ fs::path ChooseDataFolder(const fs::path& programFolder) {
     if (!IsInstalled(programFolder) && IsWritable(programFolder)) return programFolder;
     fs::path folder = FallbackFolder();
     std::error_code ignored;
-    fs::create_directories(folder, ignored);
+    fs::create_directories(folder.parent_path(), ignored);
+    // Closed to other users, who could lock a folder that they may read.
+    if (fs::create_directory(folder, ignored)) fs::permissions(folder, fs::perms::owner_all, ignored);
     return folder;
 }
 

@@ -9,7 +9,7 @@ namespace zorva {
 std::filesystem::path WindowsFolder();
 
 /// Where the settings and the history lie: beside the program, if the file "CSCD.WRK" can be created
-/// there; else in the fallback folder, which is created.
+/// there; else in the fallback folder, which is created for the user alone.
 ///
 /// Nothing is ever written beside an installed program, even when root runs it. A program is installed
 /// if it has no manual beside it, but a folder share/games/zorva32 under the same prefix.

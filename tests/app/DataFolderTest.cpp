@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <future>
 
 #include "tests/support/Files.h"
 
@@ -51,12 +52,18 @@ TEST_F(DataFolderTest, IsTheProgramsOwnWhenThatCanBeWritten) {
     fs::create_symlink(folder / "precious", program / "CSCD.WRK");
     EXPECT_EQ(ChooseDataFolder(program), program);
     EXPECT_EQ(FileBytes(folder / "precious"), "not ours") << "a link is not followed";
+    const auto startOften = [this] {
+        for (int start = 0; start < 300; ++start) EXPECT_EQ(ChooseDataFolder(program), program);
+    };
+    const auto another = std::async(std::launch::async, startOften);
+    startOften();
 }
 
 TEST_F(DataFolderTest, IsTheUsersElseWithTheFilesOfTheFirstRun) {
     LockProgramFolder();
     fs::permissions(program / "ZORVA32.HIS", fs::perms{0444});
     EXPECT_EQ(Choose(), fallback);
+    EXPECT_EQ(fs::status(fallback).permissions(), fs::perms::owner_all) << "nobody else can lock it";
     EXPECT_NE(fs::status(fallback / "ZORVA32.HIS").permissions() & fs::perms::owner_write,
               fs::perms::none)
         << "the history is to grow";
