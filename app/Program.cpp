@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTimer>
+#include <cstdio>
 #include <optional>
 
 #include "app/DataFolder.h"
@@ -148,6 +149,18 @@ void Program::TellAboutFiles() {
         Tell(SaveErrorTitle,
              QString::fromStdString(SaveErrorText(loaded_.writeError, SettingsFileName)));
     }
+}
+
+void Program::TellFilesInUse() {
+    const QString text =
+        QString(
+            "Otro programa está usando los ficheros de la carpeta %1. Puede ser Zorva de otro "
+            "usuario o un Zorva que no responde. Arranque Zorva otra vez cuando haya terminado.")
+            .arg(QString::fromStdString(dataFolder_.string()));
+    std::fprintf(stderr, "zorva32: %s\n", qUtf8Printable(text));
+    mesa_.ChooseScreen(ScreenOfCursor());
+    ShowMessage(nullptr, mesa_.Shared(), "Los ficheros están en uso", text, MessageLinesFor(text),
+                MessageButtons::Acknowledge);
 }
 
 void Program::ContinueGame() {

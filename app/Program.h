@@ -24,6 +24,10 @@ public:
     /// left. Returns when there is no game in progress (any more).
     void Start();
 
+    /// In place of Start: tells the player, in a window and on standard error, that another program has
+    /// the data folder. Touches no file. Returns when the player has read it.
+    void TellFilesInUse();
+
     /// Shows the board window in front of everything.
     void ComeToFront();
 

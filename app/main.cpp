@@ -44,15 +44,20 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("zorva32");
 
     const std::filesystem::path folder = QApplication::applicationDirPath().toStdString();
-    zorva::SingleInstance instance(folder);
-    if (instance.IsSecond()) return 0;
+    const std::filesystem::path dataFolder = zorva::ChooseDataFolder(folder);
+    zorva::SingleInstance instance(dataFolder);
+    if (instance.HasCalledFirst()) return 0;
 
     zorva::KeyRepeats repeats;
     application.installEventFilter(&repeats);
     zorva::InstallBoardAccessibility();
-    zorva::Program program(folder, zorva::ChooseDataFolder(folder));
-    instance.OnSecondStart([&program] { program.ComeToFront(); });
+    zorva::Program program(folder, dataFolder);
     zorva::OnEndSignal([&program] { SaveAndEnd(program); });
+    if (!instance.MayPlay()) {
+        program.TellFilesInUse();
+        return 1;
+    }
+    instance.OnSecondStart([&program] { program.ComeToFront(); });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
                      [&program] { program.SaveNow(); });
     // Started from the event loop: the title and the game run loops of their own inside it.

@@ -1,11 +1,17 @@
 """The game is never lost: left, ended from outside, started twice, begun anew."""
 
+import shutil
 import signal
+import subprocess
+import tempfile
+from pathlib import Path
 
 import board
-from driver import ABANDON_TITLE, POSTPONE_TITLE, START_TITLE, WindowTest
+from display import BOUND
+from driver import ABANDON_TITLE, LOAD_TITLE, POSTPONE_TITLE, START_TITLE, WindowTest
 from inifile import COLOURS, COMPUTER, OFF, ON, PERSON, Settings, game_at
 
+IN_USE_TITLE = "Los ficheros están en uso"
 POSITIONS = {1: [76, 76, 20, 40], 2: [84, 0, 84, 25], 3: [92, 92, 0, 60], 4: [100, 0, 100, 100]}
 
 
@@ -88,3 +94,29 @@ class BeginningAnew(KeepingTest):
         self.answer(START_TITLE, "yes")
         self.play_moves(4)
         self.assertEqual([self.game().home(colour) for colour in COLOURS], [0] * 4)
+
+
+class StartedTwice(KeepingTest):
+    def spawn_copy(self):
+        """Another copy of the program, in a folder of its own."""
+        copy = Path(tempfile.mkdtemp(dir=self.program.folder.parent), "copy")
+        shutil.copytree(self.program.folder, copy)
+        process = subprocess.Popen([*BOUND, copy / "zorva32"], env=self.program.environment, stderr=subprocess.PIPE)
+        self.addCleanup(process.stderr.close)
+        self.addCleanup(process.kill)
+        return process
+
+    def test_two_copies_with_one_data_folder(self):
+        """The second brings the first to the front; when that does not answer, it says who has the files."""
+        (self.program.folder / "CSCD.WRK").mkdir()  # as if the folder were read-only, to root, too
+        self.program.data = Path(self.program.environment["HOME"]) / ".local/share/zorva32"
+        self.start_with_message(LOAD_TITLE)
+        self.wait_for_board()
+        second = self.spawn_copy()
+        self.assertEqual(second.wait(timeout=20), 0)
+        with self.held():
+            second = self.spawn_copy()
+            self.answer(IN_USE_TITLE, key="Return")
+            self.assertEqual(second.wait(timeout=20), 1)
+            self.assertIn(str(self.program.data), second.stderr.read().decode())
+        self.look_at_window("F4", "Histórico de partidas")
