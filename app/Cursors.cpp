@@ -60,7 +60,9 @@ QCursor Cursors::ClosedHand(Colour colour) {
 }
 
 void ShowCursor(QWidget& widget, const QCursor& cursor) {
-    if (cursor != widget.cursor()) widget.setCursor(cursor);
+    // A widget without a cursor of its own answers with its parent's, which may change.
+    const bool hasOwn = widget.testAttribute(Qt::WA_SetCursor);
+    if (!hasOwn || cursor != widget.cursor()) widget.setCursor(cursor);
 }
 
 void ShowHand(QWidget& widget, Cursors& cursors, bool live) {
