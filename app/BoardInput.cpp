@@ -68,6 +68,11 @@ bool BoardInput::MayDropAt(Point at) const {
     return to >= 0 && MayBeDropped(state_, dragged_, to);
 }
 
+// Where it stood a piece can be put back, which is no move.
+bool BoardInput::IsWhereItStood(Point at) const {
+    return DropSquareAt(at) == state_.PositionOf(dragged_);
+}
+
 // ------------------------------------------------------------------------------------- the mouse
 
 void BoardInput::Press(Point at, Qt::MouseButton button) {
@@ -173,9 +178,8 @@ void BoardInput::LetGlideBack(PieceCode piece) {
 void BoardInput::EndDrag(Point at) {
     const Square to = DropSquareAt(at);
     const bool accepted = MayDropAt(at) && state_.WaitingForThrow;
+    mesa_.Shared().PlaySound(accepted || IsWhereItStood(at) ? Sound::MoveByHand : Sound::Refusal);
     const PieceCode piece = std::exchange(dragged_, PieceCode{0});
-    const bool isWhereItStood = to == state_.PositionOf(piece);
-    mesa_.Shared().PlaySound(accepted || isWhereItStood ? Sound::MoveByHand : Sound::Refusal);
     if (!accepted) {
         LetGlideBack(piece);
         return;
@@ -247,7 +251,8 @@ void BoardInput::ShowWhatCanBePicked() {
 
 QCursor BoardInput::ManualCursorAt(Point at) const {
     Cursors& cursors = mesa_.Shared().cursors;
-    if (dragged_ != 0) return cursors.Named(MayDropAt(at) ? "ManoVerde" : "ManoRoja");
+    if (dragged_ != 0)
+        return cursors.Named(MayDropAt(at) || IsWhereItStood(at) ? "ManoVerde" : "ManoRoja");
     return cursors.Named(DraggablePieceAt(at) != 0 ? "ManoAbie" : "ManoBlan");
 }
 

@@ -53,6 +53,7 @@ private:
     PieceCode DraggablePieceAt(Point at) const;
     Square DropSquareAt(Point at) const;
     bool MayDropAt(Point at) const;
+    bool IsWhereItStood(Point at) const;
     QCursor ManualCursorAt(Point at) const;
     QCursor OrdinaryCursorAt(Point at) const;
 

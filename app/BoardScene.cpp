@@ -19,6 +19,14 @@ BoardView::DiePose RestingPose(const BoardView::Tray& tray) {
     return tray.ready ? DieMotion::PoseOfReady() : BoardView::DiePose{};
 }
 
+// Qt reports a value, too, when a stopped animation gets another duration: nothing runs then.
+void Connect(QVariantAnimation& animation, const std::function<void(double)>& show) {
+    QObject::connect(&animation, &QVariantAnimation::valueChanged, &animation,
+                     [&animation, show](const QVariant& value) {
+                         if (animation.state() == QAbstractAnimation::Running) show(value.toDouble());
+                     });
+}
+
 }  // namespace
 
 BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork& artwork,
@@ -26,11 +34,9 @@ BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork
     : state_(state), settings_(settings), painter_(artwork), changed_(std::move(changed)) {
     pulse_.setStartValue(0.0);
     pulse_.setEndValue(1.0);
-    QObject::connect(&pulse_, &QVariantAnimation::valueChanged, &pulse_,
-                     [this](const QVariant& value) { ShowPulse(value.toDouble()); });
+    Connect(pulse_, [this](double progress) { ShowPulse(progress); });
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        QObject::connect(&fade_[colour], &QVariantAnimation::valueChanged, &fade_[colour],
-                         [this, colour](const QVariant& value) { ShowFade(colour, value.toDouble()); });
+        Connect(fade_[colour], [this, colour](double opacity) { ShowFade(colour, opacity); });
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QTextStream>
 #include <QWidget>
+#include <QWindow>
 
 #include "app/Artwork.h"
 
@@ -62,7 +63,9 @@ QCursor Cursors::ClosedHand(Colour colour) {
 void ShowCursor(QWidget& widget, const QCursor& cursor) {
     // A widget without a cursor of its own answers with its parent's, which may change.
     const bool hasOwn = widget.testAttribute(Qt::WA_SetCursor);
-    if (!hasOwn || cursor != widget.cursor()) widget.setCursor(cursor);
+    // A window may show the cursor of one of its controls.
+    const bool isShown = !widget.windowHandle() || widget.windowHandle()->cursor() == cursor;
+    if (!hasOwn || !isShown || cursor != widget.cursor()) widget.setCursor(cursor);
 }
 
 void ShowHand(QWidget& widget, Cursors& cursors, bool live) {

@@ -119,7 +119,10 @@ ManualView::ManualView(QWidget* parent, const Services& services, const QString&
     setHtml(html);
     DressTables();
     setOpenLinks(false);  // Qt would scroll without leaving room above
-    connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { GoTo(url.fragment()); });
+    connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) {
+        services_.PlaySound(Sound::PageOpens);
+        GoTo(url.fragment());
+    });
     connect(this, &QTextBrowser::highlighted, this, [this](const QUrl& url) {
         viewport()->setCursor(url.isEmpty() ? QCursor(Qt::ArrowCursor) : services_.cursors.Hand());
     });

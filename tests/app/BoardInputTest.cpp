@@ -285,6 +285,7 @@ TEST_F(OnTheBoard, TheHandShowsWhetherAPieceMayBeDropped) {
     Press(PlaceOf(11));
     EXPECT_EQ(input.CursorAt(PlaceOfSquare(20)), Named("ManoVerde"));
     EXPECT_EQ(input.CursorAt(PlaceOfSquare(60)), Named("ManoRoja"));
+    EXPECT_EQ(input.CursorAt(PlaceOf(11)), Named("ManoVerde")) << "put back where it stood";
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 #include <QTest>
 #include <QToolTip>
+#include <QWindow>
 
 #include "app/MenuButtons.h"
 #include "app/RecorderStrip.h"
@@ -87,6 +88,9 @@ TEST(Controls, ShowTheHandWhereTheyAreLiveAndTheHourglassOverEverything) {
         EXPECT_EQ(isHand(mesa.Buttons().Button(MenuButtons::Advice)), live);
         EXPECT_EQ(isHand(mesa.Buttons().Button(MenuButtons::Leave)), !live);
     }
+    mesa.windowHandle()->setCursor(Qt::PointingHandCursor);  // as a dialog may leave it
+    mesa.RefreshCursor();
+    EXPECT_EQ(mesa.windowHandle()->cursor().shape(), Qt::ArrowCursor);
     const auto isWaiting = [] {
         const QCursor* const cursor = QGuiApplication::overrideCursor();
         return cursor != nullptr && cursor->shape() == Qt::WaitCursor;

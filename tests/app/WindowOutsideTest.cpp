@@ -54,6 +54,7 @@ TEST_F(InTheWindow, AThrowAndABonusLieAtRestUntilTheyAreSeenAndFade) {
         QElapsedTimer clock;
         clock.start();
         show();
+        if (&show == &news[0]) outside.Pause(14);  // a shorter fade comes before a longer one
         outside.ClearDice();
         outside.ShowTurn(3, TurnIs::Throws);
         while (tray.opacity == 1 && clock.elapsed() < 5000) QCoreApplication::processEvents();
