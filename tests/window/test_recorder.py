@@ -14,12 +14,10 @@ KEYBOARD = {"on/off": "ctrl+Home", "back": "ctrl+Left", "forward": "ctrl+Right",
 
 
 class RecorderTest(WindowTest):
-    speed = 100
-
     def setUp(self):
         super().setUp()
         self.tape = inifile.from_bytes(TAPE.read_bytes())[1]
-        self.start(Settings(pause=ON, speed=self.speed), self.tape)
+        self.start(Settings(pause=ON, speed=100), self.tape)
         self.press = self.click_recorder
         self.keys_down()
 
@@ -107,21 +105,6 @@ class Replaying(RecorderTest):
         self.assertEqual(self.file_stamp(), stamp, "the game went on")
 
 
-class Stopping(RecorderTest):
-    speed = 90  # slow enough to be stopped on the way
-
-    def test_its_own_key_stops_an_automatic_replay(self):
-        self.switch(on=True)
-        for key, end in (("auto back", 0), ("auto forward", self.tape.moves)):
-            # Held, because on a busy machine the replay could end between two clicks.
-            with self.held():
-                for pressed in (key, "restore", "forward", "back", "on/off", key):
-                    self.press(pressed)
-            self.settle()
-            self.assertTrue(any(self.shows(moves) for moves in range(1, self.tape.moves)), "not stopped on its way")
-            self.replay_to(key, end)
-
-
 class Restoring(RecorderTest):
     def restore(self, back):
         """Steps back that far and restores; returns how many moves are left."""
@@ -145,16 +128,6 @@ class Restoring(RecorderTest):
             self.tape = self.game()
             self.assertEqual(self.tape.records[:left], game.records)
             self.assertEqual(positions_after(self.tape, self.tape.moves), self.tape.positions)
-
-    def test_the_log_forgets_too(self):
-        def log():
-            return self.part(self.settled_picture(), self.layout.log)
-
-        self.restore(20)
-        after_restore = log()
-        self.program.kill()
-        self.start_again(continues=True)
-        self.wait_until(lambda: log() == after_restore, "the log that the moves in the file give")
 
     def test_a_new_game_ends_the_replay(self):
         self.switch(on=True)
