@@ -1,6 +1,6 @@
 """The windows behind the menu, used with a real mouse and keyboard."""
 
-from driver import START_TITLE, WindowTest
+from driver import WindowTest
 from inifile import COMPUTER, ON, PERSON, Settings, game_at
 
 POSITIONS = {1: [76, 76, 20, 40], 2: [84, 0, 84, 25], 3: [92, 92, 0, 60], 4: [100, 0, 100, 57]}
@@ -40,11 +40,3 @@ class MenuWindows(WindowTest):
         self.answer(SETTINGS_TITLE, key="Escape")
         self.wait_for_moves(self.before.moves + 1)
         self.assertEqual(self.program.settings().types, (COMPUTER,) * 4)
-
-    def test_a_refused_start_opens_the_settings(self):
-        self.program.kill()
-        self.start(Settings())
-        self.display.key("F2")
-        self.answer(START_TITLE, "no")
-        self.answer(SETTINGS_TITLE, key="Escape")
-        self.wait_for_board()
