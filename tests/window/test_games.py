@@ -12,57 +12,38 @@ TWO = {"active": (OFF, ON, OFF, ON), "names": ("Ana", "Ñu", "Eva", "Íñigo")}
 MAY_GROW = {"Private_Dirty": 1024, "Rss": 1024, "files": 0, "threads": 0}  # memory in KiB
 
 
-class WholeGames(WindowTest):
-    def play_game(self, person, act, answer):
-        """Plays a game of a person against a computer to its end, and keeps the result."""
-        types = tuple(PERSON if colour == person else COMPUTER for colour in COLOURS)
-        self.start(Settings(types=types, pause=ON, **TWO))
-        answer("begin")
-        self.play_until(lambda: self.title() == END_TITLE, act, answer)
-        answer(END_TITLE)
+class WholeGame(WindowTest):
+    def throw_or_pick(self):
+        """By mouse until enough pieces were picked; then by all keys that throw or pick."""
+        if len(self.picks) > 15:
+            self.ways.append(self.ways.pop(0))
+            return self.advances(lambda: self.display.key(*self.ways[0]))
+        if self.advances(self.click_board):
+            return True
+        game = self.game()
+        for piece in PIECES:
+            if game.piece(2, piece) != GOAL_SQUARE[2] and not self.title() and \
+                    self.advances(lambda: self.click(self.point_of_piece(game, 2, piece))):
+                self.picks.append(piece)
+                return True
+        return False
+
+    def test_a_person_against_a_computer(self):
+        self.picks, self.ways = [], [("Tab", "Return"), ("Left", "Left", "Return"), ("Return",), ("Down", "space")]
+        self.start(Settings(types=(COMPUTER, PERSON, COMPUTER, COMPUTER), pause=ON, **TWO))
+        self.click_button("new game")
+        self.play_until(lambda: self.title() == END_TITLE, self.throw_or_pick,
+                        lambda title: self.answer(title, "yes" if title == START_TITLE else "accept"))
+        self.assertGreater(len(self.picks), 15, "the person had nothing to pick")
+        self.answer(END_TITLE)
         self.assertFalse(self.program.history.exists(), "written before the question was answered")
-        answer(HISTORY_TITLE)
+        self.answer(HISTORY_TITLE, "yes")
         self.wait_for_board()
         game = self.wait_until(lambda: not self.game().in_progress and self.game(), "the end in the file")
         winner, = [colour for colour in COLOURS if game.home(colour) == 4]
         names = "%-9s%-9s%18s" % (TWO["names"][winner - 1], TWO["names"][5 - winner], "")
         self.assertRegex(self.program.history.read_bytes().decode("cp1252"), r"^20\d{10}" + names + r"\d{3}\r\n$")
         self.assertEqual(game.records, [])
-
-    def test_by_mouse(self):
-        picks = []
-
-        def throw_or_pick():
-            if len(picks) > 15:  # enough; a key takes the move that is advised
-                return self.advances(lambda: self.display.key("Return"))
-            if self.advances(self.click_board):
-                return True
-            game = self.game()
-            for piece in PIECES:
-                if game.piece(2, piece) != GOAL_SQUARE[2] and not self.title() and \
-                        self.advances(lambda: self.click(self.point_of_piece(game, 2, piece))):
-                    picks.append(piece)
-                    return True
-            return False
-
-        def answer(title):
-            if title == "begin":
-                self.click_button("new game")
-            else:
-                self.answer(title, "yes" if title in (START_TITLE, HISTORY_TITLE) else "accept")
-
-        self.play_game(2, throw_or_pick, answer)
-        self.assertGreater(len(picks), 15, "the person had nothing to pick")
-
-    def test_by_keyboard_alone(self):
-        ways = [("Tab", "Return"), ("Left", "Left", "Return"), ("Return",), ("Down", "space")]
-
-        def throw_or_pick():
-            ways.append(ways.pop(0))
-            return self.advances(lambda: self.display.key(*ways[0]))
-
-        self.play_game(4, throw_or_pick, lambda title: self.display.key("F2") if title == "begin" else
-                       self.answer(title, key="Return"))
 
 
 class ManyGames(WindowTest):
