@@ -104,47 +104,6 @@ TEST(BoardPicture, HasTheColourOfEachSquareAtItsCentre) {
     }
 }
 
-/// The colour of what stands in an area, by its mean hue; 0 where anything is as in `empty`.
-Colour ColourOfPiece(const QImage& picture, const QImage& empty, const QRect& area) {
-    const QImage piece = picture.copy(area);
-    if (Difference(piece, empty.copy(area)).size() != area.size()) return 0;
-    const QImage mean = piece.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const int hue = mean.pixelColor(0, 0).hsvHue();
-    if (hue <= 20 || hue >= 340) return 3;
-    return hue < 80 ? 1 : hue < 180 ? 4 : 2;
-}
-
-TEST(BoardPicture, ShowsEachPieceAtItsPlace) {
-    constexpr const char* positions[] = {
-        "",
-        "1:5 5 10 69  2:22 22 60 77  3:39 39 29 85  4:56 56 12 93",
-        "1:68 68 75 76  2:17 17 83 84  3:34 34 91 92  4:51 51 99 100",
-        "1:76 76 76 76  2:84 84 84 84  3:92 92 92 92  4:100 100 100 100",
-        "1:8 26 42 60  2:9 25 43 59  3:8 26 42 60  4:9 25 43 59",
-        "2:5 5 0 0  1:5 0 0 0  3:86 86 0 0",
-    };
-    for (const QSize screen : screens) {
-        SCOPED_TRACE(NameOf(screen));
-        Board board(screen);
-        board.scene.Clear();
-        const QImage empty = board.Seen();
-        const int radius = static_cast<int>(board.layout.PieceSize * 0.3 * board.layout.Unit);
-        for (const char* position : positions) {
-            SCOPED_TRACE(position);
-            board.state = Position(position);
-            board.scene.Clear();
-            for (const PieceCode code : AllPieces()) board.scene.PutDown(code);
-            board.scene.ShowStep(1);
-            const QImage picture = board.Seen();
-            for (const PieceCode code : AllPieces()) {
-                const QPoint at = board.Device(board.PlaceOf(code));
-                const QRect area(at - QPoint(radius, radius), at + QPoint(radius, radius));
-                EXPECT_EQ(ColourOfPiece(picture, empty, area), ColourOf(code)) << code;
-            }
-        }
-    }
-}
-
 /// Plays a game in a window and compares what is seen with a whole painting, again and again.
 class PaintedGame : private Board, private WindowOutside {
 public:
