@@ -15,12 +15,7 @@ namespace {
 
 /// Writes record 1: piece `piece` of the colour goes to a square.
 void Prepare(GameState& state, Colour colour, Short piece, Square to) {
-    MoveRecord record;
-    record.MoverColour = colour;
-    record.Piece = piece;
-    record.From = state.PiecePosition[colour][piece];
-    record.To = to;
-    state.MoveRecords[1] = record;
+    state.MoveRecords[1] = {colour, 0, 0, 0, piece, state.PiecePosition[colour][piece], to};
 }
 
 Notes Execute(GameState& state) {
