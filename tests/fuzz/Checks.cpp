@@ -1,44 +1,13 @@
 #include "tests/fuzz/Checks.h"
 
 #include "core/Consistency.h"
-#include "core/DecidedThrows.h"
 #include "core/Execution.h"
 #include "core/GameStart.h"
-#include "core/Turns.h"
-#include "engine/Chance.h"
+#include "core/SilentOutside.h"
 #include "tests/support/Positions.h"
+#include "tests/support/RandomGame.h"
 
 namespace zorva::fuzz {
-namespace {
-
-constexpr Short movesPlayedOn = 25;
-
-/// Persons who throw, take the advised move and stop after some moves.
-class Players : public DecidedThrows {
-public:
-    Players(GameState& state, std::uint64_t seed)
-        : state_(state), chance_(seed), last_(state.MoveRecordCount + movesPlayedOn) {}
-
-    void PositionReached() override {
-        RequireSoundTables(state_);
-        if (state_.MoveRecordCount > last_) state_.GameInProgress = No;
-    }
-
-    void WaitForInput() override {
-        if (state_.WaitingForMove) TakeAdvisedMove(state_);
-        state_.WaitingForThrow = No;
-    }
-
-protected:
-    Short NextThrow() override { return chance_.Face(); }
-
-private:
-    GameState& state_;
-    Chance chance_;
-    const int last_;
-};
-
-}  // namespace
 
 void RequireSoundTables(const GameState& state) {
     if (state.CaptureReport != 0) return;
@@ -72,10 +41,13 @@ SettingsContent RequireReadable(const SettingsContent& content) {
 }
 
 void RequirePlayable(const SettingsContent& content, std::uint64_t seed) {
+    constexpr Short movesPlayedOn = 25;
     RequireWayBack(content.state);
-    GameState state = content.state;
-    Players players(state, seed);
-    ContinueGame({state, content.settings, players});
+    test::RandomGame game(seed, 0, ToShort(content.state.MoveRecordCount + movesPlayedOn));
+    game.state = content.state;
+    game.kind.settings = content.settings;
+    game.atPosition = [&game] { RequireSoundTables(game.state); };
+    ContinueGame(game.AsGame());
 }
 
 }  // namespace zorva::fuzz

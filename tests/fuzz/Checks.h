@@ -24,7 +24,7 @@ void RequireWayBack(GameState state);
 /// The content can be written and read again, and then gives the same text. Returns what was read.
 SettingsContent RequireReadable(const SettingsContent& content);
 
-/// The game can be taken back, and after loading the computer can continue it for some moves.
+/// The game can be taken back, and after loading it can go on for some moves, its persons' by chance.
 void RequirePlayable(const SettingsContent& content, std::uint64_t seed);
 
 }  // namespace zorva::fuzz
