@@ -3,7 +3,6 @@
 #include <bit>
 #include <cstdlib>
 #include <iostream>
-#include <sstream>
 
 #include "core/Player.h"
 #include "core/Rules.h"
@@ -31,10 +30,8 @@ class Comparison {
 public:
     /// Compares the moves of all four colours, each with a count, a level and rules by chance.
     std::string Look(const GameState& seen) {
-        state_.PiecePosition = seen.PiecePosition;
-        state_.SquareOccupants = seen.SquareOccupants;
-        state_.PiecesInBox = seen.PiecesInBox;
-        state_.PiecesHome = seen.PiecesHome;
+        std::tie(state_.PiecePosition, state_.SquareOccupants, state_.PiecesInBox, state_.PiecesHome) =
+            TablesOf(seen);
         state_.SixValue = seen.SixValue;
         settings_.RuleSixAllOut = seen.SixValue == 7 ? 1 : 2;
         const engine::Position position(state_);
@@ -77,15 +74,15 @@ private:
             const auto number = static_cast<Short>(piece + 1);
             const Square from = state_.PiecePosition[colour][number];
             const bool isLegal = IsMoveLegal(state_, colour, state_.MoveCount, from);
-            if (view.IsMoveLegal(piece, count) != isLegal) return About("the legality", number);
+            if (view.IsMoveLegal(piece, count) != isLegal) return About("the legality");
             if (!isLegal) continue;
             ++scores_;
             const unsigned step = engine::StepAfter(position.SideOf(seat).StepOf(piece), count);
             if (engine::SquareAt(seat, step) != DestinationOf(colour, state_.MoveCount, from)) {
-                return About("the destination", number);
+                return About("the destination");
             }
             if (!IsSameScore(evaluator.ScoreOfMove(piece), ScoreOfMove(state_, settings_, number))) {
-                return About("the score", number);
+                return About("the score");
             }
         }
         return {};
@@ -101,17 +98,15 @@ private:
         const bool isSame = state_.BestPiece == (moves ? static_cast<Short>(choice.piece + 1) : 0) &&
                             state_.BestTo == (moves ? engine::SquareAt(seat, choice.to) : 0) &&
                             (state_.SecondMovePending == 1) == choice.bringsTwo;
-        return isSame ? "" : About("the choice", state_.BestPiece);
+        return isSame ? "" : About("the choice");
     }
 
-    std::string About(const char* what, Short piece) const {
-        std::ostringstream text;
-        text << what << ": colour " << state_.CurrentColour << ", piece " << piece << ", "
-             << state_.MoveCount << " squares, level " << settings_.PlayerLevel[state_.CurrentColour]
-             << ", at";
+    std::string About(std::string what) const {
+        what += " of colour " + std::to_string(state_.CurrentColour) + ", which walks " +
+                std::to_string(state_.MoveCount) + ", at";
         for (Colour colour = 1; colour <= ColourCount; ++colour)
-            text << ' ' << SquaresText(state_, colour);
-        return text.str();
+            what += " " + SquaresText(state_, colour);
+        return what;
     }
 
     Chance chance_{3};
