@@ -191,30 +191,26 @@ TEST(Recorder, RestoresAGameThatPlaysOnAsIfTheForgottenMovesHadNeverBeenMade) {
 
 // Random games bring these about too rarely, or never.
 TEST(Recorder, RestoresNoSixesOfATurnThatIsOver) {
-    const struct {
-        const char* name;
-        const char* position;
-        std::vector<MoveRecord> tape;  // restored before its last move
-        Colour absent;
-    } rows[] = {
+    // The tape is restored before its last move.
+    const std::tuple<const char*, const char*, Colour, std::vector<MoveRecord>> rows[] = {
         {"yellow's third six found its piece at home",
          "1:76 0 0 0",
+         0,
          {{1, 0, 6, 6, 1, 64, 70, 1, No, 0, Yes},
           {1, 0, 6, 6, 1, 70, 76, 2, No, 0, No},
-          {2, 0, 1, 1, 0, 0, 0, 0, No, 0, Yes}},
-         0},
+          {2, 0, 1, 1, 0, 0, 0, 0, No, 0, Yes}}},
         {"yellow takes no part, but a file has a turn of it",
          "1:10 0 0 0",
-         {{1, 0, 6, 6, 1, 4, 10, 1, No, 0, Yes}, {1, 0, 3, 3, 0, 0, 0, 0, No, 0, Yes}},
-         1},
+         1,
+         {{1, 0, 6, 6, 1, 4, 10, 1, No, 0, Yes}, {1, 0, 3, 3, 0, 0, 0, 0, No, 0, Yes}}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        GameState state = Position(row.position);
-        std::copy(row.tape.begin(), row.tape.end(), state.MoveRecords.begin() + 1);
-        state.MoveRecordCount = static_cast<Short>(row.tape.size() + 1);
+    for (const auto& [name, position, absent, tape] : rows) {
+        SCOPED_TRACE(name);
+        GameState state = Position(position);
+        std::copy(tape.begin(), tape.end(), state.MoveRecords.begin() + 1);
+        state.MoveRecordCount = static_cast<Short>(tape.size() + 1);
         Settings settings;
-        if (row.absent != 0) settings.PlayerActive[row.absent] = 2;
+        if (absent != 0) settings.PlayerActive[absent] = 2;
         SilentOutside silent;
         RecorderState recorder;
         const GameContext game{state, settings, silent};
