@@ -9,9 +9,10 @@
 namespace zorva::test {
 namespace {
 
-GameState OnTurn(const char* position, Colour colour, Short count) {
+/// Yellow is to walk that count.
+GameState OnTurn(const char* position, Short count) {
     GameState state = Position(position);
-    state.CurrentColour = colour;
+    state.CurrentColour = 1;
     state.MoveCount = count;
     return state;
 }
@@ -57,7 +58,7 @@ TEST(Decision, FollowsTheOptionsThenTheBestScore) {
         settings.RuleLeaveAllInBox = row.rules.leaveAll;
         settings.RuleFiveAllInBox = row.rules.fiveAll;
         settings.RuleFiveSomeInBox = row.rules.fiveSome;
-        GameState state = OnTurn(row.position, 1, row.count);
+        GameState state = OnTurn(row.position, row.count);
         state.DieValue = row.die;
         state.SecondMovePending = row.pending;
         ChooseComputerMove(state, settings);
@@ -77,42 +78,26 @@ TEST(Decision, FollowsTheOptionsThenTheBestScore) {
 struct ScoreRow {
     const char* name;
     const char* position;
-    Colour colour;
     Short piece, count, level;
     double valueGained;  ///< of the square reached over the square left
     Short progress;
     double others;  ///< all other terms
 };
 
+// What recorded games leave open: most weights and levels change some of their moves.
 constexpr ScoreRow scoreRows[] = {
-    {"a capture at 70", "1:30 0 0 0  3:33 0 0 0", 1, 1, 3, 70, -62 / 447.0, 25, 0},
-    {"a capture at 71, the bonus can be walked", "1:30 0 0 0  3:33 0 0 0", 1, 1, 3, 71, -62 / 447.0, 25,
-     5},
-    {"and it cannot", "1:30 0 0 0  2:45 45 0 0  3:33 0 0 0", 1, 1, 3, 71, -62 / 447.0, 25, 2},
-    {"an arrival at 60", "1:72 20 0 0", 1, 1, 4, 60, 0, 67, -0.12},
-    {"an arrival at 61, the bonus can be walked", "1:72 20 0 0", 1, 1, 4, 61, 0, 67, 1 - 0.12},
-    {"and it cannot", "1:72 0 0 0", 1, 1, 4, 61, 0, 67, -0.12},
-    {"five squares from home at 80", "1:71 0 0 0", 1, 1, 2, 80, 0, 66, -0.12},
-    {"five squares from home at 81", "1:71 0 0 0", 1, 1, 2, 81, 0, 66, -0.12 - 0.35},
-    {"six squares from home at 81", "1:70 0 0 0", 1, 1, 2, 81, 0, 65, -0.12},
-    {"a safe square left at 40", "1:29 0 0 0", 1, 1, 2, 40, 0, 24, 0},
-    {"a safe square left at 41", "1:29 0 0 0", 1, 1, 2, 41, 0, 24, -0.12},
-    {"the first square of the column left at 41", "2:77 0 0 0", 2, 1, 2, 41, 0, 64, -0.12},
-    {"a safe square reached at 20", "1:27 0 0 0", 1, 1, 2, 20, 0, 22, 0},
-    {"a safe square reached at 21", "1:27 0 0 0", 1, 1, 2, 21, 0, 22, 0.12},
-    {"the home column reached at 21", "2:10 0 0 0", 2, 1, 8, 21, 0, 56, 0.12},
-    {"the home column reached from the home entry", "2:17 0 0 0", 2, 1, 2, 21, 0, 63, 0},
-    {"out of the box at 60", "1:30 0 0 0", 1, 2, 5, 60, 0, 0, 0.12},
-    {"out of the box at 61", "1:30 0 0 0", 1, 2, 5, 61, 0, 0, 0.12 + 0.25},
-    {"the last one", "1:30 31 32 0", 1, 4, 5, 61, 0, 0, 0.12 + 0.25 + 0.5},
-    {"onto two rivals", "1:30 0 0 0  2:5 5 0 0", 1, 2, 5, 61, 0, 0, 0.12 + 0.25 + 0.1},
+    {"a capture at 70", "1:30 0 0 0  3:33 0 0 0", 1, 3, 70, -62 / 447.0, 25, 0},
+    {"five squares from home at 81", "1:71 0 0 0", 1, 2, 81, 0, 66, -0.12 - 0.35},
+    {"out of the box at 61", "1:30 0 0 0", 2, 5, 61, 0, 0, 0.12 + 0.25},
+    {"the last one", "1:30 31 32 0", 4, 5, 61, 0, 0, 0.12 + 0.25 + 0.5},
+    {"onto two rivals", "1:30 0 0 0  2:5 5 0 0", 2, 5, 61, 0, 0, 0.12 + 0.25 + 0.1},
 };
 
 TEST(Score, IsTheSumOfItsTerms) {
     for (const ScoreRow& row : scoreRows) {
         Settings settings;
-        settings.PlayerLevel[row.colour] = row.level;
-        const GameState state = OnTurn(row.position, row.colour, row.count);
+        settings.PlayerLevel[1] = row.level;
+        const GameState state = OnTurn(row.position, row.count);
         const double score = row.valueGained * 10 * row.level / 100 + row.progress / 210.0 + row.others;
         EXPECT_NEAR(ScoreOfMove(state, settings, row.piece), score, 1e-12) << row.name;
     }
