@@ -133,7 +133,7 @@ TEST_F(InTheWindow, APieceSoundsOnItsGoalWhenItWalksThere) {
     }
 }
 
-TEST_F(InTheWindow, HandsOnMessagesSoundsAndMoves) {
+TEST_F(InTheWindow, HandsOnMessagesAndLines) {
     QString asked;
     mesa.Ask = [&](const QString& title, const QString& text, Short lines, MessageButtons buttons) {
         asked = QStringLiteral("%1|%2|%3|%4").arg(title, text).arg(lines).arg(static_cast<int>(buttons));
@@ -141,14 +141,10 @@ TEST_F(InTheWindow, HandsOnMessagesSoundsAndMoves) {
     };
     EXPECT_EQ(outside.ShowMessage("Título", "¿Sí?", 2, MessageButtons::YesNo), MessageAnswer::Accepted);
     EXPECT_EQ(asked, "Título|¿Sí?|2|2");
-    outside.PlaySound(Sound::Victory);
-    EXPECT_EQ(sounds, std::vector<Sound>{Sound::Victory});
     outside.BeginLog("Inicio");
     outside.AddLogLine(1, {1, 0, 3, 3, 1, 10, 13, 0, No, 0, Yes});
     outside.CutLogFrom(1);
     EXPECT_EQ(mesa.Log().model()->rowCount(), 1);
-    outside.ShowChosenMove(11, 10, 13);
-    EXPECT_EQ(View().shown.to, 13);
 }
 
 TEST_F(InTheWindow, RollsAllSixFacesAndNoOther) {

@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QTest>
 #include <set>

@@ -7,7 +7,6 @@
 #include <functional>
 #include <memory>
 #include <ostream>
-#include <string>
 #include <vector>
 
 #include "app/Artwork.h"
