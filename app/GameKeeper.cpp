@@ -29,8 +29,8 @@ LoadedSettings GameKeeper::Load(const std::filesystem::path& folder) {
     return loaded;
 }
 
-void GameKeeper::PositionReached() {
-    kept_ = state_;
+void GameKeeper::PositionReached(const GameState& position) {
+    kept_ = position;
     Write(Durability::Lazy);
 }
 

@@ -26,8 +26,9 @@ public:
     /// is damaged and cannot be kept aside either, nothing is written at all.
     LoadedSettings Load(const std::filesystem::path& folder);
 
-    /// A throw or a bonus move is next: remembers and writes the game. Does not wait for the disk.
-    void PositionReached();
+    /// A move has ended: remembers and writes the game as Outside::PositionReached hands it over. Does
+    /// not wait for the disk.
+    void PositionReached(const GameState& position);
     /// The game has ended or was given up: writes the settings without a game, and waits for the disk.
     void GameOver();
     /// Writes the settings and the remembered game, and waits for the disk.

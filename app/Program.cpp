@@ -107,7 +107,7 @@ void Program::ConnectWindow() {
 }
 
 void Program::ConnectGame() {
-    outside_.PositionKept = [this] { keeper_.PositionReached(); };
+    outside_.PositionKept = [this](const GameState& position) { keeper_.PositionReached(position); };
     outside_.PieceLifted = [this] { screenSaver_.HoldOff(); };
     outside_.ResultKept = [this](const GameResult& result) { keeper_.AppendResult(result); };
     runner_.GameOver = [this] { keeper_.GameOver(); };

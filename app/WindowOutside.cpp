@@ -155,8 +155,8 @@ MessageAnswer WindowOutside::ShowMessage(std::string_view title, std::string_vie
     return mesa_.Ask(FromUtf8(title), FromUtf8(text), lineCount, buttons);
 }
 
-void WindowOutside::PositionReached() {
-    if (PositionKept) PositionKept();
+void WindowOutside::PositionReached(const GameState& position) {
+    if (PositionKept) PositionKept(position);
 }
 
 void WindowOutside::KeepResult(const GameResult& result) {

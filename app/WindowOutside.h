@@ -19,7 +19,7 @@ public:
     /// Called with a finished game that the players want in the history.
     std::function<void(const GameResult&)> ResultKept;
     /// Called whenever the game is whole and can be kept.
-    std::function<void()> PositionKept;
+    std::function<void(const GameState&)> PositionKept;
     /// Called whenever a piece sets out.
     std::function<void()> PieceLifted;
 
@@ -44,7 +44,7 @@ public:
     void CutLogFrom(Short line) override;
     MessageAnswer ShowMessage(std::string_view title, std::string_view text, Short lineCount,
                               MessageButtons buttons) override;
-    void PositionReached() override;
+    void PositionReached(const GameState& position) override;
     void KeepResult(const GameResult& result) override;
 
 private:

@@ -46,8 +46,8 @@ public:
 
     const Settings& PlayedWith() const { return settings_; }
 
-    void PositionReached() override {
-        if (state_.ThrowNext && state_.MoveRecordCount > wanted_) state_.GameInProgress = No;
+    void PositionReached(const GameState& position) override {
+        if (position.ThrowNext && position.MoveRecordCount > wanted_) state_.GameInProgress = No;
     }
 
     void WaitForInput() override {

@@ -5,6 +5,7 @@
 
 #include "core/Board.h"
 #include "core/Outside.h"
+#include "core/Records.h"
 
 namespace zorva {
 namespace {
@@ -16,6 +17,13 @@ int StepsOf(const GameState& state, Colour colour) {
     for (Short piece = 1; piece <= PiecesPerColour; ++piece)
         steps += StepsFromExit(state, colour, piece);
     return steps;
+}
+
+// With the record of the winning move among the finished ones.
+void KeepWonPosition(const GameContext& game) {
+    GameState won = game.state;
+    NewMoveRecord(won);
+    game.outside.PositionReached(won);
 }
 
 void Celebrate(const GameContext& game) {
@@ -63,6 +71,7 @@ std::string ResultText(const GameResult& result, const Settings& settings) {
 
 void EndOfGame(const GameContext& game) {
     GameState& state = game.state;
+    KeepWonPosition(game);
     Celebrate(game);
     game.outside.ShowTurn(state.CurrentColour, TurnIs::Won);
     const GameResult result = ResultOf(state, game.settings);

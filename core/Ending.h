@@ -18,6 +18,11 @@ struct GameResult {
     bool operator==(const GameResult&) const = default;
 };
 
+/// Whether the colour on turn has won: its four pieces are home.
+inline bool HasWon(const GameState& state) {
+    return state.PiecesHome[state.CurrentColour] == PiecesPerColour;
+}
+
 /// The result of a game that CurrentColour has won; PointsOf says what it is worth.
 GameResult ResultOf(const GameState& state, const Settings& settings);
 
@@ -33,8 +38,9 @@ std::string PointsText(Short hundredths);
 /// What the result window says.
 std::string ResultText(const GameResult& result, const Settings& settings);
 
-/// Celebrates the winner with four blinks, shows the result, offers it to the history and ends the game.
-/// CurrentColour must have its four pieces home.
+/// Celebrates the winner, CurrentColour, with four blinks, shows the result, offers it to the history
+/// and ends the game. Before that it hands the won position over to be kept: if the program ends while
+/// the players have not answered, the next start can ask them again.
 void EndOfGame(const GameContext& game);
 
 }  // namespace zorva

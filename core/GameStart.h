@@ -26,7 +26,8 @@ void DrawFirstPlayer(const GameContext& game);
 void PlayFrom(const GameContext& game, Colour first);
 
 /// Continues a game as it was read from its file, in which MoveRecordCount is the number of the
-/// unfinished move: puts the pieces on their squares and runs the turns. Fatal unless a game with at
+/// unfinished move: puts the pieces on their squares and runs the turns, or ends the game if it is won.
+/// Fatal unless a game with at
 /// least one finished move is in progress.
 void ContinueGame(const GameContext& game);
 

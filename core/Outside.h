@@ -111,9 +111,11 @@ public:
     /// run while it is open and may change the state.
     virtual MessageAnswer ShowMessage(std::string_view title, std::string_view text, Short lineCount,
                                       MessageButtons buttons) = 0;
-    /// The colour on turn is chosen and nothing is thrown or moved yet: the game can be saved as it is.
-    /// When that fails, the other side may show a message, during which handlers run.
-    virtual void PositionReached() = 0;
+    /// The move before has ended. The game can be saved as `position`, in which the next colour on turn
+    /// is chosen and nothing is thrown or moved yet, or the colour on turn has won. The state itself may
+    /// get there only later. When saving fails, the other side may show a message, during which handlers
+    /// run.
+    virtual void PositionReached(const GameState& position) = 0;
     /// A game has ended and the players want it in the history. A failure may show a message, too.
     virtual void KeepResult(const GameResult& result) = 0;
 };

@@ -143,7 +143,7 @@ void RestorePosition(const GameContext& game, RecorderState& recorder) {
         state.MoveRecords[move] = MoveRecord{};
     }
     TakeTapeOut(game, recorder);
-    game.outside.PositionReached();
+    game.outside.PositionReached(state);
 }
 
 }  // namespace zorva

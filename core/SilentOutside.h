@@ -31,7 +31,7 @@ public:
     MessageAnswer ShowMessage(std::string_view, std::string_view, Short, MessageButtons) override {
         return MessageAnswer::Refused;
     }
-    void PositionReached() override {}
+    void PositionReached(const GameState&) override {}
     void KeepResult(const GameResult&) override {}
 };
 

@@ -12,7 +12,7 @@ namespace zorva {
 namespace {
 
 /// What follows a move that was carried out.
-enum class AfterMove { NextTurn, SecondPiece, GameOver };
+enum class AfterMove { NextTurn, SecondPiece };
 
 void PassTurn(const GameContext& game, Short direction) {
     Colour colour = game.state.CurrentColour;
@@ -22,12 +22,9 @@ void PassTurn(const GameContext& game, Short direction) {
     game.state.CurrentColour = colour;
 }
 
-void BeginTurn(const GameContext& game) {
+// Chooses the colour on turn and opens the record of its move.
+void OpenTurn(const GameContext& game) {
     GameState& state = game.state;
-    // If throws wait for a click, a click made between two moves is kept for the next throw.
-    game.outside.YieldToEvents(game.settings.PauseBetweenMoves == 1 ? UserInput::Held
-                                                                    : UserInput::Handled);
-    game.outside.SetScreenCursor(ScreenCursor::Default);
     if (!state.RepeatTurn) {
         NextColour(game);
         state.SixesInRow = 0;
@@ -36,6 +33,27 @@ void BeginTurn(const GameContext& game) {
     if (state.SixesInRow == 0) state.RepeatTurn = No;
     NewMoveRecord(state);
     state.DieValue = 0;
+}
+
+// The last move has ended, and the game may be left before the next turn is opened: the game is kept as
+// it will stand then. Returns the colour that will be on turn.
+Colour KeepNextTurn(const GameContext& game) {
+    GameState next = game.state;
+    OpenTurn({next, game.settings, game.outside});
+    game.outside.PositionReached(next);
+    return next.CurrentColour;
+}
+
+void BeginTurn(const GameContext& game) {
+    const Colour kept = KeepNextTurn(game);
+    // If throws wait for a click, a click made between two moves is kept for the next throw.
+    game.outside.YieldToEvents(game.settings.PauseBetweenMoves == 1 ? UserInput::Held
+                                                                    : UserInput::Handled);
+    game.outside.SetScreenCursor(ScreenCursor::Default);
+    OpenTurn(game);
+    // The settings may have changed during the yield, and with them who is next.
+    const bool isAnother = game.state.CurrentColour != kept;
+    if (game.state.GameInProgress && isAnother) game.outside.PositionReached(game.state);
 }
 
 void OfferThrow(const GameContext& game) {
@@ -184,17 +202,14 @@ AfterMove CarryOutMove(const GameContext& game) {
         state.MoveCount = ArrivalBonus;
         return AfterMove::NextTurn;
     }
-    if (state.PiecesHome[colour] == PiecesPerColour) {
-        EndOfGame(game);
-        return AfterMove::GameOver;
-    }
+    if (HasWon(state)) return AfterMove::NextTurn;
     if (state.SecondMovePending == 1) return AfterMove::SecondPiece;
     if (!state.RepeatTurn) game.outside.ClearDice();
     game.outside.Pause(10);
     return AfterMove::NextTurn;
 }
 
-// From the throw to its last move. Returns false when the game is over or was abandoned.
+// From the throw to its last move. Returns false when the game was abandoned.
 bool PlayThrow(const GameContext& game) {
     GameState& state = game.state;
     const bool isThirdSix = CountSixes(state);
@@ -204,7 +219,7 @@ bool PlayThrow(const GameContext& game) {
     for (bool isChosen = isThirdSix;; isChosen = false) {
         if (!isChosen && !DecideMove(game)) return false;
         const AfterMove after = CarryOutMove(game);
-        if (after != AfterMove::SecondPiece) return after == AfterMove::NextTurn;
+        if (after == AfterMove::NextTurn) return true;
         NewMoveRecord(state);
     }
 }
@@ -224,19 +239,22 @@ TurnIs WhatIsDue(const GameState& state) {
     return state.MoveCount == CaptureBonus ? TurnIs::BonusForCapture : TurnIs::BonusForArrival;
 }
 
-// One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the
-// game is over or was abandoned.
-bool PlayTurn(const GameContext& game) {
-    GameState& state = game.state;
-    if (state.MoveRecordCount >= LongestGame) {
-        EndLongestGame(game);
+// Begins the next turn, or ends the game. Returns false when the game is over or was abandoned.
+bool GoesOn(const GameContext& game) {
+    if (HasWon(game.state)) {
+        EndOfGame(game);
         return false;
     }
     BeginTurn(game);
-    if (!state.GameInProgress) return false;
+    if (game.state.GameInProgress && game.state.MoveRecordCount > LongestGame) EndLongestGame(game);
+    return game.state.GameInProgress != No;
+}
+
+// One pass of the driver: a throw, a bonus move or a displacement by hand. Returns false when the game
+// was abandoned.
+bool PlayTurn(const GameContext& game) {
+    GameState& state = game.state;
     game.outside.ShowTurn(state.CurrentColour, WhatIsDue(state));
-    game.outside.PositionReached();
-    if (!state.GameInProgress) return false;
     if (state.ThrowNext) {
         OfferThrow(game);
         if (!state.GameInProgress) return false;
@@ -288,7 +306,7 @@ void TakeAdvisedMove(GameState& state) {
 }
 
 void RunTurns(const GameContext& game) {
-    while (PlayTurn(game)) {
+    while (GoesOn(game) && PlayTurn(game)) {
     }
     game.outside.RefreshBoard(PiecesShown::OnTheirSquares);
 }

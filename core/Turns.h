@@ -4,11 +4,12 @@
 
 namespace zorva {
 
-/// The number of moves at which a game ends without a winner, with a message to the players: moves are
-/// numbered with 16 bits.
+/// A game that has this many moves ends without a winner, with a message to the players: moves are
+/// numbered with 16 bits. The throw that reaches the number is played to its end first.
 inline constexpr Short LongestGame = 32'700;
 
-/// Plays the game from its position to its end, turn after turn. Returns when GameInProgress has become
+/// Plays the game from its position to its end, turn after turn; a game that the colour on turn has won
+/// already ends at once, as after a winning move. Returns when GameInProgress has become
 /// No: the game has ended, or a handler has abandoned it. Handlers of clicks and keys run in
 /// WaitForInput, in YieldToEvents with UserInput::Handled, and while a message is open: one of
 /// ShowMessage, or one that PositionReached or KeepResult shows when saving fails. They run nowhere

@@ -45,9 +45,9 @@ public:
         if (wanted_.records) PrintRecord(out_, moveNumber, record);
     }
 
-    // Called before each throw and bonus move. ThrowNext tells them apart: a bonus move needs no throw.
-    void PositionReached() override {
-        stopped_ = state_.ThrowNext && used_ == throws_.size();
+    // Neither a bonus move nor the end of a won game needs a throw.
+    void PositionReached(const GameState& position) override {
+        stopped_ = position.ThrowNext && !HasWon(position) && used_ == throws_.size();
         if (stopped_) state_.GameInProgress = No;
     }
 

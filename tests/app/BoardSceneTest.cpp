@@ -135,8 +135,8 @@ private:
         LookOnTheWay();
         WindowOutside::Pause(n);
     }
-    void PositionReached() override {
-        if (state.MoveRecordCount > longest_) state.GameInProgress = No;
+    void PositionReached(const GameState& position) override {
+        if (position.MoveRecordCount > longest_) state.GameInProgress = No;
         Look("the turn");
         const QImage before = Seen();
         scene.Refresh();

@@ -28,11 +28,11 @@ protected:
     void Play(
         Short moves, const std::function<void()>& atMove = [] {}) {
         game.beforeRecord = [&](const MoveRecord&) { atMove(); };
-        game.atPosition = [&] {
-            if (state.MoveRecordCount > moves) state.GameInProgress = No;
+        game.atPosition = [&](const GameState& position) {
+            if (position.MoveRecordCount > moves) state.GameInProgress = No;
             if (state.GameInProgress == No) return;
-            keeper.PositionReached();
-            beginning = state;
+            keeper.PositionReached(position);
+            beginning = position;
         };
         game.Play();
     }
@@ -82,8 +82,8 @@ TEST_F(KeptGame, TellsOnceThatItCannotBeWritten) {
         keeper.SaveAtEnd();
         EXPECT_EQ(failures.size(), static_cast<std::size_t>(times - 1))
             << "asks at the end of the session";
-        keeper.PositionReached();
-        keeper.PositionReached();
+        keeper.PositionReached(state);
+        keeper.PositionReached(state);
         keeper.Save();
         keeper.AppendResult({1, {2}, 250});
         ASSERT_EQ(failures.size(), static_cast<std::size_t>(times));
@@ -103,7 +103,7 @@ TEST_F(KeptGame, WritesNothingOverAFileThatCouldNotBeRead) {
     EXPECT_EQ(other.Load(late).outcome, LoadOutcome::Damaged) << "the folder is not there yet";
     fs::create_directory(late);
     WriteBytes(late / SettingsFileName, "a game from elsewhere");
-    other.PositionReached();
+    other.PositionReached(state);
     other.Save();
     other.GameOver();
     EXPECT_EQ(FileBytes(late / SettingsFileName), "a game from elsewhere");

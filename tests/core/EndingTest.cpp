@@ -60,6 +60,8 @@ TEST(EndOfGame, CelebratesTellsAndOffersTheHistory) {
             "message Histórico de partidas jugadas|¿Se actualiza el Histórico de partidas?|1 yes/no");
         if (keep) wanted.push_back("keep 3 999");
         EXPECT_EQ(outside.All(), wanted);
+        EXPECT_EQ(outside.kept.MoveRecordCount, 91) << "the winning move can be continued from";
+        EXPECT_EQ(outside.kept.GameInProgress, Yes);
         EXPECT_EQ(state.GameInProgress, No);
         EXPECT_EQ(state.MoveRecordCount, 0);
         EXPECT_EQ(SquaresText(state, 3), "92 92 92 92");

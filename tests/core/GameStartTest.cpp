@@ -125,10 +125,10 @@ TEST(ContinuedGame, PutsThePiecesDownAndGoesOnWithTheUnfinishedMove) {
         state.CurrentColour = 1;
         state.MoveRecords[1] = row.last;
         state.MoveRecordCount = 2;
-        NotingOutside outside(state);
+        NotingOutside outside(state, {1});
         ContinueGame({state, settings, outside});
         EXPECT_EQ(outside.Only({"turn"}).at(0), row.next);
-        EXPECT_EQ(state.MoveRecordCount, 2 + (row.next[7] == 't' ? 0 : 1)) << "bonus moves are made";
+        EXPECT_EQ(state.MoveRecordCount, 3 + (row.next[7] == 't' ? 0 : 1)) << "bonus moves are made";
         const Notes pieces = outside.Only({"put"});
         EXPECT_EQ(Notes(pieces.begin(), pieces.begin() + 8),
                   (Notes{"put 11 10", "put 12 76", "put 13 0", "put 14 0", "put 31 0", "put 32 0",
@@ -149,7 +149,8 @@ TEST(ContinuedGame, PassesOverAColourThatTakesNoPartButShowsItsPiecesOnTheBoard)
         state.MoveRecordCount = 2;
         NotingOutside outside(state);
         ContinueGame({state, settings, outside});
-        EXPECT_EQ(outside.Only({"turn"}), Notes{"turn 3 throws"});
+        EXPECT_EQ(state.CurrentColour, 3);
+        EXPECT_EQ(outside.kept.ThrowNext, Yes);
         EXPECT_EQ(state.SixesInRow, 0);
         EXPECT_EQ(state.RepeatTurn, No);
         const Notes pieces = outside.Only({"put"});

@@ -50,7 +50,7 @@ public:
         before_.clear();
         game_.kind.changesRules = number % 4 == 0;
         game_.beforeRecord = [this](const MoveRecord& record) { Look(record); };
-        game_.atPosition = [this] { MayKeep(); };
+        game_.atPosition = [this](const GameState& position) { MayKeep(position); };
     }
 
     /// Plays it forwards, back and forwards again, and once more from a file of its middle. What was
@@ -79,9 +79,9 @@ private:
     }
 
     // Any position is as likely to be kept as the others.
-    void MayKeep() {
-        if (game_.state.MoveRecordCount < 2 || choice_.Below(++keepable_) != 0) return;
-        kept_.emplace(game_);
+    void MayKeep(const GameState& position) {
+        if (position.MoveRecordCount < 2 || choice_.Below(++keepable_) != 0) return;
+        kept_.emplace(game_).state = position;
     }
 
     std::string KeepingProblem() {

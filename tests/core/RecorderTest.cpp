@@ -35,9 +35,9 @@ public:
         RunTurns(AsGame());
     }
 
-    void PositionReached() override {
+    void PositionReached(const GameState& position) override {
         ++positionsReached;
-        RandomGame::PositionReached();
+        RandomGame::PositionReached(position);
     }
     void BeginLog(std::string_view heading) override { log = {std::string(heading)}; }
     void AddLogLine(Short move, const MoveRecord& record) override {

@@ -154,6 +154,29 @@ TEST(Turns, ShowAndSoundAThrow) {
     EXPECT_EQ(Notes(seen.begin(), seen.begin() + static_cast<long>(wanted.size())), wanted);
 }
 
+TEST(Turns, KeepAMoveThatHasEndedBeforeTheGameCanBeLeft) {
+    const struct {
+        const char* throws;
+        bool turnsRound;  // the order of play, in the settings window
+        Colour next;
+    } leavings[] = {{"1 1", false, 2}, {"6 1", false, 1}, {"1 1", true, 4}};
+    for (const auto& row : leavings) {
+        GameState state = Position("1:10 0 0 0  4:60 0 0 0");
+        NotingOutside outside(state, Throws(row.throws));
+        // The game is yielded before each turn and before each throw.
+        outside.atYield = [&, yields = 0]() mutable {
+            ++yields;
+            if (yields == 3 && row.turnsRound) state.PlayDirection = -1;
+            if (yields == (row.turnsRound ? 4 : 3)) state.GameInProgress = No;
+        };
+        PlayFrom({state, PlainSettings(), outside}, 1);
+        EXPECT_EQ(outside.kept.GameInProgress, Yes);
+        EXPECT_EQ(outside.kept.MoveRecordCount, 2);
+        EXPECT_EQ(outside.kept.MoveRecords[1].From, 10);
+        EXPECT_EQ(outside.kept.CurrentColour, row.next);
+    }
+}
+
 TEST(Turns, EndBeforeTheNumbersOfTheMovesDo) {
     GameState state = Position("1:10 0 0 0  2:30 0 0 0");
     state.GameInProgress = Yes;
@@ -166,6 +189,7 @@ TEST(Turns, EndBeforeTheNumbersOfTheMovesDo) {
               (Notes{"log 32700 Azul cuenta 1",
                      "message Partida demasiado larga|La partida ha llegado a las 32.700 jugadas y no "
                      "caben más en la cinta. Termina aquí, sin ganador.|2"}));
+    EXPECT_EQ(outside.kept.MoveRecordCount, LongestGame + 1) << "its last move is kept, too";
     EXPECT_EQ(state.MoveRecordCount, 0);
     EXPECT_EQ(state.GameInProgress, No);
 }

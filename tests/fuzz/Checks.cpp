@@ -46,7 +46,7 @@ void RequirePlayable(const SettingsContent& content, std::uint64_t seed) {
     test::RandomGame game(seed, 0, ToShort(content.state.MoveRecordCount + movesPlayedOn));
     game.state = content.state;
     game.kind.settings = content.settings;
-    game.atPosition = [&game] { RequireSoundTables(game.state); };
+    game.atPosition = RequireSoundTables;
     ContinueGame(game.AsGame());
 }
 

@@ -21,8 +21,9 @@ void NotingOutside::WaitForInput() {
     inputs.pop_front();
 }
 
-void NotingOutside::PositionReached() {
-    if (state_.ThrowNext && throws_.empty()) state_.GameInProgress = No;
+void NotingOutside::PositionReached(const GameState& position) {
+    kept = position;
+    if (position.ThrowNext && throws_.empty()) state_.GameInProgress = No;
 }
 
 void NotingOutside::DrawDie(Colour colour, Short face, DieIs how) {

@@ -23,15 +23,21 @@ public:
     std::deque<std::function<void(GameState&)>> inputs;
     /// What the person answers to every question.
     MessageAnswer answer = MessageAnswer::Accepted;
+    /// What the person does in each yield.
+    std::function<void()> atYield = [] {};
     /// Whether a screen reader abandons the game while a message is open.
     bool abandonsInMessage = false;
+
+    /// The position handed over last.
+    GameState kept;
 
     /// Everything noted, or what begins with one of these words.
     const Notes& All() const { return notes_; }
     Notes Only(std::initializer_list<std::string> words) const;
 
     void WaitForInput() override;
-    void PositionReached() override;
+    void YieldToEvents(UserInput) override { atYield(); }
+    void PositionReached(const GameState& position) override;
     void Pause(Short n) override { Note("pause", {n}); }
     void StepDelay(Short n) override { Note("delay", {n}); }
     void PlaySound(Sound sound) override { Note("sound", {static_cast<int>(sound)}); }

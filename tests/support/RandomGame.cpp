@@ -62,6 +62,7 @@ RandomGame::RandomGame(const RandomGame& other)
       chance(other.chance),
       kind(other.kind),
       state(other.state),
+      logged(other.logged),
       longest_(other.longest_) {}
 
 void RandomGame::Play() {
@@ -74,9 +75,9 @@ void RandomGame::AddLogLine(Short moveNumber, const MoveRecord& record) {
     if (beforeRecord) beforeRecord(record);
 }
 
-void RandomGame::PositionReached() {
-    if (state.MoveRecordCount > longest_) state.GameInProgress = No;
-    if (atPosition && state.GameInProgress) atPosition();
+void RandomGame::PositionReached(const GameState& position) {
+    if (position.MoveRecordCount > longest_) state.GameInProgress = No;
+    if (atPosition && state.GameInProgress) atPosition(position);
     if (!kind.changesRules || chance.Below(40) != 0) return;
     ChangeRules(kind.settings, chance);
     ApplySettings(state, kind.settings);

@@ -37,8 +37,8 @@ public:
 
     /// Called before each record is carried out: the state still stands as the record before left it.
     std::function<void(const MoveRecord&)> beforeRecord;
-    /// Called at each position at which the game could be kept.
-    std::function<void()> atPosition;
+    /// Called with each position at which the game could be kept.
+    std::function<void(const GameState&)> atPosition;
 
     GameContext AsGame() { return {state, kind.settings, *this}; }
 
@@ -46,7 +46,7 @@ public:
     void Play();
 
     void AddLogLine(Short moveNumber, const MoveRecord& record) override;
-    void PositionReached() override;
+    void PositionReached(const GameState& position) override;
     void WaitForInput() override;
 
 protected:
