@@ -12,8 +12,21 @@ bool IsDigit(char character) {
     return character >= '0' && character <= '9';
 }
 
-std::string_view WithoutLeadingBlanks(std::string_view text) {
-    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+constexpr const char* blanks = " \t";
+constexpr const char* lineEnds = "\r\n";
+constexpr const char* blankLines = " \t\r\n";
+constexpr const char* endOfText = " \t\r\n\x1A";  // old editors end a text with Ctrl+Z
+
+std::string_view WithoutLeading(const char* characters, std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(characters), text.size()));
+}
+
+std::string_view WithoutTrailing(const char* characters, std::string_view text) {
+    return text.substr(0, text.find_last_not_of(characters) + 1);
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+    return WithoutTrailing(blanks, WithoutLeading(blanks, text));
 }
 
 /// A number, or why the text is none.
@@ -22,10 +35,10 @@ struct ParsedNumber {
     FileError error = FileError::None;
 };
 
-// Digits alone, with a minus sign at most: neither a plus sign, nor a fraction, nor blanks.
+// Digits with a sign at most: neither a fraction nor blanks.
 ParsedNumber ParseNumber(std::string_view text) {
-    const bool negative = !text.empty() && text.front() == '-';
-    if (negative) text.remove_prefix(1);
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
     if (text.empty() || !std::all_of(text.begin(), text.end(), IsDigit)) {
         return {0, FileError::TypeMismatch};
     }
@@ -37,6 +50,8 @@ ParsedNumber ParseNumber(std::string_view text) {
 }
 
 }  // namespace
+
+FieldReader::FieldReader(std::string_view bytes) : rest_(WithoutTrailing(endOfText, bytes)) {}
 
 void FieldReader::Refuse(FileError error) {
     if (error_ != FileError::None) return;
@@ -52,15 +67,14 @@ void FieldReader::EndLine() {
 
 void FieldReader::NextLine() {
     EndLine();
+    rest_ = WithoutLeading(blankLines, rest_);
     if (rest_.empty()) {
         Refuse(FileError::PastTheEnd);
         return;
     }
-    // Both line ends are read: the game writes CR LF, an editor may leave LF.
-    const std::size_t end = rest_.find('\n');
+    const std::size_t end = std::min(rest_.find_first_of(lineEnds), rest_.size());
     line_ = rest_.substr(0, end);
-    rest_ = end == std::string_view::npos ? std::string_view{} : rest_.substr(end + 1);
-    if (!line_.empty() && line_.back() == '\r') line_.remove_suffix(1);
+    rest_ = rest_.substr(end);
     lineHasMore_ = true;
 }
 
@@ -70,12 +84,10 @@ std::string_view FieldReader::Field() {
         Refuse(MissingField());
         return {};
     }
-    std::size_t from = 0;
-    if (!line_.empty() && line_.front() == '"') {
-        from = std::min(line_.find('"', 1), line_.size());
-    }
+    line_ = WithoutLeading(blanks, line_);
+    const std::size_t from = line_.starts_with('"') ? std::min(line_.find('"', 1), line_.size()) : 0;
     const std::size_t comma = line_.find(',', from);
-    const std::string_view field = line_.substr(0, comma);
+    const std::string_view field = WithoutTrailing(blanks, line_.substr(0, comma));
     lineHasMore_ = comma != std::string_view::npos;
     line_ = lineHasMore_ ? line_.substr(comma + 1) : std::string_view{};
     return field;
@@ -85,7 +97,7 @@ Short FieldReader::Number(Short lowest, Short highest) {
     const std::string_view field = Field();
     // A line that ends right after a comma or a minus sign
     // was cut off: the number is missing, not mistyped.
-    if (!lineHasMore_ && (field.empty() || field == "-")) Refuse(MissingField());
+    if (!lineHasMore_ && (field.empty() || field == "-" || field == "+")) Refuse(MissingField());
     return NumberIn(field, lowest, highest);
 }
 
@@ -98,7 +110,7 @@ Short FieldReader::Cell(std::string_view& cells, std::size_t width, Short lowest
 
 Short FieldReader::NumberIn(std::string_view text, Short lowest, Short highest) {
     if (error_ != FileError::None) return lowest;
-    const ParsedNumber number = ParseNumber(WithoutLeadingBlanks(text));
+    const ParsedNumber number = ParseNumber(WithoutBlanks(text));
     if (number.error != FileError::None) {
         Refuse(number.error);
     } else if (number.value < lowest || number.value > highest) {
@@ -124,6 +136,14 @@ std::string_view FieldReader::Text() {
         return field.substr(1, field.size() - 2);
     }
     return {};
+}
+
+void FieldReader::Skip(int fields) {
+    for (; fields > 0; --fields) Field();
+}
+
+void FieldReader::SkipLine() {
+    lineHasMore_ = false;
 }
 
 void FieldReader::End() {

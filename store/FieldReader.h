@@ -8,19 +8,26 @@
 namespace zorva {
 
 /// Reads a text line by line and field by field. Fields are decimal numbers or texts in double quotes,
-/// separated by commas. A line ends with LF or CR LF; the last line may lack its end.
+/// separated by commas; a number may have a sign, and blanks and tabs may stand on both sides of a
+/// field. A line ends with CR, LF or both; the last one may lack its end. Blank lines count for nothing,
+/// nor does Ctrl+Z at the end.
 ///
 /// The reader keeps the first mistake. From then on each call returns at once, with the lowest number
 /// allowed or an empty text, so a caller can read everything and ask for the error once, at the end.
 class FieldReader {
 public:
-    explicit FieldReader(std::string_view bytes) : rest_(bytes) {}
+    explicit FieldReader(std::string_view bytes);
 
     /// Goes to the next line. Refuses the text if fields of the line before are left unread
     /// (TypeMismatch) or if there is no next line (PastTheEnd).
     void NextLine();
-    /// The next field as a number from `lowest` to `highest`; blanks in front are allowed. Refuses what
-    /// is no number (TypeMismatch), needs more than 16 bits (Overflow) or lies outside (OutOfRange).
+    /// Refuses the text if the current line has unread fields (TypeMismatch).
+    void EndLine();
+    /// Passes over that many fields, whatever they hold; over the rest of the current line.
+    void Skip(int fields);
+    void SkipLine();
+    /// The next field as a number from `lowest` to `highest`. Refuses what is no number (TypeMismatch),
+    /// needs more than 16 bits (Overflow) or lies outside (OutOfRange).
     Short Number(Short lowest, Short highest);
     /// The next field as a text, without its quotes. A comma inside the quotes belongs to the text.
     std::string_view Text();
@@ -37,10 +44,8 @@ public:
     FileError Error() const { return error_; }
 
 private:
-    /// The next field as it stands in the text, with its quotes.
+    /// The next field as it stands in the text, with its quotes but without blanks around it.
     std::string_view Field();
-    /// Refuses the text if the current line has unread fields.
-    void EndLine();
     /// The text as a number within the limits; refuses it as Number says.
     Short NumberIn(std::string_view text, Short lowest, Short highest);
     /// The error for a missing field. In the last line the file was cut off, as by a full disk; in an

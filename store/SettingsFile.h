@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -41,9 +42,15 @@ using SettingsReading = std::variant<SettingsContent, FileError>;
 
 /// Reads the bytes of a settings file. Refuses any bytes that the game could
 /// not have written: numbers outside their range, a board that contradicts the positions, records that
-/// break the rules or lead elsewhere. A blank name becomes the colour's default name; if no colour takes
-/// part, all four do. In the resulting state MoveRecordCount is the number of the unfinished move, as in
-/// the file (ContinueGame in core/GameStart.h goes on from there).
+/// break the rules or lead elsewhere. FieldReader says how freely numbers, texts and lines may stand. A
+/// name that is too long is cut, and a blank one becomes the colour's default name; if no colour takes
+/// part, all four do. A game in progress may be won; then its last record is the winning move. In the
+/// resulting state MoveRecordCount is the number of the unfinished move, as in the file (ContinueGame in
+/// core/GameStart.h goes on from there).
 SettingsReading ReadSettings(std::string_view bytes);
+
+/// The settings alone, whatever stands in the fields and lines of the game; nothing if a setting cannot
+/// be read or a line of settings has too few or too many fields.
+std::optional<Settings> ReadSettingsAlone(std::string_view bytes);
 
 }  // namespace zorva

@@ -13,20 +13,16 @@ namespace {
 
 constexpr std::size_t boardLength = 600;  // 100 squares, 3 slots each, 2 characters per slot
 constexpr std::size_t recordLength = 16;  // the widths of the eleven cells added up
-/// Many times the length of any ordinary game (some 400 moves), and more than 7,000 below LongestGame
-/// (core/Turns.h): a game that continues from here can still be played to its end.
-constexpr Short mostMoves = 25'000;
-
 bool IsControl(char character) {
     return static_cast<unsigned char>(character) < ' ';
 }
 
-// The game never writes control characters in a name, and windows could not show them.
+// The game never writes control characters in a name, and windows could not show them. What is too long
+// is cut.
 std::string ReadName(FieldReader& reader, Colour colour) {
     const std::string_view bytes = reader.Text();
     if (std::any_of(bytes.begin(), bytes.end(), IsControl)) reader.Refuse(FileError::TypeMismatch);
-    if (bytes.size() > LongestName) reader.Refuse(FileError::OutOfRange);
-    const std::string name = FromWindows1252(bytes);
+    const std::string name = FromWindows1252(bytes.substr(0, LongestName));
     return Trimmed(name).empty() ? DefaultName(colour) : name;
 }
 
@@ -36,17 +32,19 @@ Short ReadChoice(FieldReader& reader) {
 }
 
 // Only the form of the numbers is checked here; IsSound compares them with the board in the end.
-void ReadColour(FieldReader& reader, SettingsContent& content, Colour colour) {
-    reader.NextLine();
-    content.state.PiecesInBox[colour] = reader.Number(0, PiecesPerColour);
-    content.state.PiecesHome[colour] = reader.Number(0, PiecesPerColour);
+void ReadPieces(FieldReader& reader, GameState& state, Colour colour) {
+    state.PiecesInBox[colour] = reader.Number(0, PiecesPerColour);
+    state.PiecesHome[colour] = reader.Number(0, PiecesPerColour);
     for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-        content.state.PiecePosition[colour][piece] = reader.Number(0, LastSquare);
+        state.PiecePosition[colour][piece] = reader.Number(0, LastSquare);
     }
-    content.settings.PlayerName[colour] = ReadName(reader, colour);
-    content.settings.PlayerLevel[colour] = reader.Number(0, 100);
-    content.settings.PlayerType[colour] = ReadChoice(reader);
-    content.settings.PlayerActive[colour] = ReadChoice(reader);
+}
+
+void ReadPlayer(FieldReader& reader, Settings& settings, Colour colour) {
+    settings.PlayerName[colour] = ReadName(reader, colour);
+    settings.PlayerLevel[colour] = reader.Number(0, 100);
+    settings.PlayerType[colour] = ReadChoice(reader);
+    settings.PlayerActive[colour] = ReadChoice(reader);
 }
 
 // A file in which no colour takes part would start a game that nobody can
@@ -59,7 +57,6 @@ void ActivateAllIfNone(PerColour<Short>& active) {
 }
 
 void ReadBoard(FieldReader& reader, GameState& state) {
-    reader.NextLine();
     std::string_view cells = reader.Text();
     if (cells.size() != boardLength) reader.Refuse(FileError::TypeMismatch);
     for (Square square = 1; square <= LastSquare; ++square) {
@@ -70,16 +67,17 @@ void ReadBoard(FieldReader& reader, GameState& state) {
     }
 }
 
-void ReadGame(FieldReader& reader, SettingsContent& content) {
-    GameState& state = content.state;
-    Settings& settings = content.settings;
-    reader.NextLine();
+// ReadRecords reads a negative count as 1. Any other may stand here: a game that has more moves than
+// LongestGame (core/Turns.h) ends when it is continued.
+void ReadGame(FieldReader& reader, GameState& state) {
     state.GameInProgress = reader.Number(Yes, No);
-    // ReadRecords reads a negative count as 1.
-    state.MoveRecordCount = reader.Number(INT16_MIN, mostMoves);
+    state.MoveRecordCount = reader.Number(INT16_MIN, INT16_MAX);
     state.CurrentColour = reader.Number(0, ColourCount);
     state.RepeatTurn = reader.Number(Yes, No);
     state.SixesInRow = reader.Number(0, 3);
+}
+
+void ReadCommonSettings(FieldReader& reader, Settings& settings) {
     for (Short* choice :
          {&settings.PauseBetweenMoves, &settings.Tutor, &settings.PlayOrder, &settings.SoundOn,
           &settings.ButtonInfo, &settings.RuleSixAllOut, &settings.RuleLeaveAllInBox,
@@ -129,13 +127,39 @@ void ReadRecords(FieldReader& reader, GameState& state) {
 
 }  // namespace
 
+std::optional<Settings> ReadSettingsAlone(std::string_view bytes) {
+    FieldReader reader(bytes);
+    Settings settings;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        reader.NextLine();
+        reader.Skip(2 + PiecesPerColour);
+        ReadPlayer(reader, settings, colour);
+    }
+    ActivateAllIfNone(settings.PlayerActive);
+    reader.NextLine();
+    reader.SkipLine();
+    reader.NextLine();
+    reader.Skip(5);
+    ReadCommonSettings(reader, settings);
+    reader.EndLine();
+    if (reader.Error() != FileError::None) return std::nullopt;
+    return settings;
+}
+
 SettingsReading ReadSettings(std::string_view bytes) {
     FieldReader reader(bytes);
     SettingsContent content;
-    for (Colour colour = 1; colour <= ColourCount; ++colour) ReadColour(reader, content, colour);
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        reader.NextLine();
+        ReadPieces(reader, content.state, colour);
+        ReadPlayer(reader, content.settings, colour);
+    }
     ActivateAllIfNone(content.settings.PlayerActive);
+    reader.NextLine();
     ReadBoard(reader, content.state);
-    ReadGame(reader, content);
+    reader.NextLine();
+    ReadGame(reader, content.state);
+    ReadCommonSettings(reader, content.settings);
     ReadRecords(reader, content.state);
     reader.End();
     if (reader.Error() != FileError::None) return reader.Error();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Board.h"
+#include "core/Turns.h"
 #include "store/Encoding.h"
 
 namespace zorva::test {
@@ -142,12 +143,24 @@ TEST(SettingsFile, WhatCanStandInANameComesBack) {
 }
 
 TEST(SettingsFile, IsGoodWithSmallLiberties) {
-    std::string lineFeeds = SmallGame();
-    std::erase(lineFeeds, '\r');
-    EXPECT_EQ(ErrorOf(lineFeeds), 0);
+    for (const char lineEnd : {'\r', '\n'}) {
+        std::string oneOnly = SmallGame();
+        std::erase(oneOnly, lineEnd);
+        EXPECT_EQ(Loaded(oneOnly), Loaded(SmallGame()));
+    }
     EXPECT_EQ(ErrorOf(SmallGame().substr(0, SmallGame().size() - 2)), 0) << "no line end at the end";
-    EXPECT_EQ(ErrorOf(Replaced(SmallGame(), ",100,2,1", ", 100, 2, 1")), 0) << "blanks before numbers";
-    EXPECT_EQ(ErrorOf(Replaced(firstStart, "Azul", "123456789")), 0) << "a name of nine letters";
+    for (const char* end : {"\r\n", " \n\t\n", "\x1A", "\r\n\x1A\r\n"}) {
+        EXPECT_EQ(Loaded(SmallGame() + end), Loaded(SmallGame())) << end;
+    }
+    const std::pair<const char*, const char*> sameThings[] = {
+        {",100,2,1", ", 100\t, 2 ,1 "},        {",100,2,1", ",+100,02,1"},
+        {",\"Azul\",", ", \"Azul\" ,"},        {"\"301 10", " \"301 10"},
+        {"1\"\r\n\"306", "1\" \r\n\r\n\"306"},
+    };
+    for (const auto& [written, read] : sameThings) {
+        EXPECT_EQ(Loaded(Replaced(SmallGame(), written, read)), Loaded(SmallGame())) << read;
+    }
+    EXPECT_EQ(Loaded(Replaced(firstStart, "Azul", "123456789ab")).settings.PlayerName[2], "123456789");
     EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "0,-7,0,-1")).state.MoveRecordCount, 1);
     EXPECT_EQ(Loaded(Replaced(firstStart, "0,0,0,-1", "-1,1,2,0")).state.GameInProgress, No)
         << "a game without a move, whose turn passes on";
@@ -160,22 +173,23 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
     struct Row {
         const char *name, *good, *damaged;
         int error;
+        bool keepsSettings = true;
     };
     constexpr Row rows[] = {
-        {"a word for a number", "100,2,1", "cien,2,1", 13},
-        {"a number for a name", "\"Azul\"", "7", 13},
-        {"a quote inside a name", "\"Azul\"", "\"A\"zul\"", 13},
-        {"a control character in a name", "\"Azul\"", "\"A\x01zul\"", 13},
-        {"a field too many", ",0,1,2\r\n3,", ",0,1,2,1\r\n3,", 13},
+        {"a word for a number", "100,2,1", "cien,2,1", 13, false},
+        {"a number for a name", "\"Azul\"", "7", 13, false},
+        {"a quote inside a name", "\"Azul\"", "\"A\"zul\"", 13, false},
+        {"a control character in a name", "\"Azul\"", "\"A\x01zul\"", 13, false},
+        {"a field too many", ",0,1,2\r\n3,", ",0,1,2,1\r\n3,", 13, false},
+        {"a field too many in the game line", "1,1,2,0\r\n", "1,1,2,0,0\r\n", 13, false},
         {"a field too many in the last line", "0 451001\"", "0 451001\",1", 13},
         {"the board is a cell short", "1112 0", "1112", 13},
         {"a record is too short", "\"301 10", "\"301 1", 13},
-        {"a number beyond sixteen bits", "100,2,1", "32768,2,1", 6},
-        {"a level of 101", "100,2,1", "101,2,1", 9},
-        {"a third type of player", "100,2,1", "100,3,1", 9},
-        {"a choice of 0", "1,2,1,1,2,1", "1,0,1,1,2,1", 9},
+        {"a number beyond sixteen bits", "100,2,1", "32768,2,1", 6, false},
+        {"a level of 101", "100,2,1", "101,2,1", 9, false},
+        {"a third type of player", "100,2,1", "100,3,1", 9, false},
+        {"a choice of 0", "1,2,1,1,2,1", "1,0,1,1,2,1", 9, false},
         {"a square 101", "2,0,5,5,", "2,0,5,101,", 9},
-        {"a name of ten letters", "Azul", "1234567890", 9},
         {"five colours", "-1,5,3,", "-1,5,5,", 9},
         {"no colour on turn in a game", "-1,5,3,-1,1", "-1,5,0,-1,0", 9},
         {"another colour on turn after its six", "-1,5,3,", "-1,5,1,", 9},
@@ -193,7 +207,11 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
     };
     const std::string game = SmallGame();
     for (const Row& row : rows) {
-        EXPECT_EQ(ErrorOf(Replaced(game, row.good, row.damaged)), row.error) << row.name;
+        const std::string damaged = Replaced(game, row.good, row.damaged);
+        EXPECT_EQ(ErrorOf(damaged), row.error) << row.name;
+        const auto kept = ReadSettingsAlone(damaged);
+        EXPECT_EQ(kept.has_value(), row.keepsSettings) << row.name;
+        EXPECT_EQ(kept.value_or(Loaded(game).settings), Loaded(game).settings) << row.name;
     }
     EXPECT_EQ(ErrorOf(""), 62);
     EXPECT_EQ(ErrorOf("4,0,"), 62) << "cut off inside a number";
@@ -208,9 +226,14 @@ TEST(SettingsFile, EachDamageIsRefusedWithItsNumber) {
     EXPECT_EQ(ErrorOf(OnGoal(Replaced(firstStart, "4,0,0,0,", "2,2,76,76,"), "11 012")), 9) << "a gap";
     const std::string crowd = Replaced(firstStart, "4,0,0,0,0,0,\"Azul", "1,0,1,1,1,0,\"Azul");
     EXPECT_EQ(ErrorOf(Replaced(crowd, "\" 0 0 0", "\"212223")), 9) << "three on a square";
-    const std::string passes = Repeated("\"101 10  0  00001\"\r\n", 25'000);
-    EXPECT_EQ(ErrorOf(Replaced(firstStart, "0,0,0,-1", "-1,25001,1,-1") + passes), 9)
-        << "too many moves";
+}
+
+TEST(SettingsFile, HoldsTheLongestGame) {
+    const std::string passes = Repeated("\"101 10  0  00001\"\r\n", LongestGame);
+    const std::string count = std::to_string(LongestGame + 1);
+    const std::string longest = Replaced(firstStart, "0,0,0,-1", "-1," + count + ",1,-1") + passes;
+    const SettingsContent content = Loaded(longest);
+    EXPECT_EQ(SettingsText(content.settings, content.state), longest);
 }
 
 }  // namespace
