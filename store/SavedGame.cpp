@@ -4,8 +4,10 @@
 
 #include "core/Board.h"
 #include "core/Consistency.h"
+#include "core/Ending.h"
 #include "core/Execution.h"
 #include "core/Records.h"
+#include "core/Rules.h"
 #include "core/SilentOutside.h"
 #include "store/RecordCheck.h"
 
@@ -26,10 +28,10 @@ bool AreGoalsSound(const GameState& state) {
     return true;
 }
 
-// A colour that has all its pieces home has won, and the game is over.
-bool HasWinner(const GameState& state) {
-    return std::find(state.PiecesHome.begin() + 1, state.PiecesHome.end(), PiecesPerColour) !=
-           state.PiecesHome.end();
+// The fourth piece of a colour that comes home wins the game, so no move follows that one.
+bool VictoryFits(const GameState& state, const MoveRecord& last) {
+    const auto winners = std::count(state.PiecesHome.begin(), state.PiecesHome.end(), PiecesPerColour);
+    return winners == 0 || (winners == 1 && HasWon(state) && BonusDueAfter(last) == ArrivalBonus);
 }
 
 GameState StartOf(const GameState& game) {
@@ -92,8 +94,8 @@ void RecogniseLeftovers(GameState& state) {
 bool IsSound(const GameState& state) {
     if (!AreGoalsSound(state) || !StateProblem(state).empty()) return false;
     if (!state.GameInProgress) return true;
-    return !HasWinner(state) && TurnFits(state, state.MoveRecords[state.MoveRecordCount - 1]) &&
-           RecordsLeadThere(state);
+    const MoveRecord& last = state.MoveRecords[state.MoveRecordCount - 1];
+    return VictoryFits(state, last) && TurnFits(state, last) && RecordsLeadThere(state);
 }
 
 }  // namespace zorva

@@ -117,7 +117,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (state.CaptureReport != 0 || moves == 0) return 0;
     NewMoveRecord(state);
     fuzz::RequireWayBack(state);
-    if (IsWon(state)) return 0;
     state.GameInProgress = Yes;
     state.RepeatTurn = Yes;
     state.CurrentColour = ColourOnTurn(state.MoveRecords[moves]);

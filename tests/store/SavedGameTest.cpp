@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "core/Execution.h"
+#include "core/GameStart.h"
 #include "core/Records.h"
 #include "core/SilentOutside.h"
 #include "store/SettingsFile.h"
+#include "tests/support/NotingOutside.h"
 
 namespace zorva::test {
 namespace {
@@ -26,11 +28,20 @@ std::string TextAfter(const std::vector<MoveRecord>& records, Colour onTurn) {
     return SettingsText(settings, state);
 }
 
+// What the players are asked when the game is continued.
+std::string AskedAfter(const std::string& text) {
+    SettingsContent content = std::get<SettingsContent>(ReadSettings(text));
+    NotingOutside outside(content.state);
+    ContinueGame({content.state, content.settings, outside});
+    const Notes last = outside.Only({"message", "keep", "put"});
+    return last.size() < 3 ? "" : last.end()[-3] + "\n" + last.end()[-1];
+}
+
 bool IsRefused(const std::string& text) {
     return std::holds_alternative<FileError>(ReadSettings(text));
 }
 
-TEST(SavedGame, IsNeverInTheMiddleOfACaptureOrWon) {
+TEST(SavedGame, IsNeverInTheMiddleOfACaptureNorGoesOnAfterAVictory) {
     std::vector<MoveRecord> capture{
         {1, 0, 0, 0, 1, 0, 44, 0, Yes, 0, Yes},
         {3, 1, 0, 0, 1, 0, 45, 0, Yes, 0, Yes},
@@ -46,7 +57,11 @@ TEST(SavedGame, IsNeverInTheMiddleOfACaptureOrWon) {
     }
     EXPECT_FALSE(IsRefused(TextAfter(victory, 1)));
     victory.push_back({1, 0, 1, 1, 4, 75, 76, 0, No, 0, Yes});
-    EXPECT_TRUE(IsRefused(TextAfter(victory, 1)));
+    EXPECT_TRUE(IsRefused(TextAfter(victory, 2))) << "another colour is on turn";
+    EXPECT_EQ(AskedAfter(TextAfter(victory, 1)),
+              "message Final de la Partida|Puntos : 9.99\nHa ganado la partida Amarillo|2\nkeep 1 999");
+    victory.push_back({1, 0, 0, 10, 0, 0, 0, 0, No, 0, No});
+    EXPECT_TRUE(IsRefused(TextAfter(victory, 1))) << "a bonus is passed after the victory";
 }
 
 }  // namespace
