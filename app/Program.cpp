@@ -145,6 +145,9 @@ void Program::TellAboutFiles() {
     if (!loaded_.text.empty()) {
         Tell(QString::fromStdString(loaded_.title), QString::fromStdString(loaded_.text));
     }
+    if (!loaded_.explanation.empty()) {
+        Tell(QString::fromStdString(loaded_.title), QString::fromStdString(loaded_.explanation));
+    }
     if (loaded_.writeError != FileError::None) {
         Tell(SaveErrorTitle,
              QString::fromStdString(SaveErrorText(loaded_.writeError, SettingsFileName)));

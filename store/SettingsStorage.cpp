@@ -1,11 +1,12 @@
 #include "store/SettingsStorage.h"
 
 #include <new>
+#include <optional>
 
 namespace zorva {
 namespace {
 
-/// Bytes. The file of the longest game accepted (25,000 moves of 20 bytes each) has half as many.
+/// Bytes. The file of the longest game (32,700 moves of 20 bytes each) has two thirds as many.
 constexpr std::size_t longestFile = 1 << 20;
 
 constexpr const char* creationNotice =
@@ -18,9 +19,8 @@ SettingsContent DefaultContent() {
     return content;
 }
 
-FileError WriteDefaults(const std::filesystem::path& folder) {
-    const SettingsContent defaults = DefaultContent();
-    return SaveSettings(folder, defaults.settings, defaults.state, Durability::Flushed);
+FileError Write(const std::filesystem::path& folder, const SettingsContent& content) {
+    return SaveSettings(folder, content.settings, content.state, Durability::Flushed);
 }
 
 // A first start. If the defaults cannot be written, the game starts with them all the same.
@@ -28,7 +28,7 @@ LoadedSettings Create(const std::filesystem::path& folder) {
     LoadedSettings created;
     created.outcome = LoadOutcome::Created;
     created.content = DefaultContent();
-    created.writeError = WriteDefaults(folder);
+    created.writeError = Write(folder, created.content);
     created.title = LoadErrorTitle;
     created.text = created.writeError == FileError::None
                        ? creationNotice
@@ -46,12 +46,26 @@ LoadedSettings Refused(const std::filesystem::path& folder, FileError error) {
     return refused;
 }
 
-// A damaged file may still hold most of a player's game. It is never deleted, and the defaults are
-// written only after it has been renamed.
-LoadedSettings RefusedAndRenamed(const std::filesystem::path& folder, FileError error) {
+std::string WhatWasKept(bool settingsKept, const std::filesystem::path& rest) {
+    const std::string kept =
+        settingsKept
+            ? "Los jugadores y los ajustes se conservan, pero la partida no se puede leer."
+            : "No se pueden leer los ajustes ni la partida: se empieza con los valores por defecto.";
+    return kept + " El fichero dañado queda en " + rest.string() + ".";
+}
+
+// A damaged file may still hold most of a player's game. It is never deleted, and another is written in
+// its place only after it has been renamed. The bytes are empty if they could not be read.
+LoadedSettings RefusedAndRenamed(const std::filesystem::path& folder, FileError error,
+                                 std::string_view bytes = {}) {
     LoadedSettings refused = Refused(folder, error);
+    const std::optional<Settings> settings = ReadSettingsAlone(bytes);
+    if (settings) refused.content.settings = *settings;
+    ApplySettings(refused.content.state, refused.content.settings);
     refused.keptAs = SetAside(folder / SettingsFileName);
-    if (!refused.keptAs.empty()) refused.writeError = WriteDefaults(folder);
+    refused.explanation = WhatWasKept(
+        settings.has_value(), refused.keptAs.empty() ? folder / SettingsFileName : refused.keptAs);
+    if (!refused.keptAs.empty()) refused.writeError = Write(folder, refused.content);
     return refused;
 }
 
@@ -66,7 +80,9 @@ LoadedSettings Load(const std::filesystem::path& folder) {
     }
     if (error != FileError::None) return RefusedAndRenamed(folder, error);
     SettingsReading reading = ReadSettings(bytes);
-    if (const auto* damage = std::get_if<FileError>(&reading)) return RefusedAndRenamed(folder, *damage);
+    if (const auto* damage = std::get_if<FileError>(&reading)) {
+        return RefusedAndRenamed(folder, *damage, bytes);
+    }
     LoadedSettings loaded;
     loaded.content = std::move(std::get<SettingsContent>(reading));
     return loaded;

@@ -12,7 +12,9 @@ namespace zorva {
 enum class LoadOutcome {
     Loaded,   ///< a good file
     Created,  ///< no file: the content is the defaults, and they were written if possible
-    Damaged,  ///< an unusable file or no folder: the content is the defaults; see keptAs
+    /// An unusable file or no folder: the content is the defaults, but the settings are those of the
+    /// file if it is only its game that cannot be used. See keptAs.
+    Damaged,
 };
 
 /// The settings and the game to start with, and the message to the player about them, if any.
@@ -22,6 +24,8 @@ struct LoadedSettings {
     /// The message to the player. Both are empty if all is well.
     std::string title;
     std::string text;
+    /// What was kept of an unusable file and where the rest lies, for a second message. Empty otherwise.
+    std::string explanation;
     /// Why the file with the defaults could not be written; None if it was, or if nothing was tried.
     FileError writeError = FileError::None;
     /// The new path of a Damaged file. Empty if it could not be renamed, if the folder is missing or if
@@ -30,8 +34,8 @@ struct LoadedSettings {
 };
 
 /// Reads the settings file in that folder. A missing file is created with the defaults. A damaged one is
-/// renamed (see SetAside) and replaced by one with the defaults. If the folder itself is missing,
-/// nothing is created. Throws nothing.
+/// renamed (see SetAside) and replaced by one with the content returned. If the folder itself is
+/// missing, nothing is created. Throws nothing.
 LoadedSettings LoadSettings(const std::filesystem::path& folder) noexcept;
 
 /// Replaces the settings file in that folder. SettingsText says from which moment `state` must be. On an

@@ -40,9 +40,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const SettingsReading reading = ReadSettings(bytes);
     if (const auto* error = std::get_if<FileError>(&reading)) {
         Require(*error != FileError::None, "refused without a reason");
+        ReadSettingsAlone(bytes);
         return 0;
     }
     SettingsContent content = std::get<SettingsContent>(reading);
+    Require(ReadSettingsAlone(bytes) == content.settings, "the settings alone are read otherwise");
     fuzz::RequireSoundTables(content.state);
     content.state.RepeatTurn = Yes;  // the file always says so
     Require(fuzz::RequireReadable(content) == content, "written and read it is another");

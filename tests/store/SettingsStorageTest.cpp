@@ -75,13 +75,23 @@ TEST(SettingsStorage, ADamagedFileIsKeptAndNeverOverwritten) {
     }
 }
 
+TEST(SettingsStorage, ADamagedGameDoesNotCostTheSettings) {
+    const TemporaryFolder folder;
+    const std::string good = SettingsText(otherSettings, {});
+    WriteBytes(folder / SettingsFileName, "5" + good.substr(1));  // pieces in a box
+    const LoadedSettings refused = LoadSettings(folder / "");
+    EXPECT_EQ(refused.text, "CID ERROR 9");
+    EXPECT_EQ(refused.explanation,
+              "Los jugadores y los ajustes se conservan, pero la partida no se puede leer. El fichero "
+              "dañado queda en " +
+                  (folder / "ZORVA32-1.MAL").string() + ".");
+    EXPECT_EQ(refused.content.settings, otherSettings);
+    EXPECT_EQ(FileBytes(folder / SettingsFileName), good);
+}
+
 TEST(SettingsStorage, ADamagedFileThatCannotBeRenamedStays) {
     const TemporaryFolder folder;
-    fs::path deep = folder / "";
-    while (deep.native().size() < 3900) deep /= std::string(99, 'd');
-    deep /=
-        std::string(4082 - deep.native().size(), 'd');  // room for ZORVA32.INI, not for ZORVA32-1.MAL
-    ASSERT_TRUE(fs::create_directories(deep));
+    const fs::path deep = FolderWithRoomForShortNames(folder);
     WriteBytes(deep / SettingsFileName, "4,0");
     EXPECT_EQ(LoadSettings(deep).keptAs, "");
     EXPECT_EQ(FileBytes(deep / SettingsFileName), "4,0");

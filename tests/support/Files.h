@@ -38,4 +38,13 @@ private:
     std::filesystem::path path_;
 };
 
+/// A folder with room for the name ZORVA32.INI, but not for ZORVA32-1.MAL: a path ends at 4,095 bytes.
+inline std::filesystem::path FolderWithRoomForShortNames(const TemporaryFolder& folder) {
+    std::filesystem::path deep = folder / "";
+    while (deep.native().size() < 3900) deep /= std::string(99, 'd');
+    deep /= std::string(4082 - deep.native().size(), 'd');
+    std::filesystem::create_directories(deep);
+    return deep;
+}
+
 }  // namespace zorva::test

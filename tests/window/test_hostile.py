@@ -66,6 +66,8 @@ class Files(HostileTest):
             ini.unlink(missing_ok=True)
             put()
             self.start_with_message(LOAD_TITLE)
+            if number > 0:
+                self.answer(LOAD_TITLE, key="Return")  # where the file lies
             self.wait_for_board()
             kept = self.program.folder / ("ZORVA32-%d.MAL" % number)
             self.assertEqual(kept.exists(), number > 0, name)
