@@ -38,6 +38,9 @@ public:
     /// Adds a finished game to the history.
     void AppendResult(const GameResult& result);
 
+    /// Whether the remembered game has a finished move, without which no game is kept.
+    bool HasGame() const { return kept_.GameInProgress && kept_.MoveRecordCount >= 2; }
+
     const std::filesystem::path& Folder() const { return folder_; }
 
 private:

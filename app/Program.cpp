@@ -109,7 +109,10 @@ void Program::ConnectWindow() {
 void Program::ConnectGame() {
     outside_.PositionKept = [this](const GameState& position) { keeper_.PositionReached(position); };
     outside_.PieceLifted = [this] { screenSaver_.HoldOff(); };
-    outside_.ResultKept = [this](const GameResult& result) { keeper_.AppendResult(result); };
+    outside_.ResultKept = [this](const GameResult& result) {
+        keeper_.AppendResult(result);
+        keeper_.GameOver();  // even if the player is leaving: a game is appended once
+    };
     runner_.GameOver = [this] { keeper_.GameOver(); };
     runner_.SettingsWanted = [this] { ButtonPressed(MenuButtons::Personalize); };
     runner_.Ended = [] { QApplication::quit(); };
@@ -236,7 +239,7 @@ void Program::NewGame() {
 
 bool Program::ConfirmExit() {
     if (!state_.GameInProgress) return true;
-    const bool canGoOn = state_.MoveRecordCount >= 2;
+    const bool canGoOn = keeper_.HasGame();
     const QString title = canGoOn ? "Posponer la partida en curso" : "Salir del programa";
     const QString text =
         canGoOn ? "¿Desea abandonar el programa para continuar en otro momento la partida que "

@@ -34,6 +34,7 @@ protected:
             asked << title;
             program->SaveNow();  // as when the session ends meanwhile
             EXPECT_TRUE(title != "Continuar la partida anterior" || Saved().GameInProgress);
+            if (onQuestion && title == "Histórico de partidas jugadas") onQuestion();
             return title == refused ? MessageAnswer::Refused : MessageAnswer::Accepted;
         };
         Person person([](QWidget& title) { QTest::keyClick(title.focusWidget(), Qt::Key_Escape); });
@@ -64,6 +65,7 @@ protected:
     QTimer player;
     QStringList asked;
     QString refused;
+    std::function<void()> onQuestion;  ///< whether a game goes into the history
 };
 
 TEST_F(ProgramTest, PlaysAGameToItsEndAndKeepsItsResult) {
@@ -75,6 +77,26 @@ TEST_F(ProgramTest, PlaysAGameToItsEndAndKeepsItsResult) {
     EXPECT_EQ(Results(), 1u);
     EXPECT_EQ(Saved().GameInProgress, No);
     EXPECT_EQ(Saved().PiecePosition, program->State().PiecePosition) << "the end stays on the board";
+}
+
+TEST_F(ProgramTest, AsksAboutAWonGameUntilThatIsAnswered) {
+    settings.PauseBetweenMoves = 2;
+    std::string whileAsked;
+    onQuestion = [&] {
+        whileAsked = FileBytes(data / SettingsFileName);
+        Press(MenuButtons::Leave);
+    };
+    Start();
+    Press(MenuButtons::NewGame);
+    EXPECT_EQ(asked.last(), "Posponer la partida en curso");
+    EXPECT_EQ(Saved().GameInProgress, No) << "the answer was yes, although the player is leaving";
+    onQuestion = {};
+    WriteBytes(data / SettingsFileName, whileAsked);  // the session ended before the answer
+    Restart();
+    EXPECT_EQ(asked, (QStringList{"Continuar la partida anterior", "Final de la Partida",
+                                  "Histórico de partidas jugadas"}));
+    EXPECT_EQ(Results(), 2u);
+    EXPECT_EQ(Saved().GameInProgress, No);
 }
 
 TEST_F(ProgramTest, SavesTheGameThatIsLeftAndContinuesItAtTheNextStart) {
@@ -90,6 +112,22 @@ TEST_F(ProgramTest, SavesTheGameThatIsLeftAndContinuesItAtTheNextStart) {
     EXPECT_EQ(asked.value(0), "Continuar la partida anterior");
     EXPECT_EQ(asked.value(asked.size() - 1), "Posponer la partida en curso");
     EXPECT_EQ(Saved().MoveRecordCount, made) << "left at once";
+}
+
+TEST_F(ProgramTest, KeepsTheFirstMoveAndSaysSoWhenItIsLeftRightAfterIt) {
+    settings.PauseBetweenMoves = 2;
+    Start();
+    QTimer leaver;
+    leaver.callOnTimeout([this, &leaver] {
+        if (program->State().MoveRecords[1].MoverColour == 0) return;
+        leaver.stop();
+        Press(MenuButtons::Leave);
+    });
+    leaver.start(0);
+    Press(MenuButtons::NewGame);
+    EXPECT_EQ(asked.last(), "Posponer la partida en curso");
+    EXPECT_EQ(Saved().GameInProgress, Yes);
+    EXPECT_EQ(Saved().MoveRecords[1], program->State().MoveRecords[1]);
 }
 
 TEST_F(ProgramTest, AppliesAndSavesWhatIsChosen) {

@@ -3,7 +3,7 @@
 import os
 import signal
 
-from driver import END_TITLE, HISTORY_TITLE, START_TITLE, WindowTest
+from driver import CONTINUE_TITLE, END_TITLE, HISTORY_TITLE, START_TITLE, WindowTest
 from inifile import COLOURS, COMPUTER, GOAL_SQUARE, OFF, ON, PERSON, PIECES, Settings
 
 GAMES = int(os.environ.get("ZORVA_GAMES", "6"))  # in the test of growth
@@ -35,6 +35,11 @@ class WholeGame(WindowTest):
         self.play_until(lambda: self.title() == END_TITLE, self.throw_or_pick,
                         lambda title: self.answer(title, "yes" if title == START_TITLE else "accept"))
         self.assertGreater(len(self.picks), 15, "the person had nothing to pick")
+        self.answer(END_TITLE)
+        self.wait_for_message(HISTORY_TITLE)
+        self.program.process.send_signal(signal.SIGTERM)  # the session ends before the answer
+        self.assertEqual(self.wait_for_end(), 0)
+        self.start_with_message(CONTINUE_TITLE)
         self.answer(END_TITLE)
         self.assertFalse(self.program.history.exists(), "written before the question was answered")
         self.answer(HISTORY_TITLE, "yes")
