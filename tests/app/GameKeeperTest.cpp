@@ -107,6 +107,13 @@ TEST_F(KeptGame, WritesNothingOverAFileThatCouldNotBeRead) {
     other.Save();
     other.GameOver();
     EXPECT_EQ(FileBytes(late / SettingsFileName), "a game from elsewhere");
+    const fs::path deep = FolderWithRoomForShortNames(folder);
+    WriteBytes(deep / SettingsFileName, "4,0");
+    EXPECT_EQ(other.Load(deep).keptAs, "") << "ZORVA32-1.MAL has no room";
+    other.PositionReached(state);
+    other.Save();
+    other.GameOver();
+    EXPECT_EQ(FileBytes(deep / SettingsFileName), "4,0");
     // A damaged file that was kept aside makes room for a new one.
     EXPECT_EQ(other.Load(late).outcome, LoadOutcome::Damaged);
     settings.Speed = 7;
