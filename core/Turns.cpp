@@ -36,24 +36,20 @@ void OpenTurn(const GameContext& game) {
 }
 
 // The last move has ended, and the game may be left before the next turn is opened: the game is kept as
-// it will stand then. Returns the colour that will be on turn.
-Colour KeepNextTurn(const GameContext& game) {
+// it will stand then.
+void KeepNextTurn(const GameContext& game) {
     GameState next = game.state;
     OpenTurn({next, game.settings, game.outside});
     game.outside.PositionReached(next);
-    return next.CurrentColour;
 }
 
 void BeginTurn(const GameContext& game) {
-    const Colour kept = KeepNextTurn(game);
+    KeepNextTurn(game);
     // If throws wait for a click, a click made between two moves is kept for the next throw.
     game.outside.YieldToEvents(game.settings.PauseBetweenMoves == 1 ? UserInput::Held
                                                                     : UserInput::Handled);
     game.outside.SetScreenCursor(ScreenCursor::Default);
     OpenTurn(game);
-    // The settings may have changed during the yield, and with them who is next.
-    const bool isAnother = game.state.CurrentColour != kept;
-    if (game.state.GameInProgress && isAnother) game.outside.PositionReached(game.state);
 }
 
 void OfferThrow(const GameContext& game) {
