@@ -1,15 +1,44 @@
 #include "app/EndSignals.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #ifdef __linux__
-#include <sys/signalfd.h>
+#include <fcntl.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <QSocketNotifier>
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
+#include <thread>
 #endif
 
 namespace zorva {
+namespace {
+
+/// Takes the requests to quit that the application gets from outside.
+class QuitRequests : public QObject {
+public:
+    QuitRequests(QObject* application, std::function<void()> called)
+        : QObject(application), called_(std::move(called)) {
+        application->installEventFilter(this);
+    }
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (receiver != parent() || event->type() != QEvent::Quit) return false;
+        called_();
+        return true;
+    }
+
+private:
+    const std::function<void()> called_;
+};
+
+}  // namespace
+
+void OnQuitRequest(std::function<void()> called) {
+    new QuitRequests(QCoreApplication::instance(), std::move(called));
+}
 
 #ifdef __linux__
 namespace {
@@ -21,6 +50,15 @@ sigset_t EndSignals() {
     return wanted;
 }
 
+// Runs in a thread of its own, and ends the program even if the window's thread hangs in the disk.
+void AwaitEndSignal(int bell) {
+    const sigset_t wanted = EndSignals();
+    int signal = 0;
+    sigwait(&wanted, &signal);
+    if (write(bell, "", 1) == 1) std::this_thread::sleep_for(longestEnd);
+    std::_Exit(0);
+}
+
 }  // namespace
 
 void HoldBackEndSignals() {
@@ -29,19 +67,19 @@ void HoldBackEndSignals() {
 }
 
 void OnEndSignal(std::function<void()> called) {
-    const sigset_t wanted = EndSignals();
-    const int descriptor = signalfd(-1, &wanted, SFD_CLOEXEC | SFD_NONBLOCK);
-    if (descriptor < 0) {
+    int ends[2] = {};
+    if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) {
+        const sigset_t wanted = EndSignals();
         pthread_sigmask(SIG_UNBLOCK, &wanted, nullptr);
         return;
     }
-    auto* notifier =
-        new QSocketNotifier(descriptor, QSocketNotifier::Read, QCoreApplication::instance());
+    auto* notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(notifier, &QSocketNotifier::activated, notifier,
-                     [descriptor, called = std::move(called)] {
-                         signalfd_siginfo signal{};
-                         if (read(descriptor, &signal, sizeof signal) > 0) called();
+                     [notifier, called = std::move(called)] {
+                         notifier->setEnabled(false);
+                         called();
                      });
+    std::thread(AwaitEndSignal, ends[1]).detach();
 }
 #else
 void HoldBackEndSignals() {}

@@ -36,6 +36,9 @@ constexpr int iconMilliseconds = 300;
 // a tenth of a second later, that no other window of the program follows it.
 constexpr int hidingMilliseconds = 300;
 
+// How long the disk is waited for. The system writes later what it has taken.
+constexpr std::chrono::milliseconds leavingPatience{2000}, endPatience{400};
+
 // Where the player is looking: where the cursor is, if the desktop tells.
 const QScreen& ScreenOfCursor() {
     const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
@@ -115,7 +118,9 @@ void Program::ConnectGame() {
     };
     runner_.GameOver = [this] { keeper_.GameOver(); };
     runner_.SettingsWanted = [this] { ButtonPressed(MenuButtons::Personalize); };
-    runner_.Ended = [] { QApplication::quit(); };
+    runner_.Ended = [this] {
+        if (Ended) Ended();
+    };
 }
 
 // ----------------------------------------------------------------------------------------- start
@@ -152,8 +157,9 @@ void Program::TellAboutFiles() {
         Tell(QString::fromStdString(loaded_.title), QString::fromStdString(loaded_.explanation));
     }
     if (loaded_.writeError != FileError::None) {
-        Tell(SaveErrorTitle,
-             QString::fromStdString(SaveErrorText(loaded_.writeError, SettingsFileName)));
+        const std::string never = " En esta sesión no se guardarán ni la partida ni los ajustes.";
+        Tell(SaveErrorTitle, QString::fromStdString(SaveErrorText(loaded_.writeError, SettingsFileName) +
+                                                    (keeper_.MayWrite() ? "" : never)));
     }
 }
 
@@ -254,16 +260,29 @@ bool Program::MayLeave() {
     return false;
 }
 
+// Any key answers yes, so yes is the answer that loses nothing.
+bool Program::SavesOrGivesUp() {
+    const std::string lost = keeper_.SaveToLeave(leavingPatience);
+    if (lost.empty()) return true;
+    const QString text = QString::fromStdString(lost + "\n¿Desea quedarse para intentarlo otra vez?");
+    return mesa_.Ask(SaveErrorTitle, text, MessageLinesFor(text), MessageButtons::YesNo) ==
+           MessageAnswer::Refused;
+}
+
 // The window manager may ask to close the hidden board: the question comes over the board, and only
 // once.
 void Program::Leave() {
     if (state_.GameInProgress) ComeToFront();
     if (asksToLeave_) return;
     asksToLeave_ = true;
-    const bool leaves = MayLeave();
-    if (leaves) keeper_.Save();
+    const bool leaves = MayLeave() && SavesOrGivesUp();
     asksToLeave_ = false;
     if (leaves) runner_.Leave();
+}
+
+void Program::SaveAtEnd() {
+    const std::string lost = keeper_.SaveToLeave(endPatience);
+    if (!lost.empty()) std::fprintf(stderr, "zorva32: %s\n", lost.c_str());
 }
 
 bool Program::CanAdvise() const {

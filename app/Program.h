@@ -31,8 +31,12 @@ public:
     /// Shows the board window in front of everything.
     void ComeToFront();
 
-    /// Saves everything now and shows nothing: the program is about to be ended from outside.
-    void SaveNow() { keeper_.SaveAtEnd(); }
+    /// Called when the player has left the program.
+    std::function<void()> Ended;
+
+    /// Saves everything within half a second: the program is about to be ended from outside. Shows
+    /// nothing; what cannot be saved is told on standard error.
+    void SaveAtEnd();
 
     const GameState& State() const { return state_; }
     Mesa& Window() { return mesa_; }
@@ -56,6 +60,7 @@ private:
     bool ConfirmExit();
     bool CanAdvise() const;
     bool MayLeave();
+    bool SavesOrGivesUp();
     void ShowAdvice();
     void ApplyChoices();
     void Personalize();

@@ -16,7 +16,7 @@ namespace {
 // A move may be under way, deep inside nested event loops. The file holds everything worth keeping, so
 // the program ends without unwinding them.
 void SaveAndEnd(zorva::Program& program) {
-    program.SaveNow();
+    program.SaveAtEnd();
     std::_Exit(0);
 }
 
@@ -52,14 +52,16 @@ int main(int argc, char** argv) {
     application.installEventFilter(&repeats);
     zorva::InstallBoardAccessibility();
     zorva::Program program(folder, dataFolder);
+    program.Ended = [] { QCoreApplication::exit(0); };
     zorva::OnEndSignal([&program] { SaveAndEnd(program); });
+    zorva::OnQuitRequest([&program] { SaveAndEnd(program); });
     if (!instance.MayPlay()) {
         program.TellFilesInUse();
         return 1;
     }
     instance.OnSecondStart([&program] { program.ComeToFront(); });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application,
-                     [&program] { program.SaveNow(); });
+                     [&program] { program.SaveAtEnd(); });
     // Started from the event loop: the title and the game run loops of their own inside it.
     QTimer::singleShot(0, &program.Window(), [&program] { program.Start(); });
     return QApplication::exec();

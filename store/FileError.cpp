@@ -20,7 +20,7 @@ const char* ReasonText(FileError error) {
         case FileError::DiskFull: return "el disco está lleno";
         case FileError::PermissionDenied: return "no hay permiso para escribir en la carpeta";
         case FileError::PathAccess: return "en su lugar hay algo que no es un fichero";
-        case FileError::PathNotFound: return "ya no existe la carpeta";
+        case FileError::PathNotFound: return "no existe la carpeta";
         case FileError::DriveNotReady: return "la unidad no está preparada";
         case FileError::OutOfMemory: return "no hay memoria suficiente";
         default: return "el disco da un error";
@@ -67,7 +67,7 @@ std::string LoadErrorText(FileError error, const std::string& drive) {
 
 std::string SaveErrorText(FileError error, const std::string& fileName) {
     return "No se puede escribir el fichero " + fileName + ": " + ReasonText(error) + " (error " +
-           NumberOf(error) + "). El juego continúa.";
+           NumberOf(error) + ").";
 }
 
 }  // namespace zorva

@@ -35,7 +35,7 @@ std::string LoadErrorText(FileError error, const std::string& drive);
 /// The title of all messages about a file that could not be written.
 inline constexpr const char* SaveErrorTitle = "No se puede guardar";
 
-/// The message when `fileName` could not be written. It gives the reason and says that the game goes on.
+/// The message when `fileName` could not be written: one sentence, with the reason.
 std::string SaveErrorText(FileError error, const std::string& fileName);
 
 }  // namespace zorva

@@ -48,14 +48,17 @@ FileError ReplaceFile(const std::filesystem::path& file, std::string_view bytes,
     return error;
 }
 
-std::filesystem::path SetAside(const std::filesystem::path& file) {
+FileError SetAside(const std::filesystem::path& file, std::filesystem::path& keptAs) {
+    keptAs.clear();
     for (int number = 1; number <= mostKeptFiles; ++number) {
         const std::string name = file.stem().string() + "-" + std::to_string(number) + ".MAL";
         const std::filesystem::path aside = file.parent_path() / name;
         if (IsTaken(aside)) continue;
-        return RenameToFreeName(file, aside) == FileError::None ? aside : std::filesystem::path{};
+        const FileError error = RenameToFreeName(file, aside);
+        if (error == FileError::None) keptAs = aside;
+        return error;
     }
-    return {};
+    return FileError::PathAccess;
 }
 
 }  // namespace zorva

@@ -15,8 +15,8 @@ namespace zorva {
 FileError ReplaceFile(const std::filesystem::path& file, std::string_view bytes, Durability durability);
 
 /// Renames a damaged file to NAME-1.MAL or, if that name is taken, NAME-2.MAL and so on up to 9999.
-/// Never replaces a file kept earlier. Returns the new path; an empty one if the file could not be
-/// renamed and still stands in its place.
-std::filesystem::path SetAside(const std::filesystem::path& file);
+/// Never replaces a file kept earlier. `keptAs` becomes the new path; on an error it becomes empty, and
+/// the file still stands in its place.
+FileError SetAside(const std::filesystem::path& file, std::filesystem::path& keptAs);
 
 }  // namespace zorva

@@ -116,10 +116,22 @@ std::string HistoryRecordText(const std::tm& when, const GameResult& result, con
     return text + Digits(result.points, pointsField.length) + lineEnd;
 }
 
-FileError AppendToHistory(const std::filesystem::path& folder, const std::string& record) {
-    return AppendToFile(folder / HistoryFileName, [&record](std::size_t size) {
-        return FillUp(size % HistoryRecordLength) + record;
-    });
+// What the records lack is found out from the size of the file, which is right even after an error that
+// was reported as late as when the file was closed.
+std::string HistoryWriter::BytesFor(std::size_t fileSize) {
+    if (begin_ && fileSize >= *begin_ && fileSize - *begin_ <= records_.size())
+        return records_.substr(fileSize - *begin_);
+    const std::string filling = FillUp(fileSize % HistoryRecordLength);
+    begin_ = fileSize + filling.size();
+    return filling + records_;
+}
+
+FileError HistoryWriter::Write(const std::filesystem::path& folder) {
+    if (IsEmpty()) return FileError::None;
+    const FileError error = AppendToFile(folder / HistoryFileName,
+                                         [this](std::size_t fileSize) { return BytesFor(fileSize); });
+    if (error == FileError::None) *this = {};
+    return error;
 }
 
 std::size_t History::Count() const {

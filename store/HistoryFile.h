@@ -2,6 +2,7 @@
 
 #include <ctime>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,10 +24,25 @@ inline constexpr std::size_t HistoryRecordLength = 53;
 /// the points, 0..999 hundredths, get leading zeros.
 std::string HistoryRecordText(const std::tm& when, const GameResult& result, const Settings& settings);
 
-/// Appends a record to the history in that folder and waits for the disk. The file only ever grows. If
-/// its last record is incomplete, as after a power cut, that one is first filled up with blanks: readers
-/// take records by their position in the file, so an incomplete one would shift all that follow.
-FileError AppendToHistory(const std::filesystem::path& folder, const std::string& record);
+/// Records on their way to the history. Those that cannot be written stay here for the next call of
+/// Write.
+///
+/// The file only ever grows. If its last record is incomplete, as after a power cut, that one is first
+/// filled up with blanks: readers take records by their position in the file, so an incomplete one would
+/// shift all that follow. A record of which a failed Write has left a part is completed by the next.
+class HistoryWriter {
+public:
+    void Add(const std::string& record) { records_ += record; }
+    bool IsEmpty() const { return records_.empty(); }
+    /// Appends the records to the history in that folder. Does not wait for the disk.
+    FileError Write(const std::filesystem::path& folder);
+
+private:
+    std::string BytesFor(std::size_t fileSize);
+
+    std::string records_;
+    std::optional<std::size_t> begin_;  // where they begin in the file, once a Write was tried
+};
 
 /// The history as it was read from the file.
 class History {

@@ -155,7 +155,7 @@ FileError AppendToFile(const std::filesystem::path& file,
     std::size_t size = 0;
     const FileError error = SizeOfRegular(target.Descriptor(), size);
     if (error != FileError::None) return error;
-    return WriteAndClose(target, bytesForSize(size), Durability::Flushed);
+    return WriteAndClose(target, bytesForSize(size), Durability::Lazy);
 }
 
 FileError RenameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to) {
@@ -170,6 +170,11 @@ FileError RenameToFreeName(const std::filesystem::path& from, const std::filesys
     struct stat status {};
     if (::lstat(to.c_str(), &status) == 0) return FileError::PathAccess;
     return std::rename(from.c_str(), to.c_str()) == 0 ? FileError::None : LastError();
+}
+
+FileError FlushFile(const std::filesystem::path& file) {
+    const OpenFile opened(file, O_RDONLY | O_NONBLOCK);
+    return opened.IsOpen() ? Flush(opened.Descriptor()) : FileError::None;
 }
 
 void FlushFolder(const std::filesystem::path& folder) {

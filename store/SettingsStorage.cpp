@@ -20,7 +20,7 @@ SettingsContent DefaultContent() {
 }
 
 FileError Write(const std::filesystem::path& folder, const SettingsContent& content) {
-    return SaveSettings(folder, content.settings, content.state, Durability::Flushed);
+    return SaveSettings(folder, content.settings, content.state, Durability::Lazy);
 }
 
 // A first start. If the defaults cannot be written, the game starts with them all the same.
@@ -29,10 +29,10 @@ LoadedSettings Create(const std::filesystem::path& folder) {
     created.outcome = LoadOutcome::Created;
     created.content = DefaultContent();
     created.writeError = Write(folder, created.content);
-    created.title = LoadErrorTitle;
-    created.text = created.writeError == FileError::None
-                       ? creationNotice
-                       : SaveErrorText(created.writeError, SettingsFileName);
+    if (created.writeError == FileError::None) {
+        created.title = LoadErrorTitle;
+        created.text = creationNotice;
+    }
     return created;
 }
 
@@ -43,6 +43,7 @@ LoadedSettings Refused(const std::filesystem::path& folder, FileError error) {
     refused.content = DefaultContent();
     refused.title = LoadErrorTitle;
     refused.text = LoadErrorText(error, folder.string());
+    refused.writeError = error;
     return refused;
 }
 
@@ -62,7 +63,7 @@ LoadedSettings RefusedAndRenamed(const std::filesystem::path& folder, FileError 
     const std::optional<Settings> settings = ReadSettingsAlone(bytes);
     if (settings) refused.content.settings = *settings;
     ApplySettings(refused.content.state, refused.content.settings);
-    refused.keptAs = SetAside(folder / SettingsFileName);
+    refused.writeError = SetAside(folder / SettingsFileName, refused.keptAs);
     refused.explanation = WhatWasKept(
         settings.has_value(), refused.keptAs.empty() ? folder / SettingsFileName : refused.keptAs);
     if (!refused.keptAs.empty()) refused.writeError = Write(folder, refused.content);
@@ -96,6 +97,21 @@ LoadedSettings LoadSettings(const std::filesystem::path& folder) noexcept {
     } catch (const std::bad_alloc&) {
         // The file may be good: it is neither renamed nor replaced.
         return Refused(folder, FileError::OutOfMemory);
+    }
+}
+
+bool IsStored(const std::filesystem::path& folder, const Settings& settings,
+              const GameState& state) noexcept {
+    try {
+        std::string bytes;
+        ReadWholeFile(folder / SettingsFileName, longestFile, bytes);
+        const SettingsReading reading = ReadSettings(bytes);
+        const auto* read = std::get_if<SettingsContent>(&reading);
+        SettingsContent stored = read != nullptr ? *read : DefaultContent();
+        if (const auto settings = ReadSettingsAlone(bytes)) stored.settings = *settings;
+        return SettingsText(stored.settings, stored.state) == SettingsText(settings, state);
+    } catch (const std::bad_alloc&) {
+        return false;
     }
 }
 

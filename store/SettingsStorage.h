@@ -26,7 +26,8 @@ struct LoadedSettings {
     std::string text;
     /// What was kept of an unusable file and where the rest lies, for a second message. Empty otherwise.
     std::string explanation;
-    /// Why the file with the defaults could not be written; None if it was, or if nothing was tried.
+    /// Why the content could not be written or may not be, as when a Damaged file could not be renamed.
+    /// None if all is well.
     FileError writeError = FileError::None;
     /// The new path of a Damaged file. Empty if it could not be renamed, if the folder is missing or if
     /// memory ran out: nothing was written then, and the caller must not write the file either.
@@ -37,6 +38,11 @@ struct LoadedSettings {
 /// renamed (see SetAside) and replaced by one with the content returned. If the folder itself is
 /// missing, nothing is created. Throws nothing.
 LoadedSettings LoadSettings(const std::filesystem::path& folder) noexcept;
+
+/// Whether the next start would find these settings and this game. What cannot be read of the file it
+/// finds as the defaults have it. Throws nothing.
+bool IsStored(const std::filesystem::path& folder, const Settings& settings,
+              const GameState& state) noexcept;
 
 /// Replaces the settings file in that folder. SettingsText says from which moment `state` must be. On an
 /// error the old file is unchanged. Throws nothing.

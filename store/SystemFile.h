@@ -28,14 +28,18 @@ FileError ReadWholeFile(const std::filesystem::path& file, std::size_t limit, st
 FileError WriteNewFile(const std::filesystem::path& file, std::string_view bytes, Durability durability,
                        const std::filesystem::path& like = {});
 
-/// Appends to a file, creating it if necessary, and waits for the disk. Calls `bytesForSize` with the
-/// size of the file (in bytes) and appends the result. Refuses links and everything else that is no
-/// regular file.
+/// Appends to a file, creating it if necessary, and does not wait for the disk. Calls `bytesForSize`
+/// with the size of the file (in bytes) and appends the result. Refuses links and everything else that
+/// is no regular file. After an error the file may have got a part of the bytes.
 FileError AppendToFile(const std::filesystem::path& file,
                        const std::function<std::string(std::size_t)>& bytesForSize);
 
 /// Renames a file. Refuses if the name `to` exists already (PathAccess); nothing is ever replaced.
 FileError RenameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Waits until the disk has the file's data, and says if it could not take them. No error if the file
+/// cannot be opened.
+FileError FlushFile(const std::filesystem::path& file);
 
 /// Waits until the disk has the folder's list of names, so that a renaming survives a power cut. Does
 /// nothing, and reports nothing, where the file system cannot do that.

@@ -139,12 +139,18 @@ FileError AppendToFile(const std::filesystem::path& file,
     std::size_t size = 0;
     const FileError error = SizeOfRegular(target.Handle(), size);
     if (error != FileError::None) return error;
-    return WriteAndClose(target, bytesForSize(size), Durability::Flushed);
+    return WriteAndClose(target, bytesForSize(size), Durability::Lazy);
 }
 
 // Without MOVEFILE_REPLACE_EXISTING the system refuses a name that exists.
 FileError RenameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to) {
     return MoveFileExW(from.c_str(), to.c_str(), 0) ? FileError::None : LastError();
+}
+
+FileError FlushFile(const std::filesystem::path& file) {
+    const OpenFile opened(file, GENERIC_WRITE, OPEN_EXISTING, 0);
+    const bool done = !opened.IsOpen() || FlushFileBuffers(opened.Handle());
+    return done ? FileError::None : LastError();
 }
 
 // NTFS keeps its names in a journal; Windows has no call to flush a folder.

@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include "app/EndSignals.h"
 #include "app/MenuButtons.h"
 #include "store/HistoryFile.h"
 #include "tests/dialogs/WindowFixture.h"
@@ -12,10 +13,13 @@
 namespace zorva::test {
 namespace {
 
+namespace fs = std::filesystem;
+
 /// The program in a folder of the test's own, played by four computers without pauses and sounds.
 class ProgramTest : public testing::Test {
 protected:
     ProgramTest() {
+        fs::create_directory(data);
         settings.PlayerType.fill(1);
         settings.Speed = 100;
         settings.SoundOn = 2;
@@ -32,11 +36,13 @@ protected:
         program = std::make_unique<Program>(data, data);
         program->Window().Ask = [this](const QString& title, auto...) {
             asked << title;
-            program->SaveNow();  // as when the session ends meanwhile
+            if (title == goneAfter) fs::rename(data, folder / "aside");
+            program->SaveAtEnd();  // as when the session ends meanwhile
             EXPECT_TRUE(title != "Continuar la partida anterior" || Saved().GameInProgress);
             if (onQuestion && title == "Histórico de partidas jugadas") onQuestion();
             return title == refused ? MessageAnswer::Refused : MessageAnswer::Accepted;
         };
+        program->Ended = [this] { asked << "left"; };
         Person person([](QWidget& title) { QTest::keyClick(title.focusWidget(), Qt::Key_Escape); });
         program->Start();
         return *program;
@@ -59,12 +65,12 @@ protected:
     GameState Saved() const { return LoadSettings(data).content.state; }
 
     TemporaryFolder folder;
-    const std::filesystem::path data = folder / "";
+    const fs::path data = folder / "data";
     Settings settings;
     std::unique_ptr<Program> program;
     QTimer player;
     QStringList asked;
-    QString refused;
+    QString refused, goneAfter;
     std::function<void()> onQuestion;  ///< whether a game goes into the history
 };
 
@@ -104,13 +110,13 @@ TEST_F(ProgramTest, SavesTheGameThatIsLeftAndContinuesItAtTheNextStart) {
     Start();
     player.start(0);
     Press(MenuButtons::NewGame);
-    EXPECT_EQ(asked.value(asked.size() - 1), "Posponer la partida en curso");
+    EXPECT_EQ(asked.mid(asked.size() - 2), QStringList({"Posponer la partida en curso", "left"}));
     EXPECT_EQ(Saved().GameInProgress, Yes);
     const Short made = Saved().MoveRecordCount;
     EXPECT_GE(made, 12);
     Restart();
     EXPECT_EQ(asked.value(0), "Continuar la partida anterior");
-    EXPECT_EQ(asked.value(asked.size() - 1), "Posponer la partida en curso");
+    EXPECT_EQ(asked.mid(asked.size() - 2), QStringList({"Posponer la partida en curso", "left"}));
     EXPECT_EQ(Saved().MoveRecordCount, made) << "left at once";
 }
 
@@ -128,6 +134,55 @@ TEST_F(ProgramTest, KeepsTheFirstMoveAndSaysSoWhenItIsLeftRightAfterIt) {
     EXPECT_EQ(asked.last(), "Posponer la partida en curso");
     EXPECT_EQ(Saved().GameInProgress, Yes);
     EXPECT_EQ(Saved().MoveRecords[1], program->State().MoveRecords[1]);
+}
+
+TEST_F(ProgramTest, AsksBeforeItLeavesAGameThatCannotBeKept) {
+    settings.PauseBetweenMoves = 1;
+    goneAfter = "Posponer la partida en curso";
+    Start();
+    player.start(0);
+    testing::internal::CaptureStderr();
+    player.callOnTimeout([this] {
+        if (asked.value(asked.size() - 1) != "No se puede guardar") return;
+        goneAfter.clear();  // stayed: the next question is refused
+        refused = "No se puede guardar";
+    });
+    Press(MenuButtons::NewGame);
+    const std::string errors = testing::internal::GetCapturedStderr();
+    const QString leave = "Posponer la partida en curso", unwritten = "No se puede guardar";
+    EXPECT_EQ(asked.mid(asked.size() - 5), QStringList({leave, unwritten, leave, unwritten, "left"}));
+    EXPECT_NE(errors.find("no existe la carpeta (error 76). La partida no queda guardada"),
+              std::string::npos)
+        << errors;
+}
+
+TEST_F(ProgramTest, TellsOnceThatAFirstStartCanKeepNothing) {
+    fs::create_directories(data / "ZORVA32.TMP" / "full");
+    Restart();
+    Person person([](QWidget& window) {
+        QTest::keyClick(window.findChild<QWidget*>("Pic_Velocidad"), Qt::Key_PageDown);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+    });
+    QTest::keyClick(&program->Window(), Qt::Key_F3);
+    EXPECT_EQ(asked, QStringList{"No se puede guardar"});
+    Press(MenuButtons::Leave);
+    fs::remove_all(data / "ZORVA32.TMP");
+    Press(MenuButtons::Leave);
+    EXPECT_EQ(asked, QStringList({"No se puede guardar", "No se puede guardar", "left"}));
+}
+
+TEST(EndOfTheSession, AsksNoWindowToClose) {
+    static int ends = 0, closes = 0;
+    OnQuitRequest([] { ++ends; });
+    const GameState state;
+    const Settings settings;
+    Mesa board(state, settings);
+    board.CloseWanted = [] { ++closes; };
+    board.show();
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+    EXPECT_EQ(ends, 1);
+    EXPECT_EQ(closes, 0);
 }
 
 TEST_F(ProgramTest, AppliesAndSavesWhatIsChosen) {

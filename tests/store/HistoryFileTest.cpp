@@ -10,6 +10,12 @@
 namespace zorva::test {
 namespace {
 
+FileError Append(const std::filesystem::path& folder, const std::string& record) {
+    HistoryWriter writer;
+    writer.Add(record);
+    return writer.Write(folder);
+}
+
 const std::string anaWins = "200103050907Ana      Luis     Eva               250\r\n";
 
 TEST(HistoryFile, WritesRecordsToTheByte) {
@@ -64,7 +70,7 @@ TEST(HistoryFile, OnlyGrowsAndMendsATornRecord) {
         const TemporaryFolder folder;
         const std::string before = anaWins + anaWins.substr(0, torn);
         WriteBytes(folder / HistoryFileName, before);
-        ASSERT_EQ(AppendToHistory(folder / "", anaWins), FileError::None);
+        ASSERT_EQ(Append(folder / "", anaWins), FileError::None);
         const std::string after = FileBytes(folder / HistoryFileName);
         EXPECT_EQ(after.size(), (torn == 0 ? 2 : 3) * HistoryRecordLength) << torn;
         EXPECT_EQ(after.substr(0, before.size()), before) << torn;
@@ -76,7 +82,7 @@ TEST(HistoryFile, IsReadOldestFirst) {
     const TemporaryFolder folder;
     EXPECT_EQ(ReadHistory(folder / "").Count(), 0u) << "no file";
     for (const char* year : {"1999", "2001", "2026"}) {
-        ASSERT_EQ(AppendToHistory(folder / "", year + anaWins.substr(4)), FileError::None);
+        ASSERT_EQ(Append(folder / "", year + anaWins.substr(4)), FileError::None);
     }
     WriteBytes(folder / HistoryFileName, FileBytes(folder / HistoryFileName) + "2030");
     const History history = ReadHistory(folder / "");
@@ -87,18 +93,18 @@ TEST(HistoryFile, IsReadOldestFirst) {
 
 TEST(HistoryFile, SaysWhyItCannotGrow) {
     const TemporaryFolder folder;
-    EXPECT_EQ(AppendToHistory(folder / "missing", anaWins), FileError::PathNotFound);
+    EXPECT_EQ(Append(folder / "missing", anaWins), FileError::PathNotFound);
     for (const mode_t kind : {S_IFDIR, S_IFIFO, S_IFSOCK}) {
         const std::filesystem::path history = folder / HistoryFileName;
         ASSERT_EQ(
             kind == S_IFDIR ? mkdir(history.c_str(), 0777) : mknod(history.c_str(), kind | 0666, 0), 0);
-        EXPECT_EQ(AppendToHistory(folder / "", anaWins), FileError::PathAccess) << kind;
+        EXPECT_EQ(Append(folder / "", anaWins), FileError::PathAccess) << kind;
         EXPECT_EQ(ReadHistory(folder / "").Count(), 0u);
         std::filesystem::remove(history);
     }
     WriteBytes(folder / "elsewhere", anaWins);
     std::filesystem::create_symlink(folder / "elsewhere", folder / HistoryFileName);
-    EXPECT_EQ(AppendToHistory(folder / "", anaWins), FileError::PathAccess);
+    EXPECT_EQ(Append(folder / "", anaWins), FileError::PathAccess);
     EXPECT_EQ(FileBytes(folder / "elsewhere"), anaWins) << "a link is not followed";
 }
 

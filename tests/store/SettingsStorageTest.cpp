@@ -151,9 +151,8 @@ TEST(SettingsStorage, AFullDiskLeavesTheOldFileAndIsSaidToBeFull) {
     EXPECT_EQ(NamesIn(folder / ""), onlyTheFile);
     EXPECT_EQ(FileBytes(folder / SettingsFileName), "old");
     EXPECT_EQ(created.outcome, LoadOutcome::Created);
-    EXPECT_EQ(created.text,
-              "No se puede escribir el fichero ZORVA32.INI: el disco está lleno (error 61). El juego "
-              "continúa.");
+    EXPECT_EQ(created.writeError, FileError::DiskFull);
+    EXPECT_EQ(created.title + created.text, "") << "told twice";
     EXPECT_TRUE(NamesIn(empty / "").empty());
 }
 
