@@ -115,10 +115,14 @@ fs::path ChooseDataFolder(const fs::path& programFolder) {
 }
 
 // The settings last: when they are there, all has been copied.
-void CopyFilesOfFirstRun(const fs::path& programFolder, const fs::path& dataFolder) {
-    if (IsTaken(dataFolder / SettingsFileName)) return;
-    if (!CopyFile(programFolder / HistoryFileName, dataFolder / HistoryFileName)) return;
-    CopyFile(programFolder / SettingsFileName, dataFolder / SettingsFileName);
+fs::path CopyFilesOfFirstRun(const fs::path& programFolder, const fs::path& dataFolder) {
+    const auto copy = [&](const char* name) {
+        return CopyFile(programFolder / name, dataFolder / name);
+    };
+    const auto hasSettings = [](const fs::path& folder) { return IsTaken(folder / SettingsFileName); };
+    if (!hasSettings(dataFolder) && copy(HistoryFileName)) copy(SettingsFileName);
+    const bool onlyBeside = !hasSettings(dataFolder) && hasSettings(programFolder);
+    return onlyBeside && !IsInstalled(programFolder) ? programFolder : dataFolder;
 }
 
 fs::path FindManual(const fs::path& programFolder) {

@@ -19,10 +19,13 @@ std::filesystem::path ChooseDataFolder(const std::filesystem::path& programFolde
 
 /// Copies the history and the settings from the program's folder to the data folder, unless there are
 /// settings already. A history that is there stays. The settings are copied last, and only if the
-/// history could be: where there are settings, the history is there, too. Errors are ignored. No other
-/// program may use the data folder meanwhile.
-void CopyFilesOfFirstRun(const std::filesystem::path& programFolder,
-                         const std::filesystem::path& dataFolder);
+/// history could be: where there are settings, the history is there, too. No other program may use the
+/// data folder meanwhile.
+///
+/// Returns the folder to use from then on. Where the files cannot be copied that is the program's, so
+/// that they are at least read, unless the program is installed.
+std::filesystem::path CopyFilesOfFirstRun(const std::filesystem::path& programFolder,
+                                          const std::filesystem::path& dataFolder);
 
 /// The path of the manual: beside the program, else where an installation puts it, which is found from
 /// the program's folder so that an installation may be moved. When it is in neither, the path beside the

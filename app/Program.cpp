@@ -141,8 +141,7 @@ void Program::OpenBoard() {
 }
 
 void Program::LoadGame() {
-    CopyFilesOfFirstRun(programFolder_, dataFolder_);
-    loaded_ = keeper_.Load(dataFolder_);
+    loaded_ = keeper_.Load(CopyFilesOfFirstRun(programFolder_, dataFolder_));
     settings_ = loaded_.content.settings;
     state_ = std::move(loaded_.content.state);
     ApplyChoices();

@@ -29,11 +29,7 @@ protected:
         WriteBytes(program / "ZORVA32.HIS", "history");
     }
 
-    fs::path Choose() const {
-        const fs::path chosen = ChooseDataFolder(program);
-        CopyFilesOfFirstRun(program, chosen);
-        return chosen;
-    }
+    fs::path Choose() const { return CopyFilesOfFirstRun(program, ChooseDataFolder(program)); }
 
     /// Nothing can be created under the probe's name: as if the folder were read-only, to root, too.
     void LockProgramFolder() const { fs::create_directory(program / "CSCD.WRK"); }
@@ -98,6 +94,14 @@ TEST_F(DataFolderTest, GetsNoSettingsBeforeTheHistoryIsThere) {
     Choose();
     EXPECT_EQ(fs::file_size(fallback / "ZORVA32.HIS"), 200u);
     EXPECT_EQ(FileBytes(fallback / "ZORVA32.INI"), "settings");
+}
+
+TEST_F(DataFolderTest, IsTheProgramsOwnWhenItsFilesCanOnlyBeRead) {
+    LockProgramFolder();
+    WriteBytes(folder / "share", "no folder");
+    EXPECT_EQ(Choose(), program);
+    fs::remove(program / "ZORVA32.INI");
+    EXPECT_EQ(Choose(), fallback) << "nothing to read";
 }
 
 // As when root plays what a package has installed.
