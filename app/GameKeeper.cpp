@@ -127,6 +127,11 @@ bool GameKeeper::IsGameKept() const {
            (settingsFile_.flushed == FileError::None && IsStored(folder_, settings_, kept_));
 }
 
+std::string GameKeeper::SaveNow() {
+    Write();
+    return Lost();
+}
+
 std::string GameKeeper::SaveToLeave(Duration patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
     Write();
@@ -134,6 +139,10 @@ std::string GameKeeper::SaveToLeave(Duration patience) {
     BeginFlush();
     flush_.wait_until(end);
     TakeFlushErrors();
+    return Lost();
+}
+
+std::string GameKeeper::Lost() const {
     std::string lost;
     if (!IsGameKept()) {
         lost = SaveErrorText(settingsFile_.Error(), settingsFile_.name);

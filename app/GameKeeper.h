@@ -51,8 +51,10 @@ public:
 
     /// Whether the remembered game has a finished move, without which no game is kept.
     bool HasGame() const { return kept_.GameInProgress && kept_.MoveRecordCount >= 2; }
-    /// Writes all that is unwritten and waits for the disk, at most so long. Returns what would be lost
-    /// if the program ended now, as sentences for the player; nothing if all is kept.
+    /// Writes all that is unwritten. Returns what would be lost if the program ended now, as sentences
+    /// for the player; nothing if all is kept.
+    std::string SaveNow();
+    /// The same, and waits for the disk, at most so long.
     std::string SaveToLeave(Duration patience);
 
     const std::filesystem::path& Folder() const { return folder_; }
@@ -78,6 +80,7 @@ private:
     void BeginFlush();
     void TakeFlushErrors();
     bool IsGameKept() const;
+    std::string Lost() const;
 
     const GameState& state_;
     const Settings& settings_;

@@ -36,8 +36,8 @@ constexpr int iconMilliseconds = 300;
 // a tenth of a second later, that no other window of the program follows it.
 constexpr int hidingMilliseconds = 300;
 
-// How long the disk is waited for. The system writes later what it has taken.
-constexpr std::chrono::milliseconds leavingPatience{2000}, endPatience{400};
+// How long the disk is waited for when the player leaves. The system writes later what it has taken.
+constexpr std::chrono::seconds leavingPatience{2};
 
 // Where the player is looking: where the cursor is, if the desktop tells.
 const QScreen& ScreenOfCursor() {
@@ -280,7 +280,7 @@ void Program::Leave() {
 }
 
 void Program::SaveAtEnd() {
-    const std::string lost = keeper_.SaveToLeave(endPatience);
+    const std::string lost = keeper_.SaveNow();
     if (!lost.empty()) std::fprintf(stderr, "zorva32: %s\n", lost.c_str());
 }
 

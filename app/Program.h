@@ -34,8 +34,9 @@ public:
     /// Called when the player has left the program.
     std::function<void()> Ended;
 
-    /// Saves everything within half a second: the program is about to be ended from outside. Shows
-    /// nothing; what cannot be saved is told on standard error.
+    /// Saves everything: the program is about to be ended from outside. Shows nothing and does not wait
+    /// for the disk, since a program cannot end as long as one of its threads does; what cannot be saved
+    /// is told on standard error.
     void SaveAtEnd();
 
     const GameState& State() const { return state_; }

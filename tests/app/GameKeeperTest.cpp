@@ -88,12 +88,12 @@ TEST_F(KeptGame, TellsOfEachFileOnceThatItCannotBeWritten) {
     for (int times = 1; times <= 2; ++times) {
         failures.clear();
         fs::remove_all(data);
-        EXPECT_NE(keeper.SaveToLeave({}), "");
+        EXPECT_NE(keeper.SaveNow(), "");
         EXPECT_EQ(failures, std::vector<std::string>{}) << "asks at the end of the session";
         keeper.PositionReached(state);
         keeper.PositionReached(state);
         keeper.Save();
-        EXPECT_NE(keeper.SaveToLeave({}).find("(error 76). La partida no queda"), std::string::npos);
+        EXPECT_NE(keeper.SaveNow().find("(error 76). La partida no queda"), std::string::npos);
         for (const Short points : {250, 251}) keeper.AppendResult({1, {2}, points});
         keeper.GameOver();
         const std::string start = "No se puede guardar|No se puede escribir el fichero ZORVA32.";
@@ -163,14 +163,14 @@ TEST_F(FaultyDisk, LosesNothingThatItTakesLater) {
             failures.clear();
             FailAt(call, fault);
             PlaySession();
-            const std::string lost = keeper.SaveToLeave({});
+            const std::string lost = keeper.SaveNow();
             const bool keptAll = IsWritten(5) && HasBothResults(before);
             FailAt(0, Fault::None);
             const std::string where = std::to_string(int(fault)) + " at call " + std::to_string(call);
             EXPECT_TRUE(!lost.empty() || keptAll) << where << ": lost without a word";
             EXPECT_TRUE(lost.empty() || fault != Fault::Once) << where << ": " << lost;
             EXPECT_LE(failures.size(), 2U) << where;
-            EXPECT_EQ(keeper.SaveToLeave({}), "") << where;
+            EXPECT_EQ(keeper.SaveNow(), "") << where;
             ASSERT_TRUE(IsWritten(5)) << where;
             ASSERT_TRUE(HasBothResults(before)) << where << History().substr(before);
         }
@@ -207,7 +207,7 @@ TEST_F(KeptGame, WritesNothingOverAFileThatCouldNotBeRead) {
     EXPECT_EQ(refused.outcome, LoadOutcome::Damaged) << "the folder is not there yet";
     settings = refused.content.settings;
     EXPECT_FALSE(other.MayWrite());
-    EXPECT_EQ(other.SaveToLeave({}), "") << "there is nothing to lose yet";
+    EXPECT_EQ(other.SaveNow(), "") << "there is nothing to lose yet";
     fs::create_directory(late);
     WriteBytes(late / SettingsFileName, "a game from elsewhere");
     other.PositionReached(state);
@@ -222,7 +222,7 @@ TEST_F(KeptGame, WritesNothingOverAFileThatCouldNotBeRead) {
     other.GameOver();
     EXPECT_EQ(FileBytes(deep / SettingsFileName), "4,0");
     settings.Speed = 8;
-    EXPECT_NE(other.SaveToLeave({}), "");
+    EXPECT_NE(other.SaveNow(), "");
     // A damaged file that was kept aside makes room for a new one.
     EXPECT_EQ(other.Load(late).outcome, LoadOutcome::Damaged);
     settings.Speed = 7;
