@@ -36,6 +36,7 @@ CONTINUE_TITLE = "Continuar la partida anterior"
 POSTPONE_TITLE = "Posponer la partida en curso"
 EXIT_TITLE = "Salir del programa"
 ABANDON_TITLE = "Abandonar la partida en curso"
+SAVE_TITLE = "No se puede guardar"
 LOAD_TITLE = "Error en la carga de datos iniciales"
 
 

@@ -1,7 +1,7 @@
 // Preloaded into the program under test. ZORVA_DICE is the seed of its dice, so that a test throws today
 // what it threw yesterday. ZORVA_DIE_AT kills the program in the middle of replacing a file: "write:7"
 // when half of the seventh file is written, "rename:7" before that file gets its name, "renamed:7" right
-// after.
+// after. ZORVA_HANGS names a call that never returns, as with a dead disk: "rename" or "fsync".
 
 #include <dlfcn.h>
 #include <sys/stat.h>
@@ -25,6 +25,10 @@ void DieIfItIsTime(const std::string& place) {
     static const std::string wanted = Variable("ZORVA_DIE_AT");
     static int left = std::atoi(wanted.c_str() + wanted.find(':') + 1);
     if (wanted.compare(0, wanted.find(':'), place) == 0 && --left == 0) raise(SIGKILL);
+}
+
+void HangIfWanted(const char* call) {
+    while (Variable("ZORVA_HANGS") == call) pause();
 }
 
 bool IsFile(int descriptor) {
@@ -54,9 +58,15 @@ quint64 QRandomGenerator::_fillRange(void* buffer, qptrdiff count) {
 extern "C" int rename(const char* from, const char* to) noexcept {
     static auto* const real = Real<int(const char*, const char*)>("rename");
     DieIfItIsTime("rename");
+    HangIfWanted("rename");
     const int result = real(from, to);
     DieIfItIsTime("renamed");
     return result;
+}
+
+extern "C" int fsync(int descriptor) {
+    HangIfWanted("fsync");
+    return Real<int(int)>("fsync")(descriptor);
 }
 
 extern "C" ssize_t write(int descriptor, const void* bytes, std::size_t count) {

@@ -6,12 +6,11 @@ import time
 import unittest
 
 import board
-from driver import LOAD_TITLE, SIXES_TITLE, WindowTest
+from driver import LOAD_TITLE, SAVE_TITLE, SIXES_TITLE, WindowTest
 from inifile import ON, Settings, game_at
 from layout import Layout
 
 POSITIONS = {1: [0, 0, 20, 40], 2: [84, 0, 0, 25], 3: [92, 0, 0, 60], 4: [0, 0, 0, 0]}
-SAVE_TITLE = "No se puede guardar"
 RECORD = b"200103050907Ana      Luis     Eva               250\r\n"
 
 

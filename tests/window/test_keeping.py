@@ -4,12 +4,13 @@ import shutil
 import signal
 import subprocess
 import tempfile
+import time
 from pathlib import Path
 
 import board
 from display import BOUND
-from driver import ABANDON_TITLE, LOAD_TITLE, POSTPONE_TITLE, START_TITLE, WindowTest
-from inifile import COLOURS, COMPUTER, OFF, ON, PERSON, Settings, game_at
+from driver import ABANDON_TITLE, CONTINUE_TITLE, LOAD_TITLE, POSTPONE_TITLE, SAVE_TITLE, START_TITLE, WindowTest
+from inifile import COLOURS, COMPUTER, OFF, ON, PERSON, Settings, game_at, to_bytes
 
 IN_USE_TITLE = "Los ficheros están en uso"
 POSITIONS = {1: [76, 76, 20, 40], 2: [84, 0, 84, 25], 3: [92, 92, 0, 60], 4: [100, 0, 100, 100]}
@@ -57,6 +58,26 @@ class Leaving(KeepingTest):
         self.assertEqual(self.wait_for_end(), 0)
         self.assertTrue(self.game().in_progress)
 
+    def test_leave_without_a_folder(self):
+        """Saving fails: the player is asked, stays, and leaves with the game when the folder is back; or without."""
+        self.start_game()
+        self.play_moves(2)
+        game, aside = self.game(), self.program.folder.parent / "aside"
+        for stays in (True, False):
+            self.program.folder.rename(aside)
+            self.display.key("F6")
+            self.answer(POSTPONE_TITLE, "yes")
+            self.answer(SAVE_TITLE, *(("accept", "space") if stays else ("no",)))
+            if stays:
+                self.wait_for_board()
+                aside.rename(self.program.folder)
+                self.display.key("F6")
+                self.answer(POSTPONE_TITLE, "no")
+                self.wait_for_board()
+        self.assertEqual(self.wait_for_end(), 0)
+        aside.rename(self.program.folder)
+        self.assertEqual(self.game(), game)
+
     def test_leave_without_a_game(self):
         for leave in self.ways_to_leave:
             self.start(Settings())
@@ -75,6 +96,19 @@ class EndedFromOutside(KeepingTest):
             game = self.game()
             self.program.process.send_signal(signal_number)
             self.assert_continues_at(game)
+
+    def test_a_dead_disk_holds_nothing_up(self):
+        game = game_at(POSITIONS, turn=1)
+        self.program.ini.write_bytes(to_bytes(Settings(pause=ON), game))
+        for call, key in (("fsync", "F3"), ("rename", "space")):
+            self.program.environment["ZORVA_HANGS"] = call
+            self.start_with_message(CONTINUE_TITLE)
+            self.display.key(key)
+            begun = time.monotonic()
+            self.program.process.terminate()
+            self.assertEqual(self.wait_for_end(), 0)
+            self.assertLess(time.monotonic() - begun, 2, call)  # a second is promised
+            self.assertEqual(self.game(), game)
 
 
 class BeginningAnew(KeepingTest):
