@@ -108,7 +108,7 @@ bool IsStored(const std::filesystem::path& folder, const Settings& settings,
         const SettingsReading reading = ReadSettings(bytes);
         const auto* read = std::get_if<SettingsContent>(&reading);
         SettingsContent stored = read != nullptr ? *read : DefaultContent();
-        if (const auto settings = ReadSettingsAlone(bytes)) stored.settings = *settings;
+        if (const auto alone = ReadSettingsAlone(bytes)) stored.settings = *alone;
         return SettingsText(stored.settings, stored.state) == SettingsText(settings, state);
     } catch (const std::bad_alloc&) {
         return false;
