@@ -165,8 +165,8 @@ void Program::TellAboutFiles() {
 void Program::TellFilesInUse() {
     const QString text =
         QString(
-            "Otro programa está usando los ficheros de la carpeta %1. Puede ser Zorva de otro "
-            "usuario o un Zorva que no responde. Arranque Zorva otra vez cuando haya terminado.")
+            "Otro programa está usando los ficheros de la carpeta %1. Puede ser el Zorva de otro "
+            "usuario o uno que no responde. Arranque Zorva otra vez cuando haya terminado.")
             .arg(QString::fromStdString(dataFolder_.string()));
     std::fprintf(stderr, "zorva32: %s\n", qUtf8Printable(text));
     mesa_.ChooseScreen(ScreenOfCursor());
