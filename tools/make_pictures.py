@@ -69,7 +69,7 @@ class Pictures(driver.WindowTest):
             return
         part = [round(2 * v) for v in (x, y, width or self.layout.width, height or self.layout.height)]
         with tempfile.TemporaryDirectory() as folder:
-            whole, cut = Path(folder) / "whole.png", Path(folder) / "cut.png"
+            whole, cut = Path(folder) / "whole.ppm", Path(folder) / "cut.png"
             self.display.picture().save(whole)
             subprocess.run(["convert", whole, "-crop", "%dx%d+%d+%d" % (part[2], part[3], part[0], part[1]),
                             "+repage", "-filter", "Lanczos", "-resize", "%dx>" % (2 * WIDEST), "-strip", cut],
@@ -172,7 +172,7 @@ class GameInItsMiddle(driver.WindowTest):
         self.click_board()
         self.settle(rest=1)
         with tempfile.TemporaryDirectory() as folder:
-            whole = Path(folder) / "whole.png"
+            whole = Path(folder) / "whole.ppm"
             # Leaves the cursor out, which Picture would show.
             subprocess.run(["import", "-window", "root", whole], env=self.display.environment, check=True)
             # With half the usual dithering: a quarter smaller, and smooth enough.

@@ -94,24 +94,6 @@ TEST_F(OnTheBoard, AClickThrowsOnlyWhileAThrowIsAwaited) {
     EXPECT_EQ(state.WaitingForThrow, No);
 }
 
-TEST_F(OnTheBoard, AClickBeginsAndEndsOnTheBoardItself) {
-    AwaitThrow();
-    for (QWidget* control :
-         {mesa.findChild<QWidget*>("Pic_Botones"), mesa.Log().viewport(),
-          static_cast<QWidget*>(&mesa.Buttons().Button(0)), static_cast<QWidget*>(&mesa.Strip())}) {
-        SCOPED_TRACE(control->objectName().toStdString());
-        const QPoint corner = control->mapTo(&mesa, QPoint(1, 1));
-        const Point onIt{ToShort(corner.x()), ToShort(corner.y())}, onBoard = PlaceOfSquare(50);
-        Press(onBoard);
-        Release(onIt);
-        for (const Point end : {onIt, onBoard}) {
-            Mouse(QEvent::MouseButtonPress, onIt, Qt::LeftButton, Qt::LeftButton, *control);
-            Mouse(QEvent::MouseButtonRelease, end, Qt::LeftButton, {}, *control);
-        }
-        EXPECT_EQ(state.WaitingForThrow, Yes);
-    }
-}
-
 TEST_F(OnTheBoard, APressThatIsLostPutsThePieceBackAndDoesNothingMore) {
     const Point there = PlaceOfSquare(20);
     const std::pair<const char*, std::function<void()>> ways[] = {

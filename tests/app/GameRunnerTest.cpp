@@ -72,13 +72,6 @@ TEST_F(RunnerTest, AThousandGamesGivenUpNeedNoMoreStackThanOne) {
     EXPECT_FALSE(runner.IsRunning());
 }
 
-TEST_F(RunnerTest, ALeftGameIsNotOver) {
-    onWait = [this] { runner.Leave(); };
-    runner.StartNewGame();
-    runner.Leave();  // without a game there is nothing to wait for
-    EXPECT_EQ(told, (Told{"over", "begins", "ended", "ended"}));
-}
-
 TEST_F(RunnerTest, ACancelledFirstQuestionAsksForTheSettings) {
     begins = MessageAnswer::Refused;
     runner.StartNewGame();

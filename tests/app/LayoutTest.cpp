@@ -74,12 +74,8 @@ struct PlaceRow {
 };
 
 constexpr PlaceRow places[] = {
-    // Round the ring, with both squares at each cut corner and the ends of the arms.
-    {1, 1, {288, 449}, {362, 569}, {460, 713}},
+    // A cut corner.
     {8, 1, {288, 302}, {362, 380}, {460, 482}},
-    {17, 1, {449, 239}, {569, 299}, {713, 383}},
-    {34, 1, {239, 29}, {299, 29}, {383, 53}},
-    {68, 1, {239, 449}, {299, 569}, {383, 713}},
     // Beside the first, two thirds of a cell away: on the lower, right, upper and left arm.
     {1, 2, {274, 449}, {344, 569}, {438, 713}},
     {17, 2, {449, 253}, {569, 317}, {713, 405}},
@@ -88,8 +84,6 @@ constexpr PlaceRow places[] = {
     // The home columns.
     {99, 1, {176, 240}, {218, 300}, {284, 384}},
     // The goals: three side by side across the arm, the fourth nearer to the middle.
-    {76, 1, {240, 281}, {300, 353}, {384, 449}},
-    {76, 2, {259, 281}, {325, 353}, {414, 449}},
     {76, 3, {220, 281}, {274, 353}, {353, 449}},
     {76, 4, {240, 261}, {300, 328}, {384, 418}},
     {84, 4, {261, 240}, {328, 300}, {418, 384}},

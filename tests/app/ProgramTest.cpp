@@ -74,17 +74,6 @@ protected:
     std::function<void()> onQuestion;  ///< whether a game goes into the history
 };
 
-TEST_F(ProgramTest, PlaysAGameToItsEndAndKeepsItsResult) {
-    settings.PauseBetweenMoves = 2;
-    Start();
-    EXPECT_EQ(asked, QStringList()) << "nothing to tell about the files";
-    Press(MenuButtons::NewGame);
-    EXPECT_EQ(asked.value(0), "Comienza la Partida");
-    EXPECT_EQ(Results(), 1u);
-    EXPECT_EQ(Saved().GameInProgress, No);
-    EXPECT_EQ(Saved().PiecePosition, program->State().PiecePosition) << "the end stays on the board";
-}
-
 TEST_F(ProgramTest, AsksAboutAWonGameUntilThatIsAnswered) {
     settings.PauseBetweenMoves = 2;
     std::string whileAsked;
@@ -103,21 +92,6 @@ TEST_F(ProgramTest, AsksAboutAWonGameUntilThatIsAnswered) {
                                   "Histórico de partidas jugadas"}));
     EXPECT_EQ(Results(), 2u);
     EXPECT_EQ(Saved().GameInProgress, No);
-}
-
-TEST_F(ProgramTest, SavesTheGameThatIsLeftAndContinuesItAtTheNextStart) {
-    settings.PauseBetweenMoves = 1;
-    Start();
-    player.start(0);
-    Press(MenuButtons::NewGame);
-    EXPECT_EQ(asked.mid(asked.size() - 2), QStringList({"Posponer la partida en curso", "left"}));
-    EXPECT_EQ(Saved().GameInProgress, Yes);
-    const Short made = Saved().MoveRecordCount;
-    EXPECT_GE(made, 12);
-    Restart();
-    EXPECT_EQ(asked.value(0), "Continuar la partida anterior");
-    EXPECT_EQ(asked.mid(asked.size() - 2), QStringList({"Posponer la partida en curso", "left"}));
-    EXPECT_EQ(Saved().MoveRecordCount, made) << "left at once";
 }
 
 TEST_F(ProgramTest, KeepsTheFirstMoveAndSaysSoWhenItIsLeftRightAfterIt) {

@@ -6,7 +6,6 @@ import struct
 import subprocess
 import tempfile
 import time
-import zlib
 from collections import namedtuple
 from pathlib import Path
 
@@ -54,20 +53,10 @@ class Picture:
         return self._data == other._data
 
     def save(self, path):
-        """Writes a PNG file."""
-        rows = []
-        for y in range(self.height):
-            row = self.part(0, y, self.width, 1)
-            colours = bytearray(self.width * 3)
-            colours[0::3], colours[1::3], colours[2::3] = row[2::4], row[1::4], row[0::4]
-            rows.append(b"\0" + bytes(colours))
-
-        def chunk(kind, body):
-            return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body))
-
-        header = chunk(b"IHDR", struct.pack(">IIBBBBB", self.width, self.height, 8, 2, 0, 0, 0))
-        image = chunk(b"IDAT", zlib.compress(b"".join(rows), 1)) + chunk(b"IEND", b"")
-        Path(path).write_bytes(b"\x89PNG\r\n\x1a\n" + header + image)
+        """Writes a PPM file."""
+        rows, colours = self.part(0, 0, self.width, self.height), bytearray(self.width * self.height * 3)
+        colours[0::3], colours[1::3], colours[2::3] = rows[2::4], rows[1::4], rows[0::4]
+        Path(path).write_bytes(b"P6 %d %d 255\n" % (self.width, self.height) + colours)
 
 
 class Display:

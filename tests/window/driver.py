@@ -148,7 +148,7 @@ class WindowTest(unittest.TestCase):
     def _keep_picture(self):
         result = self._outcome.result
         if any(case is self for case, _ in result.failures + result.errors):
-            self.display.picture().save(Path(os.environ.get("ZORVA_PICTURES", ".")) / (self.id() + ".png"))
+            self.display.picture().save(Path(os.environ.get("ZORVA_PICTURES", ".")) / (self.id() + ".ppm"))
 
     # ------------------------------------------------------------------------------- waiting
 

@@ -2,7 +2,6 @@
 
 import time
 
-import board
 from driver import ABANDON_TITLE, WindowTest, message_button
 from inifile import COMPUTER, OFF, ON, PERSON, Settings, game_at
 
@@ -58,24 +57,6 @@ class Advice(BoardTest):
 
 
 class ShiftingByHand(BoardTest):
-    def test_pieces_are_shifted(self):
-        self.begin({YELLOW: [76, 76, 76, 20], BLUE: [17, 17, 0, 0], RED: [40, 0, 0, 0], GREEN: [30, 0, 0, 0]},
-                   types=PERSON_IS_YELLOW)
-        shifts = ((YELLOW, 4, 20, 33), (BLUE, 3, 0, 22), (BLUE, 3, 22, 12), (RED, 1, 40, 92), (YELLOW, 4, 33, 34),
-                  (GREEN, 1, 30, 46), (GREEN, 1, 46, 0))
-        for colour, piece, start, to in shifts:
-            game = self.game()
-            self.settle()
-            self.click_board(button=3)
-            self.drag(self.point_of_piece(game, colour, piece),
-                      self.layout.square(to) if to else self.layout.house(colour))
-            record = self.wait_for_moves(game.moves + 1).records[-1]
-            following = 0 if colour == YELLOW else YELLOW
-            self.assertEqual(record, (colour, following, 0, 0, piece, start, to, 0, 1, 0, record.turn_end))
-            self.assertEqual(self.game().colour, YELLOW)
-        self.wait_until(lambda: not board.difference(self.display.picture(), self.layout, self.game().positions),
-                        "the pieces in their places")
-
     def test_a_drag_that_is_lost_ends_where_it_began(self):
         self.begin(APART, types=PERSON_IS_YELLOW)
         self.click_board(button=3)
@@ -112,6 +93,7 @@ class EarlyInput(BoardTest):
         self.begin(APART)
         x, y, width, height = self.layout.log
         log, house = (x + width // 2, y + height // 2), self.layout.house(3)
+        panel = [sum(each) / 2 for each in zip(self.layout.button("help"), self.layout.button("new game"))]
 
         def press_and_release(start, end):
             self.point_at(start)
@@ -128,7 +110,7 @@ class EarlyInput(BoardTest):
         self.display.act("mouseup 1")
         self.answer(ABANDON_TITLE, "no")
         self.wait_for_board()
-        for control in (self.layout.button("advice"), self.layout.recorder_key("back"), log):
+        for control in (self.layout.button("advice"), self.layout.recorder_key("back"), log, panel):
             self.assert_nothing_happens(lambda: self.click(control), control)
 
     def test_input_before_a_message_does_not_answer_it(self):

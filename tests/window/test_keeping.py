@@ -1,4 +1,4 @@
-"""The game is never lost: left, ended from outside, started twice, begun anew."""
+"""The game is never lost: left, ended from outside, started twice."""
 
 import shutil
 import signal
@@ -9,16 +9,16 @@ from pathlib import Path
 
 import board
 from display import BOUND
-from driver import ABANDON_TITLE, CONTINUE_TITLE, LOAD_TITLE, POSTPONE_TITLE, SAVE_TITLE, START_TITLE, WindowTest
-from inifile import COLOURS, COMPUTER, OFF, ON, PERSON, Settings, game_at, to_bytes
+from driver import ABANDON_TITLE, CONTINUE_TITLE, LOAD_TITLE, POSTPONE_TITLE, WindowTest
+from inifile import ON, Settings, game_at, to_bytes
 
 IN_USE_TITLE = "Los ficheros están en uso"
 POSITIONS = {1: [76, 76, 20, 40], 2: [84, 0, 84, 25], 3: [92, 92, 0, 60], 4: [100, 0, 100, 100]}
 
 
 class KeepingTest(WindowTest):
-    def start_game(self, **settings):
-        self.start(Settings(**{"pause": ON, **settings}), game_at(POSITIONS, turn=1))
+    def start_game(self):
+        self.start(Settings(pause=ON), game_at(POSITIONS, turn=1))
 
     def assert_continues_at(self, game):
         self.assertEqual(self.wait_for_end(), 0)
@@ -42,47 +42,6 @@ class Leaving(KeepingTest):
             leave()
             self.answer(POSTPONE_TITLE, "yes")
             self.assert_continues_at(game)
-
-    def test_leave_while_a_move_is_awaited(self):
-        self.start_game(types=(PERSON, COMPUTER, COMPUTER, COMPUTER))
-        game = self.game()
-        self.click_board()
-        self.display.key("F6")
-        self.answer(POSTPONE_TITLE, key="space")
-        self.assert_continues_at(game)
-
-    def test_leave_while_the_computers_play(self):
-        self.start_game(pause=OFF, speed=80)
-        self.display.key("F6")
-        self.answer(POSTPONE_TITLE, "yes")
-        self.assertEqual(self.wait_for_end(), 0)
-        self.assertTrue(self.game().in_progress)
-
-    def test_leave_without_a_folder(self):
-        """Saving fails: the player is asked, stays, and leaves with the game when the folder is back; or without."""
-        self.start_game()
-        self.play_moves(2)
-        game, aside = self.game(), self.program.folder.parent / "aside"
-        for stays in (True, False):
-            self.program.folder.rename(aside)
-            self.display.key("F6")
-            self.answer(POSTPONE_TITLE, "yes")
-            self.answer(SAVE_TITLE, *(("accept", "space") if stays else ("no",)))
-            if stays:
-                self.wait_for_board()
-                aside.rename(self.program.folder)
-                self.display.key("F6")
-                self.answer(POSTPONE_TITLE, "no")
-                self.wait_for_board()
-        self.assertEqual(self.wait_for_end(), 0)
-        aside.rename(self.program.folder)
-        self.assertEqual(self.game(), game)
-
-    def test_leave_without_a_game(self):
-        for leave in self.ways_to_leave:
-            self.start(Settings())
-            leave()
-            self.assertEqual(self.wait_for_end(), 0)
 
 
 class EndedFromOutside(KeepingTest):
@@ -109,25 +68,6 @@ class EndedFromOutside(KeepingTest):
             self.assertEqual(self.wait_for_end(), 0)
             self.assertLess(time.monotonic() - begun, 2, call)  # a second is promised
             self.assertEqual(self.game(), game)
-
-
-class BeginningAnew(KeepingTest):
-    def test_a_new_game_inside_a_running_one(self):
-        self.start_game()
-        game = self.game()
-        self.click_button("new game")
-        self.wait_for_message(ABANDON_TITLE)
-        self.assertEqual(self.program.spawn().wait(timeout=20), 0, "a second start behind the question")
-        self.answer(ABANDON_TITLE, "no")
-        self.wait_for_board()
-        self.assertEqual(self.game().records, game.records)
-        self.display.key("F2")
-        self.answer(ABANDON_TITLE, "yes")
-        self.wait_for_message(START_TITLE)
-        self.assertFalse(self.game().in_progress, "the abandoned game is still in the file")
-        self.answer(START_TITLE, "yes")
-        self.play_moves(4)
-        self.assertEqual([self.game().home(colour) for colour in COLOURS], [0] * 4)
 
 
 class StartedTwice(KeepingTest):
