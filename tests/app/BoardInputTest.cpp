@@ -8,9 +8,6 @@
 #include <QDialog>
 #include <QMouseEvent>
 
-#include "app/MenuButtons.h"
-#include "app/MoveLog.h"
-#include "app/RecorderStrip.h"
 #include "tests/app/BoardWindow.h"
 
 namespace zorva::test {

@@ -17,23 +17,15 @@ void PrintTo(const Point& p, std::ostream* out) {
 namespace test {
 namespace {
 
-struct Screen {
-    int width, height;
-};
-
 /// Widely used screens, from the smallest to the largest.
-constexpr Screen screens[] = {
+constexpr QSize screens[] = {
     {640, 480},   {799, 600},   {800, 600},   {801, 600},   {1024, 600},  {1024, 768},  {1280, 720},
     {1280, 1024}, {1366, 768},  {1920, 1080}, {2560, 1080}, {5120, 1440}, {7680, 4320}, {1080, 1920},
     {768, 1024},  {1024, 1024}, {600, 800},   {640, 512},   {720, 1280},
 };
 
-std::string NameOf(const Screen& screen) {
-    return std::to_string(screen.width) + "x" + std::to_string(screen.height);
-}
-
 struct SizeRow {
-    Screen screen;
+    QSize screen;
     double unit;
     std::vector<int> lengths;  // in the order in which they are compared below
     int top = 0;               // device pixels above the part of the screen that is used
@@ -52,8 +44,8 @@ const SizeRow sizes[] = {
 
 TEST(Layout, FollowsTheScreen) {
     for (const SizeRow& row : sizes) {
-        SCOPED_TRACE(NameOf(row.screen));
-        const Layout layout = LayoutFor(row.screen.width, row.screen.height);
+        SCOPED_TRACE(testing::Message() << row.screen.width() << 'x' << row.screen.height());
+        const Layout layout = LayoutFor(row.screen.width(), row.screen.height());
         EXPECT_DOUBLE_EQ(layout.Unit, row.unit);
         const std::vector<int> lengths{layout.ScreenWidth, layout.ScreenHeight,   layout.SizeClass,
                                        layout.Cell,        layout.Block,          layout.Margin,
@@ -76,6 +68,7 @@ struct PlaceRow {
 constexpr PlaceRow places[] = {
     // A cut corner.
     {8, 1, {288, 302}, {362, 380}, {460, 482}},
+    {68, 1, {239, 449}, {299, 569}, {383, 713}},
     // Beside the first, two thirds of a cell away: on the lower, right, upper and left arm.
     {1, 2, {274, 449}, {344, 569}, {438, 713}},
     {17, 2, {449, 253}, {569, 317}, {713, 405}},
@@ -108,9 +101,9 @@ TEST(Layout, PutsEachPieceOnItsSquare) {
 }
 
 TEST(Layout, HasRoomForEverythingAtTheRight) {
-    for (const Screen& screen : screens) {
-        SCOPED_TRACE(NameOf(screen));
-        const Layout layout = LayoutFor(screen.width, screen.height);
+    for (const QSize screen : screens) {
+        SCOPED_TRACE(testing::Message() << screen.width() << 'x' << screen.height());
+        const Layout layout = LayoutFor(screen.width(), screen.height());
         const QRect right(QPoint(layout.BoardExtent, 0),
                           QPoint(layout.ScreenWidth - 1, layout.ScreenHeight - 1));
         std::vector<Box> boxes(layout.Button.begin(), layout.Button.end());

@@ -27,11 +27,11 @@ protected:
     }
 
     /// Starts the program and closes its title by a key. Each question is answered with yes.
-    Program& Start() {
+    void Start() {
         SaveSettings(data, settings, {}, Durability::Lazy);
-        return Restart();
+        Restart();
     }
-    Program& Restart() {
+    void Restart() {
         asked.clear();
         program = std::make_unique<Program>(data, data);
         program->Window().Ask = [this](const QString& title, auto...) {
@@ -45,7 +45,6 @@ protected:
         program->Ended = [this] { asked << "left"; };
         Person person([](QWidget& title) { QTest::keyClick(title.focusWidget(), Qt::Key_Escape); });
         program->Start();
-        return *program;
     }
 
     void Press(int button) {

@@ -136,8 +136,3 @@ class EarlyInput(BoardTest):
         self.display.act("keyup space")
         self.settle()
         self.assertEqual(self.game().moves, self.before.moves + 1, "a key that repeats itself")
-
-    def test_without_a_game_keys_do_no_harm(self):
-        self.start(Settings(pause=ON))
-        keys = ("Tab", "Left", "ctrl+Home", "ctrl+Left", "ctrl+Up", "ctrl+End", "F5", "Shift_L", "Super_L", "i")
-        self.assert_nothing_happens(lambda: self.display.key(*keys), "without a game")
