@@ -142,12 +142,11 @@ TEST_F(OnTheBoard, AClickPicksAPieceThatMayMove) {
         SCOPED_TRACE(name);
         settings.PlayerType[1] = person ? 2 : 1;
         AwaitMove();
-        state.MovePiece = state.MoveFrom = state.MoveTo = 0;
+        state.MovePiece = state.MoveTo = 0;
         mesa.Scene().ShowMove({});
         Click(PlaceOf(piece), button);
         EXPECT_EQ(state.MovePiece, picked);
         EXPECT_EQ(state.WaitingForMove, picked != 0 ? No : Yes);
-        EXPECT_EQ(state.MoveFrom, picked != 0 ? 10 : 0);
         EXPECT_EQ(state.MoveTo, picked != 0 ? 13 : 0);
         EXPECT_EQ(View().shown.piece, picked != 0 ? 11 : 0);
     }
