@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <iterator>
-#include <regex>
 #include <sstream>
 
 #include "tests/support/Files.h"
@@ -70,7 +69,7 @@ TEST(Help, ComesFromEveryCommand) {
     }
     std::ostringstream out;
     EXPECT_EQ(RunSim({"--version"}, out, out, false), 0);
-    EXPECT_TRUE(std::regex_match(out.str(), std::regex("zorva-sim [0-9.]+\n"))) << out.str();
+    EXPECT_TRUE(out.str().starts_with("zorva-sim ") && out.str().find('.') < 14) << out.str();
 }
 
 TEST(BadInput, GetsOneClearLineAndStatusTwo) {
