@@ -17,17 +17,13 @@ struct DropRow {
 
 constexpr DropRow drops[] = {
     {"an empty square ahead", "1:10 0 0 0", 11, 40, true},
-    {"out of the box to anywhere", "", 23, 60, true},
     {"back into the box", "4:60 0 0 0", 41, 0, true},
     {"the box it is in is no move", "4:60 0 0 0", 42, 0, false},
     {"nor is the square it stands on", "1:10 0 0 0", 11, 10, false},
     {"not on two rivals", "1:10 0 0 0  2:29 29 0 0", 11, 29, false},
     {"beside a rival on a safe square", "1:10 0 0 0  2:29 0 0 0", 11, 29, true},
     {"not on a lone rival elsewhere", "1:10 0 0 0  2:30 0 0 0", 11, 30, false},
-    {"past barriers", "1:10 0 0 0  2:12 12 0 0  3:40 40 0 0", 11, 50, true},
     {"yellow not on 1, behind its home entry", "", 11, 1, false},
-    {"yellow on its home entry", "", 11, 68, true},
-    {"the own home column", "", 11, 69, true},
     {"no other column", "", 11, 77, false},
     {"two in a home column are full", "3:10 86 86 0", 31, 86, false},
     {"the own goal", "3:10 0 0 0", 31, 92, true},

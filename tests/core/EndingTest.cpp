@@ -8,35 +8,6 @@
 namespace zorva::test {
 namespace {
 
-struct Row {
-    const char* name;
-    const char* position;
-    PerColour<Short> active;
-    const char* points;
-    std::vector<Colour> losers;
-};
-
-TEST(Result, IsWorthTheWayTheLosersStillHadToGo) {
-    const Row rows[] = {
-        {"a loser who never left the box", "1:76 76 76 76", {0, 1, 1, 2, 2}, "9.99", {2}},
-        {"71 steps walked", "1:76 76 76 76  2:84 0 0 0", {0, 1, 1, 2, 2}, "7.50", {2}},
-        {"rounded up", "1:76 76 76 76  2:84 51 0 0", {0, 1, 1, 2, 2}, "6.48", {2}},
-        {"rounded down", "1:76 76 76 76  2:84 52 0 0", {0, 1, 1, 2, 2}, "6.44", {2}},
-        {"the average of two", "1:76 76 76 76  2:84 0 0 0  3:60 0 0 0", {0, 1, 1, 2, 1}, "8.75", {2, 4}},
-        {"nobody lost", "1:76 76 76 76", {0, 1, 2, 2, 2}, "0.00", {}},
-    };
-    for (const Row& row : rows) {
-        Settings settings;
-        settings.PlayerActive = row.active;
-        GameState state = Position(row.position);
-        state.CurrentColour = 1;
-        const GameResult result = ResultOf(state, settings);
-        EXPECT_EQ(PointsText(result.points), row.points) << row.name;
-        EXPECT_EQ(result.losers, row.losers) << row.name;
-        EXPECT_EQ(result.winner, 1);
-    }
-}
-
 TEST(EndOfGame, CelebratesTellsAndOffersTheHistory) {
     for (const bool keep : {true, false}) {
         Settings settings;

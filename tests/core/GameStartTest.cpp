@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "core/Board.h"
-#include "core/Consistency.h"
 #include "tests/support/NotingOutside.h"
 #include "tests/support/Positions.h"
 
@@ -86,21 +85,6 @@ TEST(NewGame, SeatsThePiecesAsksAndAnnouncesWhoBegins) {
     EXPECT_EQ(state.CurrentColour, 2);
     EXPECT_EQ(state.MoveRecordCount, 1);
     EXPECT_EQ(state.SixesInRow, 0);
-}
-
-TEST(NewGame, LeavesThePiecesInTheirBoxesWhenItIsCancelled) {
-    const Settings settings;
-    GameState state = Position("1:76 76 76 76  2:84 30 0 0");
-    state.GameInProgress = Yes;
-    NotingOutside outside(state, {});
-    outside.answer = MessageAnswer::Refused;
-    EXPECT_EQ(StartGame({state, settings, outside}), StartOutcome::Cancelled);
-    EXPECT_EQ(state.GameInProgress, No);
-    EXPECT_EQ(outside.Only({"message"}), Notes{question});
-    EXPECT_EQ(StateProblem(state), "");
-    EXPECT_EQ(state.PiecesInBox, (PerColour<Short>{0, 4, 4, 4, 4}));
-    EXPECT_EQ(SlotsText(state, 30), "0 0 0");
-    EXPECT_EQ(SlotsText(state, GoalSquare[1]), "0 0 13");  // the third slot is left alone
 }
 
 TEST(ContinuedGame, PutsThePiecesDownAndGoesOnWithTheUnfinishedMove) {

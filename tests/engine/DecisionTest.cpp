@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdlib>
-#include <iostream>
 
 #include "core/Player.h"
 #include "core/Rules.h"
@@ -44,14 +44,12 @@ public:
         return difference;
     }
 
-    std::uint64_t Positions() const { return positions_; }
     std::uint64_t Scores() const { return scores_; }
 
 private:
     Short Either() { return static_cast<Short>(1 + chance_.Below(2)); }
 
     void Ask(Colour colour) {
-        ++positions_;
         state_.CurrentColour = colour;
         state_.MoveCount = static_cast<Short>(1 + chance_.Below(20));
         state_.DieValue = state_.MoveCount <= 6 ? state_.MoveCount : Short{0};
@@ -98,7 +96,11 @@ private:
         const bool isSame = state_.BestPiece == (moves ? static_cast<Short>(choice.piece + 1) : 0) &&
                             state_.BestTo == (moves ? engine::SquareAt(seat, choice.to) : 0) &&
                             (state_.SecondMovePending == 1) == choice.bringsTwo;
-        return isSame ? "" : About("the choice");
+        if (!isSame) return About("the choice");
+        const auto& movable = state_.MovablePieces;
+        const auto count = std::count(movable.begin() + 1, movable.end(), Yes);
+        const bool canMove = !moves || movable[state_.BestPiece] == Yes;
+        return count == state_.LegalMoveCount && canMove ? "" : About("what may move");
     }
 
     std::string About(std::string what) const {
@@ -112,7 +114,6 @@ private:
     Chance chance_{3};
     GameState state_;
     Settings settings_;
-    std::uint64_t positions_ = 0;
     std::uint64_t scores_ = 0;
 };
 
@@ -130,10 +131,7 @@ TEST(Decision, IsThatOfTheRuleBookInEveryPositionOfRandomGames) {
         game.Play();
         ASSERT_EQ(difference, "") << "in game " << number;
     }
-    EXPECT_GT(comparison.Positions(), 2000 * games);
     EXPECT_GT(comparison.Scores(), 1500 * games);
-    std::cout << comparison.Positions() << " positions and " << comparison.Scores()
-              << " scores compared\n";
 }
 
 }  // namespace

@@ -89,14 +89,6 @@ TEST(SettingsStorage, ADamagedGameDoesNotCostTheSettings) {
     EXPECT_EQ(FileBytes(folder / SettingsFileName), good);
 }
 
-TEST(SettingsStorage, ADamagedFileThatCannotBeRenamedStays) {
-    const TemporaryFolder folder;
-    const fs::path deep = FolderWithRoomForShortNames(folder);
-    WriteBytes(deep / SettingsFileName, "4,0");
-    EXPECT_EQ(LoadSettings(deep).keptAs, "");
-    EXPECT_EQ(FileBytes(deep / SettingsFileName), "4,0");
-}
-
 TEST(SettingsStorage, WhatIsNoFileIsRefusedWithoutWaiting) {
     using Put = void (*)(const fs::path& path);
     const std::pair<const char*, Put> rows[] = {
