@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "core/Board.h"
 #include "tests/support/NotingOutside.h"
 #include "tests/support/Positions.h"
 
