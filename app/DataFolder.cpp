@@ -28,7 +28,7 @@ fs::path EnvironmentPath(const char* name) {
 
 #ifndef _WIN32
 // A program that the system starts may have no HOME. An account that the system does not know has no
-// home at all: nothing can be kept then, and the player is told.
+// home either: then the game can keep nothing and tells the player so.
 fs::path Home() {
     const fs::path home = EnvironmentPath("HOME");
     if (home.is_absolute()) return home;

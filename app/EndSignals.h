@@ -5,7 +5,7 @@
 
 namespace zorva {
 
-/// How long after a signal the program lives at most, whatever hangs.
+/// The program ends at the latest this long after a signal, even if a call hangs.
 inline constexpr std::chrono::milliseconds longestEnd{700};
 
 /// Holds back the signals with which the system ends a program (SIGTERM, SIGINT, SIGHUP). Call it before

@@ -36,7 +36,8 @@ constexpr int iconMilliseconds = 300;
 // a tenth of a second later, that no other window of the program follows it.
 constexpr int hidingMilliseconds = 300;
 
-// How long the disk is waited for when the player leaves. The system writes later what it has taken.
+// When the player leaves, the program waits this long for the disk. Afterwards the system goes on
+// writing what it has taken.
 constexpr std::chrono::seconds leavingPatience{2};
 
 // Where the player is looking: where the cursor is, if the desktop tells.
@@ -193,7 +194,8 @@ void Program::ComeToFront() {
 
 // A message takes the keyboard. While the player works with another program the game only asks for his
 // attention. Close requests, signals and a second start are handled meanwhile. A click or a key on the
-// board shows that the player is back, whatever Qt reports, and does nothing else.
+// board ends the wait and does nothing else: it shows that the player is back even if Qt reports that no
+// window is active.
 void Program::AwaitPlayer() {
     if (mesa_.isMinimized()) mesa_.Waits().Wait(hidingMilliseconds);
     const InputSink sink(&mesa_);

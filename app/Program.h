@@ -34,9 +34,9 @@ public:
     /// Called when the player has left the program.
     std::function<void()> Ended;
 
-    /// Saves everything: the program is about to be ended from outside. Shows nothing and does not wait
-    /// for the disk, since a program cannot end as long as one of its threads does; what cannot be saved
-    /// is told on standard error.
+    /// Saves everything because the system is about to end the program. Shows no window and prints what
+    /// it cannot save on standard error. Does not wait for the disk: a program cannot end while one of
+    /// its threads waits for it.
     void SaveAtEnd();
 
     const GameState& State() const { return state_; }

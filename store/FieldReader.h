@@ -23,7 +23,7 @@ public:
     void NextLine();
     /// Refuses the text if the current line has unread fields (TypeMismatch).
     void EndLine();
-    /// Passes over that many fields, whatever they hold; over the rest of the current line.
+    /// Skip passes over that many fields without reading them, SkipLine over the rest of the line.
     void Skip(int fields);
     void SkipLine();
     /// The next field as a number from `lowest` to `highest`. Refuses what is no number (TypeMismatch),

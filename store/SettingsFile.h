@@ -49,8 +49,9 @@ using SettingsReading = std::variant<SettingsContent, FileError>;
 /// core/GameStart.h goes on from there).
 SettingsReading ReadSettings(std::string_view bytes);
 
-/// The settings alone, whatever stands in the fields and lines of the game; nothing if a setting cannot
-/// be read or a line of settings has too few or too many fields.
+/// Reads only the settings and passes over the fields and lines of the game, so that a damaged game does
+/// no harm. Returns nothing if a setting is damaged or a line of settings has too few or too many
+/// fields.
 std::optional<Settings> ReadSettingsAlone(std::string_view bytes);
 
 }  // namespace zorva
