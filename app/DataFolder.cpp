@@ -78,12 +78,6 @@ fs::path FallbackFolder() {
 #endif
 }
 
-// A link that leads nowhere also counts, and so does a pipe, which must not be opened to find out.
-bool IsTaken(const fs::path& path) {
-    std::error_code ignored;
-    return fs::exists(fs::symlink_status(path, ignored));
-}
-
 // In one step, as a new file with its permissions: the copy of a read-only history could not grow.
 // Returns false only if the copy could not be written; a missing file needs none.
 bool CopyFile(const fs::path& from, const fs::path& to) {

@@ -25,13 +25,12 @@ FileError RenameOver(const std::filesystem::path& from, const std::filesystem::p
     return FileErrorOf(error);
 }
 
-// A link that leads nowhere also counts: renaming to its name would replace the link.
+}  // namespace
+
 bool IsTaken(const std::filesystem::path& path) {
     std::error_code ignored;
     return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
 }
-
-}  // namespace
 
 FileError ReplaceFile(const std::filesystem::path& file, std::string_view bytes, Durability durability) {
     const std::filesystem::path beside = TemporaryBeside(file);

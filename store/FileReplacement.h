@@ -8,6 +8,10 @@
 
 namespace zorva {
 
+/// Whether anything has that name. A link that leads nowhere also counts: renaming to its name would
+/// replace the link. So does a pipe, which must not be opened to find out.
+bool IsTaken(const std::filesystem::path& path);
+
 /// Replaces the content of a file, or creates it: writes the bytes to a temporary file beside it
 /// (NAME.TMP) and renames that one. Other programs, and the next start after a kill, see the complete
 /// old file or the complete new one. If it fails, the old file is unchanged and the temporary file is
