@@ -11,9 +11,6 @@
 namespace zorva {
 namespace {
 
-/// What follows a move that was carried out.
-enum class AfterMove { NextTurn, SecondPiece };
-
 void PassTurn(const GameContext& game, Short direction) {
     Colour colour = game.state.CurrentColour;
     do {
@@ -180,29 +177,30 @@ void ReturnCapturedPiece(const GameContext& game) {
     }
 }
 
-AfterMove CarryOutMove(const GameContext& game) {
+// Returns true when the same throw moves a second piece.
+bool CarryOutMove(const GameContext& game) {
     GameState& state = game.state;
     const Colour colour = state.CurrentColour;
     LogAndExecuteMove(game);
     if (state.MovePiece == 0 && state.SixesInRow == 0) {
         game.outside.ClearDice();
-        return AfterMove::NextTurn;
+        return false;
     }
     if (state.CaptureReport != 0) {
         ReturnCapturedPiece(game);
-        if (state.SecondMovePending == 0) return AfterMove::NextTurn;
+        if (state.SecondMovePending == 0) return false;
     }
     if (state.MoveTo == GoalSquare[colour] && state.PiecesHome[colour] < PiecesPerColour) {
         state.RepeatTurn = Yes;
         state.ThrowNext = No;
         state.MoveCount = ArrivalBonus;
-        return AfterMove::NextTurn;
+        return false;
     }
-    if (HasWon(state)) return AfterMove::NextTurn;
-    if (state.SecondMovePending == 1) return AfterMove::SecondPiece;
+    if (HasWon(state)) return false;
+    if (state.SecondMovePending == 1) return true;
     if (!state.RepeatTurn) game.outside.ClearDice();
     game.outside.Pause(10);
-    return AfterMove::NextTurn;
+    return false;
 }
 
 // From the throw to its last move. Returns false when the game was abandoned.
@@ -214,8 +212,7 @@ bool PlayThrow(const GameContext& game) {
     if (!isThirdSix) state.SecondMovePending = 0;
     for (bool isChosen = isThirdSix;; isChosen = false) {
         if (!isChosen && !DecideMove(game)) return false;
-        const AfterMove after = CarryOutMove(game);
-        if (after == AfterMove::NextTurn) return true;
+        if (!CarryOutMove(game)) return true;
         NewMoveRecord(state);
     }
 }
