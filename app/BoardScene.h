@@ -74,7 +74,7 @@ public:
     void ShowPreview(const BoardView::ShownMove& move);
     /// Rings the pieces that a person may pick.
     void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
-    /// Draws a stronger ring round the piece that the keyboard has marked; 0 marks none.
+    /// Frames the piece that the keyboard has marked with four corners; 0 marks none.
     void ShowMarked(PieceCode piece);
     /// Shows or removes the banner "Modo manual".
     void ShowManualMode(bool on);

@@ -123,13 +123,12 @@ private:
     void ShowExplanation(QWidget& control, QPoint at);
     void RefreshHourglass();
 
-    bool wasLeft_ = false;        // when the windows of the program stopped being active
-    QElapsedTimer dialogClosed_;  // runs since the last dialog over the board has closed
-
     const GameState& state_;
     const Settings& settings_;
     QString news_;
-    bool isPreparing_ = false;  // the hourglass is wanted
+    bool isPreparing_ = false;    // the hourglass is wanted
+    bool wasLeft_ = false;        // when the windows of the program stopped being active
+    QElapsedTimer dialogClosed_;  // runs since the last dialog over the board has closed
     Artwork artwork_;
     Cursors cursors_{artwork_};
     Pacer pacer_;
