@@ -2,13 +2,15 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <array>
 #include <memory>
+#include <utility>
 #include <vector>
 
-#include "app/BoardReading.h"
 #include "app/Mesa.h"
 #include "app/Pacer.h"
 #include "app/PiecePlaces.h"
+#include "app/Sentences.h"
 #include "core/Board.h"
 
 namespace zorva {
@@ -51,6 +53,17 @@ protected:
 
     Mesa& mesa_;
 };
+
+// Qt's register owns the parts; who registers them deletes them there.
+QAccessible::Id Register(std::unique_ptr<BoardPart> part) {
+    return QAccessible::registerAccessibleInterface(part.release());
+}
+
+// Where the move log is.
+QRectF AreaOfNews(const Layout& layout) {
+    const Box& box = layout.LogPaper;
+    return {QPointF(box.x, box.y), QSizeF(box.width, box.height)};
+}
 
 // A part that does something when it is pressed.
 class PressablePart : public BoardPart, public QAccessibleActionInterface {
@@ -141,27 +154,74 @@ private:
     Square square_;
 };
 
-// The line that says what happens: its name is the latest news.
-class NewsPart : public BoardPart {
+// A sentence. Readers speak a part of this role when it is said to have appeared, wherever the focus is.
+class SentencePart : public BoardPart {
 public:
-    using BoardPart::BoardPart;
-    QAccessible::Role role() const override { return QAccessible::StatusBar; }
+    SentencePart(Mesa& mesa, QAccessibleInterface& bar) : BoardPart(mesa), bar_(bar) {}
+    QAccessible::Role role() const override { return QAccessible::Notification; }
+    QAccessibleInterface* parent() const override { return &bar_; }
     QString text(QAccessible::Text what) const override {
-        if (what != QAccessible::Name) return {};
-        return mesa_.News().isEmpty() ? TurnText(mesa_.State(), mesa_.CurrentSettings()) : mesa_.News();
+        return what == QAccessible::Name ? sentence_ : QString();
+    }
+    void Appear(const QString& sentence) {
+        sentence_ = sentence;
+        QAccessibleEvent shown(this, QAccessible::ObjectShow);
+        QAccessible::updateAccessibility(&shown);
     }
 
 protected:
-    QRectF Area() const override {
-        const Box box = mesa_.Shared().layout.LogPaper;
-        return {QPointF(box.x, box.y), QSizeF(box.width, box.height)};
+    QRectF Area() const override { return AreaOfNews(mesa_.Shared().layout); }
+
+private:
+    QAccessibleInterface& bar_;
+    QString sentence_;
+};
+
+// The last sentences. They take turns: a reader drops an event of a part while it has a newer one of the
+// same part to deal with. In a status bar, they are spoken without "notification" before each.
+class NewsBar : public BoardPart {
+public:
+    explicit NewsBar(Mesa& mesa) : BoardPart(mesa) {
+        for (QAccessible::Id& id : sentences_)
+            id = Register(std::make_unique<SentencePart>(mesa, *this));
     }
+    ~NewsBar() override {
+        for (const QAccessible::Id id : sentences_) QAccessible::deleteAccessibleInterface(id);
+    }
+
+    QAccessible::Role role() const override { return QAccessible::StatusBar; }
+    QString text(QAccessible::Text what) const override {
+        return what == QAccessible::Name ? QStringLiteral("Lo último") : QString();
+    }
+    int childCount() const override { return static_cast<int>(sentences_.size()); }
+    QAccessibleInterface* child(int index) const override { return Sentence(index); }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        int index = childCount() - 1;
+        while (index >= 0 && Sentence(index) != child) --index;
+        return index;
+    }
+
+    void Say(const QString& sentence) {
+        next_ = (next_ + 1) % childCount();
+        Sentence(next_)->Appear(sentence);
+    }
+
+protected:
+    QRectF Area() const override { return AreaOfNews(mesa_.Shared().layout); }
+
+private:
+    SentencePart* Sentence(int index) const {
+        return static_cast<SentencePart*>(QAccessible::accessibleInterface(sentences_[index]));
+    }
+
+    std::array<QAccessible::Id, 24> sentences_{};
+    int next_ = 0;
 };
 
 class BoardAccessible : public QAccessibleWidget {
 public:
     explicit BoardAccessible(Mesa& mesa) : QAccessibleWidget(&mesa, QAccessible::Grouping, "Tablero") {
-        Add(std::make_unique<NewsPart>(mesa));
+        Add(std::make_unique<NewsBar>(mesa));
         for (Colour colour = 1; colour <= ColourCount; ++colour)
             Add(std::make_unique<DiePart>(mesa, colour));
         for (Colour colour = 1; colour <= ColourCount; ++colour) {
@@ -180,6 +240,7 @@ public:
     QAccessibleInterface* Part(int index) const {
         return QAccessible::accessibleInterface(parts_[index]);
     }
+    NewsBar& News() const { return static_cast<NewsBar&>(*Part(0)); }
 
     int childCount() const override { return Controls() + static_cast<int>(parts_.size()); }
     QAccessibleInterface* child(int index) const override {
@@ -196,10 +257,7 @@ public:
 
 private:
     int Controls() const { return QAccessibleWidget::childCount(); }
-    // Qt's register owns the parts; the board deletes them there.
-    void Add(std::unique_ptr<BoardPart> part) {
-        parts_.push_back(QAccessible::registerAccessibleInterface(part.release()));
-    }
+    void Add(std::unique_ptr<BoardPart> part) { parts_.push_back(Register(std::move(part))); }
 
     std::vector<QAccessible::Id> parts_;
 };
@@ -215,15 +273,9 @@ void InstallBoardAccessibility() {
     QAccessible::installFactory(MakeBoardAccessible);
 }
 
-void Announce(Mesa& mesa, const QString& text) {
-    mesa.SetNews(text);
-    if (!QAccessible::isActive()) return;
+void Announce(Mesa& mesa, const QString& sentence) {
     auto* board = dynamic_cast<BoardAccessible*>(QAccessible::queryAccessibleInterface(&mesa));
-    if (board == nullptr) return;
-    QAccessibleEvent renamed(board->Part(0), QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&renamed);
-    QAccessibleEvent alert(board->Part(0), QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    if (board != nullptr) board->News().Say(sentence);
 }
 
 }  // namespace zorva

@@ -8,6 +8,7 @@
 #include "app/MenuButtons.h"
 #include "app/Mesa.h"
 #include "app/Pacer.h"
+#include "app/Sentences.h"
 #include "core/Displacement.h"
 #include "core/Rules.h"
 #include "core/Turns.h"
@@ -191,6 +192,7 @@ void BoardInput::EndDrag(Point at) {
 // ---------------------------------------------------------------------------------- the keyboard
 
 void BoardInput::GlowNewGameButton() {
+    mesa_.Shared().Say(TurnText(state_, settings_));
     MenuButton& button = mesa_.Buttons().Button(MenuButtons::NewGame);
     button.ShowGlow(true);
     QTimer::singleShot(glowMilliseconds, &button, [&button] { button.ShowGlow(false); });
@@ -234,6 +236,7 @@ void BoardInput::MarkNext(int direction) {
     marked_ = ToShort(piece);
     mesa_.Scene().ShowMarked(CodeOf(state_.CurrentColour, marked_));
     Preview(marked_);
+    mesa_.Shared().Say(ChoiceText(state_, settings_, marked_));
 }
 
 void BoardInput::ShowWhatCanBePicked() {

@@ -28,6 +28,7 @@ void GameRunner::Run(const std::function<void()>& play) {
     }
     running_ = false;
     if (wish_ == Wish::Leave && Ended) Ended();
+    if (wish_ == Wish::None && Idle) Idle();
 }
 
 void GameRunner::StartNewGame() {

@@ -19,6 +19,8 @@ public:
     /// Called when a game has ended or was given up, but not when it is left to be continued later. Also
     /// called by StartNewGame when no game is being played.
     std::function<void()> GameOver;
+    /// Called when a game has ended and no other follows at once.
+    std::function<void()> Idle;
     /// Called once Leave was requested and the turn driver has returned.
     std::function<void()> Ended;
 

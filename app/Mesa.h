@@ -42,10 +42,6 @@ public:
     const GameState& State() const { return state_; }
     const Settings& CurrentSettings() const { return settings_; }
 
-    /// The latest news for players who hear the board through a screen reader.
-    const QString& News() const { return news_; }
-    void SetNews(const QString& news) { news_ = news; }
-
     BoardScene& Scene() { return *scene_; }
     MoveLog& Log() { return *log_; }
     MenuButtons& Buttons() { return *buttons_; }
@@ -125,7 +121,6 @@ private:
 
     const GameState& state_;
     const Settings& settings_;
-    QString news_;
     bool isPreparing_ = false;    // the hourglass is wanted
     bool wasLeft_ = false;        // when the windows of the program stopped being active
     QElapsedTimer dialogClosed_;  // runs since the last dialog over the board has closed

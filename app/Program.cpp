@@ -12,6 +12,7 @@
 #include "app/DataFolder.h"
 #include "app/KeyStrokes.h"
 #include "app/MenuButtons.h"
+#include "app/Sentences.h"
 #include "core/Records.h"
 #include "core/Turns.h"
 #include "dialogs/Ayuda.h"
@@ -39,6 +40,11 @@ constexpr int hidingMilliseconds = 300;
 // When the player leaves, the program waits this long for the disk. Afterwards the system goes on
 // writing what it has taken.
 constexpr std::chrono::seconds leavingPatience{2};
+
+// For players who hear the game through a screen reader.
+const char* const welcome =
+    "F1 abre el manual, F2 empieza una partida, F3 cambia los jugadores y las opciones. En la partida, "
+    "Intro tira el dado, el tabulador elige ficha, F8 dice la posición y F9 las últimas jugadas.";
 
 // Where the player is looking: where the cursor is, if the desktop tells.
 const QScreen& ScreenOfCursor() {
@@ -76,6 +82,7 @@ void Program::ConnectServices() {
     shared.PlaySound = [this](Sound sound) {
         if (settings_.SoundOn == 1) sounds_.Play(sound);
     };
+    shared.Say = [this](const QString& sentence) { outside_.Speech().SayNow(sentence); };
     shared.Pause = [this](Short n) { outside_.Pause(n); };
     shared.ShowManual = [this](QWidget* over) {
         ShowHelp(over, mesa_.Shared(), FindManual(programFolder_));
@@ -84,6 +91,7 @@ void Program::ConnectServices() {
                        MessageButtons buttons) {
         AwaitPlayer();
         if (runner_.IsLeaving()) return MessageAnswer::Refused;
+        outside_.Speech().MessageOpens();
         return ShowMessage(&mesa_, mesa_.Shared(), title, text, lineCount, buttons);
     };
     keeper_.Failed = [this](const std::string& title, const std::string& text) {
@@ -118,6 +126,7 @@ void Program::ConnectGame() {
         keeper_.GameOver();  // even if the player is leaving: a game is appended once
     };
     runner_.GameOver = [this] { keeper_.GameOver(); };
+    runner_.Idle = [this] { mesa_.Shared().Say(TurnText(state_, settings_)); };
     runner_.SettingsWanted = [this] { ButtonPressed(MenuButtons::Personalize); };
     runner_.Ended = [this] {
         if (Ended) Ended();
@@ -130,6 +139,7 @@ void Program::ConnectGame() {
 void Program::Start() {
     mesa_.ChooseScreen(ScreenOfCursor());
     ShowSplash(&mesa_, mesa_.Shared(), [this] { OpenBoard(); });
+    mesa_.Shared().Say(welcome);
     TellAboutFiles();
     if (state_.GameInProgress) ContinueGame();
 }
@@ -291,7 +301,11 @@ bool Program::CanAdvise() const {
 }
 
 void Program::ShowAdvice() {
-    if (CanAdvise()) ShowChosenMove({state_, settings_, outside_});
+    if (CanAdvise()) {
+        ShowChosenMove({state_, settings_, outside_});
+    } else {
+        mesa_.Shared().Say("Ahora no hay ninguna jugada que aconsejar.");
+    }
 }
 
 void Program::ApplyChoices() {
@@ -330,14 +344,27 @@ bool Program::RecorderKeyPressed(const QKeyEvent& key) {
     }
 }
 
+// What players hear on request. F10 and the keys above it do nothing.
+bool Program::SpokenKeyPressed(int key) {
+    const Services& shared = mesa_.Shared();
+    switch (key) {
+        case Qt::Key_F8: shared.Say(PositionText(state_, settings_)); return true;
+        case Qt::Key_F9: shared.Say(LastMovesText(state_, settings_)); return true;
+        default: return false;
+    }
+}
+
 void Program::KeyPressed(const QKeyEvent& key) {
     input_.LosePress();
+    outside_.Speech().KeyPressed();
     if (RecorderKeyPressed(key)) return;
     const bool unmodified =
         !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     const int code = key.key();
     if (unmodified && code >= Qt::Key_F1 && code <= Qt::Key_F6) {
         ButtonPressed(code - Qt::Key_F1);
+    } else if (unmodified && SpokenKeyPressed(code)) {
+        return;
     } else if (unmodified && (code == Qt::Key_Tab || code == Qt::Key_Right || code == Qt::Key_Down)) {
         input_.MarkNext(1);
     } else if (unmodified && (code == Qt::Key_Backtab || code == Qt::Key_Left || code == Qt::Key_Up)) {

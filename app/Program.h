@@ -55,6 +55,7 @@ private:
     void ButtonPressed(int button);
     void KeyPressed(const QKeyEvent& key);
     bool RecorderKeyPressed(const QKeyEvent& key);
+    bool SpokenKeyPressed(int key);
     void NewGame();
     bool ConfirmNewGame();
     void Leave();

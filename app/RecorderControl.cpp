@@ -36,7 +36,10 @@ void RecorderControl::Press(RecorderKey key) {
         SwitchOnOff();
         return;
     }
-    if (!recorder_.RecorderOn) return;
+    if (!recorder_.RecorderOn) {
+        mesa_.Shared().Say("La grabadora está apagada.");
+        return;
+    }
     switch (key) {
         case RecorderKey::AutoBack: RunAutomatic(key, recorder_.AutoRewindActive); break;
         case RecorderKey::AutoForward: RunAutomatic(key, recorder_.AutoAdvanceActive); break;
@@ -52,6 +55,12 @@ void RecorderControl::ShowKey(RecorderKey key, bool pressed) {
     game_.outside.PlaySound(Sound::RecorderKey);
 }
 
+// A key that does nothing looks so; players who do not see it are told.
+void RecorderControl::SayWhyNot(RecorderKey key) const {
+    if (IsReplaying(recorder_)) return;
+    mesa_.Shared().Say(GoesBack(key) ? "Es el principio de la partida." : "Es el final de la cinta.");
+}
+
 // ------------------------------------------------------------------------------------- the keys
 
 void RecorderControl::SwitchOnOff() {
@@ -62,6 +71,10 @@ void RecorderControl::SwitchOnOff() {
         RecorderSwitchOn(game_, recorder_);
         ShowKey(RecorderKey::OnOff, true);
         mesa_.RefreshCursor();
+        mesa_.Shared().Say("Grabadora encendida.");
+    } else {
+        mesa_.Shared().Say(
+            "La grabadora solo se enciende cuando se espera la tirada y ya se ha hecho alguna jugada.");
     }
 }
 
@@ -69,6 +82,7 @@ void RecorderControl::SwitchOff() {
     game_.outside.SetScreenCursor(ScreenCursor::Hourglass);
     game_.outside.Pause(10);
     RecorderSwitchOff(game_, recorder_);
+    mesa_.Shared().Say("Grabadora apagada.");
     ShowSwitchedOff();
 }
 
@@ -88,7 +102,7 @@ void RecorderControl::Step(RecorderKey key) {
 }
 
 void RecorderControl::StepOnce(RecorderKey key) {
-    if (!IsLive(key)) return;
+    if (!IsLive(key)) return SayWhyNot(key);
     ShowKey(key, true);
     Step(key);
     ShowKey(key, false);
@@ -100,7 +114,7 @@ void RecorderControl::RunAutomatic(RecorderKey key, Short& active) {
         active = No;
         return;
     }
-    if (!IsLive(key)) return;
+    if (!IsLive(key)) return SayWhyNot(key);
     ShowKey(key, true);
     active = Yes;
     mesa_.RefreshCursor();
@@ -130,6 +144,7 @@ void RecorderControl::Restore() {
     ShowKey(RecorderKey::Restore, true);
     game_.outside.Pause(8);
     RestorePosition(game_, recorder_);
+    mesa_.Shared().Say("Partida restaurada.");
     ShowKey(RecorderKey::Restore, false);
     game_.outside.Pause(8);
     ShowSwitchedOff();

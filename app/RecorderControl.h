@@ -32,6 +32,7 @@ private:
     bool CanStep(RecorderKey key) const;
     void Restore();
     void ShowKey(RecorderKey key, bool pressed);
+    void SayWhyNot(RecorderKey key) const;
 
     GameContext game_;
     RecorderState& recorder_;

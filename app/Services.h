@@ -24,11 +24,11 @@ struct Services {
     std::function<void(Sound)> PlaySound;  ///< plays a sound if sound is on
     std::function<void(Short n)> Pause;    ///< hundredths of a second at speed 0
     Pacer* pacer = nullptr;                ///< of the program's waits; null in tests that never wait
+    /// Opens the manual over a window and returns when the player has left it.
+    std::function<void(QWidget* over)> ShowManual = {};
     /// Says a sentence at once to a player who hears the game through a screen reader; nothing without
     /// one.
     std::function<void(const QString& sentence)> Say = [](const QString&) {};
-    /// Opens the manual over a window and returns when the player has left it.
-    std::function<void(QWidget* over)> ShowManual = {};
 
     /// Logical pixels of Qt for that many layout pixels.
     double ToLogical(double pixels) const { return pixels * layout.Unit / devicePixelRatio; }

@@ -6,8 +6,6 @@
 #include <random>
 #include <utility>
 
-#include "app/BoardAccessibility.h"
-#include "app/BoardReading.h"
 #include "app/BoardScene.h"
 #include "app/Mesa.h"
 #include "app/MoveLog.h"
@@ -34,7 +32,11 @@ double StepMilliseconds(Short n, Short speed) {
 }
 
 WindowOutside::WindowOutside(Mesa& mesa, const GameState& state, const Settings& settings)
-    : mesa_(mesa), scene_(mesa.Scene()), state_(state), settings_(settings) {}
+    : mesa_(mesa),
+      scene_(mesa.Scene()),
+      state_(state),
+      settings_(settings),
+      narrator_(mesa, state, settings) {}
 
 // The system's generator cannot be foreseen by anyone. Its own bounded() would make some faces
 // likelier by a few parts in a thousand million; the distribution draws those numbers again.
@@ -98,8 +100,7 @@ void WindowOutside::LetTrayBeSeen(Colour colour) {
 void WindowOutside::DrawDie(Colour colour, Short face, DieIs how) {
     if (how == DieIs::Ready) LetTrayBeSeen(colour);
     scene_.ShowDie(colour, face, how);
-    if (how == DieIs::Ready) Announce(mesa_, TurnText(state_, settings_));
-    if (how == DieIs::Thrown) Announce(mesa_, DieText(settings_, colour, face, false));
+    if (how == DieIs::Thrown) narrator_.Thrown(colour, face);
 }
 
 void WindowOutside::ClearDice() {
@@ -107,6 +108,7 @@ void WindowOutside::ClearDice() {
 }
 
 void WindowOutside::ShowTurn(Colour colour, TurnIs why) {
+    narrator_.TurnShown(why);
     if (why == TurnIs::Won) {
         scene_.ShowWinner(colour);
         return;
@@ -119,6 +121,7 @@ void WindowOutside::ShowTurn(Colour colour, TurnIs why) {
 
 void WindowOutside::ShowChosenMove(PieceCode piece, Square from, Square to) {
     scene_.ShowMove({piece, from, to});
+    narrator_.MoveShown();
 }
 
 void WindowOutside::RefreshBoard(PiecesShown pieces) {
@@ -131,6 +134,7 @@ void WindowOutside::RefreshBoard(PiecesShown pieces) {
 
 void WindowOutside::SetScreenCursor(ScreenCursor cursor) {
     mesa_.SetScreenCursor(cursor);
+    if (cursor == ScreenCursor::OfTheBoard) narrator_.PlayerAwaited();
 }
 
 void WindowOutside::BeginLog(std::string_view heading) {
@@ -139,7 +143,10 @@ void WindowOutside::BeginLog(std::string_view heading) {
 
 void WindowOutside::AddLogLine(Short moveNumber, const MoveRecord& record) {
     mesa_.Log().Add(QString::fromStdString(LogLineText(moveNumber, record)));
-    Announce(mesa_, MoveText(settings_, record));
+}
+
+void WindowOutside::MoveBegins(const MoveRecord& record) {
+    narrator_.MoveBegins(record);
 }
 
 void WindowOutside::SelectLogLine(Short line) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "app/Narrator.h"
 #include "core/Outside.h"
 
 namespace zorva {
@@ -23,6 +24,9 @@ public:
     /// Called whenever a piece sets out.
     std::function<void()> PieceLifted;
 
+    /// Tells what happens to players who do not see the board.
+    Narrator& Speech() { return narrator_; }
+
     Short RollFace() override;
     void YieldToEvents(UserInput input) override;
     void WaitForInput() override;
@@ -40,6 +44,7 @@ public:
     void SetScreenCursor(ScreenCursor cursor) override;
     void BeginLog(std::string_view heading) override;
     void AddLogLine(Short moveNumber, const MoveRecord& record) override;
+    void MoveBegins(const MoveRecord& record) override;
     void SelectLogLine(Short line) override;
     void CutLogFrom(Short line) override;
     MessageAnswer ShowMessage(std::string_view title, std::string_view text, Short lineCount,
@@ -55,6 +60,7 @@ private:
     BoardScene& scene_;
     const GameState& state_;
     const Settings& settings_;
+    Narrator narrator_;
     bool walksHome_ = false;  ///< the piece that walks has stepped onto its goal
 };
 

@@ -101,6 +101,8 @@ public:
     virtual void BeginLog(std::string_view heading) = 0;
     /// Adds the line of a move whose record has just been filled.
     virtual void AddLogLine(Short moveNumber, const MoveRecord& record) = 0;
+    /// That move, whose line has been added, is made now. Not called for the moves of a loaded game.
+    virtual void MoveBegins(const MoveRecord& record) = 0;
     /// Selects a line, 0 being the heading and n the line of move n; -1 selects none.
     virtual void SelectLogLine(Short line) = 0;
     /// Forgets that line and all after it.

@@ -63,6 +63,13 @@ Capture CaptureOn(const GameState& state, Colour colour, Square square) {
     return {};
 }
 
+PieceCode VictimOf(const GameState& state, Colour colour, Square square) {
+    const auto& occupants = state.SquareOccupants[square];
+    // A piece may land on a full square only when it comes out of its box.
+    if (square != ExitSquare[colour] || occupants[2] == 0) return CapturableOn(state, colour, square);
+    return ColourOf(occupants[2]) == colour ? occupants[1] : occupants[2];
+}
+
 PieceCode CapturedPieceOn(const GameState& state, Square square) {
     return state.SquareOccupants[square][state.CaptureReport == 1 ? 1 : 3];
 }

@@ -35,6 +35,10 @@ struct Capture {
 /// it comes out as the third piece: the piece in slot 2, or that in slot 1 when slot 2 holds its colour.
 Capture CaptureOn(const GameState& state, Colour colour, Square square);
 
+/// The piece that a legal move of `colour` to `square` will capture, as CaptureOn finds it once the
+/// piece has been put down; 0 when there is none.
+PieceCode VictimOf(const GameState& state, Colour colour, Square square);
+
 /// The captured piece that stands on `square` until it returns to its box: in slot 1 after an ordinary
 /// capture, in slot 3 after one on an exit square. CaptureReport must not be 0.
 PieceCode CapturedPieceOn(const GameState& state, Square square);

@@ -26,6 +26,7 @@ public:
     void SetScreenCursor(ScreenCursor) override {}
     void BeginLog(std::string_view) override {}
     void AddLogLine(Short, const MoveRecord&) override {}
+    void MoveBegins(const MoveRecord&) override {}
     void SelectLogLine(Short) override {}
     void CutLogFrom(Short) override {}
     MessageAnswer ShowMessage(std::string_view, std::string_view, Short, MessageButtons) override {

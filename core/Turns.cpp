@@ -64,6 +64,7 @@ void OfferThrow(const GameContext& game) {
 
 void LogAndExecuteMove(const GameContext& game) {
     LogMove(game);
+    game.outside.MoveBegins(game.state.MoveRecords[game.state.MoveRecordCount]);
     ExecuteMove(game, ExecutionMode::Forward, game.state.MoveRecordCount);
 }
 

@@ -49,18 +49,17 @@ mensajes::mensajes(QWidget* parent, const Services& services, const QString& tit
           {windowWidth, FitMessage(text, lineCount).lineCount * MessageLinePitch + heightWithoutText}),
       fit_(FitMessage(text, lineCount)),
       buttons_(buttons) {
-    setAccessibleDescription(text);
     Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleStyle(title)), titleBox);
-    Place(new MessageLabel(this, services, "Tex_Mensaje", text, fit_.style), TextBox(fit_.lineCount));
+    auto* label = new MessageLabel(this, services, "Tex_Mensaje", text, fit_.style);
+    Place(label, TextBox(fit_.lineCount));
     AddButtons(text);
     // Not a button has the focus but a control that cannot be seen, so that every key comes to the
     // window.
     focusHolder_ = new QWidget(this);
     focusHolder_->setObjectName("Pic_Focus");
-    focusHolder_->setAccessibleName(title);
-    focusHolder_->setAccessibleDescription(text);
     focusHolder_->setFocusPolicy(Qt::StrongFocus);
     focusHolder_->setGeometry(0, 0, 1, 1);
+    label->setBuddy(focusHolder_);  // screen readers speak the text once, with the focus
 }
 
 void mensajes::AddButtons(const QString& text) {

@@ -1,0 +1,121 @@
+#include "app/Narrator.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <utility>
+
+#include "core/Board.h"
+
+namespace zorva {
+
+Narrator::Narrator(Mesa& mesa, const GameState& state, const Settings& settings)
+    : state_(state), settings_(settings), voice_(mesa) {
+    voice_.Freed = [this] { voice_.Say(TakeWaiting()); };
+}
+
+// ----------------------------------------------------------------------------- what happens
+
+void Narrator::TurnShown(TurnIs why) {
+    if (!voice_.IsHeard()) return;
+    isDraw_ = why == TurnIs::InDraw;
+    if (why != TurnIs::OnTape) return;
+    const bool forward = state_.MoveRecordCount > tapePosition_;
+    tapePosition_ = state_.MoveRecordCount;
+    TellLatest(TapeText(state_, settings_, forward));
+}
+
+// A throw in a turn is told with what follows from it.
+void Narrator::Thrown(Colour colour, Short face) {
+    if (!voice_.IsHeard()) return;
+    thrower_ = colour;
+    thrown_ = face;
+    if (isDraw_) Tell({TakeThrow()});
+}
+
+// A captured piece's return is told with the capture.
+void Narrator::MoveBegins(const MoveRecord& record) {
+    if (!voice_.IsHeard() || record.OnBehalf != 0) return;
+    ToldMove move = ToldMove::AboutToBeMade(state_, record);
+    move.throwIsKnown = record.Die != 0 && thrower_ == 0;
+    thrower_ = 0;
+    const QString sentence = MoveText(settings_, move);
+    if (IsOrdinary(move)) {
+        TellOrdinary(sentence, record);
+    } else {
+        Tell({sentence});
+    }
+}
+
+void Narrator::MoveShown() {
+    if (!voice_.IsHeard() || !state_.WaitingForMove) return;
+    SayNow(AdviceText(state_, settings_));
+}
+
+void Narrator::PlayerAwaited() {
+    tapePosition_ = state_.MoveRecordCount;  // the recorder can only be switched on here
+    if (!voice_.IsHeard()) return;
+    if (state_.WaitingForThrow || state_.WaitingForMove) SayNow(TurnText(state_, settings_));
+}
+
+void Narrator::MessageOpens() {
+    if (voice_.IsHeard()) SayNow({});
+}
+
+// ------------------------------------------------------------------------------- how it is told
+
+// Captures, arrivals, third sixes and what a person does are always told one by one.
+bool Narrator::IsOrdinary(const ToldMove& move) const {
+    const MoveRecord& record = move.record;
+    const bool isWalk = record.To != 0 || record.Piece == 0;
+    return settings_.PlayerType[record.MoverColour] == 1 && isWalk && !record.Manual &&
+           move.captured == 0 && record.To != GoalSquare[record.MoverColour];
+}
+
+QString Narrator::TakeThrow() {
+    const Colour colour = std::exchange(thrower_, Colour{0});
+    return colour == 0 ? QString() : ThrowText(settings_, colour, thrown_) + ".";
+}
+
+void Narrator::Tell(Waiting news) {
+    waiting_.push_back(std::move(news));
+    if (voice_.IsFree()) voice_.Say(TakeWaiting());
+}
+
+void Narrator::TellOrdinary(const QString& sentence, const MoveRecord& record) {
+    const Colour colour = record.MoverColour;
+    // Not beyond a sentence that stays as it is: the order would be wrong.
+    auto place = waiting_.rbegin();
+    while (place != waiting_.rend() && place->summedUp != 0 && place->summedUp != colour) ++place;
+    if (place != waiting_.rend() && place->summedUp == colour) {
+        place->sum.Add(record);
+        place->sentence = SumText(settings_, colour, place->sum);
+        return;
+    }
+    Waiting move{sentence, colour};
+    move.sum.Add(record);
+    Tell(std::move(move));
+}
+
+// In place of what waits: during an automatic replay only the latest position matters.
+void Narrator::TellLatest(const QString& sentence) {
+    waiting_.clear();
+    Tell({sentence});
+}
+
+void Narrator::SayNow(const QString& sentence) {
+    const QString thrown = TakeThrow();
+    const QString before = TakeWaiting();
+    voice_.Say(QStringList{before, thrown, sentence}.join(' ').simplified());
+}
+
+void Narrator::KeyPressed() {
+    if (voice_.IsHeard()) voice_.BreakOff();
+}
+
+QString Narrator::TakeWaiting() {
+    QStringList sentences;
+    for (const Waiting& news : std::exchange(waiting_, {})) sentences << news.sentence;
+    return sentences.join(' ');
+}
+
+}  // namespace zorva

@@ -1,0 +1,287 @@
+#include "app/Sentences.h"
+
+#include <QStringList>
+
+#include "core/Board.h"
+#include "core/Records.h"
+#include "core/Rules.h"
+
+namespace zorva {
+namespace {
+
+constexpr Short lastMovesTold = 6;
+
+// "la casilla 12", "la casilla 3 de su columna", "la meta", "el cuadro de espera".
+QString PlaceText(Colour colour, Square square) {
+    if (square == 0) return "el cuadro de espera";
+    if (square == GoalSquare[colour]) return "la meta";
+    if (square <= LastRingSquare) return QStringLiteral("la casilla %1").arg(square);
+    return QStringLiteral("la casilla %1 de su columna").arg(square - FirstColumnSquare[colour] + 1);
+}
+
+QString From(Colour colour, Square square) {
+    return square == 0 ? QStringLiteral("del cuadro de espera") : "de " + PlaceText(colour, square);
+}
+
+QString To(Colour colour, Square square) {
+    return square == 0 ? QStringLiteral("al cuadro de espera") : "a " + PlaceText(colour, square);
+}
+
+// Where a piece stands, behind a comma: "casilla 12", "en la meta".
+QString StandsAt(Colour colour, Square square) {
+    const QString place = PlaceText(colour, square);
+    return place.startsWith("la casilla") ? place.mid(3) : "en " + place;
+}
+
+QString SquareName(Square square) {
+    if (square <= LastRingSquare) return QStringLiteral("Casilla %1").arg(square);
+    const Colour colour = ToShort((square - FirstColumnSquare[1]) / 8 + 1);
+    const QString of = QString::fromStdString(DefaultName(colour)).toLower();
+    if (square == GoalSquare[colour]) return "Meta del " + of;
+    return QStringLiteral("Columna del %1, casilla %2")
+        .arg(of)
+        .arg(square - FirstColumnSquare[colour] + 1);
+}
+
+QString PieceOfPlayer(const Settings& settings, PieceCode code) {
+    return QStringLiteral("ficha %1 de %2").arg(PieceOf(code)).arg(PlayerText(settings, ColourOf(code)));
+}
+
+QString Capitalised(QString sentence) {
+    sentence[0] = sentence[0].toUpper();
+    return sentence;
+}
+
+// "va de la casilla 56 a la casilla 61", "sale a la casilla 56", "vuelve de ... al cuadro de espera".
+QString WayText(Colour colour, Square from, Square to) {
+    if (from == 0) return "sale " + To(colour, to);
+    return (to == 0 ? "vuelve " : "va ") + From(colour, from) + " " + To(colour, to);
+}
+
+QString CaptureText(const Settings& settings, PieceCode captured) {
+    return captured == 0 ? QString() : " y come la " + PieceOfPlayer(settings, captured);
+}
+
+bool IsThirdSix(const MoveRecord& record) {
+    return record.Die == 6 && record.To == 0 && MovesAPiece(record);
+}
+
+// What led to the move: "Verde saca 6 y cuenta 12", "Verde cuenta 20". Empty when that is known, or when
+// neither the die nor a bonus led to it.
+QString CountText(const Settings& settings, const ToldMove& move) {
+    const MoveRecord& record = move.record;
+    if (move.throwIsKnown || record.OnBehalf != 0) return {};
+    if (record.Die == 0) {
+        return PlayerText(settings, record.MoverColour) + QStringLiteral(" cuenta %1").arg(record.Count);
+    }
+    const QString thrown = ThrowText(settings, record.MoverColour, record.Die);
+    if (IsThirdSix(record)) return thrown + " por tercera vez";
+    return record.Count == record.Die ? thrown
+                                      : thrown + QStringLiteral(" y cuenta %1").arg(record.Count);
+}
+
+QString PassText(const Settings& settings, const ToldMove& move) {
+    const MoveRecord& record = move.record;
+    const QString player = PlayerText(settings, record.MoverColour);
+    if (record.Die == 0) return player + QStringLiteral(" no puede contar %1.").arg(record.Count);
+    if (move.throwIsKnown) return player + " pasa.";
+    return ThrowText(settings, record.MoverColour, record.Die) + " y pasa.";
+}
+
+QString ByHandText(const Settings& settings, const MoveRecord& record) {
+    return Capitalised("la " + PieceOfPlayer(settings, CodeOf(record.MoverColour, record.Piece))) +
+           " se pone a mano en " + PlaceText(record.MoverColour, record.To) + ".";
+}
+
+QString NumberedPieces(QStringList numbers) {
+    if (numbers.size() == PiecesPerColour) return "las cuatro fichas";
+    const QString last = numbers.takeLast();
+    return numbers.isEmpty() ? "ficha " + last : "fichas " + numbers.join(", ") + " y " + last;
+}
+
+// The pieces of a colour by the places where they stand: "fichas 2 y 3 en el cuadro de espera".
+QString PiecesText(const GameState& state, Colour colour) {
+    QStringList places;
+    PerPiece<bool> told{};
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        if (told[piece]) continue;
+        const Square square = state.PiecePosition[colour][piece];
+        QStringList numbers;
+        for (Short other = piece; other <= PiecesPerColour; ++other) {
+            if (state.PiecePosition[colour][other] != square) continue;
+            told[other] = true;
+            numbers << QString::number(other);
+        }
+        places << NumberedPieces(numbers) + " en " + PlaceText(colour, square);
+    }
+    return places.join("; ");
+}
+
+// The pieces of the colour that chooses one, each with what it can do.
+QString ChoicesText(const GameState& state, const Settings& settings) {
+    QStringList choices;
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece)
+        choices << ChoiceText(state, settings, piece);
+    return choices.join(' ');
+}
+
+QString NumberedMove(const GameState& state, const Settings& settings, Short move) {
+    return QStringLiteral("Jugada %1: ").arg(move) + MoveText(settings, ToldMove::Made(state, move));
+}
+
+}  // namespace
+
+QString PlayerText(const Settings& settings, Colour colour) {
+    const QString name = QString::fromStdString(Trimmed(settings.PlayerName[colour]));
+    const QString colourName = QString::fromStdString(DefaultName(colour));
+    return name == colourName ? name : name + " (" + colourName + ")";
+}
+
+QString PieceText(const GameState& state, const Settings& settings, PieceCode code) {
+    return Capitalised(PieceOfPlayer(settings, code)) + ", " +
+           StandsAt(ColourOf(code), state.PositionOf(code));
+}
+
+QString SquareText(const GameState& state, const Settings& settings, Square square) {
+    QStringList pieces;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+            if (state.PiecePosition[colour][piece] != square) continue;
+            pieces << PieceOfPlayer(settings, CodeOf(colour, piece));
+        }
+    }
+    const QString safe = IsSafeSquare(square) ? QStringLiteral(", segura") : QString();
+    return SquareName(square) + safe + ": " + (pieces.isEmpty() ? "libre" : pieces.join(", "));
+}
+
+QString DieText(const Settings& settings, Colour colour, Short face, bool ready) {
+    const QString shows = face == 0 ? QStringLiteral("vacío")
+                          : ready   ? QStringLiteral("listo para tirar")
+                                    : QString::number(face);
+    return QStringLiteral("Dado de %1: %2").arg(PlayerText(settings, colour), shows);
+}
+
+ToldMove ToldMove::AboutToBeMade(const GameState& state, const MoveRecord& record) {
+    ToldMove move{record};
+    if (!MovesAPiece(record) || record.Manual || record.To == 0) return move;
+    const Colour colour = record.MoverColour;
+    move.captured = VictimOf(state, colour, record.To);
+    if (move.captured != 0 && !IsSafeSquare(record.To)) move.bonus = CaptureBonus;
+    const bool isLast = state.PiecesHome[colour] == PiecesPerColour - 1;
+    if (record.To == GoalSquare[colour] && !isLast) move.bonus = ArrivalBonus;
+    return move;
+}
+
+ToldMove ToldMove::Made(const GameState& state, Short move) {
+    const MoveRecord& record = state.MoveRecords[move];
+    ToldMove told{record, 0, record.OnBehalf != 0 ? Short{0} : BonusDueAfter(record)};
+    const MoveRecord& next = state.MoveRecords[move + 1];
+    if (record.OnBehalf != 0 || next.OnBehalf == 0) return told;
+    told.captured = CodeOf(next.MoverColour, next.Piece);
+    told.bonus = BonusDueAfter(next);
+    return told;
+}
+
+QString ThrowText(const Settings& settings, Colour colour, Short face) {
+    return PlayerText(settings, colour) + QStringLiteral(" saca %1").arg(face);
+}
+
+QString MoveText(const Settings& settings, const ToldMove& move) {
+    const MoveRecord& record = move.record;
+    if (!MovesAPiece(record)) return PassText(settings, move);
+    if (record.Manual) return ByHandText(settings, record);
+    const QString count = CountText(settings, move);
+    const QString piece = count.isEmpty()
+                              ? "La " + PieceOfPlayer(settings, CodeOf(record.MoverColour, record.Piece))
+                              : count + QStringLiteral(": la ficha %1").arg(record.Piece);
+    QString text = piece + " " + WayText(record.MoverColour, record.From, record.To) +
+                   CaptureText(settings, move.captured) + ".";
+    if (move.bonus != 0) text += QStringLiteral(" Gana un premio de %1.").arg(move.bonus);
+    return text;
+}
+
+void MoveSum::Add(const MoveRecord& record) {
+    ++moves;
+    if (!MovesAPiece(record)) return;
+    isMoved[record.Piece] = true;
+    reached[record.Piece] = record.To;
+}
+
+QString SumText(const Settings& settings, Colour colour, const MoveSum& sum) {
+    QStringList pieces;
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+        if (!sum.isMoved[piece]) continue;
+        pieces << QStringLiteral("ficha %1 %2").arg(piece).arg(To(colour, sum.reached[piece]));
+    }
+    const QString player = PlayerText(settings, colour);
+    if (pieces.isEmpty()) return player + QStringLiteral(" pasa %1 veces.").arg(sum.moves);
+    return player + QStringLiteral(" hace %1 jugadas: ").arg(sum.moves) + pieces.join("; ") + ".";
+}
+
+QString ChoiceText(const GameState& state, const Settings& settings, Short piece) {
+    const Colour colour = state.CurrentColour;
+    const Square from = state.PiecePosition[colour][piece];
+    const QString stands = QStringLiteral("Ficha %1, %2: ").arg(piece).arg(StandsAt(colour, from));
+    if (state.MovablePieces[piece] == No) return stands + "no puede mover.";
+    const Square to = DestinationOf(colour, state.MoveCount, from);
+    return stands + (from == 0 ? "sale " : "va ") + To(colour, to) +
+           CaptureText(settings, VictimOf(state, colour, to)) + ".";
+}
+
+QString AdviceText(const GameState& state, const Settings& settings) {
+    const Colour colour = state.CurrentColour;
+    return QStringLiteral("Consejo: la ficha %1 ").arg(state.BestPiece) +
+           WayText(colour, state.BestFrom, state.BestTo) +
+           CaptureText(settings, VictimOf(state, colour, state.BestTo)) + ".";
+}
+
+QString TurnText(const GameState& state, const Settings& settings) {
+    if (!state.GameInProgress) return "No hay ninguna partida en curso. Con F2 empieza una.";
+    if (state.WaitingForMove) {
+        const QString toCount = state.MoveCount == state.DieValue
+                                    ? QString()
+                                    : QStringLiteral(" para contar %1").arg(state.MoveCount);
+        return "Elija una ficha" + toCount +
+               QStringLiteral(": puede mover %1.").arg(state.LegalMoveCount);
+    }
+    const QString player = PlayerText(settings, state.CurrentColour);
+    if (!state.WaitingForThrow) return "Turno de " + player + ".";
+    return (state.RepeatTurn ? "Repite " : "Turno de ") + player + ": puede tirar el dado.";
+}
+
+QString PositionText(const GameState& state, const Settings& settings) {
+    QStringList sentences{TurnText(state, settings)};
+    if (!state.GameInProgress) return sentences.first();
+    for (Short next = 0; next < ColourCount; ++next) {
+        const auto colour = static_cast<Colour>((state.CurrentColour - 1 + next) % ColourCount + 1);
+        if (!IsTakingPart(settings, colour)) continue;
+        const bool chooses = state.WaitingForMove && next == 0;
+        sentences << PlayerText(settings, colour) + ": " +
+                         (chooses ? ChoicesText(state, settings) : PiecesText(state, colour) + ".");
+    }
+    return sentences.join(' ');
+}
+
+QString LastMovesText(const GameState& state, const Settings& settings) {
+    QStringList moves;
+    for (Short move = ToShort(state.MoveRecordCount - 1); move >= 1 && moves.size() < lastMovesTold;
+         --move) {
+        if (state.MoveRecords[move].OnBehalf == 0) moves.prepend(NumberedMove(state, settings, move));
+    }
+    return moves.isEmpty() ? QStringLiteral("No hay ninguna jugada.") : moves.join(' ');
+}
+
+QString TapeText(const GameState& state, const Settings& settings, bool forward) {
+    const Short last = ToShort(state.MoveRecordCount - 1);
+    const QString turn = " Turno de " + PlayerText(settings, state.CurrentColour) + ".";
+    if (forward) return NumberedMove(state, settings, last) + turn;
+    const QString stands =
+        last == 0 ? QStringLiteral("Principio de la partida.") : QStringLiteral("Jugada %1.").arg(last);
+    const MoveRecord& undone = state.MoveRecords[last + 1];
+    if (!MovesAPiece(undone)) return stands + turn;
+    const PieceCode code = CodeOf(undone.MoverColour, undone.Piece);
+    return stands + " La " + PieceOfPlayer(settings, code) + " está otra vez en " +
+           PlaceText(undone.MoverColour, undone.From) + "." + turn;
+}
+
+}  // namespace zorva

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QString>
+
+#include "core/GameState.h"
+
+namespace zorva {
+
+// What happens in the game and what stands on the board, in Spanish. Everything that the program says of
+// a game comes from here; the words are those of the manual.
+
+/// The player of a colour: the name, with the colour behind it when the name is another: "Ana (Rojo)".
+QString PlayerText(const Settings& settings, Colour colour);
+/// A piece and where it is: "Ficha 2 de Ana (Rojo), casilla 39".
+QString PieceText(const GameState& state, const Settings& settings, PieceCode code);
+/// A square 1..100 and the pieces on it: "Casilla 12, segura: ficha 1 de Azul".
+QString SquareText(const GameState& state, const Settings& settings, Square square);
+/// A colour's die and what it shows: "Dado de Verde: 5". Face 0 is an empty tray; a die that is `ready`
+/// waits to be thrown.
+QString DieText(const Settings& settings, Colour colour, Short face, bool ready);
+
+/// A move and what follows from it, which its record alone does not tell.
+struct ToldMove {
+    MoveRecord record;
+    PieceCode captured = 0;     ///< the piece that it captures
+    Short bonus = 0;            ///< the squares that it earns
+    bool throwIsKnown = false;  ///< the throw has been told before
+
+    /// The move that is about to be made from the position in `state`.
+    static ToldMove AboutToBeMade(const GameState& state, const MoveRecord& record);
+    /// Move 1.. of the game, whose record and, if it captured, whose captive's return are in `state`.
+    static ToldMove Made(const GameState& state, Short move);
+};
+
+/// A throw that has led to nothing yet: "Verde saca 5".
+QString ThrowText(const Settings& settings, Colour colour, Short face);
+/// What a move does: "Verde saca 5: la ficha 1 va de la casilla 56 a la casilla 61 y come la ficha 3 de
+/// Azul. Gana un premio de 20."
+QString MoveText(const Settings& settings, const ToldMove& move);
+
+/// Several moves of one colour, told by where its pieces have got to.
+struct MoveSum {
+    int moves = 0;
+    PerPiece<bool> isMoved{};
+    PerPiece<Square> reached{};
+
+    void Add(const MoveRecord& record);
+};
+/// "Verde hace 3 jugadas: ficha 1 a la casilla 61; ficha 2 a la casilla 56."
+QString SumText(const Settings& settings, Colour colour, const MoveSum& sum);
+
+/// What a piece of the colour on turn can do with the count of this throw: "Ficha 1, casilla 56: va a la
+/// casilla 61."
+QString ChoiceText(const GameState& state, const Settings& settings, Short piece);
+/// The move that the program advises to the person who chooses a piece: "Consejo: la ficha 1 va de ..."
+QString AdviceText(const GameState& state, const Settings& settings);
+/// Whose turn it is and what may be done. While a piece is to be chosen: "Elija una ficha para
+/// contar 12: puede mover 3." While a throw is awaited: "Turno de Verde: puede tirar el dado."
+QString TurnText(const GameState& state, const Settings& settings);
+/// Everything on the board, colour by colour and from the colour on turn on, with what its pieces can do
+/// if one is to be chosen.
+QString PositionText(const GameState& state, const Settings& settings);
+/// The last moves on the board, at most six of them and the newest last.
+QString LastMovesText(const GameState& state, const Settings& settings);
+/// Where the recorder stands after it has made the move before the position (`forward`) or has taken
+/// back the move at the position.
+QString TapeText(const GameState& state, const Settings& settings, bool forward);
+
+}  // namespace zorva
