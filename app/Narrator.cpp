@@ -57,7 +57,7 @@ void Narrator::PlayerAwaited() {
     if (state_.WaitingForThrow || state_.WaitingForMove) SayNow(TurnText(state_, settings_));
 }
 
-void Narrator::MessageOpens() {
+void Narrator::MessageComes() {
     if (voice_.IsHeard()) SayNow({});
 }
 

@@ -27,9 +27,11 @@ public:
     void MoveShown();
     /// The game waits for the player at the board, or would if it were not to go on at once.
     void PlayerAwaited();
-    /// A message opens, which the reader reads out by itself.
-    void MessageOpens();
+    /// A message is about to open, which the reader reads out by itself.
+    void MessageComes();
 
+    /// Whether the voice has not finished yet.
+    bool IsSpeaking() const { return !voice_.IsFree(); }
     /// Says what waits and then that sentence, without delay: it answers the player.
     void SayNow(const QString& sentence);
     /// The player has pressed a key.

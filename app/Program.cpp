@@ -91,7 +91,6 @@ void Program::ConnectServices() {
                        MessageButtons buttons) {
         AwaitPlayer();
         if (runner_.IsLeaving()) return MessageAnswer::Refused;
-        outside_.Speech().MessageOpens();
         return ShowMessage(&mesa_, mesa_.Shared(), title, text, lineCount, buttons);
     };
     keeper_.Failed = [this](const std::string& title, const std::string& text) {
@@ -203,16 +202,21 @@ void Program::ComeToFront() {
 // -------------------------------------------------------------------------------------- messages
 
 // A message takes the keyboard. While the player works with another program the game only asks for his
-// attention. Close requests, signals and a second start are handled meanwhile. A click or a key on the
-// board ends the wait and does nothing else: it shows that the player is back even if Qt reports that no
-// window is active.
+// attention; and the reader, which a message interrupts, first says what led to it. Close requests,
+// signals and a second start are handled meanwhile. A click or a key on the board ends the wait and does
+// nothing else: it shows that the player is back even if Qt reports that no window is active.
 void Program::AwaitPlayer() {
     if (mesa_.isMinimized()) mesa_.Waits().Wait(hidingMilliseconds);
     const InputSink sink(&mesa_);
     std::optional<CloseSink> closeSink;
     if (asksToLeave_) closeSink.emplace();
-    while (mesa_.IsLeft() && !runner_.IsLeaving() && !sink.HasPress()) {
+    const auto waits = [&] { return !runner_.IsLeaving() && !sink.HasPress(); };
+    while (mesa_.IsLeft() && waits()) {
         QApplication::alert(&mesa_);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    outside_.Speech().MessageComes();
+    while (outside_.Speech().IsSpeaking() && waits()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 }

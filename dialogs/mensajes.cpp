@@ -29,6 +29,13 @@ bool NamesItsButtons(const QString& text) {
     return text.contains("Aceptar") && text.contains("Cancelar");
 }
 
+// For players who do not see the buttons.
+QString HowToAnswer(const QString& text, MessageButtons buttons) {
+    if (buttons == MessageButtons::Acknowledge) return "Pulse una tecla.";
+    return NamesItsButtons(text) ? "Cualquier tecla: Aceptar. Alt y F4: Cancelar."
+                                 : "Cualquier tecla: sí. Alt y F4: no.";
+}
+
 // A title is never wrapped: a long one gets a smaller font, by a hundredth more than it takes, because
 // widths do not shrink quite as the size does.
 TextStyle TitleStyle(const QString& title) {
@@ -59,7 +66,8 @@ mensajes::mensajes(QWidget* parent, const Services& services, const QString& tit
     focusHolder_->setObjectName("Pic_Focus");
     focusHolder_->setFocusPolicy(Qt::StrongFocus);
     focusHolder_->setGeometry(0, 0, 1, 1);
-    label->setBuddy(focusHolder_);  // screen readers speak the text once, with the focus
+    focusHolder_->setAccessibleDescription(HowToAnswer(text, buttons));
+    label->setBuddy(focusHolder_);  // so screen readers speak the text with the focus, and once only
 }
 
 void mensajes::AddButtons(const QString& text) {

@@ -84,7 +84,7 @@ TEST_F(Narrating, TellsTheDrawTheThirdSixTheAdviceAndTheTape) {
     narrator.Thrown(3, 6);
     narrator.TurnShown(TurnIs::Throws);
     narrator.Thrown(3, 6);
-    narrator.MessageOpens();  // about the third six, for example
+    narrator.MessageComes();  // about the third six, for example
     narrator.MoveShown();     // the move about to be made, which is told when it is made
     state.BestPiece = 1;
     state.BestFrom = 10;

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <QLabel>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTest>
@@ -147,8 +148,11 @@ TEST_F(AyudaTest, LoadsNothingThatIsNotBuiltIn) {
 
 TEST_F(AyudaTest, AManualThatIsRefusedIsTold) {
     QStringList told;
-    Person person(
-        [&told](QWidget& shown) { told << shown.accessibleName() << shown.accessibleDescription(); });
+    Person person([&told](QWidget& shown) {
+        told << shown.accessibleName();
+        const auto* text = shown.findChild<QLabel*>("Tex_Mensaje");
+        told << (text != nullptr ? text->text() : QString());
+    });
     ShowHelp(&board, *services, "no/such/folder/ZORVA32.HLP");
     ShowHelp(&board, *services, shippedManual);
     ASSERT_EQ(told.size(), 4);

@@ -100,7 +100,7 @@ TEST_F(BoardDialogTest, ScreenReadersFindNamesRolesAndAnswers) {
     } rows[] = {
         {"Tex_Mensaje", "¿Desea salir?", "", QAccessible::StaticText},
         {"Pic_Si", "Sí", "", QAccessible::Button},
-        {"Pic_Focus", "Salir del programa", "¿Desea salir?", QAccessible::Client},
+        {"Pic_Focus", "¿Desea salir?", "Cualquier tecla: sí. Alt y F4: no.", QAccessible::Client},
         {"Pic_Carpeta", "Histórico de partidas",
          "05-03-2001, 09:07. Ganador: Ana. Perdedores: Luis, Eva. Puntos: 2.50", QAccessible::Client},
         {"Pic_Antiguas", "Partidas más antiguas", "", QAccessible::Button},

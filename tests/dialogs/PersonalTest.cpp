@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <set>
@@ -133,7 +134,8 @@ TEST_F(PersonalTest, AGameLocksTheDirectionAndWhoTakesPart) {
         const bool isLocked = isOrder || row.option == Option::PlayerState;
         const Settings before = settings;
         QString said;
-        Person person([&said](QWidget& message) { said = message.accessibleDescription(); });
+        Person person(
+            [&said](QWidget& message) { said = message.findChild<QLabel*>("Tex_Mensaje")->text(); });
         Press(row.option, row.player);
         EXPECT_EQ(settings == before, isLocked);
         EXPECT_EQ(said.contains(isOrder ? "cambiar el Sentido" : "desactivar"), isLocked) << said;
