@@ -126,7 +126,7 @@ QString ChoicesText(const GameState& state, const Settings& settings) {
 }
 
 QString NumberedMove(const GameState& state, const Settings& settings, Short move) {
-    return QStringLiteral("Jugada %1: ").arg(move) + MoveText(settings, ToldMove::Made(state, move));
+    return QStringLiteral("Jugada %1. ").arg(move) + MoveText(settings, ToldMove::Made(state, move));
 }
 
 }  // namespace

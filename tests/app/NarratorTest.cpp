@@ -105,7 +105,7 @@ TEST_F(Narrating, TellsTheDrawTheThirdSixTheAdviceAndTheTape) {
         (QStringList{"Rojo saca 6.", "Rojo saca 6.",
                      "Consejo: la ficha 1 va de la casilla 10 a la casilla 64 y come la ficha 1 de "
                      "Rojo.",
-                     "Jugada 2: Rojo saca 5: la ficha 1 va de la casilla 59 a la casilla 64. Turno "
+                     "Jugada 2. Rojo saca 5: la ficha 1 va de la casilla 59 a la casilla 64. Turno "
                      "de Amarillo."}));
 }
 
