@@ -1,6 +1,7 @@
 #include "app/Pacer.h"
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
@@ -40,7 +41,7 @@ void RunLoop(double milliseconds, const Pacer::Frame& frame) {
 
 void Pacer::AfterWait(QObject* context, const std::function<void()>& called) {
     if (waitsOn_ == 0) {
-        called();
+        if (QApplication::activeModalWidget() == nullptr) called();
         return;
     }
     QTimer::singleShot(retryMilliseconds, context,

@@ -4,6 +4,7 @@
 
 #include <tuple>
 
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QTimer>
 #include <algorithm>
@@ -72,6 +73,10 @@ TEST(Pacer, PutsWishesOffUntilTheWaitIsOver) {
     pacer.Wait(80);
     order.push_back(2);
     Pacer{}.Wait(120);  // another's wait holds nothing back
+    QDialog message;
+    message.setModal(true);
+    message.show();
+    pacer.AfterWait(&context, [&order] { order.push_back(4); });  // lost
     EXPECT_EQ(order, (std::vector<int>{1, 2, 3}));
 }
 
