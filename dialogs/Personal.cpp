@@ -11,6 +11,8 @@
 namespace zorva {
 namespace {
 
+constexpr const char* title = "Personalizar la aplicación";
+
 // In layout pixels.
 constexpr QSize windowSize(624, 424);
 constexpr Box rulesButton{17, 380, 156, 30};
@@ -20,7 +22,7 @@ constexpr Box leaveButton{511, 380, 96, 30};
 
 Personal::Personal(QWidget* parent, const Services& services, Settings& settings, bool gameInProgress,
                    PersonalHooks hooks)
-    : BoardDialog(parent, services, "Personal", "Personalizar la aplicación", windowSize),
+    : BoardDialog(parent, services, "Personal", title, windowSize),
       settings_(settings),
       gameInProgress_(gameInProgress),
       hooks_(std::move(hooks)),
@@ -37,14 +39,14 @@ void Personal::AddButtons() {
     auto* rules = new PictureButton(settingsPage_, TheServices(), "Bot_Normas", "personal_rules",
                                     "Normas de juego");
     Place(rules, rulesButton);
-    connect(rules, &QAbstractButton::clicked, this, [this] { ShowRules(true); });
+    connect(rules, &QAbstractButton::clicked, this, [this] { TurnTo(true); });
     auto* leave = new PictureButton(settingsPage_, TheServices(), "Pic_Salir", "accept", "Aceptar");
     Place(leave, leaveButton);
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
     auto* back =
         new PictureButton(rulesPage_, TheServices(), "Pic_SalirNormas", "personal_back", "Volver");
     Place(back, leaveButton);
-    connect(back, &QAbstractButton::clicked, this, [this] { ShowRules(false); });
+    connect(back, &QAbstractButton::clicked, this, [this] { TurnTo(false); });
 }
 
 // Names, levels and the speed show themselves where they are edited: no page has to be drawn again.
@@ -73,6 +75,11 @@ void Personal::ShowRules(bool rules) {
     QWidget* first = rules ? rulesPage_->StopOf(Option::RuleLeaveAllInBox)
                            : settingsPage_->StopOf(Option::PlayerState, 1);
     first->setFocus();
+}
+
+void Personal::TurnTo(bool rules) {
+    TheServices().Say(rules ? "Normas de juego." : title + QStringLiteral("."));
+    ShowRules(rules);
 }
 
 // Every option has two answers, so a choice is a flip.
@@ -113,7 +120,7 @@ void Personal::Changed() {
 // From the rules Escape leads back to the first page; only there it leaves the window.
 void Personal::KeyPressed(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && rulesPage_->isVisible()) {
-        ShowRules(false);
+        TurnTo(false);
     } else {
         BoardDialog::KeyPressed(event);
     }

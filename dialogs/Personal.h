@@ -38,6 +38,7 @@ private:
     void AddButtons();
     void ConnectPages();
     void ShowRules(bool rules);
+    void TurnTo(bool rules);
     void OptionChosen(Option option, Colour player);
     /// Why the option cannot be changed now; empty when it can.
     QString RefusalOf(Option option) const;

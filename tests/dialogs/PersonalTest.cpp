@@ -242,6 +242,8 @@ TEST_F(PersonalTest, TheThirdRuleDependsOnTheFirst) {
     QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
     EXPECT_TRUE(Find("Pic_Opciones")->isVisible()) << "Escape leads back to the first page";
     EXPECT_FALSE(Find("Pic_Normas")->isVisible());
+    EXPECT_TRUE(narrated.startsWith("Normas de juego.")) << narrated.join(' ');
+    EXPECT_TRUE(narrated.endsWith("Personalizar la aplicación.")) << narrated.join(' ');
     EXPECT_EQ(saved, 0);
 }
 

@@ -12,7 +12,8 @@ void WindowFixture::UseScreen(QSize size) {
     services.reset(new Services{artwork, cursors, layout, 1,
                                 [this](Sound sound) { sounds.push_back(sound); },
                                 [this](Short n) { pauses.push_back(n); }, nullptr,
-                                [this](QWidget* over) { readOver << over->objectName(); }});
+                                [this](QWidget* over) { readOver << over->objectName(); },
+                                [this](const QString& sentence) { narrated << sentence; }});
     board.resize(size);
 }
 

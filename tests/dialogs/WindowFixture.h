@@ -52,6 +52,7 @@ protected:
     Cursors cursors{artwork};
     std::vector<Sound> sounds;
     std::vector<Short> pauses;
+    QStringList narrated;  // what a player hears through a screen reader
     QStringList readOver;  // the windows over which the manual was opened
     std::unique_ptr<Services> services;
     QWidget board;
