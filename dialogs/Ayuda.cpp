@@ -39,6 +39,12 @@ Box LeaveButtonBox(const Box& window) {
     return {ToShort(window.width - edge - 96), ToShort(window.height - footHeight), 96, 30};
 }
 
+// What the keys do: written below the page, and read out.
+QString KeysText(const char* between) {
+    return QStringList{"Flechas, RePág y AvPág: leer", "Tabulador e Intro: enlaces", "Esc: cerrar"}.join(
+        between);
+}
+
 }  // namespace
 
 Ayuda::Ayuda(QWidget* parent, const Services& services, const QString& manual)
@@ -47,6 +53,7 @@ Ayuda::Ayuda(QWidget* parent, const Services& services, const QString& manual)
       window_(WindowBox(services.layout)),
       view_(new ManualView(this, services, manual)) {
     Place(view_, PaperBox(window_));
+    setAccessibleDescription(KeysText(". ") + ".");
     auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
     Place(leave, LeaveButtonBox(window_));
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
@@ -61,8 +68,8 @@ void Ayuda::DrawGround(QPainter& painter) {
     if (view_->hasFocus()) decoration::DrawFocus(painter, paper.adjusted(-3, -3, 3, 3), 4);
     const Box button = LeaveButtonBox(window_);
     painter.setPen(palette::Brass);
-    DrawLine(painter, QRectF(edge, button.y, button.x - 2 * edge, button.height),
-             "Flechas, RePág y AvPág: leer     Tabulador e Intro: enlaces     Esc: cerrar", {12.5});
+    DrawLine(painter, QRectF(edge, button.y, button.x - 2 * edge, button.height), KeysText("     "),
+             {12.5});
 }
 
 // The manual does not open over itself.

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QStringDecoder>
 #include <QStyleOption>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QTextTable>
 
@@ -114,7 +115,7 @@ std::optional<QString> ReadManual(const std::filesystem::path& file) {
 ManualView::ManualView(QWidget* parent, const Services& services, const QString& html)
     : QTextBrowser(parent), services_(services) {
     setObjectName("Txt_Manual");
-    setAccessibleName("Manual del juego");
+    setAccessibleName("Manual");
     DressUp();
     setHtml(html);
     DressTables();
@@ -126,6 +127,17 @@ ManualView::ManualView(QWidget* parent, const Services& services, const QString&
     connect(this, &QTextBrowser::highlighted, this, [this](const QUrl& url) {
         viewport()->setCursor(url.isEmpty() ? QCursor(Qt::ArrowCursor) : services_.cursors.Hand());
     });
+    ManualView::accessibilityActiveChanged(QAccessible::isActive());
+    QAccessible::installActivationObserver(this);
+}
+
+ManualView::~ManualView() {
+    QAccessible::removeActivationObserver(this);
+}
+
+// Without a reader there is no caret: the arrows scroll.
+void ManualView::accessibilityActiveChanged(bool active) {
+    setTextInteractionFlags(textInteractionFlags().setFlag(Qt::TextSelectableByKeyboard, active));
 }
 
 // Before the HTML is set: a document takes its style sheet while it reads.
@@ -178,40 +190,69 @@ QVariant ManualView::loadResource(int type, const QUrl& name) {
     return fitting;
 }
 
-// Scrolls the place of that name to the top.
+// Scrolls the heading of that name to the top. The caret goes there, too: on the link that was followed,
+// which is out of sight now, Enter would follow it again.
 void ManualView::GoTo(const QString& anchor) {
-    DropMark();
+    const QTextBlock heading = HeadingAt(anchor);
+    if (!heading.isValid()) return;
+    setTextCursor(QTextCursor(heading));
     scrollToAnchor(anchor);
     QScrollBar* bar = verticalScrollBar();
     bar->setValue(bar->value() - qRound(services_.ToLogical(roomAboveTarget)));
+    services_.Say(heading.text() + ".");
 }
 
-// Takes the focus off the link that was followed: it is out of sight now, and Enter would follow it
-// again. Setting a text cursor scrolls to it, so the position is put back.
-void ManualView::DropMark() {
-    const int position = verticalScrollBar()->value();
-    QTextCursor cursor = textCursor();
-    cursor.clearSelection();
-    setTextCursor(cursor);
-    verticalScrollBar()->setValue(position);
+// Every link of the manual leads to a heading; Qt gives its first letter the name.
+QTextBlock ManualView::HeadingAt(const QString& anchor) const {
+    QTextBlock block = document()->begin();
+    const auto isIt = [&] {
+        return !block.begin().atEnd() &&
+               block.begin().fragment().charFormat().anchorNames().contains(anchor);
+    };
+    while (block.isValid() && !isIt()) block = block.next();
+    return block;
 }
 
-// Tab searches for the next link from the selection on. When that is out of sight, the search would jump
-// back to where the reader came from; so one character at the edge of the page is selected first.
+// Tab searches for the next link from the selection on, and without one from the beginning. So one
+// character is selected first: at the caret or, when the caret is out of sight, at the edge of the page.
 void ManualView::StartInSight(bool forwards) {
-    if (viewport()->rect().intersects(cursorRect())) return;
-    QTextCursor cursor = cursorForPosition({0, forwards ? 0 : viewport()->height() - 1});
-    const int position = verticalScrollBar()->value();
+    const bool isInSight = viewport()->rect().intersects(cursorRect());
+    if (isInSight && textCursor().hasSelection()) return;
+    QTextCursor cursor =
+        isInSight ? textCursor() : cursorForPosition({0, forwards ? 0 : viewport()->height() - 1});
+    const int start = cursor.position();
     cursor.movePosition(forwards ? QTextCursor::PreviousCharacter : QTextCursor::NextCharacter);
-    cursor.movePosition(forwards ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter,
-                        QTextCursor::KeepAnchor);
+    cursor.setPosition(start, QTextCursor::KeepAnchor);
+    const int position = verticalScrollBar()->value();
     setTextCursor(cursor);
     verticalScrollBar()->setValue(position);
 }
 
 bool ManualView::focusNextPrevChild(bool next) {
     StartInSight(next);
-    return QTextBrowser::focusNextPrevChild(next);
+    const bool found = QTextBrowser::focusNextPrevChild(next);
+    if (found && hasFocus()) services_.Say("Enlace: " + textCursor().selectedText() + ".");
+    return found;
+}
+
+void ManualView::keyPressEvent(QKeyEvent* event) {
+    const bool down = event->key() == Qt::Key_Down;
+    const bool isLineKey = (down || event->key() == Qt::Key_Up) && event->modifiers() == Qt::NoModifier;
+    if (isLineKey && textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard)) {
+        ReadOn(down);
+    } else {
+        QTextBrowser::keyPressEvent(event);
+    }
+}
+
+// Moves the caret to the line after or before, which in a table is the next cell's: Qt's own Down would
+// stay in one column.
+void ManualView::ReadOn(bool forwards) {
+    QTextCursor caret = textCursor();
+    caret.movePosition(forwards ? QTextCursor::EndOfLine : QTextCursor::StartOfLine);
+    caret.movePosition(forwards ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter);
+    caret.movePosition(QTextCursor::StartOfLine);
+    setTextCursor(caret);
 }
 
 }  // namespace zorva
