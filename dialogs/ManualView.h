@@ -9,8 +9,8 @@
 
 namespace zorva {
 
-/// The HTML of the manual in that file. Nothing when the file cannot be read, is longer than 64 KiB
-/// (twice our manual), is not in UTF-8, lacks its beginning or its end, or has another title than our
+/// The HTML of the manual in that file. Nothing when the file cannot be read, is longer than 64 KiB (our
+/// manual has some 40), is not in UTF-8, lacks its beginning or its end, or has another title than our
 /// manual: it is damaged, or another file has the manual's name. Only a plain file is opened, because
 /// reading a pipe could wait for ever.
 std::optional<QString> ReadManual(const std::filesystem::path& file);
