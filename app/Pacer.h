@@ -20,8 +20,8 @@ public:
 
     /// Calls `called` as soon as no wait is on: now, or some hundredths of a second after the last wait
     /// has ended, unless `context` has been deleted by then. For what does not come through the queue of
-    /// the mouse and the keyboard, such as a press by a screen reader. As a press of the mouse it is lost
-    /// while a window waits for an answer.
+    /// the mouse and the keyboard, such as a press by a screen reader. As a press of the mouse it is
+    /// lost while a window waits for an answer.
     void AfterWait(QObject* context, const std::function<void()>& called);
 
 private:
