@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTimer>
 
 #include "app/Artwork.h"
 #include "app/Palette.h"
@@ -25,9 +26,10 @@ constexpr Box leaveButton{468, 370, 96, 30};
 // Which games are on the page and how many there are, counted from the newest: "1 - 8 de 16".
 QString CountText(const HistoricPages& pages) {
     if (pages.Entries() == 0) return {};
-    const long newest = pages.Entries() - pages.Top();
-    const long oldest = pages.Entries() - pages.Bottom();
-    return QStringLiteral("%1 - %2 de %3").arg(newest).arg(oldest).arg(pages.Entries());
+    return QStringLiteral("%1 - %2 de %3")
+        .arg(pages.FirstGame())
+        .arg(pages.LastGame())
+        .arg(pages.Entries());
 }
 
 }  // namespace
@@ -42,6 +44,13 @@ Historic::Historic(QWidget* parent, const Services& services, History history)
     Place(leave, leaveButton);
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
     leave->setFocus();  // so that Enter leaves
+}
+
+// A moment later, because screen readers fall silent for the focus, which comes after this event.
+bool Historic::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate)
+        QTimer::singleShot(0, sheet_, [this] { sheet_->Say(); });
+    return BoardDialog::event(event);
 }
 
 void Historic::DrawGround(QPainter& painter) {

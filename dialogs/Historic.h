@@ -16,6 +16,7 @@ public:
     Historic(QWidget* parent, const Services& services, History history);
 
 protected:
+    bool event(QEvent* event) override;
     void DrawGround(QPainter& painter) override;
     void KeyPressed(QKeyEvent* event) override;
     void Leave() override;

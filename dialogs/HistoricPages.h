@@ -14,6 +14,12 @@ public:
     explicit HistoricPages(long entries) : entries_(entries), top_(entries - 1) {}
 
     long Entries() const { return entries_; }
+    // Counted from 1: the page, and its first and last game, from the newest game on. Senseless for an
+    // empty history.
+    long Page() const { return (entries_ - 1 - top_) / RecordsPerPage + 1; }
+    long FirstGame() const { return entries_ - Top(); }
+    long LastGame() const { return entries_ - Bottom(); }
+
     /// The newest record on the page; -1 for an empty history.
     long Top() const { return top_; }
     /// The oldest record on the page; 0, which is above Top, for an empty history.

@@ -106,20 +106,36 @@ void HistoricSheet::Turn(void (HistoricPages::*turn)()) {
     services_.Pause(pauseOfPage);
     (pages_.*turn)();
     PageChanged();
+    Say();
     if (Turned) Turned();
 }
 
-// Screen readers read the page as its description. A corner that turns nothing is hidden from the
-// keyboard, as it is not drawn either.
+void HistoricSheet::Say() const {
+    services_.Say(accessibleDescription());
+}
+
+QString HistoricSheet::GameText(long index) const {
+    const HistoryEntry entry = DecodeHistoryRecord(lisDatos_.Record(index));
+    return QStringLiteral("%1, %2. Ganador: %3. Perdedores: %4. Puntos: %5.")
+        .arg(Read(entry.date), Read(entry.time), Read(entry.winner), Read(entry.losers),
+             Read(entry.points));
+}
+
+QString HistoricSheet::PageText() const {
+    if (pages_.Entries() == 0) return "No hay partidas en el histórico.";
+    const bool isSingle = pages_.FirstGame() == pages_.LastGame();
+    const QString games = QString(isSingle ? "partida %1" : "partidas %1 a %2").arg(pages_.FirstGame());
+    QStringList lines{QStringLiteral("Página %1: %2 de %3.")
+                          .arg(pages_.Page())
+                          .arg(isSingle ? games : games.arg(pages_.LastGame()))
+                          .arg(pages_.Entries())};
+    for (long i = pages_.Top(); i >= pages_.Bottom(); --i) lines << GameText(i);
+    return lines.join('\n');
+}
+
+// A corner that turns nothing is hidden from the keyboard, as it is not drawn either.
 void HistoricSheet::PageChanged() {
-    QStringList lines;
-    for (long i = pages_.Top(); i >= pages_.Bottom(); --i) {
-        const HistoryEntry entry = DecodeHistoryRecord(lisDatos_.Record(i));
-        lines << QStringLiteral("%1, %2. Ganador: %3. Perdedores: %4. Puntos: %5")
-                     .arg(Read(entry.date), Read(entry.time), Read(entry.winner), Read(entry.losers),
-                          Read(entry.points));
-    }
-    setAccessibleDescription(lines.join('\n'));
+    setAccessibleDescription(PageText());
     older_->setVisible(pages_.CanTurnOlder());
     newer_->setVisible(pages_.CanTurnNewer());
     update();

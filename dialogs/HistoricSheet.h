@@ -23,7 +23,7 @@ private:
 };
 
 /// Pic_Carpeta: the ruled sheet in the folder, with eight games and the two corners that turn it. Screen
-/// readers get the whole page as its description, one line a game.
+/// readers find the whole page as its description, one line a game.
 class HistoricSheet : public QWidget {
 public:
     /// Its size in layout pixels.
@@ -34,6 +34,9 @@ public:
     HistoricSheet(QWidget* window, const Services& services, const History& history);
 
     const HistoricPages& Pages() const { return pages_; }
+
+    /// Says the page to a player who does not see it. The sheet does so itself when it is turned.
+    void Say() const;
 
     /// Called after the sheet was turned.
     std::function<void()> Turned;
@@ -53,6 +56,8 @@ private:
                           void (HistoricSheet::*turn)());
     void Turn(void (HistoricPages::*turn)());
     void PageChanged();
+    QString PageText() const;
+    QString GameText(long index) const;
     void DrawRuling(QPainter& painter) const;
     void DrawHeading(QPainter& painter) const;
     void DrawRecord(QPainter& painter, long index, double top) const;

@@ -54,11 +54,12 @@ OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlac
 }
 
 // Screen readers toggle a check box. That is undone and made a click, so that the window decides whether
-// the option may change.
+// the option may change. The click comes from the event loop: the reader waits for the end of its call,
+// and the message of a refusal would open inside it.
 void OptionStop::Toggled(bool checked) {
     if (checked == shown_) return;
     setChecked(shown_);
-    click();
+    QMetaObject::invokeMethod(this, &QAbstractButton::click, Qt::QueuedConnection);
 }
 
 void OptionStop::ShowAnswer(Short value) {

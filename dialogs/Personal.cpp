@@ -93,6 +93,7 @@ void Personal::OptionChosen(Option option, Colour player) {
     Short& field = OptionField(settings_, option, player);
     field = field == 1 ? 2 : 1;
     Changed();
+    TheServices().Say(AnswerText(option, field));
 }
 
 // The order of play and the number of players shape the game that is being played; rules apply from the

@@ -102,7 +102,9 @@ TEST_F(BoardDialogTest, ScreenReadersFindNamesRolesAndAnswers) {
         {"Pic_Si", "Sí", "", QAccessible::Button},
         {"Pic_Focus", "¿Desea salir?", "Cualquier tecla: sí. Alt y F4: no.", QAccessible::Client},
         {"Pic_Carpeta", "Histórico de partidas",
-         "05-03-2001, 09:07. Ganador: Ana. Perdedores: Luis, Eva. Puntos: 2.50", QAccessible::Client},
+         "Página 1: partida 1 de 1.\n05-03-2001, 09:07. Ganador: Ana. Perdedores: Luis, Eva. Puntos: "
+         "2.50.",
+         QAccessible::Client},
         {"Pic_Antiguas", "Partidas más antiguas", "", QAccessible::Button},
         {"Pic_Opcion_3", "Sentido del juego", "Inverso", QAccessible::CheckBox},
         {"Pic_Opcion_6_3", "Rojo: Tipo de juego", "Manual", QAccessible::CheckBox},

@@ -1,5 +1,6 @@
 #include "dialogs/Historic.h"
 
+#include <QApplication>
 #include <QTest>
 
 #include "dialogs/HistoricSheet.h"
@@ -81,6 +82,20 @@ TEST_F(HistoricTest, PagesByMouseAndByKey) {
             EXPECT_EQ(pauses, std::vector<Short>(turns, 10));
         }
     }
+}
+
+TEST_F(HistoricTest, SaysThePageWhenItOpensAndWhenItIsTurned) {
+    const QString game("\n05-03-2001, 09:07. Ganador: Ana. Perdedores: Ana, Ana y Ana. Puntos: 2.50.");
+    for (const long games : {0, 9}) {
+        Open(GamesOf(games));
+        QApplication::processEvents();
+    }
+    for (const auto key : {Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageUp})
+        QTest::keyClick(window.get(), key);  // the first and the third turn nothing
+    const QString first = "Página 1: partidas 1 a 8 de 9." + game.repeated(8);
+    EXPECT_EQ(narrated, QStringList({"No hay partidas en el histórico.", first,
+                                     "Página 2: partida 9 de 9." + game, first}));
+    EXPECT_EQ(sheet->accessibleDescription(), first);
 }
 
 /// The rules that cross a line of the picture, one string each: '#' for a pixel of the pure colour, '+'

@@ -66,6 +66,11 @@ protected:
         QTest::mouseClick(page->childAt(at) ? page->childAt(at) : page, Qt::LeftButton, {}, at);
     }
 
+    static void Toggle(QWidget* stop) {
+        QAccessibleInterface* option = QAccessible::queryAccessibleInterface(stop);
+        option->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    }
+
     Settings settings;
     const std::pair<const char*, Short*> sliders[3] = {{"Pic_Nivel_1", &settings.PlayerLevel[1]},
                                                        {"Pic_Nivel_4", &settings.PlayerLevel[4]},
@@ -83,6 +88,7 @@ TEST_F(PersonalTest, EveryOptionIsFlippedByMouseByKeyAndByScreenReader) {
     for (const OptionRow& row : AllOptions()) {
         SCOPED_TRACE(NameOf(row.option, row.player).toStdString());
         GoToPageOf(row);
+        narrated.clear();
         EXPECT_TRUE(fields.insert(&OptionField(settings, row.option, row.player)).second);
         const Settings before = settings;
         QWidget* stop = Find(row.option, row.player);
@@ -91,12 +97,15 @@ TEST_F(PersonalTest, EveryOptionIsFlippedByMouseByKeyAndByScreenReader) {
             const Short answer = OptionField(settings, row.option, row.player);
             EXPECT_EQ(spoken->state().checked, answer == 1);
             EXPECT_EQ(spoken->text(QAccessible::Description), AnswerText(row.option, answer));
+            EXPECT_EQ(narrated, QStringList(AnswerText(row.option, answer)));
+            narrated.clear();
             return answer != OptionField(before, row.option, row.player);
         };
         applied = 0;
         Press(row.option, row.player);
         EXPECT_TRUE(isFlipped());
-        spoken->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        Toggle(stop);
+        QApplication::processEvents();
         EXPECT_FALSE(isFlipped());
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
             QTest::keyClick(stop, key);
@@ -130,6 +139,7 @@ TEST_F(PersonalTest, AGameLocksTheDirectionAndWhoTakesPart) {
     for (const OptionRow& row : AllOptions()) {
         SCOPED_TRACE(NameOf(row.option, row.player).toStdString());
         GoToPageOf(row);
+        narrated.clear();
         const bool isOrder = row.option == Option::PlayOrder;
         const bool isLocked = isOrder || row.option == Option::PlayerState;
         const Settings before = settings;
@@ -139,7 +149,13 @@ TEST_F(PersonalTest, AGameLocksTheDirectionAndWhoTakesPart) {
         Press(row.option, row.player);
         EXPECT_EQ(settings == before, isLocked);
         EXPECT_EQ(said.contains(isOrder ? "cambiar el Sentido" : "desactivar"), isLocked) << said;
-        if (!isLocked) Press(row.option, row.player);  // other options depend on it
+        EXPECT_EQ(narrated.size(), isLocked ? 0 : 1);
+        said.clear();
+        Toggle(Find(row.option, row.player));  // back, because other options depend on it
+        EXPECT_EQ(said, "") << "a message inside the call of the screen reader";
+        QApplication::processEvents();
+        EXPECT_EQ(settings, before);
+        EXPECT_EQ(said.isEmpty(), !isLocked);
     }
 }
 
