@@ -23,7 +23,11 @@ constexpr int glowMilliseconds = 900;
 
 BoardInput::BoardInput(GameState& state, const Settings& settings, const RecorderState& recorder,
                        Mesa& mesa)
-    : state_(state), settings_(settings), recorder_(recorder), mesa_(mesa) {}
+    : state_(state),
+      settings_(settings),
+      recorder_(recorder),
+      mesa_(mesa),
+      manualKeys_(state, settings, mesa) {}
 
 // ----------------------------------------------------------------------- what lies under a point
 
@@ -77,9 +81,9 @@ bool BoardInput::IsWhereItStood(Point at) const {
 // ------------------------------------------------------------------------------------- the mouse
 
 void BoardInput::Press(Point at, Qt::MouseButton button) {
-    LosePress();
+    BreakOff();
     pressed_ = button;
-    if (button == Qt::LeftButton && state_.WaitingForThrow && state_.ManualMode) StartDrag(at);
+    if (button == Qt::LeftButton && IsManual()) StartDrag(at);
 }
 
 void BoardInput::Move(Point at) {
@@ -105,6 +109,11 @@ void BoardInput::LosePress() {
     if (dragged_ == 0) return;
     mesa_.Scene().PutDown(std::exchange(dragged_, PieceCode{0}));
     mesa_.RefreshCursor();
+}
+
+void BoardInput::BreakOff() {
+    LosePress();
+    manualKeys_.PutBack();
 }
 
 void BoardInput::Click(Point at, Qt::MouseButton button) {
@@ -152,13 +161,16 @@ void BoardInput::ToggleManualMode() {
         EnterManualMode(state_);
         mesa_.Scene().ShowManualMode(true);
         mesa_.RefreshCursor();
+        mesa_.Shared().Say("Modo manual. Elija una ficha con el tabulador.");
     }
 }
 
 void BoardInput::LeaveManual() {
+    manualKeys_.Forget();
     LeaveManualMode(state_);
     mesa_.Scene().ShowManualMode(false);
     mesa_.RefreshCursor();
+    mesa_.Shared().Say("Modo manual terminado.");
 }
 
 void BoardInput::StartDrag(Point at) {
@@ -206,6 +218,17 @@ void BoardInput::AcceptMove() {
     }
 }
 
+bool BoardInput::ManualKey(int key) {
+    const bool switches = key == Qt::Key_F10 || key == Qt::Key_Menu;
+    if (!switches) return IsManual() && manualKeys_.Press(key);
+    if (state_.WaitingForThrow && !recorder_.RecorderOn) {
+        ToggleManualMode();
+    } else {
+        mesa_.Shared().Say("El modo manual solo puede activarse cuando se espera una tirada.");
+    }
+    return true;
+}
+
 void BoardInput::PlainKey(const QKeyEvent& key) {
     const QString text = key.text();
     if (key.key() == Qt::Key_Escape || text == "q" || text == "Q") {
@@ -214,7 +237,7 @@ void BoardInput::PlainKey(const QKeyEvent& key) {
         return;
     } else if (!state_.GameInProgress) {
         GlowNewGameButton();
-    } else if (state_.WaitingForThrow && state_.ManualMode) {
+    } else if (IsManual()) {
         LeaveManual();
     } else if (state_.WaitingForThrow) {
         Throw();
@@ -241,7 +264,7 @@ void BoardInput::MarkNext(int direction) {
 
 void BoardInput::ShowWhatCanBePicked() {
     marked_ = 0;
-    mesa_.Scene().ShowMarked(0);
+    manualKeys_.Forget();
     Preview(0);
     std::array<bool, BoardView::CodeCount> movable{};
     for (Short piece = 1; piece <= PiecesPerColour && IsPersonsPick(); ++piece) {
@@ -268,7 +291,7 @@ QCursor BoardInput::OrdinaryCursorAt(Point at) const {
 
 QCursor BoardInput::CursorAt(Point at) const {
     if (recorder_.RecorderOn) return Qt::ArrowCursor;
-    if (state_.WaitingForThrow && state_.ManualMode) return ManualCursorAt(at);
+    if (IsManual()) return ManualCursorAt(at);
     return OrdinaryCursorAt(at);
 }
 

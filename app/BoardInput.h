@@ -3,6 +3,7 @@
 #include <QCursor>
 
 #include "app/Layout.h"
+#include "app/ManualKeys.h"
 #include "core/GameState.h"
 #include "core/Recorder.h"
 
@@ -27,9 +28,15 @@ public:
     void Move(Point at);
     void Release(Point at, bool onBoard);
     /// Ends the press under way, if any, without a click: a dragged piece lies again where it stood, and
-    /// a later release does nothing.
+    /// a later release does nothing. A piece that the keyboard has lifted stays lifted.
     void LosePress();
+    /// Ends the press in the same way and puts back a piece that the keyboard has lifted.
+    void BreakOff();
 
+    /// A key of Qt::Key that was pressed without Ctrl, Alt or Meta. F10 and the menu key switch manual
+    /// mode on and off, or say why not; in manual mode there are the keys of ManualKeys. Returns false
+    /// for all other keys.
+    bool ManualKey(int key);
     /// A key that produces a character, Escape or Enter. Escape and Q minimise the window. A small i
     /// does nothing. Any other key throws, leaves manual mode or takes the advised move; Enter takes the
     /// marked piece if there is one. Without a game the new-game button glows.
@@ -48,6 +55,7 @@ public:
 
 private:
     bool IsPersonsPick() const;
+    bool IsManual() const { return state_.WaitingForThrow && state_.ManualMode; }
     bool IsMovable(Short piece) const;
     Short MovablePieceAt(Point at) const;
     PieceCode DraggablePieceAt(Point at) const;
@@ -73,6 +81,7 @@ private:
     const Settings& settings_;
     const RecorderState& recorder_;
     Mesa& mesa_;
+    ManualKeys manualKeys_;
     Qt::MouseButton pressed_ = Qt::NoButton;  // the button of the press under way
     PieceCode dragged_ = 0;                   // the piece that this press drags, 0 when none
     Short previewed_ = 0;                     // piece under the cursor

@@ -149,9 +149,9 @@ void BoardScene::ShowStep(double progress) {
     dieMotions_.clear();
 }
 
-void BoardScene::Drag(PieceCode piece, QPointF at) {
+void BoardScene::Drag(PieceCode piece, QPointF at, double height) {
     if (view_.inAir != piece) Lift(piece);
-    MoveTo(piece, at);
+    MoveTo(piece, at, height);
 }
 
 void BoardScene::StartGlideBack(PieceCode piece) {

@@ -47,8 +47,9 @@ public:
     /// Ends all movements and puts the piece where the game's tables have it. A piece that was not on
     /// the board yet falls into place by ShowStep. On its goal it gets a ring of light.
     void PutDown(PieceCode piece);
-    /// Lifts the piece, if it stands, and moves it with the cursor, a point in layout pixels.
-    void Drag(PieceCode piece, QPointF at);
+    /// Lifts the piece, if it stands, and moves it to a point above the board. Point and height are
+    /// layout pixels; the cursor holds a piece at height 0.
+    void Drag(PieceCode piece, QPointF at, double height = 0);
     /// Begins the glide of a dragged piece back to where it stands.
     void StartGlideBack(PieceCode piece);
 

@@ -107,6 +107,7 @@ void Mesa::resizeEvent(QResizeEvent*) {
     const QSize devicePixels = (QSizeF(size()) * ratio).toSize();
     UseScreen(devicePixels, ratio);
     scene_->SetScreen(services_.layout, devicePixels);
+    LeaveBoard();
     PlaceControls();
     RefreshCursor();
 }
@@ -141,7 +142,7 @@ void Mesa::paintEvent(QPaintEvent* event) {
 bool Mesa::event(QEvent* event) {
     const QEvent::Type type = event->type();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate || type == QEvent::Hide)
-        LosePress();
+        LeaveBoard();
     if (type == QEvent::WindowUnblocked) dialogClosed_.start();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshCursor();
     return QWidget::event(event);
@@ -169,6 +170,10 @@ bool Mesa::IsOnBoard(QPointF position) const {
 
 void Mesa::LosePress() {
     if (BoardPressLost) BoardPressLost();
+}
+
+void Mesa::LeaveBoard() {
+    if (BoardLeft) BoardLeft();
 }
 
 bool Mesa::IsLeft() const {

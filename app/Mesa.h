@@ -64,10 +64,12 @@ public:
     /// A button was released: on the board itself, or over a control or outside the window. Its press
     /// may have been on a control.
     std::function<void(Point at, bool onBoard)> BoardReleased;
-    /// A press that may be under way is over without a release: a second button was pressed, another
-    /// window came in between, the board was hidden, or the release was lost. Also called when no press
-    /// is under way.
+    /// A press that may be under way is over without a release: a second button was pressed, or the
+    /// release was lost. Also called when no press is under way.
     std::function<void()> BoardPressLost;
+    /// Another window came in between, or the board was hidden or got another size: what mouse and
+    /// keyboard were doing on the board is broken off.
+    std::function<void()> BoardLeft;
     /// A key was pressed on the board. Never a modifier alone or an automatic repeat.
     std::function<void(const QKeyEvent& key)> KeyPressed;
     /// The window manager wants the window closed. It stays open unless the program ends.
@@ -115,6 +117,7 @@ private:
     // Whether that position, in logical pixels, is in the window and not on one of its controls.
     bool IsOnBoard(QPointF position) const;
     void LosePress();
+    void LeaveBoard();
     QRect LogicalRect(const Box& box) const;
     void ShowExplanation(QWidget& control, QPoint at);
     void RefreshHourglass();

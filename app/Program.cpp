@@ -104,6 +104,7 @@ void Program::ConnectWindow() {
     mesa_.BoardMoved = [this](Point at) { input_.Move(at); };
     mesa_.BoardReleased = [this](Point at, bool onBoard) { input_.Release(at, onBoard); };
     mesa_.BoardPressLost = [this] { input_.LosePress(); };
+    mesa_.BoardLeft = [this] { input_.BreakOff(); };
     mesa_.KeyPressed = [this](const QKeyEvent& key) { KeyPressed(key); };
     mesa_.CloseWanted = [this] { Leave(); };
     mesa_.CursorAt = [this](Point at) { return input_.CursorAt(at); };
@@ -348,7 +349,7 @@ bool Program::RecorderKeyPressed(const QKeyEvent& key) {
     }
 }
 
-// What players hear on request. F10 and the keys above it do nothing.
+// What players hear on request.
 bool Program::SpokenKeyPressed(int key) {
     const Services& shared = mesa_.Shared();
     switch (key) {
@@ -367,7 +368,7 @@ void Program::KeyPressed(const QKeyEvent& key) {
     const int code = key.key();
     if (unmodified && code >= Qt::Key_F1 && code <= Qt::Key_F6) {
         ButtonPressed(code - Qt::Key_F1);
-    } else if (unmodified && SpokenKeyPressed(code)) {
+    } else if (unmodified && (SpokenKeyPressed(code) || input_.ManualKey(code))) {
         return;
     } else if (unmodified && (code == Qt::Key_Tab || code == Qt::Key_Right || code == Qt::Key_Down)) {
         input_.MarkNext(1);

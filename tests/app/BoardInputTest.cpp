@@ -13,10 +13,11 @@
 namespace zorva::test {
 namespace {
 
-/// Yellow is on turn: its pieces stand on 10 and 30, one on its goal and one in its box.
+/// Yellow is on turn: its pieces stand on 10 and 30, one on its goal and one in its box. A piece of blue
+/// is in its column.
 class OnTheBoard : public testing::Test, public BoardWindow {
 protected:
-    OnTheBoard() : BoardWindow("1:10 30 76 0  2:40 0 0 0  3:60 60 0 0") {
+    OnTheBoard() : BoardWindow("1:10 30 76 0  2:40 80 0 0  3:60 60 0 0") {
         state.GameInProgress = Yes;
         state.CurrentColour = 1;
         state.MoveCount = 3;
@@ -25,6 +26,8 @@ protected:
         mesa.BoardMoved = [this](Point at) { input.Move(at); };
         mesa.BoardReleased = [this](Point at, bool onBoard) { input.Release(at, onBoard); };
         mesa.BoardPressLost = [this] { input.LosePress(); };
+        mesa.BoardLeft = [this] { input.BreakOff(); };
+        mesa.Shared().Say = [this](const QString& sentence) { said << sentence; };
     }
 
     void AwaitThrow() { state.WaitingForThrow = Yes; }
@@ -68,8 +71,15 @@ protected:
         input.PlainKey(QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
     }
 
+    void Keys(const std::vector<int>& keys) {
+        for (const int key : keys) {
+            if (!input.ManualKey(key)) Key(key, key < 128 ? "a" : "");
+        }
+    }
+
     QCursor Named(const char* name) { return mesa.Shared().cursors.Named(name); }
 
+    QStringList said;
     RecorderState recorder;
     BoardInput input{state, settings, recorder, mesa};
 };
@@ -252,6 +262,102 @@ TEST_F(OnTheBoard, APieceIsDroppedWhereItMayStandAndGlidesBackElsewhere) {
             EXPECT_EQ(View().at[piece], AsPointF(PlaceOf(piece)));
         }
         mesa.Scene().Refresh();
+    }
+}
+
+TEST_F(OnTheBoard, KeysShiftAPieceByHandAndSayWhatTheyDo) {
+    AwaitThrow();
+    for (const auto& [keys, last, square] : std::vector<std::tuple<std::vector<int>, QString, Square>>{
+             {{Qt::Key_F10}, "Modo manual. Elija una ficha con el tabulador.", 10},
+             {{Qt::Key_Tab, Qt::Key_Right, Qt::Key_Down},
+              "Ficha 4 de Amarillo, en el cuadro de espera.",
+              10},
+             {{Qt::Key_Left, Qt::Key_Backtab}, "Ficha 1 de Amarillo, casilla 10.", 10},
+             {{Qt::Key_Up}, "Ficha 4 de Verde, en el cuadro de espera.", 10},
+             {{Qt::Key_Tab}, "Ficha 1 de Amarillo, casilla 10.", 10},
+             {{Qt::Key_Return}, "Ficha 1 de Amarillo levantada. Elija la casilla con las flechas.", 10},
+             {{Qt::Key_Down, Qt::Key_Right}, "Casilla 12, segura: libre.", 12},
+             {{Qt::Key_Home, Qt::Key_Left}, "Cuadro de espera.", 0},
+             {{Qt::Key_Tab}, "Casilla 5, segura: libre.", 5},
+             {{Qt::Key_End, Qt::Key_Tab}, "Meta del amarillo: ficha 3 de Amarillo.", 76},
+             {{Qt::Key_Up, Qt::Key_Backtab}, "Columna del amarillo, casilla 6: libre.", 74},
+             {{Qt::Key_PageUp, Qt::Key_PageUp}, "Casilla 53: libre.", 53},  // past the barrier on 60
+             {{Qt::Key_PageUp, Qt::Key_PageUp}, "Casilla 32: libre.", 32},  // and past the rival on 40
+             {{Qt::Key_Left, Qt::Key_Left}, "Casilla 30: ficha 2 de Amarillo.", 30},
+         }) {
+        Keys(keys);
+        EXPECT_EQ(said.last(), last);
+        const Point beside = square == 30 ? layout.SlotPosition(30, 2) : PlaceOfSquare(square + !square);
+        const Point place = square == 0    ? layout.BoxPosition(1, 1)
+                            : square == 76 ? layout.SlotPosition(76, 2)
+                                           : beside;
+        EXPECT_EQ(View().at[11], AsPointF(place)) << last.toStdString();
+    }
+    EXPECT_EQ(View().marked, 11);
+    EXPECT_GT(View().height[11], 0);
+    Keys({Qt::Key_Space});
+    EXPECT_EQ(sounds, (std::vector<Sound>(2, Sound::MoveByHand)));
+    EXPECT_EQ(std::tuple(state.ManualShiftMade, state.CurrentColour, state.MovePiece, state.MoveTo),
+              std::tuple(Yes, 1, 1, 30));
+    EXPECT_EQ(state.WaitingForThrow, No);
+    EXPECT_FALSE(View().manualMode);
+    input.ShowWhatCanBePicked();
+    EXPECT_EQ(View().marked, 0);
+}
+
+TEST_F(OnTheBoard, APieceLiftedByKeyIsPutBackByWhateverComesBetween) {
+    const char* const back = "La ficha vuelve a la casilla 10.";
+    const char* const over = "Modo manual terminado.";
+    const std::tuple<const char*, std::function<void()>, const char*> ways[] = {
+        {"a mouse press", [&] { Press(PlaceOfSquare(50)); }, back},
+        {"a dialog", [&] { QDialog(&mesa).open(); }, back},
+        {"another window",
+         [&] { QCoreApplication::postEvent(&mesa, new QEvent(QEvent::WindowDeactivate)); }, back},
+        {"the board is hidden", [&] { mesa.hide(); }, back},
+        {"another screen", [&] { mesa.resize(800, 600); }, back},
+        {"it is put down there",
+         [&] {
+             Keys({Qt::Key_Left, Qt::Key_Return});
+         },
+         back},
+        {"Escape", [&] { Keys({Qt::Key_Escape}); }, back},
+        {"the menu key", [&] { Keys({Qt::Key_Menu}); }, over},
+        {"a letter", [&] { Keys({Qt::Key_A}); }, over},
+    };
+    for (const auto& [name, act, last] : ways) {
+        SCOPED_TRACE(name);
+        AwaitThrow();
+        mesa.show();
+        if (!state.ManualMode) Keys({Qt::Key_F10});
+        EXPECT_FALSE(input.ManualKey(Qt::Key_Home)) << "nothing is lifted yet";
+        for (int times = 0; times < 16 && View().marked != 11; ++times) Keys({Qt::Key_Tab});
+        Keys({Qt::Key_Space, Qt::Key_Right});
+        Move(PlaceOfSquare(50), Qt::NoButton);
+        input.LosePress();  // as each key does
+        EXPECT_EQ(View().inAir, 11);
+        act();
+        QCoreApplication::sendPostedEvents(&mesa);
+        EXPECT_EQ(said.last(), last);
+        EXPECT_EQ(said.count(back), 1);
+        EXPECT_EQ(View().inAir, 0);
+        EXPECT_EQ(View().at[11], AsPointF(PlaceOf(11)));
+        EXPECT_EQ(View().marked, last == over ? 0 : 11);
+        EXPECT_EQ(state.ManualMode, last == over ? No : Yes);
+        EXPECT_EQ(std::pair(state.WaitingForThrow, state.ManualShiftMade), std::pair(Yes, No));
+        EXPECT_FALSE(mesa.isMinimized());
+        said.clear();
+    }
+    Keys({Qt::Key_F10, Qt::Key_Up, Qt::Key_Return, Qt::Key_Escape});
+    EXPECT_EQ(said.last(), "La ficha vuelve al cuadro de espera.");
+    for (int times = 0; times < 5; ++times) Keys({Qt::Key_Tab});
+    Keys({Qt::Key_Return, Qt::Key_F10});
+    EXPECT_EQ(said.mid(said.size() - 2),
+              QStringList({"La ficha vuelve a la casilla 4 de su columna.", over}));
+    for (const bool recorded : {true, false}) {
+        state.WaitingForThrow = recorder.RecorderOn = recorded ? Yes : No;
+        Keys({Qt::Key_F10, Qt::Key_Tab, Qt::Key_Space});
+        EXPECT_EQ(state.ManualMode, No);
+        EXPECT_EQ(said.last(), "El modo manual solo puede activarse cuando se espera una tirada.");
     }
 }
 

@@ -73,6 +73,20 @@ class ShiftingByHand(BoardTest):
         self.drag(self.layout.square(6), self.layout.square(12))
         self.assertEqual(self.wait_for_moves(self.before.moves + 1).records[-1].to, 12)
 
+    def test_keys_carry_the_marked_piece_along_its_way(self):
+        self.begin(APART, types=PERSON_IS_YELLOW)
+        still = self.settled_picture()
+        self.display.key("F10", "Tab", "Menu")
+        self.assertTrue(self.settled_picture().same_as(still), "manual mode is over")
+        self.display.key("Menu", "Tab")
+        marked = self.settled_picture()
+        self.display.key("Return", "Next", "Escape")
+        self.assertTrue(self.settled_picture().same_as(marked), "the piece is back and the board is seen")
+        self.display.key("Return", "Next")
+        self.wait_until(lambda: not self.look_same(marked, self.display.picture(), 16), "the piece above its square")
+        self.display.key("Home", "Next", "Next", "space")
+        self.assertEqual(self.wait_for_moves(self.before.moves + 1).records[-1].to, 25)
+
 
 class EarlyInput(BoardTest):
     def test_a_click_during_a_walk_is_not_lost(self):
