@@ -58,7 +58,13 @@ private:
 
 }  // namespace
 
-MoveLog::MoveLog(QWidget* parent, const Services& services) : QListView(parent), services_(services) {
+QVariant MoveLog::Lines::data(const QModelIndex& index, int role) const {
+    if (role == Qt::AccessibleTextRole && log_.RowText) return log_.RowText(index.row());
+    return QStringListModel::data(index, role);
+}
+
+MoveLog::MoveLog(QWidget* parent, const Services& services)
+    : QListView(parent), services_(services), lines_(*this) {
     setModel(&lines_);  // first: most of what follows lays the rows out
     setObjectName("Lis_Grabadora");
     setAccessibleName("Registro de jugadas");

@@ -2,6 +2,7 @@
 
 #include <QListView>
 #include <QStringListModel>
+#include <functional>
 
 #include "app/Services.h"
 
@@ -11,11 +12,16 @@ namespace zorva {
 /// is row n. While the recorder is on, the row of the move at which it stands is selected.
 ///
 /// It looks like ruled paper that comes out of a slit. The wheel and the touchpad scroll it; it takes no
-/// focus and no click, and no click on it reaches the board behind it. Screen readers find the rows.
+/// focus and no click, and no click on it reaches the board behind it. Screen readers find a list with
+/// an item for each row.
 class MoveLog : public QListView {
 public:
     /// The services must outlive the log.
     MoveLog(QWidget* parent, const Services& services);
+
+    /// The sentence by which screen readers know a row. Called only when one of them asks; without this
+    /// function, or for an empty sentence, they read the row as it is written.
+    std::function<QString(int row)> RowText;
 
     /// Empties the log and writes its heading.
     void Begin(const QString& heading);
@@ -37,10 +43,19 @@ protected:
     void mouseMoveEvent(QMouseEvent*) override {}
 
 private:
+    class Lines : public QStringListModel {
+    public:
+        explicit Lines(const MoveLog& log) : log_(log) {}
+        QVariant data(const QModelIndex& index, int role) const override;
+
+    private:
+        const MoveLog& log_;
+    };
+
     void PaintPaper();
 
     const Services& services_;
-    QStringListModel lines_;
+    Lines lines_;
 };
 
 }  // namespace zorva

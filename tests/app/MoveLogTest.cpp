@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -95,6 +96,27 @@ TEST_F(MoveLogTest, TheMouseScrollsItAndDoesNothingElse) {
     EXPECT_EQ(bottom - log.verticalScrollBar()->value(), 3 * 16 + 4) << "there is nothing beside it";
     AddTo(31);
     EXPECT_EQ(Seen(), "24..31 s-1") << "the next move is seen all the same";
+}
+
+TEST_F(MoveLogTest, ScreenReadersFindAnItemForEachRowAndAskForItsSentence) {
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&log);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    log.CutFrom(20);
+    EXPECT_EQ(list->childCount(), 20);
+    const auto read = [&](int row) { return list->child(row)->text(QAccessible::Name).toStdString(); };
+    EXPECT_EQ(list->child(3)->role(), QAccessible::ListItem);
+    EXPECT_EQ(read(3), "3");
+    std::vector<int> asked;
+    log.RowText = [&](int row) { return asked.push_back(row), row == 3 ? "Rojo pasa." : QString(); };
+    AddTo(21);
+    log.grab();
+    EXPECT_TRUE(asked.empty()) << "no reader has asked";
+    EXPECT_EQ(read(3), "Rojo pasa.");
+    EXPECT_EQ(read(21), "21") << "as it is written";
+    EXPECT_EQ(asked, (std::vector{3, 21}));
+    log.Begin("Otra");
+    EXPECT_EQ(list->childCount(), 1);
+    EXPECT_EQ(read(0), "Otra");
 }
 
 TEST_F(MoveLogTest, LooksLikePaperWithABarOnTheSelectedLine) {
