@@ -50,22 +50,25 @@ OptionStop::OptionStop(QWidget* page, const Services& services, const OptionPlac
     setAccessibleName(NameOf(place));
     setCheckable(true);
     setAttribute(Qt::WA_TransparentForMouseEvents);  // the page gets them
-    connect(this, &QAbstractButton::toggled, this, &OptionStop::Toggled);
+    // From the event loop: a screen reader that toggles the box waits for the end of its call, and the
+    // message of a refusal would open inside it.
+    connect(this, &QAbstractButton::toggled, this, &OptionStop::ClickIfToggled, Qt::QueuedConnection);
 }
 
-// Screen readers toggle a check box. That is undone and made a click, so that the window decides whether
-// the option may change. The click comes from the event loop: the reader waits for the end of its call,
-// and the message of a refusal would open inside it.
-void OptionStop::Toggled(bool checked) {
-    if (checked == shown_) return;
+// Screen readers toggle a check box. That is made a click, so that the window decides whether the option
+// may change, and undone if it may not.
+void OptionStop::ClickIfToggled() {
+    if (isChecked() == shown_) return;
+    click();
     setChecked(shown_);
-    QMetaObject::invokeMethod(this, &QAbstractButton::click, Qt::QueuedConnection);
 }
 
+// Qt reports every description that is set, a new one or not.
 void OptionStop::ShowAnswer(Short value) {
     shown_ = value == 1;
     setChecked(shown_);
-    setAccessibleDescription(AnswerText(option_, value));
+    const QString answer = AnswerText(option_, value);
+    if (answer != accessibleDescription()) setAccessibleDescription(answer);
 }
 
 void OptionStop::paintEvent(QPaintEvent*) {

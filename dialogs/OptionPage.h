@@ -27,7 +27,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void Toggled(bool checked);
+    void ClickIfToggled();
 
     const Services& services_;
     const Option option_;

@@ -6,6 +6,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTest>
 #include <set>
 
@@ -104,9 +105,11 @@ TEST_F(PersonalTest, EveryOptionIsFlippedByMouseByKeyAndByScreenReader) {
         applied = 0;
         Press(row.option, row.player);
         EXPECT_TRUE(isFlipped());
+        const QSignalSpy reports(stop, SIGNAL(toggled(bool)));  // Qt hands each on to screen readers
         Toggle(stop);
         QApplication::processEvents();
         EXPECT_FALSE(isFlipped());
+        EXPECT_EQ(reports.count(), 1);
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
             QTest::keyClick(stop, key);
         }
