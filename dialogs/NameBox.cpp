@@ -84,6 +84,7 @@ void NameBox::GoToName(qsizetype index) {
     if (index < 0 || index >= names_.size()) return;
     shown_ = index;
     setText(names_[index]);
+    services_.Say(text());  // screen readers speak only what is typed
 }
 
 // Nine wide letters must be seen as a whole, too. The frame and the caret take 6 layout pixels of the

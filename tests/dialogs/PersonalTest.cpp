@@ -332,6 +332,7 @@ TEST_F(PersonalTest, ANameCanBeTakenBackStepByStep) {
     for (const char* name : {"Evan", "Eva", "Amarillo ", "Amarillo", "Amarillo"}) {
         QTest::keySequence(box, QKeySequence::Undo);
         EXPECT_EQ(settings.PlayerName[1], name);
+        EXPECT_TRUE(narrated.endsWith(name)) << name;
     }
     QTest::keySequence(box, QKeySequence::Redo);
     EXPECT_EQ(settings.PlayerName[1], "Amarillo ");
