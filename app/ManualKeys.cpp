@@ -37,13 +37,6 @@ bool LiftsAndPutsDown(int key) {
     return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-QString ReturnText(Colour colour, Square square) {
-    if (square == 0) return "La ficha vuelve al cuadro de espera.";
-    if (square <= LastRingSquare) return QStringLiteral("La ficha vuelve a la casilla %1.").arg(square);
-    return QStringLiteral("La ficha vuelve a la casilla %1 de su columna.")
-        .arg(square - FirstColumnSquare[colour] + 1);
-}
-
 }  // namespace
 
 ManualKeys::ManualKeys(GameState& state, const Settings& settings, Mesa& mesa)
@@ -96,9 +89,7 @@ void ManualKeys::Lift() {
     target_ = state_.PositionOf(marked_);
     mesa_.Shared().PlaySound(Sound::MoveByHand);
     Show();
-    mesa_.Shared().Say(QStringLiteral("Ficha %1 de %2 levantada. Elija la casilla con las flechas.")
-                           .arg(PieceOf(marked_))
-                           .arg(PlayerText(settings_, ColourOf(marked_))));
+    mesa_.Shared().Say(LiftedText(settings_, marked_));
 }
 
 // In the order of the piece's way, from its box to its goal. The square that it stands on is one of
@@ -150,7 +141,7 @@ void ManualKeys::PutDown() {
 void ManualKeys::PutBack() {
     if (!std::exchange(isLifted_, false)) return;
     mesa_.Scene().PutDown(marked_);
-    mesa_.Shared().Say(ReturnText(ColourOf(marked_), state_.PositionOf(marked_)));
+    mesa_.Shared().Say(PutBackText(state_, marked_));
 }
 
 void ManualKeys::Forget() {

@@ -12,6 +12,7 @@
 #include "app/DataFolder.h"
 #include "app/KeyStrokes.h"
 #include "app/MenuButtons.h"
+#include "app/MoveLog.h"
 #include "app/Sentences.h"
 #include "core/Records.h"
 #include "core/Turns.h"
@@ -109,6 +110,9 @@ void Program::ConnectWindow() {
     mesa_.CloseWanted = [this] { Leave(); };
     mesa_.CursorAt = [this](Point at) { return input_.CursorAt(at); };
     mesa_.WaitChanged = [this] { input_.ShowWhatCanBePicked(); };
+    mesa_.Log().RowText = [this](int row) {
+        return row == 0 ? QString() : NumberedMoveText(state_, settings_, ToShort(row));
+    };
     mesa_.Strip().Pressed = [this](RecorderKey key) { recorderControl_.Press(key); };
     mesa_.Strip().IsLive = [this](RecorderKey key) {
         return !Mesa::IsBlocked() && recorderControl_.IsLive(key);

@@ -125,10 +125,6 @@ QString ChoicesText(const GameState& state, const Settings& settings) {
     return choices.join(' ');
 }
 
-QString NumberedMove(const GameState& state, const Settings& settings, Short move) {
-    return QStringLiteral("Jugada %1. ").arg(move) + MoveText(settings, ToldMove::Made(state, move));
-}
-
 }  // namespace
 
 QString PlayerText(const Settings& settings, Colour colour) {
@@ -152,6 +148,14 @@ QString SquareText(const GameState& state, const Settings& settings, Square squa
     }
     const QString safe = IsSafeSquare(square) ? QStringLiteral(", segura") : QString();
     return SquareName(square) + safe + ": " + (pieces.isEmpty() ? "libre" : pieces.join(", "));
+}
+
+QString LiftedText(const Settings& settings, PieceCode code) {
+    return Capitalised(PieceOfPlayer(settings, code)) + " levantada. Elija la casilla con las flechas.";
+}
+
+QString PutBackText(const GameState& state, PieceCode code) {
+    return "La ficha vuelve " + To(ColourOf(code), state.PositionOf(code)) + ".";
 }
 
 QString DieText(const Settings& settings, Colour colour, Short face, bool ready) {
@@ -262,11 +266,16 @@ QString PositionText(const GameState& state, const Settings& settings) {
     return sentences.join(' ');
 }
 
+QString NumberedMoveText(const GameState& state, const Settings& settings, Short move) {
+    return QStringLiteral("Jugada %1. ").arg(move) + MoveText(settings, ToldMove::Made(state, move));
+}
+
 QString LastMovesText(const GameState& state, const Settings& settings) {
     QStringList moves;
     for (Short move = ToShort(state.MoveRecordCount - 1); move >= 1 && moves.size() < lastMovesTold;
          --move) {
-        if (state.MoveRecords[move].OnBehalf == 0) moves.prepend(NumberedMove(state, settings, move));
+        if (state.MoveRecords[move].OnBehalf == 0)
+            moves.prepend(NumberedMoveText(state, settings, move));
     }
     return moves.isEmpty() ? QStringLiteral("No hay ninguna jugada.") : moves.join(' ');
 }
@@ -274,7 +283,7 @@ QString LastMovesText(const GameState& state, const Settings& settings) {
 QString TapeText(const GameState& state, const Settings& settings, bool forward) {
     const Short last = ToShort(state.MoveRecordCount - 1);
     const QString turn = " Turno de " + PlayerText(settings, state.CurrentColour) + ".";
-    if (forward) return NumberedMove(state, settings, last) + turn;
+    if (forward) return NumberedMoveText(state, settings, last) + turn;
     const QString stands =
         last == 0 ? QStringLiteral("Principio de la partida.") : QStringLiteral("Jugada %1.").arg(last);
     const MoveRecord& undone = state.MoveRecords[last + 1];

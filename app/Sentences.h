@@ -15,6 +15,9 @@ QString PlayerText(const Settings& settings, Colour colour);
 QString PieceText(const GameState& state, const Settings& settings, PieceCode code);
 /// A square 1..100 and the pieces on it: "Casilla 12, segura: ficha 1 de Azul".
 QString SquareText(const GameState& state, const Settings& settings, Square square);
+/// A piece that a person lifts to put it down by hand, and one that is put back where it stood.
+QString LiftedText(const Settings& settings, PieceCode code);
+QString PutBackText(const GameState& state, PieceCode code);
 /// A colour's die and what it shows: "Dado de Verde: 5". Face 0 is an empty tray; a die that is `ready`
 /// waits to be thrown.
 QString DieText(const Settings& settings, Colour colour, Short face, bool ready);
@@ -60,6 +63,8 @@ QString TurnText(const GameState& state, const Settings& settings);
 /// Everything on the board, colour by colour and from the colour on turn on, with what its pieces can do
 /// if one is to be chosen.
 QString PositionText(const GameState& state, const Settings& settings);
+/// A move of the game with its number: "Jugada 12. Verde saca 5: la ficha 1 sale a la casilla 56."
+QString NumberedMoveText(const GameState& state, const Settings& settings, Short move);
 /// The last moves on the board, at most six of them and the newest last.
 QString LastMovesText(const GameState& state, const Settings& settings);
 /// Where the recorder stands after it has made the move before the position (`forward`) or has taken
