@@ -282,7 +282,10 @@ QString LastMovesText(const GameState& state, const Settings& settings) {
 
 QString TapeText(const GameState& state, const Settings& settings, bool forward) {
     const Short last = ToShort(state.MoveRecordCount - 1);
-    const QString turn = " Turno de " + PlayerText(settings, state.CurrentColour) + ".";
+    // A captured piece returns in the turn of its captor, though the house of its own colour is lit.
+    const MoveRecord& next = state.MoveRecords[state.MoveRecordCount];
+    const Colour onTurn = next.OnBehalf != 0 ? ColourOnTurn(next) : state.CurrentColour;
+    const QString turn = " Turno de " + PlayerText(settings, onTurn) + ".";
     if (forward) return NumberedMoveText(state, settings, last) + turn;
     const QString stands =
         last == 0 ? QStringLiteral("Principio de la partida.") : QStringLiteral("Jugada %1.").arg(last);
