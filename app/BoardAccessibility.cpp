@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QScrollBar>
 #include <array>
 #include <memory>
 #include <utility>
@@ -267,10 +268,21 @@ QAccessibleInterface* MakeBoardAccessible(const QString& className, QObject* obj
     return mesa != nullptr ? new BoardAccessible(*mesa) : nullptr;
 }
 
+// Qt reports every step of a scroll bar, even of a hidden one like the log's, which scrolls with each
+// move. A reader that has more than a hundred reports to deal with drops sentences.
+void DropHiddenBars(QAccessibleEvent* event) {
+    const auto* bar = qobject_cast<QScrollBar*>(event->object());
+    if (bar != nullptr && !bar->isVisible()) return;
+    QAccessible::installUpdateHandler(nullptr);
+    QAccessible::updateAccessibility(event);
+    QAccessible::installUpdateHandler(DropHiddenBars);
+}
+
 }  // namespace
 
 void InstallBoardAccessibility() {
     QAccessible::installFactory(MakeBoardAccessible);
+    QAccessible::installUpdateHandler(DropHiddenBars);
 }
 
 void Announce(Mesa& mesa, const QString& sentence) {
