@@ -3,7 +3,7 @@
 
 to_build="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libgl-dev libsdl2-dev fonts-lato fonts-dejavu-core"
 to_watch="xvfb xauth xdotool openbox x11-utils x11-xserver-utils python3"
-to_test="$to_watch libgtest-dev libbenchmark-dev dbus-daemon clang libclang-rt-14-dev"
+to_test="$to_watch libgtest-dev libbenchmark-dev dbus-daemon orca clang libclang-rt-14-dev"
 to_serve="tigervnc-standalone-server tigervnc-tools novnc websockify openbox xauth x11-utils x11-xserver-utils tk python3"
 to_package="dpkg-dev gzip lintian desktop-file-utils appstream mandoc"
 

@@ -76,6 +76,7 @@ class Display:
         self._empty_menu()
         self.manager_process = self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self._wait_for_manager()
+        self.workers = [self.screen_process, self.manager_process]  # busy for a while after the program
         # Line by line: each answer must arrive when its command is done.
         self._hand = self._start("stdbuf", "-oL", "xdotool", "-", stdin=subprocess.PIPE,
                                  stdout=subprocess.PIPE, text=True)

@@ -168,8 +168,7 @@ class WindowTest(unittest.TestCase):
         seen, since, end = None, 0, time.monotonic() + PATIENCE
         while not condition():
             now = time.monotonic()
-            work = [processor_seconds(process) for process in
-                    (self.program.process, self.display.screen_process, self.display.manager_process)]
+            work = [processor_seconds(process) for process in (self.program.process, *self.display.workers)]
             if work != seen or None in work:
                 seen, since = work, now
             elif now - since > rest:
