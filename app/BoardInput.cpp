@@ -224,7 +224,7 @@ bool BoardInput::ManualKey(int key) {
     if (state_.WaitingForThrow && !recorder_.RecorderOn) {
         ToggleManualMode();
     } else {
-        mesa_.Shared().Say("El modo manual solo puede activarse cuando se espera una tirada.");
+        mesa_.Shared().Say("El modo manual se activa " + NoThrowAwaitedText(settings_));
     }
     return true;
 }
@@ -249,7 +249,10 @@ void BoardInput::PlainKey(const QKeyEvent& key) {
 }
 
 void BoardInput::MarkNext(int direction) {
-    if (!IsPersonsPick() || state_.LegalMoveCount == 0) return;
+    if (!IsPersonsPick() || state_.LegalMoveCount == 0) {
+        mesa_.Shared().Say("Ahora no hay ficha que elegir. " + TurnText(state_, settings_));
+        return;
+    }
     int piece = marked_ == 0 && direction < 0 ? PiecesPerColour + 1 : marked_;
     do {
         piece += direction;

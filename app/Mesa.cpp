@@ -143,6 +143,7 @@ bool Mesa::event(QEvent* event) {
     const QEvent::Type type = event->type();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate || type == QEvent::Hide)
         LeaveBoard();
+    if (type == QEvent::WindowActivate && BoardBack) BoardBack();
     if (type == QEvent::WindowUnblocked) dialogClosed_.start();
     if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) RefreshCursor();
     return QWidget::event(event);

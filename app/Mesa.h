@@ -70,6 +70,8 @@ public:
     /// Another window came in between, or the board was hidden or got another size: what mouse and
     /// keyboard were doing on the board is broken off.
     std::function<void()> BoardLeft;
+    /// The board has got the keyboard, again or for the first time.
+    std::function<void()> BoardBack;
     /// A key was pressed on the board. Never a modifier alone or an automatic repeat.
     std::function<void(const QKeyEvent& key)> KeyPressed;
     /// The window manager wants the window closed. It stays open unless the program ends.

@@ -38,6 +38,7 @@ void Narrator::MoveBegins(const MoveRecord& record) {
     ToldMove move = ToldMove::AboutToBeMade(state_, record);
     move.throwIsKnown = record.Die != 0 && thrower_ == 0;
     thrower_ = 0;
+    choosing_ = false;
     const QString sentence = MoveText(settings_, move);
     if (IsOrdinary(move)) {
         TellOrdinary(sentence, record);
@@ -48,13 +49,20 @@ void Narrator::MoveBegins(const MoveRecord& record) {
 
 void Narrator::MoveShown() {
     if (!voice_.IsHeard() || !state_.WaitingForMove) return;
-    SayNow(AdviceText(state_, settings_));
+    if (choosing_) {
+        SayNow(AdviceText(state_, settings_));
+    } else {
+        isAdvised_ = true;
+    }
 }
 
 void Narrator::PlayerAwaited() {
     tapePosition_ = state_.MoveRecordCount;  // the recorder can only be switched on here
     if (!voice_.IsHeard()) return;
-    if (state_.WaitingForThrow || state_.WaitingForMove) SayNow(TurnText(state_, settings_));
+    if (!state_.WaitingForThrow && !state_.WaitingForMove) return;
+    choosing_ = state_.WaitingForMove != No;
+    const bool isAdvised = std::exchange(isAdvised_, false);
+    SayNow(TurnText(state_, settings_) + (isAdvised ? " " + AdviceText(state_, settings_) : QString()));
 }
 
 void Narrator::MessageComes() {

@@ -59,6 +59,8 @@ private:
     Colour thrower_ = 0;  // whose throw has not been told yet, 0 when there is none
     Short thrown_ = 0;    // its face
     bool isDraw_ = false;
+    bool choosing_ = false;   // a person has been asked for a move
+    bool isAdvised_ = false;  // by the tutor, before that
     Short tapePosition_ = 0;  // of the recorder when it was last told
 };
 

@@ -105,7 +105,12 @@ void Program::ConnectWindow() {
     mesa_.BoardMoved = [this](Point at) { input_.Move(at); };
     mesa_.BoardReleased = [this](Point at, bool onBoard) { input_.Release(at, onBoard); };
     mesa_.BoardPressLost = [this] { input_.LosePress(); };
-    mesa_.BoardLeft = [this] { input_.BreakOff(); };
+    mesa_.BoardLeft = [this] {
+        input_.BreakOff();
+        wasAwaited_ = IsPlayerAwaited();
+    };
+    // After the reader has said that the board is back, which silences what it said before.
+    mesa_.BoardBack = [this] { QTimer::singleShot(0, &mesa_, [this] { RemindPlayer(); }); };
     mesa_.KeyPressed = [this](const QKeyEvent& key) { KeyPressed(key); };
     mesa_.CloseWanted = [this] { Leave(); };
     mesa_.CursorAt = [this](Point at) { return input_.CursorAt(at); };
@@ -224,6 +229,16 @@ void Program::AwaitPlayer() {
     while (outside_.Speech().IsSpeaking() && waits()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
+}
+
+bool Program::IsPlayerAwaited() const {
+    return (state_.WaitingForThrow || state_.WaitingForMove) && !recorder_.RecorderOn;
+}
+
+// Another window has come in between: players who hear the game are told again what it waits for.
+void Program::RemindPlayer() {
+    if (wasAwaited_ && IsPlayerAwaited()) outside_.Speech().PlayerAwaited();
+    wasAwaited_ = false;
 }
 
 void Program::Tell(const QString& title, const QString& text) {

@@ -69,6 +69,8 @@ private:
     void ShowHistory();
 
     void AwaitPlayer();
+    bool IsPlayerAwaited() const;
+    void RemindPlayer();
     void Tell(const QString& title, const QString& text);
 
     const std::filesystem::path programFolder_, dataFolder_;
@@ -84,6 +86,7 @@ private:
     BoardInput input_;
     RecorderControl recorderControl_;
     ScreenSaver screenSaver_;
+    bool wasAwaited_ = false;   // at the board, when another window came in between
     bool asksToLeave_ = false;  // the question is open or waits for the player
 };
 

@@ -1,6 +1,7 @@
 #include "app/RecorderControl.h"
 
 #include "app/Mesa.h"
+#include "app/Sentences.h"
 
 namespace zorva {
 namespace {
@@ -71,10 +72,12 @@ void RecorderControl::SwitchOnOff() {
         RecorderSwitchOn(game_, recorder_);
         ShowKey(RecorderKey::OnOff, true);
         mesa_.RefreshCursor();
-        mesa_.Shared().Say("Grabadora encendida.");
-    } else {
         mesa_.Shared().Say(
-            "La grabadora solo se enciende cuando se espera la tirada y ya se ha hecho alguna jugada.");
+            "Grabadora encendida. Control y las flechas recorren las jugadas; control e Inicio la "
+            "apaga.");
+    } else {
+        mesa_.Shared().Say("La grabadora se enciende después de alguna jugada y " +
+                           NoThrowAwaitedText(game_.settings));
     }
 }
 
@@ -82,7 +85,7 @@ void RecorderControl::SwitchOff() {
     game_.outside.SetScreenCursor(ScreenCursor::Hourglass);
     game_.outside.Pause(10);
     RecorderSwitchOff(game_, recorder_);
-    mesa_.Shared().Say("Grabadora apagada.");
+    mesa_.Shared().Say("Grabadora apagada: la partida sigue donde estaba.");
     ShowSwitchedOff();
 }
 

@@ -250,7 +250,15 @@ QString TurnText(const GameState& state, const Settings& settings) {
     }
     const QString player = PlayerText(settings, state.CurrentColour);
     if (!state.WaitingForThrow) return "Turno de " + player + ".";
-    return (state.RepeatTurn ? "Repite " : "Turno de ") + player + ": puede tirar el dado.";
+    const bool byComputer = settings.PlayerType[state.CurrentColour] == 1;
+    return (state.RepeatTurn ? "Repite " : "Turno de ") + player + (byComputer ? ", el ordenador" : "") +
+           ": puede tirar el dado.";
+}
+
+QString NoThrowAwaitedText(const Settings& settings) {
+    return settings.PauseBetweenMoves == 1
+               ? "solo cuando se espera la tirada."
+               : "solo cuando se espera la tirada. Active antes la pausa entre jugadas, con F3.";
 }
 
 QString PositionText(const GameState& state, const Settings& settings) {
@@ -287,13 +295,13 @@ QString TapeText(const GameState& state, const Settings& settings, bool forward)
     const Colour onTurn = next.OnBehalf != 0 ? ColourOnTurn(next) : state.CurrentColour;
     const QString turn = " Turno de " + PlayerText(settings, onTurn) + ".";
     if (forward) return NumberedMoveText(state, settings, last) + turn;
-    const QString stands =
-        last == 0 ? QStringLiteral("Principio de la partida.") : QStringLiteral("Jugada %1.").arg(last);
-    const MoveRecord& undone = state.MoveRecords[last + 1];
-    if (!MovesAPiece(undone)) return stands + turn;
-    const PieceCode code = CodeOf(undone.MoverColour, undone.Piece);
-    return stands + " La " + PieceOfPlayer(settings, code) + " está otra vez en " +
-           PlaceText(undone.MoverColour, undone.From) + "." + turn;
+    QString text = QStringLiteral("Deshecha la jugada %1").arg(state.MoveRecordCount);
+    const MoveRecord& undone = state.MoveRecords[state.MoveRecordCount];
+    if (MovesAPiece(undone)) {
+        text += ": la " + PieceOfPlayer(settings, CodeOf(undone.MoverColour, undone.Piece)) +
+                " está otra vez en " + PlaceText(undone.MoverColour, undone.From);
+    }
+    return text + (last == 0 ? ". Principio de la partida." : ".") + turn;
 }
 
 }  // namespace zorva

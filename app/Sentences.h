@@ -60,6 +60,8 @@ QString AdviceText(const GameState& state, const Settings& settings);
 /// Whose turn it is and what may be done. While a piece is to be chosen: "Elija una ficha para
 /// contar 12: puede mover 3." While a throw is awaited: "Turno de Verde: puede tirar el dado."
 QString TurnText(const GameState& state, const Settings& settings);
+/// Why manual mode and the recorder cannot be switched on now, and what to do: the end of a sentence.
+QString NoThrowAwaitedText(const Settings& settings);
 /// Everything on the board, colour by colour and from the colour on turn on, with what its pieces can do
 /// if one is to be chosen.
 QString PositionText(const GameState& state, const Settings& settings);

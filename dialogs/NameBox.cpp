@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QTimer>
 
 #include "app/Fonts.h"
 #include "app/Palette.h"
@@ -124,7 +125,10 @@ void NameBox::keyPressEvent(QKeyEvent* event) {
 // replace the name.
 void NameBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) end(false);
+    if (event->reason() != Qt::TabFocusReason && event->reason() != Qt::BacktabFocusReason) return;
+    end(false);
+    // Of a text with the caret at its end Qt gives screen readers all but the last letter.
+    QTimer::singleShot(0, this, [this] { services_.Say(text() + "."); });
 }
 
 void NameBox::focusOutEvent(QFocusEvent* event) {

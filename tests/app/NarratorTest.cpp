@@ -90,7 +90,10 @@ TEST_F(Narrating, TellsTheDrawTheThirdSixTheAdviceAndTheTape) {
     state.BestFrom = 10;
     state.BestTo = 64;
     state.WaitingForMove = Yes;
-    narrator.MoveShown();
+    narrator.MoveShown();  // by the tutor
+    state.LegalMoveCount = 2;
+    narrator.PlayerAwaited();
+    narrator.MoveShown();  // on request
     state.WaitingForMove = No;
     state.MoveRecordCount = 3;
     state.MoveRecords[2] = {3, 0, 5, 5, 1, 59, 64, 0, 0, 0, Yes};
@@ -100,13 +103,13 @@ TEST_F(Narrating, TellsTheDrawTheThirdSixTheAdviceAndTheTape) {
         narrator.TurnShown(TurnIs::OnTape);
     }
     narrator.KeyPressed();
+    const QString advice =
+        "Consejo: la ficha 1 va de la casilla 10 a la casilla 64 y come la ficha 1 de Rojo.";
     EXPECT_EQ(
         Heard(),
-        (QStringList{"Rojo saca 6.", "Rojo saca 6.",
-                     "Consejo: la ficha 1 va de la casilla 10 a la casilla 64 y come la ficha 1 de "
-                     "Rojo.",
-                     "Jugada 2. Rojo saca 5: la ficha 1 va de la casilla 59 a la casilla 64. Turno "
-                     "de Amarillo."}));
+        (QStringList{"Rojo saca 6.", "Rojo saca 6.", "Elija una ficha: puede mover 2. " + advice, advice,
+                     "Jugada 2. Rojo saca 5: la ficha 1 va de la casilla 59 a la casilla 64. "
+                     "Turno de Amarillo."}));
 }
 
 TEST_F(Narrating, CostsNothingWithoutAReader) {

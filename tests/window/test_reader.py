@@ -45,6 +45,10 @@ def way(colour, start, end):
     return verb + (" de %s " % place(colour, start) if start else " ").replace("de el", "del") + to(colour, end)
 
 
+def offer(colour):
+    return PLAYERS[colour] + (", el ordenador" if colour != ANA else "") + ": puede tirar el dado."
+
+
 def split(text):
     return re.split(r"(?<=\.) ", re.sub(r"\s+", " ", text))
 
@@ -76,10 +80,10 @@ class Story:
         last = self.records[number - 1]
         before = number and last.repeat and (last.following or last.mover)
         if last.repeat == 2 and before not in (0, colour):  # a third six that left no record
-            self.tell(*["Repite %s: puede tirar el dado." % PLAYERS[before]] * pause, PLAYERS[before] + " saca 6.")
+            self.tell(*["Repite " + offer(before)] * pause, PLAYERS[before] + " saca 6.")
             self.tell(SIXES_TITLE + " dialog.", SAVED, KEY)
         if is_throw and pause:
-            self.tell("%s %s: puede tirar el dado." % ("Repite" if before == colour else "Turno de", PLAYERS[colour]))
+            self.tell(("Repite " if before == colour else "Turno de ") + offer(colour))
 
     def tell_record(self, number, record, choices):
         is_sent_back, is_throw = record.die == 6 and record.repeat == 0, self.is_throw(record)
@@ -278,18 +282,18 @@ class PlayedUnseen(WindowTest):
     def test_the_recorder(self):
         self.begin(TAPE, pause=ON)
         self.hear(sentences=1)
-        story, numbered, back = Story(TAPE), [], ["Principio de la partida."]
+        story, numbered, back = Story(TAPE), [], []
         turns = ["Turno de %s." % PLAYERS[record.following or record.mover] for record in TAPE.records]
         turns.append("Turno de %s." % PLAYERS[TAPE.colour])
         for number, record in enumerate(TAPE.records):
             numbered.append("Jugada %d. %s" % (number + 1, story.move(number)))
-            if record.piece:
-                back[number] += " La ficha %d de %s está otra vez en %s." % (record.piece, PLAYERS[record.mover],
-                                                                             place(record.mover, record.start))
-            back.append("Jugada %d." % (number + 1))
+            moved_back = ": la ficha %d de %s está otra vez en %s" % (record.piece, PLAYERS[record.mover],
+                                                                      place(record.mover, record.start))
+            back.append("Deshecha la jugada %d%s." % (number + 1, moved_back if record.piece else ""))
         last = [text for text, record in zip(numbered, TAPE.records) if not record.on_behalf][-6:]
         self.assert_hears(last, "F9")
-        self.assert_hears(["Grabadora encendida."], "ctrl+Home")
+        self.assert_hears(["Grabadora encendida. Control y las flechas recorren las jugadas; control e Inicio la "
+                           "apaga."], "ctrl+Home")
         for first in range(TAPE.moves, TAPE.moves - 40, -10):
             texts = ["%s %s" % (back[number], turns[number]) for number in range(first - 1, first - 11, -1)]
             self.assert_hears(texts, *["ctrl+Left"] * 10)
