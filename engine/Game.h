@@ -2,54 +2,67 @@
 
 #include <optional>
 
-#include "engine/Chance.h"
 #include "engine/GameRules.h"
+#include "engine/Moment.h"
 #include "engine/MoveChoice.h"
-#include "engine/Position.h"
 
 namespace zorva::engine {
 
-/// A complete game of computer players, throw by throw. It makes the same moves as the turn driver
-/// (core/Turns.h), without records, messages or waits, and counts moves as the core would record them.
+/// A game of computer players from any moment on, step by step or to its end. It makes the same moves as
+/// the turn driver (core/Turns.h), without records, messages or waits, and counts moves as the core
+/// would record them.
 class Game {
 public:
-    /// A game in which all pieces are in their boxes. `rules` and `chance` have to outlive it; one face
-    /// is drawn for each throw.
-    Game(const GameRules& rules, Chance& chance)
-        : rules_(rules), chance_(chance), position_(rules.sixValue) {}
+    /// `rules` has to outlive the game.
+    Game(const GameRules& rules, const Moment& start)
+        : rules_(rules), now_(start), isWon_(start.IsWon()) {}
 
-    /// Plays to the end; the seat `first` has the first turn. Returns the winner, or nothing when the
-    /// game has reached LongestGame moves.
-    std::optional<Seat> Play(Seat first);
+    /// Where the game stands.
+    const Moment& Now() const { return now_; }
 
-    /// The position reached.
-    const Position& Board() const { return position_; }
+    /// Whether a seat has won, or the game has reached LongestGame moves, which ends it without a
+    /// winner.
+    bool IsOver() const { return isWon_ || now_.moves >= LongestGame; }
+    /// The seat that has won.
+    std::optional<Seat> Winner() const { return isWon_ ? std::optional(now_.seat) : std::nullopt; }
 
-    /// Move records, including passes, returns of captured pieces to their boxes and third sixes.
-    int Moves() const { return moves_; }
-    /// Pieces captured.
+    /// Throws a face 1..6; a throw must be due. A third six is carried out and ends the turn. After any
+    /// other face a move is due.
+    void TakeThrow(unsigned face);
+
+    /// Makes the move that is due and all that follows from it without a throw or a decision: the second
+    /// piece leaves the box, the captured piece returns to its own, the turn passes.
+    void Make(const MoveChoice& choice);
+
+    /// Plays to the end and returns the winner. `nextFace(moment)` throws for the seat on turn.
+    template <typename NextFace>
+    std::optional<Seat> Play(NextFace nextFace) {
+        while (!IsOver()) {
+            if (now_.IsThrowDue()) {
+                TakeThrow(nextFace(now_));
+            } else {
+                Make(ChooseMove(now_.position, rules_, now_.seat, now_.due));
+            }
+        }
+        return Winner();
+    }
+
+    /// Pieces captured since the start.
     int Captures() const { return captures_; }
-    /// Decisions that the seats made, passes included.
+    /// Decisions made since the start, passes included.
     int Decisions() const { return decisions_; }
 
 private:
-    void PlayTurn();
-    void PlayThrow(Throw thrown);
-    bool BeginMove();
-    unsigned MakeMove(Throw thrown);
     unsigned MovePiece(unsigned piece, unsigned to);
     void TakeThirdSix();
+    void EndThrow();
+    void PassTurn();
 
     const GameRules& rules_;
-    Chance& chance_;
-    Position position_;
-    Seat seat_ = 0;
-    bool isOver_ = false;
-    int moves_ = 0;
+    Moment now_;
+    bool isWon_;
     int captures_ = 0;
     int decisions_ = 0;
-    /// The piece moved by the last throw, not by a bonus; NoPiece when that throw moved none.
-    unsigned thrownPiece_ = NoPiece;
 };
 
 }  // namespace zorva::engine

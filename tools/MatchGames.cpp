@@ -72,13 +72,14 @@ GameTotals MatchGames::PlayByEngine(std::uint64_t number) const {
     Chance chance(seed_, number);
     GameTotals totals;
     totals.first = DrawFirst(chance);
-    engine::Game game(rules_, chance);
-    const auto winner = game.Play(engine::SeatOf(totals.first));
+    engine::Game game(rules_, {engine::Position(rules_.sixValue), engine::SeatOf(totals.first)});
+    const auto winner =
+        game.Play([&](const engine::Moment&) { return static_cast<unsigned>(chance.Face()); });
     if (winner) {
         totals.winner = engine::ColourAt(*winner);
-        totals.points = PointsOfWinner(game.Board(), *winner);
+        totals.points = PointsOfWinner(game.Now().position, *winner);
     }
-    totals.moves = game.Moves();
+    totals.moves = game.Now().moves;
     totals.captures = game.Captures();
     totals.decisions = game.Decisions();
     return totals;
