@@ -8,13 +8,23 @@
 
 namespace zorva {
 
+/// The last step of splitmix64: numbers that differ a little come out unrelated.
+constexpr std::uint64_t Mixed(std::uint64_t word) {
+    word = (word ^ (word >> 30)) * 0xbf58476d1ce4e5b9;
+    word = (word ^ (word >> 27)) * 0x94d049bb133111eb;
+    return word ^ (word >> 31);
+}
+
+/// The step of splitmix64 from one word to the next.
+inline constexpr std::uint64_t GoldenStep = 0x9e3779b97f4a7c15;
+
 /// A stream of random numbers (xoshiro256++), the same on every machine for the same seed. Streams
 /// of one seed with different numbers are unrelated, so each game can have a stream of its own.
 class Chance {
 public:
     explicit Chance(std::uint64_t seed, std::uint64_t stream = 0) {
-        std::uint64_t start = Mixed(Mixed(seed + golden) ^ stream);
-        for (std::uint64_t& word : words_) word = Mixed(start += golden);
+        std::uint64_t start = Mixed(Mixed(seed + GoldenStep) ^ stream);
+        for (std::uint64_t& word : words_) word = Mixed(start += GoldenStep);
     }
 
     /// 64 random bits.
@@ -46,15 +56,6 @@ public:
     Short Face() { return static_cast<Short>(Below(6) + 1); }
 
 private:
-    static constexpr std::uint64_t golden = 0x9e3779b97f4a7c15;
-
-    // The last step of splitmix64: neighbouring numbers come out unrelated.
-    static constexpr std::uint64_t Mixed(std::uint64_t word) {
-        word = (word ^ (word >> 30)) * 0xbf58476d1ce4e5b9;
-        word = (word ^ (word >> 27)) * 0x94d049bb133111eb;
-        return word ^ (word >> 31);
-    }
-
     std::array<std::uint64_t, 4> words_{};
 };
 

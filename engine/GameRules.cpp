@@ -24,4 +24,11 @@ GameRules::GameRules(const Settings& settings)
     }
 }
 
+Settings WithLevelsOfPersons(Settings settings) {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (settings.PlayerType[colour] == 2) settings.PlayerLevel[colour] = LevelOfPersons;
+    }
+    return settings;
+}
+
 }  // namespace zorva::engine

@@ -20,4 +20,10 @@ struct GameRules {
     std::array<Seat, SeatCount> next{};    ///< the seat whose turn comes after each
 };
 
+/// The level at which chances count a person.
+inline constexpr Short LevelOfPersons = 100;
+
+/// The same settings with each person's level at LevelOfPersons: those with which chances are computed.
+Settings WithLevelsOfPersons(Settings settings);
+
 }  // namespace zorva::engine

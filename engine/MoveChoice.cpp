@@ -30,4 +30,16 @@ unsigned BestPiece(const Position& position, const GameRules& rules, Seat seat, 
                     : Evaluator(view, rules, count, movable).BestPiece();
 }
 
+std::vector<MoveChoice> LegalMoves(const Position& position, const GameRules& rules, Seat seat,
+                                   Throw thrown) {
+    if (const auto only = OnlyMove(position, rules, seat, thrown)) return {*only};
+    const SeatView view(position, seat);
+    std::vector<MoveChoice> moves;
+    for (unsigned piece = 0; piece < PiecesPerColour; ++piece) {
+        if (!view.IsMoveLegal(piece, thrown.count)) continue;
+        moves.push_back({piece, StepAfter(position.SideOf(seat).StepOf(piece), thrown.count)});
+    }
+    return moves;
+}
+
 }  // namespace zorva::engine

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "engine/GameRules.h"
 #include "engine/Position.h"
 
@@ -19,6 +22,8 @@ struct MoveChoice {
     unsigned piece = NoPiece;  ///< 0..3, NoPiece when none may move
     unsigned to = 0;           ///< the step that the piece reaches
     bool bringsTwo = false;    ///< piece 1, the second one, leaves the box in a move of its own
+
+    bool operator==(const MoveChoice&) const = default;
 };
 
 /// The piece that a seat moves at its playing level when no option about leaving the box decides.
@@ -27,6 +32,11 @@ unsigned BestPiece(const Position& position, const GameRules& rules, Seat seat, 
 
 /// Decides the move of a seat at its playing level, as ChooseComputerMove (core/Player.h) defines it.
 MoveChoice ChooseMove(const Position& position, const GameRules& rules, Seat seat, Throw thrown);
+
+/// The moves that a person could choose from, in the order of the pieces: MovablePieces of
+/// ChooseComputerMove. None when the seat has to pass.
+std::vector<MoveChoice> LegalMoves(const Position& position, const GameRules& rules, Seat seat,
+                                   Throw thrown);
 
 // In the header, so that it is inlined. A call would store the returned choice field by field, and the
 // caller would load it in one piece, for which the processor has to wait: games were 5 % slower.
@@ -42,16 +52,23 @@ inline MoveChoice HighestOut(const Side& side) {
     return {piece, 0};
 }
 
-inline MoveChoice ChooseMove(const Position& position, const GameRules& rules, Seat seat, Throw thrown) {
+/// The move that the options about leaving the box demand; nothing when they leave the choice.
+inline std::optional<MoveChoice> OnlyMove(const Position& position, const GameRules& rules, Seat seat,
+                                          Throw thrown) {
     const Side& side = position.SideOf(seat);
     if (side.InBox() == PiecesPerColour && rules.countsFromFirstThrow) return FirstOut(rules, thrown);
     const bool isExitOpen = (side.Pairs() & 1) == 0;
     if (thrown.face == ExitCount && rules.fiveMustLeave && side.InBox() > 0 && isExitOpen) {
         return HighestOut(side);
     }
+    return std::nullopt;
+}
+
+inline MoveChoice ChooseMove(const Position& position, const GameRules& rules, Seat seat, Throw thrown) {
+    if (const auto only = OnlyMove(position, rules, seat, thrown)) return *only;
     const unsigned piece = BestPiece(position, rules, seat, thrown.count);
     if (piece == NoPiece) return {};
-    return {piece, StepAfter(side.StepOf(piece), thrown.count)};
+    return {piece, StepAfter(position.SideOf(seat).StepOf(piece), thrown.count)};
 }
 
 }  // namespace zorva::engine

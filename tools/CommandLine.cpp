@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <thread>
 
 #include "tools/Failure.h"
 
@@ -45,6 +46,12 @@ std::uint64_t CommandLine::Number(const std::string& option, std::uint64_t low,
     if (number && *number >= low && *number <= high) return *number;
     throw Failure(option + " takes a whole number from " + std::to_string(low) + " to " +
                   std::to_string(high) + ", not \"" + text + "\"");
+}
+
+unsigned ThreadsOf(const CommandLine& options) {
+    constexpr unsigned most = 256;
+    if (options.Has("--threads")) return static_cast<unsigned>(options.Number("--threads", 1, most));
+    return std::clamp(std::thread::hardware_concurrency(), 1U, most);
 }
 
 std::optional<std::uint64_t> WholeNumber(std::string_view text) {

@@ -30,6 +30,9 @@ private:
     std::map<std::string, std::string> values_;  // by option; those in `plain` have an empty value
 };
 
+/// The threads of --threads, 1 to 256; without that option one for each processor.
+unsigned ThreadsOf(const CommandLine& options);
+
 /// The text as a whole number, or nothing if it is not made of digits alone or needs more than 64 bits.
 std::optional<std::uint64_t> WholeNumber(std::string_view text);
 

@@ -57,7 +57,7 @@ public:
 private:
     void PlayShare() {
         MatchTotals mine;
-        const MatchGames games(plan_.settings, plan_.seed);
+        const MatchGames games(plan_.settings, plan_.seed, plan_.start ? &*plan_.start : nullptr);
         for (;;) {
             const std::uint64_t first = handedOut_.fetch_add(gamesAtOnce);
             const std::uint64_t last = std::min(first + gamesAtOnce, plan_.games);

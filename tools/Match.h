@@ -2,8 +2,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
-#include "core/Settings.h"
+#include "tools/GameInFile.h"
 
 namespace zorva {
 
@@ -36,6 +37,7 @@ struct MatchPlan {
     std::uint64_t games = 0;
     std::uint64_t seed = 0;
     unsigned threads = 1;
+    std::optional<GameInFile> start;  ///< the game that is played on; without it they are new ones
     bool byTheBook = false;  ///< played by the core, whose rules define the game, not by the engine
 };
 

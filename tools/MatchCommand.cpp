@@ -6,7 +6,6 @@
 #include <iomanip>
 #include <map>
 #include <ostream>
-#include <thread>
 
 #include "tools/CommandLine.h"
 #include "tools/Failure.h"
@@ -17,7 +16,6 @@ namespace zorva {
 namespace {
 
 constexpr std::uint64_t mostGames = 1'000'000'000;
-constexpr unsigned mostThreads = 256;
 
 // "A,B,C,D": four whole numbers, none above the highest nor below the lowest.
 std::array<Short, 4> FourNumbers(const CommandLine& options, const std::string& option, Short low,
@@ -62,15 +60,26 @@ void TakeRules(const CommandLine& options, Settings& settings) {
     settings.RuleFiveSomeInBox = rules[3];
 }
 
+// The game to be played on has its own settings.
+void TakeStart(const CommandLine& options, MatchPlan& plan) {
+    for (const char* other : {"--settings", "--levels", "--players", "--rules", "--order"}) {
+        if (options.Has(other)) throw Failure(std::string("--from excludes ") + other);
+    }
+    plan.start = ReadGame(options.Text("--from"), options);
+    plan.settings = engine::WithLevelsOfPersons(plan.start->content.settings);
+}
+
 MatchPlan ReadPlan(const CommandLine& options) {
     MatchPlan plan;
     plan.games = options.Number("--games", 1, mostGames);
     plan.seed = options.Number("--seed", 0, UINT64_MAX);
-    plan.threads = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
-    if (options.Has("--threads")) {
-        plan.threads = static_cast<unsigned>(options.Number("--threads", 1, mostThreads));
-    }
+    plan.threads = ThreadsOf(options);
     plan.byTheBook = options.Has("--by-the-book");
+    if (options.Has("--from")) {
+        TakeStart(options, plan);
+        return plan;
+    }
+    if (options.Has("--die")) throw Failure("--die needs --from");
     if (options.Has("--settings"))
         plan.settings = ReadSettingsArgument(options.Text("--settings")).settings;
     if (options.Has("--levels")) TakeLevels(options, plan.settings);
@@ -121,6 +130,13 @@ void PrintTotals(std::ostream& out, const MatchPlan& plan, const MatchTotals& to
         << ", mean captures per game " << Ratio(static_cast<double>(totals.captures), games) << '\n';
 }
 
+void PrintWins(std::ostream& out, const MatchPlan& plan, const MatchTotals& totals) {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (!IsTakingPart(plan.settings, colour)) continue;
+        out << "wins " << colour << ' ' << totals.colours[colour].wins << '\n';
+    }
+}
+
 void PrintSpeed(std::ostream& out, const MatchPlan& plan, const MatchTotals& totals, double seconds) {
     out << std::setprecision(0) << Ratio(static_cast<double>(totals.games), seconds) << " games/s, "
         << Ratio(static_cast<double>(totals.decisions), seconds) << " decisions/s, "
@@ -131,10 +147,10 @@ void PrintSpeed(std::ostream& out, const MatchPlan& plan, const MatchTotals& tot
 }  // namespace
 
 void MatchCommand(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
-    const CommandLine options(
-        arguments,
-        {"--games", "--seed", "--threads", "--settings", "--levels", "--players", "--rules", "--order"},
-        {"--by-the-book"});
+    const CommandLine options(arguments,
+                              {"--games", "--seed", "--threads", "--settings", "--levels", "--players",
+                               "--rules", "--order", "--from", "--die"},
+                              {"--by-the-book"});
     const MatchPlan plan = ReadPlan(options);
     const auto tell = [&](std::uint64_t finished) {
         *progress << '\r' << finished << " of " << plan.games << " games" << std::flush;
@@ -143,6 +159,7 @@ void MatchCommand(const std::vector<std::string>& arguments, std::ostream& out, 
     const auto start = std::chrono::steady_clock::now();
     const MatchTotals totals = PlayMatch(plan, progress ? tell : std::function<void(std::uint64_t)>());
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    if (plan.start) return PrintWins(out, plan, totals);
     PrintTotals(out, plan, totals);
     PrintSpeed(out, plan, totals, taken.count());
 }

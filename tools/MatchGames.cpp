@@ -1,5 +1,7 @@
 #include "tools/MatchGames.h"
 
+#include <utility>
+
 #include "core/DecidedThrows.h"
 #include "core/Ending.h"
 #include "core/GameStart.h"
@@ -12,7 +14,9 @@ namespace {
 /// The world of a game that the core plays: it throws by chance and counts the move records.
 class CountingWorld final : public DecidedThrows {
 public:
-    CountingWorld(Chance& chance, GameTotals& totals) : chance_(chance), totals_(totals) {}
+    /// The first throw is `die`, unless that is 0.
+    CountingWorld(Chance& chance, Short die, GameTotals& totals)
+        : chance_(chance), die_(die), totals_(totals) {}
 
     void AddLogLine(Short, const MoveRecord& record) override {
         const bool isCaptured = record.OnBehalf != 0;
@@ -32,10 +36,14 @@ public:
     }
 
 protected:
-    Short NextThrow() override { return chance_.Face(); }
+    Short NextThrow() override {
+        const Short known = std::exchange(die_, Short{0});
+        return known != 0 ? known : chance_.Face();
+    }
 
 private:
     Chance& chance_;
+    Short die_;
     GameTotals& totals_;
 };
 
@@ -49,10 +57,11 @@ std::vector<Colour> ColoursTakingPart(const Settings& settings) {
 
 }  // namespace
 
-MatchGames::MatchGames(const Settings& settings, std::uint64_t seed)
+MatchGames::MatchGames(const Settings& settings, std::uint64_t seed, const GameInFile* start)
     : settings_(WithoutPeople(settings)),
       rules_(settings),
       seed_(seed),
+      start_(start),
       takingPart_(ColoursTakingPart(settings)) {}
 
 Colour MatchGames::DrawFirst(Chance& chance) const {
@@ -68,18 +77,24 @@ Short MatchGames::PointsOfWinner(const engine::Position& position, engine::Seat 
     return PointsOf(static_cast<int>(takingPart_.size()) - 1, walked);
 }
 
+engine::Moment MatchGames::Start(Chance& chance) const {
+    if (start_) return start_->Start(rules_);
+    return {engine::Position(rules_.sixValue), engine::SeatOf(DrawFirst(chance))};
+}
+
 GameTotals MatchGames::PlayByEngine(std::uint64_t number) const {
     Chance chance(seed_, number);
     GameTotals totals;
-    totals.first = DrawFirst(chance);
-    engine::Game game(rules_, {engine::Position(rules_.sixValue), engine::SeatOf(totals.first)});
+    const engine::Moment start = Start(chance);
+    engine::Game game(rules_, start);
+    totals.first = start_ ? start_->position.CurrentColour : engine::ColourAt(start.seat);
     const auto winner =
         game.Play([&](const engine::Moment&) { return static_cast<unsigned>(chance.Face()); });
     if (winner) {
         totals.winner = engine::ColourAt(*winner);
         totals.points = PointsOfWinner(game.Now().position, *winner);
     }
-    totals.moves = game.Now().moves;
+    totals.moves = game.Now().moves - (start_ ? start_->position.MoveRecordCount - 1 : 0);
     totals.captures = game.Captures();
     totals.decisions = game.Decisions();
     return totals;
@@ -88,9 +103,15 @@ GameTotals MatchGames::PlayByEngine(std::uint64_t number) const {
 GameTotals MatchGames::PlayByTheBook(std::uint64_t number) const {
     Chance chance(seed_, number);
     GameTotals totals;
-    totals.first = DrawFirst(chance);
+    CountingWorld world(chance, start_ ? start_->die : Short{0}, totals);
+    if (start_) {
+        GameState state = start_->content.state;
+        totals.first = start_->position.CurrentColour;
+        ContinueGame({state, settings_, world});
+        return totals;
+    }
     GameState state;
-    CountingWorld world(chance, totals);
+    totals.first = DrawFirst(chance);
     const GameContext game{state, settings_, world};
     ResetGame(game);
     PlayFrom(game, totals.first);

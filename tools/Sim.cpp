@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "tools/AnalyseCommand.h"
 #include "tools/DiceCommand.h"
 #include "tools/Failure.h"
 #include "tools/MatchCommand.h"
@@ -36,6 +37,24 @@ constexpr const char* usage =
     "    --by-the-book  plays the same games with the code of the window's games, which defines the\n"
     "               rules: the same totals, slower\n"
     "\n"
+    "zorva-sim match --from IN.INI --games N --seed S [--threads T] [--die FACE] [--by-the-book]\n"
+    "    N games played on from the game in IN.INI; a person counts as a computer of level 100. Prints\n"
+    "    who won how often: wins COLOUR COUNT.\n"
+    "    --die      the face of the first throw\n"
+    "\n"
+    "zorva-sim analyse --settings IN.INI [--die FACE] [--game] [--playouts N] [--seed S] [--threads T]\n"
+    "    The chances in the game of IN.INI, found by playing it on N times (2000) with dice of seed S\n"
+    "    (1); a person counts as a computer of level 100. Each number stands before its standard\n"
+    "    error. A colour is 1 to 4, and chances are 0 to 1.\n"
+    "        win COLOUR CHANCE ERROR\n"
+    "        move PIECE FROM TO CHANCE ERROR         for each legal move if one is due; 0 is the box\n"
+    "    --die      the face that was thrown\n"
+    "    --game     first tells of all moves so far, with N games played on for each record:\n"
+    "        record N COLOUR DIE CHANCE1 CHANCE2 CHANCE3 CHANCE4 LUCK CHOICE COST\n"
+    "        luck COLOUR SUM ERROR                   of the colour's own throws; choice and cost alike\n"
+    "        sum COLOUR START LUCK CHOICE SHIFT END  of everybody's throws, choices and displacements\n"
+    "    docs/chances.md says what these mean.\n"
+    "\n"
     "zorva-sim dice --throws N (--seed S | --system)\n"
     "    N throws of the die, counted: faces, pairs, sixes in a row, faces of each colour. Each count\n"
     "    stands beside the band that a fair die keeps to in 99 of 100 cases, each table ends with its\n"
@@ -50,13 +69,15 @@ bool AsksForHelp(const std::string& argument) {
 
 // `progress` is null when no progress is wanted.
 void Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
-    if (arguments.empty()) throw Failure("a command is missing: play, match or dice, or --help");
+    if (arguments.empty())
+        throw Failure("a command is missing: play, match, analyse or dice, or --help");
     if (arguments.size() <= 2 && AsksForHelp(arguments.back())) {
         out << usage;
         return;
     }
     if (arguments[0] == "play") return PlayCommand(arguments, out);
     if (arguments[0] == "match") return MatchCommand(arguments, out, progress);
+    if (arguments[0] == "analyse") return AnalyseCommand(arguments, out, progress);
     if (arguments[0] == "dice") return DiceCommand(arguments, out);
     if (arguments[0] != "--version") throw Failure("unknown command \"" + arguments[0] + "\"");
     out << "zorva-sim " ZORVA_VERSION "\n";
