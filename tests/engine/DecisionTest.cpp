@@ -88,9 +88,11 @@ private:
 
     std::string DifferentChoice(const engine::Position& position) {
         const auto seat = engine::SeatOf(state_.CurrentColour);
-        const engine::MoveChoice choice = engine::ChooseMove(
-            position, engine::GameRules(settings_), seat,
-            {static_cast<unsigned>(state_.DieValue), static_cast<unsigned>(state_.MoveCount)});
+        const engine::GameRules rules(settings_);
+        const engine::Throw thrown{static_cast<unsigned>(state_.DieValue),
+                                   static_cast<unsigned>(state_.MoveCount)};
+        const engine::MoveChoice choice = engine::ChooseMove(position, rules, seat, thrown);
+        state_.MovablePieces = {};
         ChooseComputerMove(state_, settings_);
         const bool moves = choice.piece != engine::NoPiece;
         const bool isSame = state_.BestPiece == (moves ? static_cast<Short>(choice.piece + 1) : 0) &&
@@ -100,7 +102,11 @@ private:
         const auto& movable = state_.MovablePieces;
         const auto count = std::count(movable.begin() + 1, movable.end(), Yes);
         const bool canMove = !moves || movable[state_.BestPiece] == Yes;
-        return count == state_.LegalMoveCount && canMove ? "" : About("what may move");
+        PerPiece<Short> legal{};
+        for (const auto& move : engine::LegalMoves(position, rules, seat, thrown))
+            legal[move.piece + 1] = Yes;
+        const bool isLegal = legal == movable;
+        return count == state_.LegalMoveCount && canMove && isLegal ? "" : About("what may move");
     }
 
     std::string About(std::string what) const {
