@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
+#include <thread>
 
 #include "core/Records.h"
 #include "engine/GameAnalysis.h"
@@ -71,7 +73,7 @@ const ChanceRow chanceRows[] = {
      2,
      0,
      {ChanceOfTurn(3, 3), ChanceOfTurn(2, 3), 0, ChanceOfTurn(1, 3)}},
-    {"the bonus wins", "1:76 76 75 66  3:92 92 92 91", {0, 1, 2, 1, 2}, 2, 1, 0, {1, 0, 0, 0}},
+    {"the bonus wins", "1:76 76 66 75  3:92 92 92 91", {0, 1, 2, 1, 2}, 2, 1, 0, {1, 0, 0, 0}},
     {"the game is won", "1:76 76 76 76  3:92 92 92 91", {0, 1, 2, 1, 2}, 2, 0, 0, {1, 0, 0, 0}},
 };
 
@@ -140,6 +142,13 @@ TEST(PlayOuts, AreTheSameWithAnyThreadsAndInBatches) {
     std::stop_source stop;
     stop.request_stop();
     EXPECT_EQ(analysis.Games().Play(0, 100, 2, stop.get_token()), Tally());
+    // A run that is stopped while it plays gives nothing, either.
+    std::stop_source later;
+    const std::jthread stopper([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        later.request_stop();
+    });
+    EXPECT_EQ(analysis.Games().Play(0, UINT64_MAX / 2, 2, later.get_token()), Tally());
     EXPECT_NE(PositionAnalysis(Moment(MiddleOfAGame()), settings, 2).Games().Play(0, 100, 1), all);
     // A person, whatever level stands beside the name, counts as a computer of level 100.
     settings.PlayerType[3] = 2;
@@ -153,7 +162,7 @@ TEST(PlayOuts, AreTheSameWithAnyThreadsAndInBatches) {
 // ------------------------------------------------------------------------------ a whole game
 
 /// A game of two by chance, in which persons pick any piece, and what its records are worth by the
-/// moments that the core passes through.
+/// moments that the core passes through. With the same dice these come out exactly the same.
 class WatchedGame {
 public:
     explicit WatchedGame(std::uint64_t number) : game_(GameOf(number)) {
@@ -184,6 +193,7 @@ private:
     static RandomGame GameOf(std::uint64_t number) {
         RandomGame game(6, number);
         game.kind.settings.PlayerActive = {0, 1, 2, 1, 2};
+        game.kind.settings.PlayerLevel = {0, 100, 0, 100, 0};  // then BestPiece is as chances count it
         game.kind.first = 1;
         game.kind.shiftsByHand = number % 2 == 1;
         game.kind.faces = {1, 2, 3, 4, 5, 6, 6, 6, 6, 5};
@@ -196,10 +206,18 @@ private:
         std::size_t after = 0;
     };
 
+    std::size_t Add(const GameState& state) {
+        Moment moment(state);
+        moment.throws = throws_;
+        return games_.AddMoment(moment);
+    }
+
     void Reach(const GameState& position) {
-        const std::size_t reached = games_.AddMoment(Moment(position));
         const bool isUnrecorded = open_ == Open::Throw;
         unrecordedSixes += isUnrecorded;
+        throws_[onTurn_] += isUnrecorded;
+        onTurn_ = engine::SeatOf(position.CurrentColour);
+        const std::size_t reached = Add(position);
         if (isUnrecorded) worths_[latestSix_].luck.AddChange(here_, reached);
         if (open_ == Open::Luck) worths_[first_].luck.AddChange(here_, reached);
         if (open_ == Open::Choice) worths_[first_].choice.AddChange(here_, reached);
@@ -216,12 +234,16 @@ private:
         if (open_ != Open::Throw) return;  // it follows from the record before
         first_ = worths_.size() - 1;
         if (record.Die == 6 && record.RepeatState == 2) latestSix_ = first_;
+        throws_[onTurn_] += record.Die != 0;
         const bool isThirdSix = record.Die == 6 && record.RepeatState == 0;
-        open_ = record.Manual ? Open::Shift : isThirdSix ? Open::Luck : Open::Choice;
+        const GameState& now = game_.state;
+        const bool isTwin = now.MovePiece != now.BestPiece && now.MoveFrom == now.BestFrom;
+        const bool isDecided = !isThirdSix && !(isTwin && record.Die != 0);
+        open_ = record.Manual ? Open::Shift : isDecided ? Open::Choice : Open::Luck;
         if (open_ != Open::Choice) return;
         GameState decided = game_.state;
         decided.WaitingForMove = Yes;
-        const std::size_t thrown = games_.AddMoment(Moment(decided));
+        const std::size_t thrown = Add(decided);
         if (record.Die != 0) worths_[first_].luck.AddChange(here_, thrown);
         here_ = thrown;
     }
@@ -235,28 +257,12 @@ private:
     }
 
     RandomGame game_;
-    PlayOuts games_{game_.kind.settings, 99};
+    PlayOuts games_{game_.kind.settings, 5};
     std::vector<Worth> worths_;
+    std::array<unsigned, 4> throws_{};
+    engine::Seat onTurn_ = 0;
     Open open_ = Open::Nothing;
     std::size_t here_ = 0, first_ = 0, latestSix_ = 0, shift_ = 0;
-};
-
-/// By how many of their standard errors estimates differ.
-class Deviations {
-public:
-    void Add(const Estimate& one, const Estimate& other) {
-        const double error = std::hypot(one.error, other.error);
-        const double deviation =
-            error == 0 ? one.value - other.value : (one.value - other.value) / error;
-        EXPECT_LT(std::abs(deviation), 5) << one.value << " and " << other.value;
-        squares_ += deviation * deviation;
-        ++count_;
-    }
-    ~Deviations() { EXPECT_LT(squares_, 1.1 * count_); }
-
-private:
-    double squares_ = 0;
-    int count_ = 0;
 };
 
 class GameAnalysisTest : public testing::TestWithParam<std::uint64_t> {};
@@ -266,29 +272,28 @@ TEST_P(GameAnalysisTest, DividesTheChangesAmongDiceChoicesAndDisplacements) {
     ASSERT_TRUE(HasWon(game.end));
     EXPECT_EQ(game.unrecordedSixes, 1);
     const GameAnalysis analysis(game.end, game.Rules(), 5);
-    const Tally tally = analysis.Games().Play(0, 120, 1), other = game.Games().Play(0, 120, 1);
-    Deviations luck, choice, chance;
+    const Tally tally = analysis.Games().Play(0, 150, 1), other = game.Games().Play(0, 150, 1);
     PerColour<double> luckOf{}, choiceOf{}, costOf{};
     for (std::size_t record = 1; record <= analysis.Records(); ++record) {
         const engine::RecordWorth worth = analysis.OfRecord(record, tally);
         const engine::Seat seat = game.SeatOf(record);
         const auto expected = game.OfRecord(record, other);
-        luck.Add(worth.luck, expected[0]);
-        choice.Add(worth.choice, expected[1]);
-        chance.Add(worth.chances[seat], expected[2]);
+        EXPECT_EQ(worth.luck.value, expected[0].value) << record;
+        EXPECT_EQ(worth.choice.value, expected[1].value) << record;
+        EXPECT_EQ(worth.chances[seat].value, expected[2].value) << record;
         luckOf[seat] += worth.luck.value;
         choiceOf[seat] += worth.choice.value;
         costOf[seat] += worth.cost.value;
         EXPECT_TRUE(worth.cost.value == 0 || worth.cost.value >= 2 * worth.cost.error);
         EXPECT_GE(worth.cost.value + 2 * worth.cost.error, -worth.choice.value);
     }
-    chance.Add(analysis.OfSeat(0, tally).shift, game.Shift(other));
+    EXPECT_EQ(analysis.OfSeat(0, tally).shift.value, game.Shift(other).value);
     for (const engine::Seat seat : {0U, 2U}) {
         const SeatWorth worth = analysis.OfSeat(seat, tally);
         EXPECT_NEAR(worth.own.luck.value, luckOf[seat], 1e-9);
         EXPECT_NEAR(worth.own.choice.value, choiceOf[seat], 1e-9);
         EXPECT_NEAR(worth.own.cost.value, costOf[seat], 1e-9);
-        EXPECT_LT(worth.own.luck.error, 0.3);
+        EXPECT_LT(worth.own.luck.error, 0.6);
         EXPECT_EQ(worth.own.choice.value != 0, game.Rules().PlayerType[engine::ColourAt(seat)] == 2);
         EXPECT_EQ(worth.own.cost.value > 0, game.Rules().PlayerType[engine::ColourAt(seat)] == 2);
         const double sum = worth.start.value + worth.luck.value + worth.choice.value + worth.shift.value;
@@ -296,9 +301,9 @@ TEST_P(GameAnalysisTest, DividesTheChangesAmongDiceChoicesAndDisplacements) {
         EXPECT_EQ(worth.end.value, engine::SeatOf(game.end.CurrentColour) == seat ? 1 : 0);
     }
 }
-// Both have an unrecorded third six. The first has pieces dragged by hand, the second a second piece out
-// with one five and a capture on an exit.
-INSTANTIATE_TEST_SUITE_P(Games, GameAnalysisTest, testing::Values(71, 130));
+// Both have an unrecorded third six and pieces dragged by hand, the second also a second piece out with
+// one five and a capture on an exit.
+INSTANTIATE_TEST_SUITE_P(Games, GameAnalysisTest, testing::Values(71, 1191));
 
 }  // namespace
 }  // namespace zorva::test
