@@ -4,7 +4,9 @@
 #include <iterator>
 #include <sstream>
 
+#include "store/SettingsFile.h"
 #include "tests/support/Files.h"
+#include "tests/support/RandomGame.h"
 #include "tools/Sim.h"
 
 namespace zorva::test {
@@ -57,12 +59,19 @@ constexpr BadRow badRows[] = {
     {"match --games 1 --seed 1 --rules 1,2,3,1", "--rules takes four options"},
     {"match --games 1 --seed 1 --players 1,2,2", "--players takes a 1"},
     {"match --games 1x --seed 1", "not \"1x\""},
+    {"match --games 1 --seed 1 --die 3", "--die needs --from"},
+    {"match --games 1 --seed 1 --from good.INI --order 1", "--from excludes --order"},
+    {"match --games 1 --seed 1 --from good.INI", "good.INI has no game in progress"},
+    {"analyse --settings none.INI", "cannot open"},
+    {"analyse --settings bonus.INI --die 7", "from 1 to 6, not \"7\""},
+    {"analyse --settings bonus.INI --die 3", "a bonus move is due, no throw"},
+    {"analyse --settings bonus.INI --playouts 0", "--playouts takes a whole number from 1"},
 };
 
 TEST(Help, ComesFromEveryCommand) {
     using Words = std::vector<std::string>;
     for (const Words& asking :
-         {Words{"-h"}, {"--help"}, {"play", "--help"}, {"match", "-h"}, {"dice", "-h"}}) {
+         {Words{"-h"}, {"--help"}, {"play", "--help"}, {"match", "-h"}, {"analyse", "-h"}}) {
         std::ostringstream out, err;
         EXPECT_EQ(RunSim(asking, out, err, false), 0) << err.str();
         EXPECT_NE(out.str().find("zorva-sim match --games"), std::string::npos);
@@ -79,6 +88,11 @@ TEST(BadInput, GetsOneClearLineAndStatusTwo) {
     WriteBytes("empty.txt", "");
     WriteBytes("good.txt", "1 2 3\n");
     WriteBytes("seven.txt", "1 2\n7 4\n");
+    RandomGame game(1, 1);
+    game.atPosition = [&](const GameState& position) {
+        if (!position.ThrowNext) WriteBytes("bonus.INI", SettingsText(game.kind.settings, position));
+    };
+    game.Play();
     for (const BadRow& row : badRows) {
         SCOPED_TRACE(row.arguments);
         std::istringstream words(row.arguments);

@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <iterator>
+#include <sstream>
+
+#include "store/SettingsFile.h"
+#include "tests/support/Files.h"
+#include "tests/support/RandomGame.h"
+#include "tools/Sim.h"
+
+namespace zorva::test {
+namespace {
+
+/// What a command prints; empty, after a line on `err`, when it fails.
+std::string Printed(const std::string& command) {
+    std::istringstream words(command);
+    std::ostringstream out, err;
+    RunSim({std::istream_iterator<std::string>(words), {}}, out, err, false);
+    EXPECT_TRUE(err.str().empty() || err.str().find("bonus move is due") != std::string::npos ||
+                err.str().find("is won") != std::string::npos)
+        << err.str();
+    return out.str();
+}
+
+/// The numbers of the lines that begin with a word, by the first number.
+PerColour<std::vector<double>> Numbers(const std::string& text, const std::string& word) {
+    PerColour<std::vector<double>> found;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string first;
+        std::size_t colour = 0;
+        if (!(words >> first >> colour) || first != word) continue;
+        found[colour] = {std::istream_iterator<double>(words), {}};
+    }
+    return found;
+}
+
+/// Files with games in progress and won, of all rules and players. Every other file is odd: a hand has
+/// given the turn, the players or the rules other values.
+class GameFiles {
+public:
+    explicit GameFiles(std::uint64_t number) : game_(12, number, 600), odd_(10, number) {
+        game_.atPosition = [this](const GameState& position) {
+            if (position.MoveRecordCount >= 2 && odd_.Below(40) == 0) kept_.push_back(position);
+        };
+        game_.Play();
+    }
+
+    /// The bytes of one that is read; nothing if there is none.
+    std::string Next(bool odd) {
+        while (!kept_.empty()) {
+            GameState state = std::move(kept_.back());
+            kept_.pop_back();
+            Settings settings = game_.kind.settings;
+            if (odd) Change(state, settings);
+            std::string bytes = SettingsText(settings, state);
+            if (odd && odd_.Below(3) == 0) PassTurn(bytes, state);
+            const auto reading = ReadSettings(bytes);
+            const auto* content = std::get_if<SettingsContent>(&reading);
+            if (content && content->state.GameInProgress) return bytes;
+        }
+        return {};
+    }
+
+private:
+    Short Either() { return static_cast<Short>(1 + odd_.Below(2)); }
+
+    void Change(GameState& state, Settings& settings) {
+        for (Colour colour = 1; colour <= ColourCount; ++colour) {
+            settings.PlayerActive[colour] = Either();
+            settings.PlayerType[colour] = Either();
+        }
+        for (Short* rule : {&settings.PlayOrder, &settings.RuleSixAllOut, &settings.RuleLeaveAllInBox,
+                            &settings.RuleFiveAllInBox, &settings.RuleFiveSomeInBox}) {
+            *rule = Either();
+        }
+        if (odd_.Below(3) == 0) state.CurrentColour = static_cast<Colour>(1 + odd_.Below(ColourCount));
+        if (odd_.Below(3) == 0) state.SixesInRow = 0;
+    }
+
+    // The field RepeatTurn, which the game always writes as -1.
+    static void PassTurn(std::string& bytes, const GameState& state) {
+        const std::string turn = "\r\n-1," + std::to_string(state.MoveRecordCount) + ',' +
+                                 std::to_string(state.CurrentColour) + ",-1,";
+        const std::size_t at = bytes.find(turn);
+        if (at != std::string::npos) bytes.replace(at + turn.size() - 3, 2, "0");
+    }
+
+    RandomGame game_;
+    Chance odd_;
+    std::vector<GameState> kept_;
+};
+
+/// Files to look at; ZORVA_GAME_FILES asks for more.
+int FilesToPlay() {
+    const char* wanted = std::getenv("ZORVA_GAME_FILES");
+    return wanted ? std::atoi(wanted) : 40;
+}
+
+/// Chances and shares of wins, and how much they differ.
+class Comparison {
+public:
+    void Add(double chance, double error, double share, double games) {
+        ASSERT_TRUE(chance >= 0 && chance <= 1);
+        if (error == 0) {
+            EXPECT_EQ(chance, share);  // the game is won
+            return;
+        }
+        const double variance = error * error + (share * (1 - share) + 1 / games) / games;
+        squares_ += (chance - share) * (chance - share) / variance;
+        ++count_;
+    }
+
+    ~Comparison() { EXPECT_LT(squares_, 1.1 * count_); }
+
+private:
+    double squares_ = 0, count_ = 0;
+};
+
+TEST(AnalyseCommand, TellsTheChancesOfGamesThatEngineAndBookPlayOnAlike) {
+    const TemporaryFolder folder;
+    const std::string file = (folder / "GAME.INI").string();
+    Comparison comparison;
+    int files = 0;
+    for (std::uint64_t number = 0; files < FilesToPlay(); ++number) {
+        const std::string bytes = GameFiles(number).Next(number % 2 == 1);
+        if (bytes.empty()) continue;
+        SCOPED_TRACE("game " + std::to_string(number));
+        WriteBytes(file, bytes);
+        const std::string die = ++files % 3 == 0 ? " --die " + std::to_string(1 + files % 6) : "";
+        const std::string match = "match --threads 1 --seed 1 --from " + file + die + " --games ";
+        ASSERT_EQ(Printed(match + "2 --by-the-book"), Printed(match + "2"));
+        const auto wins = Numbers(Printed(match + "60"), "wins");
+        const auto text = Printed("analyse --threads 1 --playouts 60 --settings " + file + die);
+        const auto chances = Numbers(text, "win");
+        for (Colour colour = 1; colour <= ColourCount; ++colour) {
+            ASSERT_EQ(chances[colour].empty(), wins[colour].empty());
+            if (chances[colour].empty()) continue;
+            comparison.Add(chances[colour][0], chances[colour][1], wins[colour][0] / 60, 60);
+        }
+        if (files % 4 != 0) continue;
+        const std::string game = Printed("analyse --threads 1 --playouts 1 --game --settings " + file);
+        EXPECT_NE(game.find("\nsum "), std::string::npos);
+    }
+}
+
+// A change here means that the rules, the computer player or the dice of play-outs changed.
+TEST(AnalyseCommand, PrintsTheSameNumbersOnAnyNumberOfThreadsAndMachine) {
+    for (const char* threads : {"1", "3"}) {
+        const std::string text = Printed("analyse --settings " ZORVA_TEST_DATA
+                                         "/games/game36/expected.INI --playouts 200 --game --die 6 "
+                                         "--threads " +
+                                         std::string(threads));
+        EXPECT_NE(text.find("record 5 4 5 0.1111 0.1333 0.3444 0.4111 0.0611 0.0000 0.0000\n"),
+                  std::string::npos);
+        EXPECT_EQ(text.substr(text.find("luck 4")),
+                  "luck 4 0.1000 0.0636\nchoice 4 0.0000 0.0000\ncost 4 0.0000 0.0000\n"
+                  "sum 4 0.3278 0.1333 0.0000 0.0000 0.4611\n"
+                  "win 1 0.1400 0.0250\nwin 2 0.1050 0.0222\nwin 3 0.3400 0.0339\n"
+                  "win 4 0.4150 0.0352\nmove 4 62 68 0.4150 0.0352\n");
+    }
+}
+
+}  // namespace
+}  // namespace zorva::test
