@@ -47,11 +47,14 @@ public:
 
     // Neither a bonus move nor the end of a won game needs a throw.
     void PositionReached(const GameState& position) override {
+        if (HasWon(position)) won_ = position;
         stopped_ = position.ThrowNext && !HasWon(position) && used_ == throws_.size();
         if (stopped_) state_.GameInProgress = No;
     }
 
     bool HasStopped() const { return stopped_; }
+    /// The position in which the game was won; nothing before that.
+    const std::optional<GameState>& Won() const { return won_; }
 
 protected:
     // PositionReached stops the game before this would read beyond the last throw.
@@ -64,6 +67,7 @@ private:
     std::ostream& out_;
     std::size_t used_ = 0;
     bool stopped_ = false;
+    std::optional<GameState> won_;
 };
 
 // The 16 positions, the occupied slots as SQUARE.SLOT=CODE, and whose turn it is.
@@ -116,9 +120,10 @@ std::vector<Short> ReadThrows(const std::string& fileName) {
     return throws;
 }
 
-// Leaves the game in progress if the throws run out.
-void Play(GameState& state, const Settings& settings, Colour first, const std::vector<Short>& throws,
-          Wanted wanted, std::ostream& out) {
+// Leaves the game in progress if the throws run out. Returns the position in which it was won, if it
+// was.
+std::optional<GameState> Play(GameState& state, const Settings& settings, Colour first,
+                              const std::vector<Short>& throws, Wanted wanted, std::ostream& out) {
     // `settings` itself stays, so that a saved game has the persons that it had.
     const Settings played = WithoutPeople(settings);
     ScriptedWorld world(state, throws, wanted, out);
@@ -127,21 +132,24 @@ void Play(GameState& state, const Settings& settings, Colour first, const std::v
     PlayFrom(game, first);
     // Ending the game was only the way out of PlayFrom.
     if (world.HasStopped()) state.GameInProgress = Yes;
+    return world.Won();
 }
 
 }  // namespace
 
 void PlayCommand(const std::vector<std::string>& arguments, std::ostream& out) {
     const CommandLine options(arguments, {"--settings", "--first", "--dice", "--save"},
-                              {"--log", "--records"});
+                              {"--log", "--records", "--keep-won"});
     SettingsContent file = ReadSettingsArgument(options.Text("--settings"));
     const Colour first = FirstColour(options, file.settings);
     const std::vector<Short> throws = ReadThrows(options.Text("--dice"));
-    Play(file.state, file.settings, first, throws, {options.Has("--log"), options.Has("--records")},
-         out);
+    const auto won = Play(file.state, file.settings, first, throws,
+                          {options.Has("--log"), options.Has("--records")}, out);
     PrintPosition(file.state, out);
     PrintResult(file.state, file.settings, out);
-    // Written as it stands: a game that stopped can be continued in the window.
+    // Written as it stands: a game that stopped can be continued in the window, and one that was won is
+    // kept on demand as the window keeps it until its result has been answered.
+    if (won && options.Has("--keep-won")) file.state = *won;
     if (options.Has("--save")) WriteSettingsArgument(options.Text("--save"), file);
 }
 

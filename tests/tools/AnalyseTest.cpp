@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iostream>
 #include <iterator>
 #include <sstream>
 
@@ -94,57 +96,59 @@ private:
     std::vector<GameState> kept_;
 };
 
-/// Files to look at; ZORVA_GAME_FILES asks for more.
-int FilesToPlay() {
-    const char* wanted = std::getenv("ZORVA_GAME_FILES");
-    return wanted ? std::atoi(wanted) : 40;
-}
+/// The chi-square of wins in two series of as many games each, and its degrees of freedom.
+struct Deviation {
+    double chiSquare = 0, degrees = -1;
 
-/// Chances and shares of wins, and how much they differ.
-class Comparison {
-public:
-    void Add(double chance, double error, double share, double games) {
-        ASSERT_TRUE(chance >= 0 && chance <= 1);
-        if (error == 0) {
-            EXPECT_EQ(chance, share);  // the game is won
-            return;
-        }
-        const double variance = error * error + (share * (1 - share) + 1 / games) / games;
-        squares_ += (chance - share) * (chance - share) / variance;
-        ++count_;
+    void Add(double wins, double others) {
+        if (wins + others == 0) return;
+        chiSquare += (wins - others) * (wins - others) / (wins + others);
+        ++degrees;
     }
-
-    ~Comparison() { EXPECT_LT(squares_, 1.1 * count_); }
-
-private:
-    double squares_ = 0, count_ = 0;
 };
 
+/// Files to look at, and games from each; the variables ask for more of them, and for games of the book.
+int Wanted(const char* variable, int usual) {
+    const char* wanted = std::getenv(variable);
+    return wanted ? std::atoi(wanted) : usual;
+}
+
 TEST(AnalyseCommand, TellsTheChancesOfGamesThatEngineAndBookPlayOnAlike) {
+    const int files = Wanted("ZORVA_GAME_FILES", 40), games = Wanted("ZORVA_GAMES_OF_EACH", 60);
+    const char* how = std::getenv("ZORVA_GAMES_OF_EACH") ? " --by-the-book" : "";
     const TemporaryFolder folder;
     const std::string file = (folder / "GAME.INI").string();
-    Comparison comparison;
-    int files = 0;
-    for (std::uint64_t number = 0; files < FilesToPlay(); ++number) {
+    Deviation all{0, 0};
+    int looked = 0;
+    for (std::uint64_t number = 0; looked < files; ++number) {
         const std::string bytes = GameFiles(number).Next(number % 2 == 1);
         if (bytes.empty()) continue;
         SCOPED_TRACE("game " + std::to_string(number));
         WriteBytes(file, bytes);
-        const std::string die = ++files % 3 == 0 ? " --die " + std::to_string(1 + files % 6) : "";
-        const std::string match = "match --threads 1 --seed 1 --from " + file + die + " --games ";
+        const std::string die = ++looked % 3 == 0 ? " --die " + std::to_string(1 + looked % 6) : "";
+        const std::string match = "match --seed 1 --from " + file + die + " --games ";
         ASSERT_EQ(Printed(match + "2 --by-the-book"), Printed(match + "2"));
-        const auto wins = Numbers(Printed(match + "60"), "wins");
-        const auto text = Printed("analyse --threads 1 --playouts 60 --settings " + file + die);
+        const auto wins = Numbers(Printed(match + std::to_string(games) + how), "wins");
+        const auto text =
+            Printed("analyse --settings " + file + die + " --playouts " + std::to_string(games));
         const auto chances = Numbers(text, "win");
+        Deviation deviation;
         for (Colour colour = 1; colour <= ColourCount; ++colour) {
             ASSERT_EQ(chances[colour].empty(), wins[colour].empty());
             if (chances[colour].empty()) continue;
-            comparison.Add(chances[colour][0], chances[colour][1], wins[colour][0] / 60, 60);
+            const double chance = chances[colour][0];
+            ASSERT_TRUE(chance >= 0 && chance <= 1);
+            deviation.Add(std::round(chance * games), wins[colour][0]);
         }
-        if (files % 4 != 0) continue;
+        EXPECT_LT(deviation.chiSquare, 19.2);  // fewer than one in 4,000 reach this by chance
+        all.chiSquare += deviation.chiSquare;
+        all.degrees += std::max(deviation.degrees, 0.0);
+        if (looked % 4 != 0) continue;
         const std::string game = Printed("analyse --threads 1 --playouts 1 --game --settings " + file);
         EXPECT_NE(game.find("\nsum "), std::string::npos);
     }
+    std::cout << "chi-square " << all.chiSquare << ", " << all.degrees << " degrees of freedom\n";
+    EXPECT_LT(all.chiSquare, all.degrees + 4 * std::sqrt(2 * all.degrees));
 }
 
 // A change here means that the rules, the computer player or the dice of play-outs changed.
