@@ -139,7 +139,7 @@ BENCHMARK(DecideByEngine)->Name("one decision, engine, level")->Arg(0)->Arg(50)-
 
 template <GameTotals (MatchGames::*Play)(std::uint64_t) const>
 void PlayGame(benchmark::State& run) {
-    const MatchGames games(OfLevel(static_cast<Short>(run.range(0))), 0);
+    const MatchGames games({OfLevel(static_cast<Short>(run.range(0))), 0});
     std::uint64_t number = 0;
     for (auto _ : run) benchmark::DoNotOptimize((games.*Play)(number++));
     run.SetItemsProcessed(run.iterations());

@@ -34,17 +34,26 @@ public:
     /// piece leaves the box, the captured piece returns to its own, the turn passes.
     void Make(const MoveChoice& choice);
 
-    /// Plays to the end and returns the winner. `nextFace(moment)` throws for the seat on turn.
-    template <typename NextFace>
-    std::optional<Seat> Play(NextFace nextFace) {
+    /// Plays to the end and returns the winner. `nextFace(moment)` throws for the seat on turn, and
+    /// `choose(moment)` makes its decision.
+    template <typename NextFace, typename Choose>
+    std::optional<Seat> Play(NextFace nextFace, Choose choose) {
         while (!IsOver()) {
             if (now_.IsThrowDue()) {
                 TakeThrow(nextFace(now_));
             } else {
-                Make(ChooseMove(now_.position, rules_, now_.seat, now_.due));
+                Make(choose(now_));
             }
         }
         return Winner();
+    }
+
+    /// The same, and all seats choose at their levels.
+    template <typename NextFace>
+    std::optional<Seat> Play(NextFace nextFace) {
+        return Play(nextFace, [this](const Moment& now) {
+            return ChooseMove(now.position, rules_, now.seat, now.due);
+        });
     }
 
     /// Pieces captured since the start.

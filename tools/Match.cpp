@@ -8,8 +8,6 @@
 #include <thread>
 #include <vector>
 
-#include "tools/MatchGames.h"
-
 namespace zorva {
 namespace {
 
@@ -57,7 +55,7 @@ public:
 private:
     void PlayShare() {
         MatchTotals mine;
-        const MatchGames games(plan_.settings, plan_.seed, plan_.start ? &*plan_.start : nullptr);
+        const MatchGames games(plan_);
         for (;;) {
             const std::uint64_t first = handedOut_.fetch_add(gamesAtOnce);
             const std::uint64_t last = std::min(first + gamesAtOnce, plan_.games);

@@ -2,9 +2,8 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 
-#include "tools/GameInFile.h"
+#include "tools/MatchGames.h"
 
 namespace zorva {
 
@@ -31,13 +30,10 @@ struct MatchTotals {
     bool operator==(const MatchTotals&) const = default;
 };
 
-/// A match to be played. The computer plays all colours, even those that the settings give to a person.
-struct MatchPlan {
-    Settings settings;
+/// A match to be played.
+struct MatchPlan : GamesPlan {
     std::uint64_t games = 0;
-    std::uint64_t seed = 0;
     unsigned threads = 1;
-    std::optional<GameInFile> start;  ///< the game that is played on; without it they are new ones
     bool byTheBook = false;  ///< played by the core, whose rules define the game, not by the engine
 };
 

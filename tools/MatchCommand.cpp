@@ -60,6 +60,21 @@ void TakeRules(const CommandLine& options, Settings& settings) {
     settings.RuleFiveSomeInBox = rules[3];
 }
 
+// "C,N": the colour and its play-outs for each move.
+void TakeThinker(const CommandLine& options, MatchPlan& plan) {
+    const std::string& text = options.Text("--thinker");
+    const auto comma = std::min(text.find(','), text.size());
+    const auto colour = WholeNumber(std::string_view(text).substr(0, comma));
+    const auto playOuts = WholeNumber(std::string_view(text).substr(std::min(comma + 1, text.size())));
+    if (!colour || *colour < 1 || *colour > ColourCount || !playOuts || *playOuts == 0) {
+        throw Failure("--thinker takes a colour and a number of play-outs such as 1,200, not \"" + text +
+                      "\"");
+    }
+    if (plan.byTheBook) throw Failure("--thinker excludes --by-the-book");
+    plan.thinker = static_cast<Colour>(*colour);
+    plan.playOuts = *playOuts;
+}
+
 // The game to be played on has its own settings.
 void TakeStart(const CommandLine& options, MatchPlan& plan) {
     for (const char* other : {"--settings", "--levels", "--players", "--rules", "--order"}) {
@@ -75,6 +90,7 @@ MatchPlan ReadPlan(const CommandLine& options) {
     plan.seed = options.Number("--seed", 0, UINT64_MAX);
     plan.threads = ThreadsOf(options);
     plan.byTheBook = options.Has("--by-the-book");
+    if (options.Has("--thinker")) TakeThinker(options, plan);
     if (options.Has("--from")) {
         TakeStart(options, plan);
         return plan;
@@ -149,7 +165,7 @@ void PrintSpeed(std::ostream& out, const MatchPlan& plan, const MatchTotals& tot
 void MatchCommand(const std::vector<std::string>& arguments, std::ostream& out, std::ostream* progress) {
     const CommandLine options(arguments,
                               {"--games", "--seed", "--threads", "--settings", "--levels", "--players",
-                               "--rules", "--order", "--from", "--die"},
+                               "--rules", "--order", "--from", "--die", "--thinker"},
                               {"--by-the-book"});
     const MatchPlan plan = ReadPlan(options);
     const auto tell = [&](std::uint64_t finished) {

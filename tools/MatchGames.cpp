@@ -6,6 +6,7 @@
 #include "core/Ending.h"
 #include "core/GameStart.h"
 #include "engine/Game.h"
+#include "engine/PositionAnalysis.h"
 #include "tools/WithoutPeople.h"
 
 namespace zorva {
@@ -57,12 +58,11 @@ std::vector<Colour> ColoursTakingPart(const Settings& settings) {
 
 }  // namespace
 
-MatchGames::MatchGames(const Settings& settings, std::uint64_t seed, const GameInFile* start)
-    : settings_(WithoutPeople(settings)),
-      rules_(settings),
-      seed_(seed),
-      start_(start),
-      takingPart_(ColoursTakingPart(settings)) {}
+MatchGames::MatchGames(const GamesPlan& plan)
+    : plan_(plan),
+      settings_(WithoutPeople(plan.settings)),
+      rules_(settings_),
+      takingPart_(ColoursTakingPart(settings_)) {}
 
 Colour MatchGames::DrawFirst(Chance& chance) const {
     return takingPart_[chance.Below(static_cast<std::uint32_t>(takingPart_.size()))];
@@ -78,35 +78,48 @@ Short MatchGames::PointsOfWinner(const engine::Position& position, engine::Seat 
 }
 
 engine::Moment MatchGames::Start(Chance& chance) const {
-    if (start_) return start_->Start(rules_);
+    if (plan_.start) return plan_.start->Start(rules_);
     return {engine::Position(rules_.sixValue), engine::SeatOf(DrawFirst(chance))};
 }
 
+// The first of the best.
+engine::MoveChoice MatchGames::BestByPlayOuts(const engine::Moment& now, std::uint64_t seed) const {
+    const engine::PositionAnalysis analysis(now, settings_, seed);
+    if (analysis.Moves().empty()) return {};
+    const bool isOnly = analysis.Moves().size() == 1;
+    const auto tally = analysis.Games().Play(0, isOnly ? 0 : plan_.playOuts, 1);
+    return analysis.Moves()[analysis.BestMove(tally)];
+}
+
 GameTotals MatchGames::PlayByEngine(std::uint64_t number) const {
-    Chance chance(seed_, number);
+    Chance chance(plan_.seed, number), thought(~plan_.seed, number);
     GameTotals totals;
-    const engine::Moment start = Start(chance);
-    engine::Game game(rules_, start);
-    totals.first = start_ ? start_->position.CurrentColour : engine::ColourAt(start.seat);
+    engine::Game game(rules_, Start(chance));
+    totals.first = plan_.start ? plan_.start->position.CurrentColour : engine::ColourAt(game.Now().seat);
     const auto winner =
-        game.Play([&](const engine::Moment&) { return static_cast<unsigned>(chance.Face()); });
+        game.Play([&](const engine::Moment&) { return static_cast<unsigned>(chance.Face()); },
+                  [&](const engine::Moment& now) {
+                      if (engine::ColourAt(now.seat) == plan_.thinker)
+                          return BestByPlayOuts(now, thought.Next());
+                      return engine::ChooseMove(now.position, rules_, now.seat, now.due);
+                  });
     if (winner) {
         totals.winner = engine::ColourAt(*winner);
         totals.points = PointsOfWinner(game.Now().position, *winner);
     }
-    totals.moves = game.Now().moves - (start_ ? start_->position.MoveRecordCount - 1 : 0);
+    totals.moves = game.Now().moves - (plan_.start ? plan_.start->position.MoveRecordCount - 1 : 0);
     totals.captures = game.Captures();
     totals.decisions = game.Decisions();
     return totals;
 }
 
 GameTotals MatchGames::PlayByTheBook(std::uint64_t number) const {
-    Chance chance(seed_, number);
+    Chance chance(plan_.seed, number);
     GameTotals totals;
-    CountingWorld world(chance, start_ ? start_->die : Short{0}, totals);
-    if (start_) {
-        GameState state = start_->content.state;
-        totals.first = start_->position.CurrentColour;
+    CountingWorld world(chance, plan_.start ? plan_.start->die : Short{0}, totals);
+    if (plan_.start) {
+        GameState state = plan_.start->content.state;
+        totals.first = plan_.start->position.CurrentColour;
         ContinueGame({state, settings_, world});
         return totals;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "engine/Chance.h"
@@ -20,12 +21,22 @@ struct GameTotals {
     bool operator==(const GameTotals&) const = default;
 };
 
+/// What the games of a match have in common. The computer plays all colours, even those that the
+/// settings give to a person.
+struct GamesPlan {
+    Settings settings;
+    std::uint64_t seed = 0;
+    std::optional<GameInFile> start =
+        std::nullopt;    ///< the game that is played on; without it they are new ones
+    Colour thinker = 0;  ///< the colour that chooses by play-outs, in games of the engine; 0 for none
+    std::uint64_t playOuts = 0;  ///< of each of its legal moves
+};
+
 /// The games of a match. Each can be played by the engine, which is fast, or by the core, which defines
 /// the rules; the results are the same. The computer plays all colours that take part.
 class MatchGames {
 public:
-    /// New games, or with `start`, which has to outlive them, games that go on from there.
-    MatchGames(const Settings& settings, std::uint64_t seed, const GameInFile* start = nullptr);
+    explicit MatchGames(const GamesPlan& plan);
 
     /// Plays game `number`. Its chance comes from the seed and the number alone: the first thing drawn
     /// for a new game is the colour that begins, each taking part as likely as the others, then one face
@@ -38,10 +49,11 @@ private:
     engine::Moment Start(Chance& chance) const;
     Short PointsOfWinner(const engine::Position& position, engine::Seat winner) const;
 
+    engine::MoveChoice BestByPlayOuts(const engine::Moment& now, std::uint64_t seed) const;
+
+    const GamesPlan plan_;
     const Settings settings_;
     const engine::GameRules rules_;
-    const std::uint64_t seed_;
-    const GameInFile* const start_;
     std::vector<Colour> takingPart_;
 };
 

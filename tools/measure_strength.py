@@ -3,8 +3,8 @@
 
     tools/measure_strength.py [--games N] [--sim build/play/tools/zorva-sim] [--keep FILE]
 
-Plays N games, 100,000 unless given, for each point of the tables. The same N gives the same tables on every
-machine. FILE keeps the results of the matches played, so that a run that was interrupted continues where
+Plays N games, 100,000 unless given, for each point of the tables, and a hundredth of that with the player who
+chooses by play-outs, which takes most of the time. The same N gives the same tables on every machine. FILE keeps the results of the matches played, so that a run that was interrupted continues where
 it stopped. Needs python3-matplotlib.
 """
 
@@ -21,6 +21,7 @@ import report
 
 COLOURS = ("yellow", "blue", "red", "green")
 LEVELS = range(0, 101, 10)
+PLAY_OUTS = 200
 # The default rules, in the order of zorva-sim's option --rules, and the other answer to each.
 USUAL_RULES = (2, 1, 1, 1)
 OTHER_RULES = ("a six with none in the box counts 7, not 12",
@@ -66,9 +67,11 @@ class Sim:
 class Match:
     """The result of one run of zorva-sim match."""
 
-    def __init__(self, sim, games, levels, players=(1, 1, 1, 1), rules=USUAL_RULES, order=2):
+    def __init__(self, sim, games, levels, players=(1, 1, 1, 1), rules=USUAL_RULES, order=2,
+                 thinker=None):
         words = ["--games", games, "--levels", self.listed(levels), "--players", self.listed(players),
                  "--rules", self.listed(rules), "--order", order]
+        words += ["--thinker", thinker] if thinker else []
         words = [str(word) for word in words]
         # The seed depends on the match alone: different matches have different games, the same in every run.
         words += ["--seed", str(zlib.crc32(" ".join(words).encode()))]
@@ -90,16 +93,18 @@ class Match:
         return ",".join(str(number) for number in numbers)
 
 
-def one_against_others(sim, games, level, others, seats):
+def one_against_others(sim, games, level, others, seats, play_outs=0):
     """Wins and games of `level`, which takes each of the seats for an equal share of the games; the other
-    players, of level `others`, take the rest of the seats."""
+    players, of level `others`, take the rest of the seats. With `play_outs` it chooses by that many of each
+    move."""
     players = tuple(1 if seat in seats else 2 for seat in range(4))
     wins = 0
     share = games // len(seats)
     for seat in seats:
         levels = [others] * 4
         levels[seat] = level
-        wins += Match(sim, share, levels, players).wins[seat]
+        thinker = f"{seat + 1},{play_outs}" if play_outs else None
+        wins += Match(sim, share, levels, players, thinker=thinker).wins[seat]
     return wins, share * len(seats)
 
 
@@ -127,6 +132,8 @@ def measure(sim, games):
         found["rules"].append([Match(sim, 2 * games, [100] * 4, players, rules)
                                for players in ((1, 1, 1, 1), (1, 2, 1, 2))])
     print("measured seats and rules", file=sys.stderr)
+    found["play-outs"] = [one_against_others(sim, games // 100, 100, 100, seats, PLAY_OUTS)
+                          for seats in (FOUR, TWO)]
     return found
 
 
@@ -149,6 +156,7 @@ def tables(found):
     seats = [[level, "1, 2, 3, 4" if order == 2 else "4, 3, 2, 1"] +
              [text_of(match.wins[seat], match.games) for seat in FOUR]
              for (level, order), match in found["seats"].items()]
+    thinker = [[PLAY_OUTS] + [text_of(*result) for result in found["play-outs"]]]
     rules = []
     for name, (four, two) in zip(("as the game begins with them",) + OTHER_RULES, found["rules"]):
         rules.append([name, text_of(four.by_turn[0] * four.games, four.games),
@@ -160,6 +168,8 @@ def tables(found):
         "threshold": table(["level", "wins against three of 50, %"], threshold),
         "lengths": table(["all of level", "four-handed", "two-handed"], lengths),
         "seats": table(["all of level", "turn goes"] + list(COLOURS), seats),
+        "play-outs": table(["play-outs of each move", "against three of level 100", "against one of level 100"],
+                           thinker),
         "rules": table(["rules", "first of four wins, %", "first of two wins, %", "moves, four",
                         "moves, two"], rules),
     }
