@@ -138,7 +138,8 @@ private:
         const Moment next = MomentOf(expected_);
         if (cause_ != Cause::Nothing) AddChange(cause_, record_, games_.AddMoment(next));
         for (const std::size_t other : others_) {
-            worths_[record_].better.emplace_back(worths_[record_].luck.seat).AddChange(here_, other);
+            worths_[record_].better.push_back({});
+            worths_[record_].better.back().AddChange(here_, other);
         }
         others_.clear();
         for (; ended_ + 1 < static_cast<std::size_t>(board_.MoveRecordCount); ++ended_) {
