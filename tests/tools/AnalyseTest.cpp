@@ -44,7 +44,7 @@ PerColour<std::vector<double>> Numbers(const std::string& text, const std::strin
 /// given the turn, the players or the rules other values.
 class GameFiles {
 public:
-    explicit GameFiles(std::uint64_t number) : game_(12, number, 600), odd_(10, number) {
+    explicit GameFiles(std::uint64_t number) : game_(16, number, 600), odd_(10, number) {
         game_.atPosition = [this](const GameState& position) {
             if (position.MoveRecordCount >= 2 && odd_.Below(40) == 0) kept_.push_back(position);
         };
@@ -54,6 +54,7 @@ public:
     /// The bytes of one that is read; nothing if there is none.
     std::string Next(bool odd) {
         while (!kept_.empty()) {
+            std::swap(kept_.back(), kept_[odd_.Below(static_cast<std::uint32_t>(kept_.size()))]);
             GameState state = std::move(kept_.back());
             kept_.pop_back();
             Settings settings = game_.kind.settings;
@@ -71,10 +72,9 @@ private:
     Short Either() { return static_cast<Short>(1 + odd_.Below(2)); }
 
     void Change(GameState& state, Settings& settings) {
-        for (Colour colour = 1; colour <= ColourCount; ++colour) {
-            settings.PlayerActive[colour] = Either();
-            settings.PlayerType[colour] = Either();
-        }
+        // The pieces of a colour that is switched off stand in the way of all others.
+        settings.PlayerActive[1 + odd_.Below(ColourCount)] = Either();
+        for (Short& type : settings.PlayerType) type = Either();
         for (Short* rule : {&settings.PlayOrder, &settings.RuleSixAllOut, &settings.RuleLeaveAllInBox,
                             &settings.RuleFiveAllInBox, &settings.RuleFiveSomeInBox}) {
             *rule = Either();
