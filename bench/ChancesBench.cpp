@@ -64,8 +64,8 @@ double TimeOf(const std::function<void()>& work) {
 
 /// The median of what a measurement gives, which is made several times.
 double Median(const std::function<double()>& measure) {
-    std::vector<double> results;
-    for (int round = 0; round < rounds; ++round) results.push_back(measure());
+    std::vector<double> results(rounds);
+    for (double& result : results) result = measure();
     std::nth_element(results.begin(), results.begin() + rounds / 2, results.end());
     return results[rounds / 2];
 }
