@@ -21,7 +21,7 @@ import report
 
 NAMES = ("Amarillo", "Azul", "Rojo", "Verde")
 COLOURS = ("yellow", "blue", "red", "green")
-PLAYOUTS, LUCK_PLAYOUTS = 1000, 100
+PLAYOUTS, LUCK_PLAYOUTS = 500, 50
 COMPUTER, PERSON = 1, 2
 Z99 = 2.575829  # 99 of 100 normal deviations are smaller
 
@@ -35,7 +35,7 @@ class Game:
         self.taking_part = self.chance.sample(range(4), self.chance.choice((2, 3, 4)))
         kinds = (COMPUTER, PERSON) if with_persons else (COMPUTER,)
         self.types = [self.chance.choice(kinds) for _ in range(4)]
-        self.throws = [self.chance.randint(1, 6) for _ in range(6000)]
+        self.throws = self.chance.choices(range(1, 7), k=6000)
         rules = [self.chance.choice((1, 2)) for _ in range(5)]
         with open(self.file + ".INI", "w", encoding="ascii", newline="\r\n") as file:
             for colour, name in enumerate(NAMES):
