@@ -40,6 +40,12 @@ PerColour<std::vector<double>> Numbers(const std::string& text, const std::strin
     return found;
 }
 
+double TotalOf(const PerColour<std::vector<double>>& numbers) {
+    double total = 0;
+    for (const auto& ofColour : numbers) total += ofColour.empty() ? 0 : ofColour[0];
+    return total;
+}
+
 /// Files with games in progress and won, of all rules and players. Every other file is odd: a hand has
 /// given the turn, the players or the rules other values.
 class GameFiles {
@@ -126,11 +132,15 @@ TEST(AnalyseCommand, TellsTheChancesOfGamesThatEngineAndBookPlayOnAlike) {
         SCOPED_TRACE("game " + std::to_string(number));
         WriteBytes(file, bytes);
         const std::string die = ++looked % 3 == 0 ? " --die " + std::to_string(1 + looked % 6) : "";
-        const std::string match = "match --seed 1 --from " + file + die + " --games ";
-        ASSERT_EQ(Printed(match + "2 --by-the-book"), Printed(match + "2"));
-        const auto wins = Numbers(Printed(match + std::to_string(games) + how), "wins");
-        const auto text =
-            Printed("analyse --settings " + file + die + " --playouts " + std::to_string(games));
+        const std::string match = "match --threads 2 --seed 1 --from " + file + die + " --games ";
+        const auto two = Printed(match + "2");
+        ASSERT_EQ(Printed(match + "2 --by-the-book"), two);
+        // Games that nobody can win are too long for the book.
+        const bool isEndless = !two.empty() && TotalOf(Numbers(two, "wins")) < 2;
+        const auto played = match + std::to_string(games) + (isEndless ? "" : how);
+        const auto wins = Numbers(Printed(played), "wins");
+        const auto text = Printed("analyse --threads 2 --settings " + file + die + " --playouts " +
+                                  std::to_string(games));
         const auto chances = Numbers(text, "win");
         Deviation deviation;
         for (Colour colour = 1; colour <= ColourCount; ++colour) {
