@@ -87,7 +87,8 @@ void TakeStart(const CommandLine& options, MatchPlan& plan) {
 MatchPlan ReadPlan(const CommandLine& options) {
     MatchPlan plan;
     plan.games = options.Number("--games", 1, mostGames);
-    plan.seed = options.Number("--seed", 0, UINT64_MAX);
+    const bool hasUsualSeed = options.Has("--from") && !options.Has("--seed");
+    plan.seed = hasUsualSeed ? 1 : options.Number("--seed", 0, UINT64_MAX);
     plan.threads = ThreadsOf(options);
     plan.byTheBook = options.Has("--by-the-book");
     if (options.Has("--thinker")) TakeThinker(options, plan);
