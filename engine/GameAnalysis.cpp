@@ -64,7 +64,11 @@ MoveChoice MoveOf(const MoveRecord& record) {
 class GameAnalysis::Builder {
 public:
     Builder(GameAnalysis& analysis, const GameState& game, const Settings& settings)
-        : analysis_(analysis), games_(analysis.games_), game_(game), settings_(settings) {
+        : analysis_(analysis),
+          unused_(analysis.games_),
+          games_(analysis.games_),
+          game_(game),
+          settings_(settings) {
         board_.SixValue = game.SixValue;
         board_.MoveRecords = game.MoveRecords;
         board_.MoveRecordCount = 1;
@@ -73,14 +77,16 @@ public:
 
     void Build() {
         expected_ = worths_.empty() ? TurnAtEnd() : TurnBefore(RecordNow(), {});
-        here_ = games_.AddMoment(MomentOf(expected_));
+        Restart(MomentOf(expected_));
         for (; board_.MoveRecordCount < game_.MoveRecordCount; ++board_.MoveRecordCount) {
             if (!FollowsByItself()) Begin(RecordNow());
             ExecuteMove({board_, settings_, outside_}, ExecutionMode::Forward, board_.MoveRecordCount);
             expected_ = TurnAfter(RecordNow(), games_.Rules());
         }
-        Reach(TurnAtEnd());
+        const Moment end = Reach(TurnAtEnd());
+        if (worths_.size() < analysis_.first_) Restart(end);
         AddFigures();
+        analysis_.end_ = here_;
     }
 
 private:
@@ -132,6 +138,14 @@ private:
         here_ = to;
     }
 
+    /// Forgets all that was added before that moment.
+    void Restart(const Moment& moment) {
+        games_ = unused_;
+        luck_ = choice_ = shift_ = {};
+        ownLuck_ = ownChoice_ = {};
+        here_ = games_.AddMoment(moment);
+    }
+
     /// Ends the step begun last at the moment that the rules say comes next, and goes on to that of the
     /// given turn.
     Moment Reach(const Turn& turn) {
@@ -164,10 +178,11 @@ private:
 
     /// Begins the step of a record. Its change ends where the next step begins.
     void Begin(const MoveRecord& record) {
-        Game game(games_.Rules(), Reach(TurnBefore(record, expected_)));
+        const Moment moment = Reach(TurnBefore(record, expected_));
+        Game game(games_.Rules(), moment);
         record_ = static_cast<std::size_t>(board_.MoveRecordCount - 1);
-        const Seat seat = game.Now().seat;
-        worths_[record_].luck.seat = worths_[record_].choice.seat = seat;
+        if (record_ + 1 == analysis_.first_) Restart(moment);
+        worths_[record_].luck.seat = worths_[record_].choice.seat = moment.seat;
         if (record.Manual) {
             cause_ = Cause::Shift;
             return;
@@ -221,13 +236,13 @@ private:
         for (std::size_t moment = 0; moment < games_.Moments(); ++moment) {
             for (Seat seat = 0; seat < SeatCount; ++seat) games_.AddFigure({seat, {{moment, 1}}});
         }
-        for (const Worth& worth : worths_) analysis_.records_.push_back(FiguresOf(worth));
+        for (std::size_t record = analysis_.first_; record <= worths_.size(); ++record)
+            analysis_.records_.push_back(FiguresOf(worths_[record - 1]));
         for (Seat seat = 0; seat < SeatCount; ++seat) {
             analysis_.seats_[seat] = {AddFigure(seat, ownLuck_[seat]), AddFigure(seat, ownChoice_[seat]),
                                       AddFigure(seat, luck_), AddFigure(seat, choice_),
                                       AddFigure(seat, shift_)};
         }
-        analysis_.end_ = here_;
     }
 
     RecordFigures FiguresOf(const Worth& worth) {
@@ -244,6 +259,7 @@ private:
     }
 
     GameAnalysis& analysis_;
+    const PlayOuts unused_;
     PlayOuts& games_;
     const GameState& game_;
     const Settings& settings_;
@@ -264,8 +280,9 @@ private:
     Figure luck_, choice_, shift_;
 };
 
-GameAnalysis::GameAnalysis(const GameState& game, const Settings& settings, std::uint64_t seed)
-    : games_(settings, seed) {
+GameAnalysis::GameAnalysis(const GameState& game, const Settings& settings, std::uint64_t seed,
+                           std::size_t first)
+    : games_(settings, seed), first_(first) {
     Builder(*this, game, settings).Build();
 }
 
@@ -297,7 +314,7 @@ Estimate GameAnalysis::CostsOf(Seat seat, const Tally& tally) const {
 }
 
 RecordWorth GameAnalysis::OfRecord(std::size_t record, const Tally& tally) const {
-    const RecordFigures& figures = records_[record - 1];
+    const RecordFigures& figures = records_[record - first_];
     RecordWorth worth{
         {}, games_.Of(tally, figures.luck), games_.Of(tally, figures.choice), CostOf(figures, tally)};
     for (Seat seat = 0; seat < SeatCount; ++seat) {

@@ -45,15 +45,21 @@ class GameAnalysis {
 public:
     /// `game` is a game in progress, or won, as PositionReached (core/Outside.h) hands it over. Its
     /// records must be sound: each can be carried out where the ones before it lead.
-    GameAnalysis(const GameState& game, const Settings& settings, std::uint64_t seed);
+    ///
+    /// Only the records from `first` on are analysed; it must begin a throw, a bonus move or a
+    /// displacement. So a game that goes on needs no more than an analysis of its new records: with the
+    /// same seed and as many play-outs it begins with the very chances at which the one before it ended,
+    /// and all sums add up.
+    GameAnalysis(const GameState& game, const Settings& settings, std::uint64_t seed,
+                 std::size_t first = 1);
 
     /// The games to be played on, from some moments for each record. Estimates are read with their
     /// tally.
     const PlayOuts& Games() const { return games_; }
 
-    /// The number of records.
+    /// The number of records analysed.
     std::size_t Records() const { return records_.size(); }
-    /// The worth of a record, which are numbered from 1 as in GameState::MoveRecords.
+    /// The worth of a record from `first` on, numbered as in GameState::MoveRecords.
     RecordWorth OfRecord(std::size_t record, const Tally& tally) const;
     SeatWorth OfSeat(Seat seat, const Tally& tally) const;
 
@@ -76,7 +82,8 @@ private:
     Estimate CostsOf(Seat seat, const Tally& tally) const;
 
     PlayOuts games_;
-    std::vector<RecordFigures> records_;
+    std::size_t first_;
+    std::vector<RecordFigures> records_;  // from first_ on
     std::array<SeatFigures, SeatCount> seats_{};
     std::size_t end_ = 0;  // the moment at which the records end
 };

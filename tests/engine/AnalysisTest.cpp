@@ -185,7 +185,7 @@ public:
     const PlayOuts& Games() const { return games_; }
     const Settings& Rules() const { return game_.kind.settings; }
 
-    GameState end;
+    GameState middle, end;
     int unrecordedSixes = 0;
     Figure shift;
 
@@ -227,6 +227,7 @@ private:
         open_ = Open::Throw;
         here_ = reached;
         end = position;
+        if (worths_.size() < 70) middle = position;
     }
 
     void Begin(const MoveRecord& record) {
@@ -301,6 +302,32 @@ TEST_P(GameAnalysisTest, DividesTheChangesAmongDiceChoicesAndDisplacements) {
         EXPECT_EQ(worth.end.value, engine::SeatOf(game.end.CurrentColour) == seat ? 1 : 0);
     }
 }
+TEST_P(GameAnalysisTest, GoesOnWithTheNewRecordsOfAGame) {
+    const WatchedGame game(GetParam());
+    const auto first = static_cast<std::size_t>(game.middle.MoveRecordCount);
+    const GameAnalysis whole(game.end, game.Rules(), 5), before(game.middle, game.Rules(), 5),
+        after(game.end, game.Rules(), 5, first), nothing(game.end, game.Rules(), 5, whole.Records() + 1);
+    ASSERT_EQ(before.Records() + after.Records(), whole.Records());
+    const Tally all = whole.Games().Play(0, 20, 1), early = before.Games().Play(0, 20, 1),
+                late = after.Games().Play(0, 20, 1), none = nothing.Games().Play(0, 20, 1);
+    for (std::size_t record = 1; record <= whole.Records(); ++record) {
+        const engine::RecordWorth worth = record < first ? before.OfRecord(record, early)
+                                                         : after.OfRecord(record, late),
+                                  expected = whole.OfRecord(record, all);
+        EXPECT_EQ(worth.luck.value, expected.luck.value) << record;
+        EXPECT_EQ(worth.cost.value, expected.cost.value) << record;
+        EXPECT_EQ(worth.chances[0].value, expected.chances[0].value) << record;
+    }
+    const SeatWorth sum = whole.OfSeat(2, all), one = before.OfSeat(2, early),
+                    two = after.OfSeat(2, late);
+    EXPECT_EQ(one.end.value, two.start.value);
+    EXPECT_EQ(two.end.value, sum.end.value);
+    EXPECT_NEAR(one.own.luck.value + two.own.luck.value, sum.own.luck.value, 1e-9);
+    EXPECT_NEAR(one.shift.value + two.shift.value, sum.shift.value, 1e-9);
+    EXPECT_EQ(nothing.Records() + nothing.Games().Moments(), 1);
+    EXPECT_EQ(nothing.OfSeat(2, none).start.value, sum.end.value);
+}
+
 // Both have an unrecorded third six and pieces dragged by hand, the second also a second piece out with
 // one five and a capture on an exit.
 INSTANTIATE_TEST_SUITE_P(Games, GameAnalysisTest, testing::Values(71, 1191));
