@@ -180,5 +180,14 @@ TEST(AnalyseCommand, PrintsTheSameNumbersOnAnyNumberOfThreadsAndMachine) {
     }
 }
 
+TEST(AnalyseCommand, KnowsWhoHasWonAGameThatPlayHasKept) {
+    const TemporaryFolder folder;
+    const std::string file = (folder / "WON.INI").string(), game = ZORVA_TEST_DATA "/games/game04/";
+    Printed("play --settings " + game + "in.INI --first 1 --dice " + game +
+            "dice.txt --keep-won --save " + file);
+    EXPECT_EQ(Printed("analyse --playouts 5 --settings " + file),
+              "win 1 1.0000 0.0000\nwin 2 0.0000 0.0000\nwin 3 0.0000 0.0000\nwin 4 0.0000 0.0000\n");
+}
+
 }  // namespace
 }  // namespace zorva::test
