@@ -357,7 +357,8 @@ TEST_F(OnTheBoard, APieceLiftedByKeyIsPutBackByWhateverComesBetween) {
         state.WaitingForThrow = recorder.RecorderOn = recorded ? Yes : No;
         Keys({Qt::Key_F10, Qt::Key_Tab, Qt::Key_Space});
         EXPECT_EQ(state.ManualMode, No);
-        EXPECT_TRUE(said.last().startsWith("El modo manual se activa solo cuando")) << said.last().toStdString();
+        EXPECT_TRUE(said.last().startsWith("El modo manual se activa solo cuando"))
+            << said.last().toStdString();
     }
 }
 
