@@ -1,6 +1,8 @@
 #include "app/BoardPainter.h"
 
+#include <algorithm>
 #include <cmath>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -178,13 +180,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
     const BoardView::ShownMove& shown = view.preview.piece != 0 ? view.preview : view.shown;
     PaintShownMove(painter, view, shown, part);
-    std::vector<PieceCode> pieces;
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-            const PieceCode code = CodeOf(colour, piece);
-            if (code != view.inAir && PieceArea(view, code).intersects(part)) pieces.push_back(code);
-        }
-    }
+    const std::vector<PieceCode> pieces = PiecesFromBehind(view, part);
     // The rings first, or the ring of one piece would lie on the piece beside it.
     for (const PieceCode code : pieces) PaintRingOf(painter, view, shown, code);
     for (const PieceCode code : pieces) PaintPiece(painter, view, code);
@@ -193,6 +189,22 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     if (view.inAir == 0) return;
     PaintPiece(painter, view, view.inAir);
     if (view.counted != 0) PaintCount(painter, view);
+}
+
+// The pieces on the ground. What stands lower on the screen is nearer and covers what stands higher.
+std::vector<PieceCode> BoardPainter::PiecesFromBehind(const BoardView& view, const QRect& part) const {
+    std::vector<PieceCode> pieces;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+            const PieceCode code = CodeOf(colour, piece);
+            if (code != view.inAir && PieceArea(view, code).intersects(part)) pieces.push_back(code);
+        }
+    }
+    std::stable_sort(pieces.begin(), pieces.end(), [&](PieceCode one, PieceCode other) {
+        return std::tuple(view.at[one].y(), view.at[one].x()) <
+               std::tuple(view.at[other].y(), view.at[other].x());
+    });
+    return pieces;
 }
 
 void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings,

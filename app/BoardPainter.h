@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <QRect>
 #include <functional>
+#include <vector>
 
 #include "app/Background.h"
 #include "app/BoardView.h"
@@ -59,6 +60,7 @@ public:
 private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour,
                     const QRect& part);
+    std::vector<PieceCode> PiecesFromBehind(const BoardView& view, const QRect& part) const;
     void PaintLight(QPainter& painter, Colour colour, const QRect& part);
     const QPixmap& CachedPixmap(const QString& name, QSize size,
                                 const std::function<void(QPainter&)>& draw);

@@ -267,6 +267,27 @@ TEST(BoardPicture, KeepsNothingOfAnotherScreen) {
     EXPECT_EQ(artwork.Pixmap("die_1", {20, 40}).size(), QSize(20, 40));
 }
 
+// In the pairs of the arms at the sides one piece lies half on the other.
+TEST(BoardPicture, LetsTheLowerPieceCoverTheHigher) {
+    for (const QSize screen : screens) {
+        Board board(screen);
+        for (const Square square : {9, 12, 16, 17, 18, 25, 43, 50, 52, 55, 59}) {
+            const std::string pair =
+                " " + std::to_string(square) + " " + std::to_string(square) + " 0 0";
+            board.state = Position("1:" + pair);
+            board.scene.Refresh();
+            const PieceCode front = board.PlaceOf(11).y > board.PlaceOf(12).y ? 11 : 12;
+            QRect body(0, 0, 3, qRound(0.9 * board.layout.PieceSize * board.layout.Unit));
+            body.moveCenter(board.Device(board.PlaceOf(front)));
+            const QImage both = board.Painted().copy(body);
+            board.state.PiecePosition[1][front == 11 ? 2 : 1] = 0;
+            board.scene.Refresh();
+            EXPECT_EQ(Text(Difference(board.Painted().copy(body), both)), "")
+                << "square " << square << " on " << NameOf(screen);
+        }
+    }
+}
+
 // No ring reaches the corners of the frame, 17 of the 28 units of a piece's size from its centre.
 TEST(BoardPicture, FramesTheMarkedPieceBeyondAllRings) {
     std::array<bool, BoardView::CodeCount> movable{};
