@@ -2,14 +2,14 @@
 
 from .marks import draw_mark
 from .palette import INK, IVORY_LIGHT, TONES
-from .svg import Drawing, mix
+from .svg import Drawing, num
 
-# Lacquer of each colour, from the lit to the shaded side, and the inlay of its mark.
+# Lacquer of each colour, from the gleam over the colour itself to its darkest shade, and the inlay of its mark.
 LACQUER = {
-    1: ("#fffbb0", "#ffea1c", "#eec400", "#a87800", "#4a3000", INK),
-    2: ("#8fa6ff", "#2b46f0", "#1022c8", "#0a1480", "#040838", IVORY_LIGHT),
-    3: ("#ff9c86", "#f4261a", "#cf0e0a", "#860705", "#360202", IVORY_LIGHT),
-    4: ("#86d88e", "#119033", "#077024", "#034415", "#011c08", IVORY_LIGHT),
+    1: ("#ffffd0", "#ffff5a", TONES[1].base, "#c09400", "#4a3400", INK),
+    2: ("#b4beff", "#4a5cff", TONES[2].base, "#0000a0", "#02022e", IVORY_LIGHT),
+    3: ("#ffb8a8", "#ff5a44", TONES[3].base, "#960000", "#300000", IVORY_LIGHT),
+    4: ("#a4e4a8", "#2ca63c", TONES[4].base, "#004a06", "#001a04", IVORY_LIGHT),
 }
 
 
@@ -17,20 +17,29 @@ def draw(colour):
     gleam, lit, body, shade, dark, inlay = LACQUER[colour]
     name = ("", "yellow", "blue", "red", "green")[colour]
     piece = Drawing((0, 0, 40, 40), f"A piece, {name}. Drawn by tools/make_art.py.")
-    piece.soft_disc(22, 22.8, 13.2, 3.6, 0.55)
-    # The foot, of which the front shows, then the rounded shoulder and the hollowed top.
-    piece.circle(20, 20, 14, fill=dark)
-    piece.circle(20, 20, 13.3, fill=piece.linear(8, 12, 32, 32, (0, body), (0.5, shade), (1, dark)))
-    piece.ellipse(20, 19, 12.9, 12.5,
-                  fill=piece.linear(11, 9, 29, 30, (0, gleam), (0.3, lit), (0.65, body), (1, shade)))
-    piece.ellipse(20, 18.9, 10.6, 10.3, fill=piece.linear(12, 10, 28, 28, (0, shade), (0.55, body), (1, gleam)))
-    piece.ellipse(20, 19, 9.9, 9.6, fill=piece.radial(17, 15.5, 14, (0, mix(lit, gleam, 0.35)), (0.5, lit), (1, body)))
-    size = {1: 14.4, 2: 14.2, 3: 16, 4: 15.6}[colour]
-    draw_mark(piece, colour, 20.45, 19.55, size, fill=dark if inlay != INK else gleam, fill_opacity=0.55)
-    draw_mark(piece, colour, 20, 19, size, fill=inlay)
-    piece.path("M9.6 15.2C11.2 10.6 15 7.9 19.4 7.6C15.6 9.2 12.6 11.6 10.6 15.8C10.2 16.6 9.3 16.2 9.6 15.2Z",
-               fill="#ffffff", fill_opacity=0.55)
+    piece.soft_disc(22.6, 24, 12.4, 4.2, 0.42)
+    piece.soft_disc(21, 22.2, 13.6, 2.2, 0.9)
+    _side(piece, lit, body, shade, dark)
+    # The top, 28 wide: a rounded rim, and in it a flat face in the colour itself.
+    cy = 18.1
+    piece.ellipse(20, cy, 13.5, 11.7,
+                  fill=piece.linear(10, 8, 30, 29, (0, gleam), (0.35, lit), (0.6, body), (1, shade)))
+    piece.ellipse(20, cy, 12.3, 10.5, fill=piece.linear(11, 9, 29, 27, (0, shade), (0.5, body), (1, gleam)))
+    piece.ellipse(20, cy + 0.1, 11.8, 10.1, fill=body)
+    draw_mark(piece, colour, 20, cy + 0.1, {1: 12.4, 2: 13, 3: 14, 4: 12.6}[colour], fill=inlay)
+    piece.path("M8.4 14.6C10.4 10.2 14.6 7.4 19.6 7.1C15.4 8.5 12 11 9.6 15.2C9 16.1 8 15.6 8.4 14.6Z",
+               fill="#ffffff", fill_opacity=0.6)
     return piece
+
+
+def _side(piece, lit, body, shade, dark):
+    """The wall under the top: what is seen of it below the top's front edge."""
+    def slab(top, bottom, rx, ry, fill):
+        piece.path(f"M{num(20 - rx)} {num(top)}A{num(rx)} {num(ry)} 0 0 1 {num(20 + rx)} {num(top)}L{num(20 + rx)} "
+                   f"{num(bottom)}A{num(rx)} {num(ry)} 0 0 1 {num(20 - rx)} {num(bottom)}Z", fill=fill)
+    slab(18, 22, 14, 12, dark)
+    slab(18, 21.5, 13.6, 11.8, piece.linear(6, 0, 34, 0, (0, shade), (0.22, body), (0.38, lit), (0.6, body),
+                                            (0.85, shade), (1, dark)))
 
 
 def draw_shadow():
