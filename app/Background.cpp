@@ -10,6 +10,9 @@
 #include "app/Layout.h"
 #include "app/Palette.h"
 #include "app/PanelPainter.h"
+#include "app/PiecePlaces.h"
+#include "app/SquaresPainter.h"
+#include "core/Board.h"
 
 namespace zorva {
 namespace {
@@ -62,6 +65,24 @@ void PaintTable(QImage& image, Artwork& artwork, const Layout& layout) {
     }
 }
 
+// Rings and wells lie on the pixels that the pieces will cover.
+void PaintPlaces(QPainter& painter, Artwork& artwork, const Layout& layout) {
+    const auto paint = [&](const QString& kind, Colour colour, Point at) {
+        artwork.Paint(painter, kind + QString::number(colour), PieceDrawing(layout, AsPointF(at)));
+    };
+    for (const Square safe : SafeSquares) {
+        const auto exit = std::find(ExitSquare.begin(), ExitSquare.end(), safe);
+        paint("place_", exit == ExitSquare.end() ? Colour{0} : ToShort(exit - ExitSquare.begin()),
+              layout.SquarePosition(safe));
+    }
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
+            paint("place_", colour, layout.SlotPosition(GoalSquare[colour], piece));
+            paint("rest_", colour, layout.BoxPosition(colour, piece));
+        }
+    }
+}
+
 // All of it by one thread of the pool: in any other thread Qt (6.4) hands each area of more than 95
 // lines to the pool in parts and waits for them, which takes longer than the painting.
 void Paint(QImage& image, const Layout& layout) {
@@ -72,6 +93,9 @@ void Paint(QImage& image, const Layout& layout) {
     painter.setRenderHint(QPainter::Antialiasing);
     PaintInstrumentPanel(painter, artwork, layout);
     artwork.Paint(painter, "board", BoardWithFrame(layout));
+    PaintSquares(painter, layout);
+    PaintPlaces(painter, artwork, layout);
+    artwork.Paint(painter, "board_print", BoardWithFrame(layout));
 }
 
 }  // namespace

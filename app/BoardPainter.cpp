@@ -1,5 +1,6 @@
 #include "app/BoardPainter.h"
 
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 #include <tuple>
@@ -9,6 +10,7 @@
 #include "app/Artwork.h"
 #include "app/Fonts.h"
 #include "app/Palette.h"
+#include "app/PiecePlaces.h"
 #include "core/Board.h"
 
 namespace zorva {
@@ -16,10 +18,6 @@ namespace {
 
 // Most measures here are for the largest board, whose cell is this many layout pixels.
 constexpr double boardCell = 33;
-
-// The drawing of a piece: its side, and the diameter of the piece in it. The rest is for the shadow.
-constexpr double pieceDrawingSide = 40;
-constexpr double pieceDrawingBody = 28;
 
 // Rings around a piece and dots between, in the units of a piece's drawing. `radius` is to the middle
 // of the line: a dot is a ring that is closed in its middle.
@@ -90,7 +88,7 @@ QColor WithAlpha(QColor colour, double alpha) {
 }  // namespace
 
 QPointF BoardPainter::Device(QPointF p) const {
-    return {layout_.DeviceLeft + p.x() * layout_.Unit, layout_.DeviceTop + p.y() * layout_.Unit};
+    return layout_.Device(p);
 }
 
 QRectF BoardPainter::DeviceF(const Box& box) const {
@@ -103,9 +101,7 @@ QRect BoardPainter::DeviceArea(const Box& box, double around) const {
 }
 
 QRect BoardPainter::PieceArea(QPointF centre) const {
-    QRectF area(QPointF(), QSizeF(1, 1) * PieceSide());
-    area.moveCenter(Device(centre));
-    return area.adjusted(-2, -2, 2, 2).toAlignedRect();
+    return PieceDrawing(layout_, centre).adjusted(-2, -2, 2, 2);
 }
 
 QRect BoardPainter::PieceArea(const BoardView& view, PieceCode code) const {
@@ -340,19 +336,18 @@ void BoardPainter::PaintBonus(QPainter& painter, Short squares, const QRectF& to
 // units of a piece's drawing, so that rings grow with the pieces.
 void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, double width,
                              const QColor& colour) {
-    const double scale = PieceSide() / pieceDrawingSide;
+    const double scale = PieceUnit(layout_);
+    const QRect piece = PieceDrawing(layout_, centre);
+    const int beyond = qCeil((radius + width) * scale - piece.width() / 2.0) + 1;
+    const QRect place = piece.adjusted(-beyond, -beyond, beyond, beyond);
     const QString name = QStringLiteral("ring %1 %2 %3").arg(radius).arg(width).arg(colour.rgba());
-    const double side = 2 * std::ceil((radius + width) * scale) + 2;
-    PaintCentred(painter,
-                 CachedPixmap(name, SideBySide(side),
-                              [&](QPainter& ring) {
-                                  const QPointF middle(side / 2, side / 2);
-                                  ring.setPen(QPen(palette::DarkWood, (width + 1.6) * scale));
-                                  ring.drawEllipse(middle, radius * scale, radius * scale);
-                                  ring.setPen(QPen(colour, width * scale));
-                                  ring.drawEllipse(middle, radius * scale, radius * scale);
-                              }),
-                 Device(centre));
+    painter.drawPixmap(place.topLeft(), CachedPixmap(name, place.size(), [&](QPainter& ring) {
+                           const QPointF middle = QPointF(place.width(), place.height()) / 2;
+                           ring.setPen(QPen(palette::DarkWood, (width + 1.6) * scale));
+                           ring.drawEllipse(middle, radius * scale, radius * scale);
+                           ring.setPen(QPen(colour, width * scale));
+                           ring.drawEllipse(middle, radius * scale, radius * scale);
+                       }));
 }
 
 // The dots that a piece on its way has reached are gone.
@@ -383,9 +378,9 @@ void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
 // that may lie half on this one.
 void BoardPainter::PaintFrame(QPainter& painter, QPointF centre) {
     constexpr double near = frameReach - frameLeg, far = frameReach;
-    const double scale = PieceSide() / pieceDrawingSide;
+    const double scale = PieceUnit(layout_);
     painter.save();
-    painter.translate(Device(centre));
+    painter.translate(QRectF(PieceDrawing(layout_, centre)).center());
     painter.scale(scale, scale);
     for (const QPen& pen : {QPen(palette::Light, 2 * frameWidth), QPen(palette::DarkWood, frameWidth)}) {
         painter.setPen(pen);
@@ -429,11 +424,6 @@ void BoardPainter::PaintBanner(QPainter& painter) {
     painter.drawText(banner, Qt::AlignCenter, QStringLiteral("Modo manual"));
 }
 
-// The side of a piece's drawing on the board, in device pixels.
-double BoardPainter::PieceSide() const {
-    return layout_.PieceSize * pieceDrawingSide / pieceDrawingBody * layout_.Unit;
-}
-
 // Resampling a moving piece for every frame would take most of the frame's time: instead it is drawn
 // once for each of the few sizes that it grows through, two pixels apart so that its middle stays in
 // place.
@@ -441,11 +431,11 @@ void BoardPainter::PaintPiece(QPainter& painter, const BoardView& view, PieceCod
     if (!view.present[code]) return;
     const double height = view.height[code];
     if (height > 0) PaintGroundShadow(painter, Device(view.at[code]), height);
-    const double side = PieceSide();
-    const int growth = qRound(side * (PieceScale(height) - 1) / 2);
-    const QPixmap pixmap = artwork_.Pixmap(QStringLiteral("piece_%1").arg(ColourOf(code)),
-                                           SideBySide(side) + QSize(2, 2) * growth);
-    PaintCentred(painter, pixmap, Device(view.at[code]) - QPointF(0, height * layout_.Unit));
+    const QRect ground = PieceDrawing(layout_, view.at[code]);
+    const int growth = qRound(ground.width() * (PieceScale(height) - 1) / 2);
+    const QRect place = ground.adjusted(-growth, -growth, growth, growth);
+    painter.drawPixmap(place.topLeft() - QPoint(0, qRound(height * layout_.Unit)),
+                       artwork_.Pixmap(QStringLiteral("piece_%1").arg(ColourOf(code)), place.size()));
 }
 
 // The higher a piece, the further its shadow from under it, and the fainter.
@@ -453,7 +443,8 @@ void BoardPainter::PaintGroundShadow(QPainter& painter, QPointF at, double heigh
     const double far = std::min(height / layout_.PieceSize, 2.0);
     const QPointF beside = QPointF(0.1, 0.12) * layout_.PieceSize * layout_.Unit * (1 + far);
     painter.setOpacity(1 - 0.33 * far);
-    PaintCentred(painter, artwork_.Pixmap("piece_shadow", SideBySide(PieceSide())), at + beside);
+    PaintCentred(painter, artwork_.Pixmap("piece_shadow", PieceDrawing(layout_, {}).size()),
+                 at + beside);
     painter.setOpacity(1);
 }
 

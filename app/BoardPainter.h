@@ -60,8 +60,8 @@ public:
 private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour,
                     const QRect& part);
-    std::vector<PieceCode> PiecesFromBehind(const BoardView& view, const QRect& part) const;
     void PaintLight(QPainter& painter, Colour colour, const QRect& part);
+    std::vector<PieceCode> PiecesFromBehind(const BoardView& view, const QRect& part) const;
     const QPixmap& CachedPixmap(const QString& name, QSize size,
                                 const std::function<void(QPainter&)>& draw);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
@@ -83,7 +83,6 @@ private:
     void PaintPulse(QPainter& painter, const BoardView::Pulse& pulse);
     void PaintRing(QPainter& painter, QPointF centre, double radius, double width, const QColor& colour);
     double PieceScale(double height) const;
-    double PieceSide() const;
     QRectF DiePlace(Colour colour, const BoardView::DiePose& pose) const;
     QRectF CountArea(const BoardView& view) const;
     Box Banner() const;

@@ -65,6 +65,8 @@ struct Layout {
     Box Log;                                  ///< Lis_Grabadora
     Box LogPaper;  ///< what is seen of the log: the part beside the board and on the screen
 
+    /// A point of the layout in device pixels of the window.
+    QPointF Device(QPointF at) const { return QPointF(DeviceLeft, DeviceTop) + at * Unit; }
     /// Centre of a piece that stands alone on a square 1..100 (the first slot of a goal).
     Point SquarePosition(Square square) const;
     /// Centre of a piece by its slot: 1..3 on a square, 1..4 on a goal. A square outside 1..100 is

@@ -7,6 +7,10 @@
 namespace zorva {
 namespace {
 
+// The drawing of a piece: its side, and the diameter of the piece in it. The rest is for the shadow.
+constexpr double pieceDrawingSide = 40;
+constexpr double pieceDrawingBody = 28;
+
 // Whether a piece really stands in that slot: the code is a piece's, the piece is on that square, and no
 // slot before holds the same code.
 bool StandsInSlot(const GameState& state, Square square, Short slot) {
@@ -49,6 +53,15 @@ Point FreePlaceOn(const Layout& layout, const GameState& state, Square square) {
     Short slot = 1;
     while (slot <= 3 && StandsInSlot(state, square, slot)) ++slot;
     return layout.SlotPosition(square, IsGoal(square) ? slot : std::min<Short>(slot, 3));
+}
+
+double PieceUnit(const Layout& layout) {
+    return layout.PieceSize / pieceDrawingBody * layout.Unit;
+}
+
+QRect PieceDrawing(const Layout& layout, QPointF centre) {
+    const int side = qRound(pieceDrawingSide * PieceUnit(layout));
+    return {(layout.Device(centre) - QPointF(side, side) / 2).toPoint(), QSize(side, side)};
 }
 
 }  // namespace zorva

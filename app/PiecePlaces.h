@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QRect>
+
 #include "app/Layout.h"
 #include "core/GameState.h"
 
@@ -15,5 +17,12 @@ Point PlaceOfPiece(const Layout& layout, const GameState& state, PieceCode code)
 /// Where the next piece would stand on a square 1..100, in layout pixels: beside those that stand there,
 /// on the third place when two pieces do.
 Point FreePlaceOn(const Layout& layout, const GameState& state, Square square);
+
+/// Device pixels for each unit of a piece's drawing, in which a piece is 28 wide.
+double PieceUnit(const Layout& layout);
+
+/// The device pixels that the drawing of a piece covers whose centre is there, its shadow included. The
+/// drawings of the places that it stands on have the same size and lie on the same pixels.
+QRect PieceDrawing(const Layout& layout, QPointF centre);
 
 }  // namespace zorva

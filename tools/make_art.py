@@ -10,7 +10,7 @@ import pathlib
 import sys
 from functools import partial
 
-from art import board, dice, icon, keys, panel, pieces, cursors, recorder, shadow, surface, title, windows
+from art import board, dice, house, icon, keys, panel, pieces, cursors, recorder, shadow, surface, title, windows
 
 ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 
@@ -18,10 +18,14 @@ ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 def drawings():
     """Yields the name of each file, without its ending, and the function that draws it."""
     yield "bitmaps/board", board.draw
+    yield "bitmaps/board_print", board.draw_print
     yield "bitmaps/board_shadow", shadow.draw
     yield "bitmaps/surface", surface.draw
     for colour in range(1, 5):
         yield f"bitmaps/piece_{colour}", partial(pieces.draw, colour)
+        yield f"bitmaps/rest_{colour}", partial(house.draw_rest, colour)
+    for colour in range(5):
+        yield f"bitmaps/place_{colour}", partial(house.draw_place, colour)
     yield "bitmaps/piece_shadow", pieces.draw_shadow
     for face in range(1, 7):
         yield f"bitmaps/die_{face}", partial(dice.draw, face)

@@ -1,8 +1,8 @@
-"""A player's house: resting places for the waiting pieces, the die's tray and the name plate."""
+"""A player's house: a trough for the waiting pieces, the die's tray and the name plate."""
 
 from .marks import draw_mark
-from .palette import INK, TONES
-from .svg import mix
+from .palette import BRASS_DARK, INK, IVORY_DARK, PAPER_LIGHT, TONES
+from .svg import Drawing, mix
 
 SIDE = 231.0
 
@@ -11,7 +11,7 @@ def draw_house(board, colour, x, y):
     """Draws the house with its corner at (x, y)."""
     tones = TONES[colour]
     _ground(board, tones, x, y)
-    _resting_places(board, tones, x + 33, y + SIDE / 2)
+    _trough(board, tones, x + 33, y + SIDE / 2)
     _disc(board, tones, x + 140, y + 128)
     _plate(board, tones, x + 62, y + 35)
     _tray(board, tones, x + 104, y + 92)
@@ -21,7 +21,7 @@ def draw_house(board, colour, x, y):
 
 def _ground(board, tones, x, y):
     shade = board.linear(x, y, x + SIDE, y + SIDE, (0, mix(tones.house, tones.light, 0.35)), (0.45, tones.house),
-                         (1, mix(tones.house, tones.deep, 0.3)))
+                         (1, mix(tones.house, tones.deep, 0.22)))
     board.rect(x, y, SIDE, SIDE, fill=shade)
     # Two opaque lines, one dark and one lit, read as a groove.
     board.rect(x + 6.5, y + 6.5, SIDE - 12, SIDE - 12, 7, stroke=mix(tones.house, tones.light, 0.6), stroke_width=1)
@@ -30,40 +30,60 @@ def _ground(board, tones, x, y):
 
 def _sunk(board, tones, x, y, width, height, rx):
     # A recess: dark under its upper left edge, a line of light on the lower right one.
-    board.rect(x - 0.2, y - 0.2, width + 1.4, height + 1.4, rx + 0.6, fill=mix(tones.house, "#ffffff", 0.4))
-    board.rect(x - 0.8, y - 0.8, width + 1.4, height + 1.4, rx + 0.6, fill=mix(tones.house, tones.deep, 0.55))
+    board.rect(x + 0.5, y + 0.6, width + 0.6, height + 0.6, rx, fill=mix(tones.house, tones.light, 0.6))
+    board.rect(x - 1, y - 1, width + 1.4, height + 1.4, rx + 0.6, fill=mix(tones.house, tones.deep, 0.75))
 
 
-def _resting_places(board, tones, cx, cy):
+def _trough(board, tones, cx, cy):
     left, top, width, height = cx - 20, cy - 68, 40, 136
     _sunk(board, tones, left, top, width, height, 20)
-    floor = board.linear(left, top, left + width, top + height, (0, mix(tones.deep, tones.house, 0.45)),
-                         (1, mix(tones.deep, tones.house, 0.75)))
+    floor = board.linear(left, top, left + width, top + height, (0, mix(tones.deep, tones.house, 0.35)),
+                         (1, mix(tones.deep, tones.house, 0.7)))
     board.rect(left, top, width, height, 20, fill=floor)
-    for i in range(4):
-        y = cy + 32 * (i - 1.5)
-        hollow = board.linear(cx - 10, y - 10, cx + 10, y + 10, (0, mix(tones.deep, "#000000", 0.25)),
-                              (1, mix(tones.deep, tones.house, 0.55)))
-        board.circle(cx + 0.5, y + 0.6, 14.2, fill=mix(tones.house, tones.light, 0.4))
-        board.circle(cx, y, 14.2, fill=hollow)
-        board.circle(cx + 0.8, y + 0.9, 12.3, fill=mix(tones.deep, tones.house, 0.4))
+
+
+def draw_rest(colour):
+    """The hollow in which a waiting piece lies, in the units of a piece's drawing."""
+    tones = TONES[colour]
+    rest = Drawing((0, 0, 40, 40), "The place of a waiting piece. Drawn by tools/make_art.py.")
+    rest.circle(20.5, 20.7, 15.2, fill=mix(tones.deep, tones.light, 0.55))
+    rest.circle(20, 20, 15.2, fill=mix(tones.deep, "#000000", 0.45))
+    rest.circle(20.6, 20.8, 13.8, fill=rest.linear(10, 9, 30, 31, (0, mix(tones.deep, "#000000", 0.15)),
+                                                   (1, mix(tones.deep, tones.house, 0.5))))
+    return rest
+
+
+def draw_place(colour):
+    """The ring of a safe square or the well of a goal; 0 is the ring of a safe square on plain paper."""
+    place = Drawing((0, 0, 40, 40), "A place to stand on. Drawn by tools/make_art.py.")
+    if colour:
+        tones = TONES[colour]
+        place.circle(20.5, 20.6, 15.4, fill=mix(tones.base, "#ffffff", 0.35))
+        place.circle(20, 20, 15.5, fill=tones.deep)
+        place.circle(20.2, 20.3, 14.2, fill=tones.base)
+    else:
+        for radius, share in ((15.5, 0.12), (13.2, 1), (12.2, 0.55), (11.5, 1)):
+            place.circle(20, 20, radius, fill=mix(INK, PAPER_LIGHT, share))
+    return place
 
 
 def _disc(board, tones, cx, cy):
-    # The round paper field of a traditional house, printed with two rings in the colour.
-    board.circle(cx + 0.7, cy + 0.8, 64.6, fill=mix(tones.house, tones.light, 0.7))
-    board.circle(cx - 0.5, cy - 0.6, 64.6, fill=mix(tones.house, tones.deep, 0.7))
-    paper = board.linear(cx - 45, cy - 45, cx + 45, cy + 45, (0, mix(tones.tint, "#ffffff", 0.4)),
-                         (1, mix(tones.tint, tones.house, 0.12)))
-    board.circle(cx, cy, 64, fill=paper)
-    board.circle(cx, cy, 60.6, stroke=tones.house, stroke_width=1.6)
-    board.circle(cx, cy, 57.8, stroke=tones.house, stroke_width=0.7)
+    # The round ivory field of a traditional house, printed with two rings in the colour.
+    board.circle(cx + 0.7, cy + 0.8, 64.6, fill=mix(tones.house, tones.light, 0.6))
+    board.circle(cx - 0.5, cy - 0.6, 64.6, fill=mix(tones.house, tones.deep, 0.75))
+    ivory = board.linear(cx - 45, cy - 45, cx + 45, cy + 45, (0, mix(tones.tint, "#ffffff", 0.25)),
+                         (1, mix(tones.tint, IVORY_DARK, 0.35)))
+    board.circle(cx, cy, 64, fill=ivory)
+    ring = mix(tones.house, tones.deep, 0.2)
+    board.circle(cx, cy, 60.6, stroke=ring, stroke_width=1.6)
+    board.circle(cx, cy, 57.8, stroke=ring, stroke_width=0.7)
 
 
 def _plate(board, tones, x, y):
-    _sunk(board, tones, x, y, 156, 26, 6)
-    floor = board.linear(x, y, x, y + 26, (0, "#efe4cb"), (0.25, "#faf4e4"), (1, "#fffbf0"))
-    board.rect(x, y, 156, 26, 6, fill=floor)
+    # Ivory let into the ground: all outlines have the same centres of their corners.
+    for grow, fill in ((1.6, mix(tones.house, tones.deep, 0.7)), (0.9, BRASS_DARK)):
+        board.rect(x - grow, y - grow, 156 + 2 * grow, 26 + 2 * grow, 5 + grow, fill=fill)
+    board.rect(x, y, 156, 26, 5, fill=board.linear(x, y, x, y + 26, (0, "#e9dcc0"), (0.2, "#f5ecd8"), (1, "#faf3e3")))
 
 
 def _tray(board, tones, x, y):

@@ -17,22 +17,21 @@ IVORY_DARK = "#cdb68e"
 
 
 class Tones:
-    """One player's colour: the fixed base and the tones around it."""
+    """One player's colour: the fixed base and the tones of its hue around it."""
 
-    def __init__(self, base, edge, light, house, deep, tint, ink):
-        self.base = base    # the colour itself, on every flat area of the track
-        self.edge = edge    # where such an area meets its border
-        self.light = light  # lit side of houses and pieces
-        self.house = house  # ground of the house
-        self.deep = deep    # shaded side, felt of the die tray
-        self.tint = tint    # paper tinted with the colour
-        self.ink = ink      # what is printed on the colour
+    def __init__(self, base, light, house, deep, tint, ink):
+        self.base = base    # the colour itself: squares, goals and the faces of pieces (Palette.h has the same)
+        self.light = light  # where the lamp falls on it
+        self.house = house  # ground of a house that waits
+        self.deep = deep    # its shade, and the felt of the die's tray
+        self.tint = tint    # ivory tinted with it
+        self.ink = ink      # what is printed on it
 
 
 # By the colour's number: 1 yellow, 2 blue, 3 red, 4 green.
 TONES = {
-    1: Tones("#ffff00", "#f7d900", "#ffee58", "#f3c90c", "#8f6404", "#fff6cf", INK),
-    2: Tones("#0000ff", "#0000bb", "#4a63f2", "#1a2cc4", "#0c1262", "#e6e9f6", PAPER_LIGHT),
-    3: Tones("#ff0000", "#c40000", "#f0503c", "#cd1a12", "#6e0907", "#fae6dc", PAPER_LIGHT),
-    4: Tones("#008000", "#005c0c", "#3fa552", "#0d6f28", "#06371a", "#e4eeda", PAPER_LIGHT),
+    1: Tones("#ffff00", "#fff27a", "#e8c800", "#8a5600", "#fdf4c8", INK),
+    2: Tones("#0000ff", "#5a6cff", "#0c0ca8", "#04044c", "#eae9f2", PAPER_LIGHT),
+    3: Tones("#ff0000", "#ff6a55", "#a80808", "#4c0202", "#f8e9df", PAPER_LIGHT),
+    4: Tones("#008000", "#4fb45a", "#046a0c", "#02300a", "#ecefdd", PAPER_LIGHT),
 }

@@ -1,0 +1,147 @@
+#include "app/SquaresPainter.h"
+
+#include <QPainter>
+#include <QPolygonF>
+#include <algorithm>
+#include <cmath>
+
+#include "app/BoardGrid.h"
+#include "app/Palette.h"
+
+namespace zorva {
+namespace {
+
+constexpr int cell = BoardGrid::Cell;
+constexpr int block = BoardGrid::Block;
+
+QColor Mixed(const QColor& colour, const QColor& other, double share) {
+    const auto mixed = [share](int from, int to) { return qRound(from + (to - from) * share); };
+    return {mixed(colour.red(), other.red()), mixed(colour.green(), other.green()),
+            mixed(colour.blue(), other.blue())};
+}
+
+// An arm of the board: described for yellow, whose arm is the lower one, and turned for the others.
+class Arm {
+public:
+    Arm(QPainter& painter, const BoardGrid& grid, Colour colour)
+        : painter_(painter),
+          grid_(grid),
+          colour_(colour),
+          base_(palette::Player[colour]),
+          rim_(palette::PlayerRim[colour]),
+          unit_(grid.CellSize() / 33) {}
+
+    void PaintColours() {
+        for (int row = 13; row < 20; ++row) Grain(Inlay(4 * block, row * cell));
+        Inlay(5 * block, 16 * cell);  // the exit: ring and figure leave no room for more
+        Goal();
+    }
+
+    void PaintLines() {
+        constexpr int end = BoardGrid::Side;
+        Line({3 * block, 6 * block}, {3 * block, end});
+        Line({4 * block, 13 * cell}, {4 * block, end});
+        Line({5 * block, 13 * cell}, {5 * block, end});
+        Line({6 * block, 6 * block}, {6 * block, end});
+        for (int row = 14; row < 21; ++row) Line({3 * block, row * cell}, {6 * block, row * cell});
+        Line({8 * cell, 13 * cell}, {13 * cell, 13 * cell});
+    }
+
+private:
+    QPoint At(int x, int y) const { return BoardGrid::Turned({x, y}, colour_); }
+
+    void Line(QPoint from, QPoint to) {
+        painter_.fillRect(grid_.Line(At(from.x(), from.y()), At(to.x(), to.y())), palette::Line);
+    }
+
+    // The colour lies a little deeper than the lines: in the shade above and left, and with a lit edge
+    // below and right. Returns what has the colour itself.
+    QRect Inlay(int x, int y) {
+        const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
+        const int depth = std::max(2, qRound(rimDepth * unit_)), edge = std::max(1, qRound(0.8 * unit_));
+        painter_.fillRect(square, rim_);
+        painter_.fillRect(square.adjusted(edge, edge, -edge, -edge), Mixed(base_, Qt::white, 0.3));
+        for (int step = 1; step <= depth; ++step) {
+            painter_.fillRect(square.adjusted(step, step, -2 * edge, -2 * edge), Fading(step, depth));
+        }
+        return square.adjusted(depth, depth, -2 * edge, -2 * edge);
+    }
+
+    // Corners on the lines; each smaller triangle lies the same way from all three edges.
+    void Goal() {
+        const QPolygonF goal(
+            {grid_.Crossing(At(8 * cell, 13 * cell)), grid_.Crossing(At(13 * cell, 13 * cell)),
+             (grid_.Crossing({8 * cell, 8 * cell}) + grid_.Crossing({13 * cell, 13 * cell})) / 2});
+        const double height = 2.5, inradius = height * (M_SQRT2 - 1);  // in cells
+        const QPointF base = (goal[0] + goal[1]) / 2;
+        const QPointF middle = base + (goal[2] - base) * inradius / height;
+        const double radius = inradius * grid_.CellSize();
+        const int depth = std::max(2, qRound(1.3 * rimDepth * unit_));
+        painter_.setPen(Qt::NoPen);
+        for (int step = 0; step <= depth; ++step) {
+            QPolygonF smaller;
+            for (const QPointF& corner : goal)
+                smaller << middle + (corner - middle) * (1 - step / radius);
+            painter_.setBrush(Fading(step, depth));
+            painter_.drawPolygon(smaller);
+        }
+    }
+
+    QColor Fading(int step, int depth) const {
+        const double left = 1.0 - static_cast<double>(step) / depth;
+        return Mixed(base_, rim_, left * left);
+    }
+
+    // Faint streaks along the square, as wood has them under lacquer.
+    void Grain(const QRectF& area) {
+        // Where a streak begins and ends along the square, and where it lies across.
+        constexpr double streaks[][3] = {{0.02, 0.55, 0.14},
+                                         {0.40, 0.97, 0.30},
+                                         {0.10, 0.46, 0.47},
+                                         {0.55, 0.92, 0.62},
+                                         {0.05, 0.70, 0.85}};
+        const bool upright = area.height() > area.width();
+        const int width = std::max(1, qRound(0.6 * unit_));
+        for (const auto& [from, to, across] : streaks) {
+            const QPointF start = upright ? QPointF(across, from) : QPointF(from, across);
+            const QPoint at =
+                (area.topLeft() + QPointF(start.x() * area.width(), start.y() * area.height()))
+                    .toPoint();
+            const int length = qRound((to - from) * std::max(area.width(), area.height()));
+            painter_.fillRect(QRect(at, upright ? QSize(width, length) : QSize(length, width)),
+                              Mixed(base_, rim_, 0.08));
+        }
+    }
+
+    static constexpr double rimDepth = 3.2;  // units of which a cell has 33
+
+    QPainter& painter_;
+    const BoardGrid& grid_;
+    Colour colour_;
+    QColor base_, rim_;
+    double unit_;
+};
+
+// Filled, for Qt draws a line of one pixel's width in steps.
+void PaintDiagonal(QPainter& painter, const BoardGrid& grid, QPoint from, QPoint to) {
+    const QPointF start = grid.Crossing(from), end = grid.Crossing(to);
+    const QPointF way = (end - start) / std::hypot(end.x() - start.x(), end.y() - start.y());
+    const QPointF aside = QPointF(-way.y(), way.x()) * grid.Thickness() * 0.6;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette::Line);
+    painter.drawPolygon(QPolygonF({start + aside, end + aside, end - aside, start - aside}));
+}
+
+}  // namespace
+
+void PaintSquares(QPainter& painter, const Layout& layout) {
+    const BoardGrid grid(layout);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (Colour colour = 1; colour <= ColourCount; ++colour) Arm(painter, grid, colour).PaintColours();
+    constexpr int near = 3 * block, far = 6 * block;
+    PaintDiagonal(painter, grid, {near, near}, {far, far});
+    PaintDiagonal(painter, grid, {far, near}, {near, far});
+    for (Colour colour = 1; colour <= ColourCount; ++colour) Arm(painter, grid, colour).PaintLines();
+}
+
+}  // namespace zorva
