@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/Artwork.h"
+#include "app/BoardGrid.h"
 #include "app/Fonts.h"
 #include "app/Palette.h"
 #include "app/PiecePlaces.h"
@@ -37,8 +38,6 @@ constexpr double frameLeg = 8;
 constexpr double frameWidth = 2.6;
 
 constexpr double dieOfTray = 64.0 / 72;  // the side of the die's drawing, of the tray's
-
-constexpr double lightAround = 10;  // layout pixels that a lit house shines beyond its edge
 
 QSize SideBySide(double side) {
     return QSize(qRound(side), qRound(side));
@@ -126,7 +125,7 @@ double BoardPainter::PieceScale(double height) const {
 }
 
 QRect BoardPainter::HouseArea(Colour colour) const {
-    return DeviceArea(layout_.House(colour), lightAround);
+    return BoardGrid(layout_).House(colour);
 }
 
 QRectF BoardPainter::DiePlace(Colour colour, const BoardView::DiePose& pose) const {
@@ -205,18 +204,16 @@ std::vector<PieceCode> BoardPainter::PiecesFromBehind(const BoardView& view, con
 
 void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings,
                               Colour colour, const QRect& part) {
+    const QRect house = HouseArea(colour), seen = house & part;
+    if (!IsTakingPart(settings, colour)) {
+        const QPixmap lid = artwork_.Pixmap(QStringLiteral("lid_%1").arg(colour), house.size());
+        painter.drawPixmap(seen.topLeft(), lid, seen.translated(-house.topLeft()));
+        return;
+    }
     const bool lit = view.onTurn == colour;
-    if (lit && !DeviceArea(layout_.House(colour), -lightAround).contains(part)) {
-        PaintLight(painter, colour, part);
-    }
+    if (lit) painter.drawPixmap(seen.topLeft(), Lit(colour), seen.translated(-house.topLeft()));
     if (DeviceArea(layout_.NamePlate(colour)).intersects(part)) {
-        const double strength = lit ? 1 : IsTakingPart(settings, colour) ? 0.85 : 0.35;
-        PaintName(painter, QString::fromStdString(Trimmed(settings.PlayerName[colour])), colour, lit,
-                  strength);
-    }
-    // The others lie in the shade, so that it is seen from afar whose turn it is.
-    if (!lit && view.onTurn != 0) {
-        painter.fillRect(DeviceArea(layout_.House(colour)) & part, WithAlpha(palette::DarkWood, 0.36));
+        PaintName(painter, QString::fromStdString(Trimmed(settings.PlayerName[colour])), colour, lit);
     }
 }
 
@@ -234,35 +231,31 @@ const QPixmap& BoardPainter::CachedPixmap(const QString& name, QSize size,
     return pixmap;
 }
 
-// The edge of the house glows, inwards and a little beyond. Wide faint lines lie on one another, so that
-// the light fades.
-void BoardPainter::PaintLight(QPainter& painter, Colour colour, const QRect& part) {
-    const QRect area = HouseArea(colour), seen = area & part;
-    const QPixmap& light =
-        CachedPixmap(QStringLiteral("light %1").arg(colour), area.size(), [&](QPainter& lamp) {
-            const double unit = layout_.Unit;
-            const QRectF house = DeviceF(layout_.House(colour)).translated(-area.topLeft());
-            for (int ring = 4; ring >= 1; --ring) {
-                lamp.setPen(QPen(WithAlpha(palette::Light, 0.17), 4.5 * ring * unit, Qt::SolidLine,
-                                 Qt::SquareCap, Qt::RoundJoin));
-                lamp.drawRect(house);
+// The house under a lamp that hangs above and left of its middle: it shines on the colour, and its own
+// warm white shows on the lacquer.
+const QPixmap& BoardPainter::Lit(Colour colour) {
+    const QRect house = HouseArea(colour);
+    return CachedPixmap(QStringLiteral("lit %1").arg(colour), house.size(), [&](QPainter& lamp) {
+        lamp.drawPixmap(QPoint(), Pic_TableroVacio, house);
+        QRadialGradient light(QPointF(0.44, 0.4) * house.width(), 0.9 * house.width());
+        const auto shine = [&](QPainter::CompositionMode mode, const QColor& white) {
+            for (const double far : {0.0, 0.15, 0.3, 0.45, 0.6, 0.8, 1.0}) {
+                const double left = (1 + std::cos(M_PI * far)) / 2;
+                light.setColorAt(far, QColor(qRound(white.red() * left), qRound(white.green() * left),
+                                             qRound(white.blue() * left)));
             }
-            lamp.setPen(QPen(palette::Light, 3 * unit));
-            lamp.drawRect(house.adjusted(1.5 * unit, 1.5 * unit, -1.5 * unit, -1.5 * unit));
-        });
-    painter.drawPixmap(seen.topLeft(), light, seen.translated(-area.topLeft()));
+            lamp.setCompositionMode(mode);
+            lamp.fillRect(QRectF(QPointF(), house.size()), light);
+        };
+        shine(QPainter::CompositionMode_ColorDodge, QColor(100, 90, 72));
+        shine(QPainter::CompositionMode_Screen, QColor(36, 33, 28));
+    });
 }
 
 // Long names are set smaller until they fit the plate.
-void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colour, bool lit,
-                             double strength) {
+void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colour, bool lit) {
     const double unit = layout_.Unit * layout_.Cell / boardCell;
     const QRectF plate = DeviceF(layout_.NamePlate(colour));
-    if (lit) {
-        painter.setPen(QPen(palette::DarkWood, 1.5 * unit));
-        painter.setBrush(palette::Light);
-        painter.drawRoundedRect(plate.adjusted(unit, unit, -unit, -unit), 5 * unit, 5 * unit);
-    }
     QFont font = TextFont((lit ? 17 : 15) * unit, lit ? QFont::Black : QFont::DemiBold);
     const double room = plate.width() - 12 * unit;
     const auto isTooWide = [&] {
@@ -271,7 +264,7 @@ void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colo
     };
     while (font.pixelSize() > 6 && isTooWide()) font.setPixelSize(font.pixelSize() - 1);
     painter.setFont(font);
-    painter.setPen(WithAlpha(palette::Ink, strength));
+    painter.setPen(palette::Ink);
     painter.drawText(plate, Qt::AlignCenter, name);
 }
 

@@ -44,7 +44,7 @@ public:
     QRect PieceArea(QPointF centre) const;
     /// The same for a piece as it is now: raised while it moves, and with the count written beside it.
     QRect PieceArea(const BoardView& view, PieceCode code) const;
-    /// A colour's house with the light around it.
+    /// A colour's house, within the lines around it.
     QRect HouseArea(Colour colour) const;
     /// A die in the tray of that colour, tilted and sized as the pose says.
     QRect DieArea(Colour colour, const BoardView::DiePose& pose) const;
@@ -60,11 +60,11 @@ public:
 private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour,
                     const QRect& part);
-    void PaintLight(QPainter& painter, Colour colour, const QRect& part);
+    const QPixmap& Lit(Colour colour);
     std::vector<PieceCode> PiecesFromBehind(const BoardView& view, const QRect& part) const;
     const QPixmap& CachedPixmap(const QString& name, QSize size,
                                 const std::function<void(QPainter&)>& draw);
-    void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit, double strength);
+    void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit);
     void PaintTray(QPainter& painter, const BoardView& view, Colour colour);
     void PaintDie(QPainter& painter, Short face, const BoardView::DiePose& pose, Colour colour);
     QRectF PaintToken(QPainter& painter, Colour colour);

@@ -313,7 +313,31 @@ TEST(BoardPicture, FramesTheMarkedPieceBeyondAllRings) {
     }
 }
 
-TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersFainter) {
+// The squares, the frame and the houses that wait stay as they are; the light fades towards the corner.
+TEST(BoardPicture, LightsTheHouseOnTurnAlone) {
+    for (const QSize screen : screens) {
+        Board board(screen);
+        const QImage waiting = board.Painted();
+        for (Colour colour = 1; colour <= ColourCount; ++colour) {
+            board.scene.ShowTurn(colour);
+            const QImage lit = board.Painted();
+            const QRect house = board.fresh.HouseArea(colour),
+                        plate = board.fresh.DeviceArea(board.layout.NamePlate(colour));
+            EXPECT_TRUE(house.contains(Difference(lit, waiting)))
+                << int{colour} << " on " << NameOf(screen);
+            const auto gain = [&](QPoint at) { return qGray(lit.pixel(at)) - qGray(waiting.pixel(at)); };
+            const QPoint edge = QPoint(1, 1) * (house.width() / 20);
+            EXPECT_GT(gain(house.topLeft() + edge), gain(house.bottomRight() - edge)) << int{colour};
+            EXPECT_GT(gain(plate.center() - QPoint(0, plate.height())), 20) << int{colour};
+            for (const QImage& picture : {lit, waiting}) {
+                EXPECT_GT(qGray(picture.pixel(plate.center() - QPoint(plate.width() * 2 / 5, 0))), 220)
+                    << "ivory";
+            }
+        }
+    }
+}
+
+TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersHousesClosed) {
     Board board({1024, 768});
     board.scene.Clear();
     const QImage empty = board.Painted();
@@ -324,7 +348,7 @@ TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersFainter) {
     EXPECT_GT(raised, widthOfChange() + 5);
     board.scene.Clear();
     board.settings.PlayerActive[3] = 2;
-    EXPECT_GT(widthOfChange(), 10) << "the name of a colour that does not play";
+    EXPECT_GT(widthOfChange(), 0.9 * board.fresh.HouseArea(3).width());
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
-"""A player's house: a trough for the waiting pieces, the die's tray and the name plate."""
+"""A player's house: a trough for the waiting pieces, the die's tray and the name plate, or a lid over all of it."""
 
 from .marks import draw_mark
-from .palette import BRASS_DARK, INK, IVORY_DARK, PAPER_LIGHT, TONES
+from .palette import (BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY_DARK, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT,
+                      PAPER_LIGHT, TONES)
 from .svg import Drawing, mix
 
 SIDE = 231.0
@@ -65,6 +66,24 @@ def draw_place(colour):
         for radius, share in ((15.5, 0.12), (13.2, 1), (12.2, 0.55), (11.5, 1)):
             place.circle(20, 20, radius, fill=mix(INK, PAPER_LIGHT, share))
     return place
+
+
+def draw_lid(colour):
+    """The lid over the house of a colour that takes no part: closed, with nothing to be seen but whose it is."""
+    tones, m = TONES[colour], SIDE / 2
+    lid = Drawing((0, 0, SIDE, SIDE), "The lid of a house that takes no part. Drawn by tools/make_art.py.")
+    lid.rect(0, 0, SIDE, SIDE, fill=lid.linear(0, 0, SIDE, SIDE, (0, "#7a4022"), (0.5, "#643019"), (1, "#4c220f")))
+    # A field that is raised within a groove: its edges are lit above and left.
+    for grow, fill in ((1.6, "#260f05"), (0.4, MAHOGANY_LIGHT)):
+        lid.rect(18 - grow, 18 - grow, SIDE - 36 + 2 * grow, SIDE - 36 + 2 * grow, 6 + grow, fill=fill)
+    lid.rect(19, 19, SIDE - 37, SIDE - 37, 6,
+             fill=lid.linear(18, 18, SIDE - 18, SIDE - 18, (0, "#74391d"), (0.5, "#5c2b15"), (1, "#47200f")))
+    lid.soft_disc(m + 1.4, m + 2, 26, 3, 0.5)
+    slant = (m - 26, m - 26, m + 26, m + 26)
+    lid.circle(m, m, 26, fill=lid.linear(*slant, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK)))
+    lid.circle(m, m, 23.8, fill=lid.linear(*slant, (0, MAHOGANY_DARK), (1, MAHOGANY)))
+    draw_mark(lid, colour, m, m, 26, fill=mix(tones.base, tones.light, 0.25))
+    return lid
 
 
 def _disc(board, tones, cx, cy):
