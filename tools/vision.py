@@ -34,7 +34,7 @@ def seen_by(kind, picture):
     """A copy of a screenshot with the colours that such a player sees."""
     known = {}
     data = bytearray(picture._data)
-    for at in range(picture._start, picture._start + picture.height * picture._row, 4):
+    for at in range(picture.start, picture.start + picture.height * picture.row_bytes, 4):
         pixel = bytes(data[at:at + 3])
         if pixel not in known:
             known[pixel] = bytes(reversed(colour_seen_by(kind, tuple(reversed(pixel)))))
