@@ -29,15 +29,11 @@ def _ground(board, tones, x, y):
     board.rect(x + 5.5, y + 5.5, SIDE - 12, SIDE - 12, 7, stroke=mix(tones.house, tones.deep, 0.55), stroke_width=1)
 
 
-def _sunk(board, tones, x, y, width, height, rx):
-    # A recess: dark under its upper left edge, a line of light on the lower right one.
-    board.rect(x + 0.5, y + 0.6, width + 0.6, height + 0.6, rx, fill=mix(tones.house, tones.light, 0.6))
-    board.rect(x - 1, y - 1, width + 1.4, height + 1.4, rx + 0.6, fill=mix(tones.house, tones.deep, 0.75))
-
-
 def _trough(board, tones, cx, cy):
+    # A recess: dark under its upper left edge, a line of light on the lower right one.
     left, top, width, height = cx - 20, cy - 68, 40, 136
-    _sunk(board, tones, left, top, width, height, 20)
+    board.rect(left + 0.5, top + 0.6, width + 0.6, height + 0.6, 20, fill=mix(tones.house, tones.light, 0.6))
+    board.rect(left - 1, top - 1, width + 1.4, height + 1.4, 20.6, fill=mix(tones.house, tones.deep, 0.75))
     floor = board.linear(left, top, left + width, top + height, (0, mix(tones.deep, tones.house, 0.35)),
                          (1, mix(tones.deep, tones.house, 0.7)))
     board.rect(left, top, width, height, 20, fill=floor)
