@@ -108,6 +108,7 @@ void BoardInput::LosePress() {
     pressed_ = Qt::NoButton;
     if (dragged_ == 0) return;
     mesa_.Scene().PutDown(std::exchange(dragged_, PieceCode{0}));
+    mesa_.Scene().ShowGuide();
     mesa_.RefreshCursor();
 }
 
@@ -185,6 +186,7 @@ void BoardInput::LetGlideBack(PieceCode piece) {
     mesa_.Waits().Wait(glideBackMilliseconds,
                        [this](double progress) { mesa_.Scene().ShowStep(progress); });
     mesa_.Scene().PutDown(piece);
+    mesa_.Scene().ShowGuide();
     mesa_.RefreshCursor();
 }
 

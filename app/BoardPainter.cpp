@@ -9,6 +9,7 @@
 
 #include "app/Artwork.h"
 #include "app/BoardGrid.h"
+#include "app/CardPainter.h"
 #include "app/Fonts.h"
 #include "app/Palette.h"
 #include "app/PiecePlaces.h"
@@ -30,6 +31,16 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15.6, 3.2};
+
+// Of the last move, in the same units: the dot where the piece stood, the ring around it now, and the
+// widths of the trace's dark edges and of the trace.
+constexpr RingShape dotWhereItStood{2.2, 4.4};
+constexpr RingShape movedPiece{15.2, 2};
+constexpr RingShape traceWidth{3.6, 2.2};
+
+// The players' colours, as seen well between dark edges on any square.
+const PerColour<QColor> moverColours{
+    QColor(), {0xff, 0xe0, 0x1e}, {0x3c, 0x6c, 0xff}, {0xf0, 0x3a, 0x2c}, {0x1f, 0xa8, 0x4a}};
 
 // The frame of the marked piece, in the same units: half its side, the length of each leg of its
 // corners, and the width of their dark line. Its light edges are half as wide.
@@ -66,6 +77,12 @@ std::vector<QPointF> PathOf(const Layout& layout, const BoardView::ShownMove& mo
     }
     path.push_back(move.place);
     return path;
+}
+
+// Where the piece stood before the move, in layout pixels.
+QPointF PlaceLeft(const Layout& layout, const BoardView::LastMove& move) {
+    if (move.from != 0) return AsPointF(layout.SquarePosition(move.from));
+    return AsPointF(layout.BoxPosition(ColourOf(move.piece), PieceOf(move.piece)));
 }
 
 // Five points on a circle of nearly the token's size, and five between them further in.
@@ -159,8 +176,9 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
 
 // -------------------------------------------------------------------------------- what changes
 
-// From below to above: background, houses with their trays, pulse, marks of a shown move, rings, pieces,
-// the frame of the marked one, banner and the piece in the air.
+// From below to above: background, houses with their trays, cards and line, the sign at a die, pulse,
+// marks of the last move and of a shown one, rings, pieces, the frame of the marked one and the piece in
+// the air.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
@@ -172,7 +190,11 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
         PaintHouse(painter, view, settings, colour, part);
         if (DieArea(colour, view.tray[colour].pose).intersects(part)) PaintTray(painter, view, colour);
     }
+    PaintCards(painter, artwork_, layout_, view, part);
+    PaintLine(painter, layout_, view, part);
+    PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
+    PaintLastMove(painter, view, part);
     const BoardView::ShownMove& shown = view.preview.piece != 0 ? view.preview : view.shown;
     PaintShownMove(painter, view, shown, part);
     const std::vector<PieceCode> pieces = PiecesFromBehind(view, part);
@@ -180,7 +202,6 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     for (const PieceCode code : pieces) PaintRingOf(painter, view, shown, code);
     for (const PieceCode code : pieces) PaintPiece(painter, view, code);
     if (view.marked != 0) PaintFrame(painter, view.at[view.marked]);
-    if (view.manualMode) PaintBanner(painter);
     if (view.inAir == 0) return;
     PaintPiece(painter, view, view.inAir);
     if (view.counted != 0) PaintCount(painter, view);
@@ -391,30 +412,91 @@ QRect BoardPainter::MoveArea(const BoardView::ShownMove& move) const {
     return area;
 }
 
-// Between the buttons and the recorder, in layout pixels: nothing else is ever there.
-Box BoardPainter::Banner() const {
-    constexpr Short width = 116;
-    constexpr Short height = 24;
-    constexpr int caseAboveRecorder = 14;
-    const int free = layout_.Recorder.y - caseAboveRecorder;
-    const int middle = (layout_.Buttons.y + layout_.Buttons.height + free) / 2;
-    return {ToShort(layout_.Recorder.Centre().x - width / 2), ToShort(middle - height / 2), width,
-            height};
+// ------------------------------------------------------------------------------ the last move
+
+// From square to square, in layout pixels. A piece that came out of its box leaves no trace in its
+// house, and one that was shifted by hand or sent back none at all.
+std::vector<QPointF> BoardPainter::TraceOf(const BoardView& view) const {
+    const BoardView::LastMove& move = view.lastMove;
+    if (move.piece == 0 || !move.walked) return {};
+    std::vector<QPointF> trace;
+    if (move.from != 0) trace.push_back(AsPointF(layout_.SquarePosition(move.from)));
+    for (const QPointF& at : PathOf(layout_, {move.piece, move.from, move.to, view.at[move.piece]}))
+        trace.push_back(at);
+    return trace;
 }
 
-QRect BoardPainter::BannerArea() const {
-    return DeviceArea(Banner(), 3);
+std::vector<QRect> BoardPainter::LastMoveAreas(const BoardView& view) const {
+    const BoardView::LastMove& move = view.lastMove;
+    if (move.piece == 0) return {};
+    std::vector<QRect> areas{PieceArea(view.at[move.piece])};
+    if (move.captured != 0) areas.push_back(PieceArea(view.at[move.captured]));
+    if (!move.walked || move.from == 0) areas.push_back(PieceArea(PlaceLeft(layout_, move)));
+    const std::vector<QPointF> trace = TraceOf(view);
+    for (std::size_t step = 0; step + 1 < trace.size(); ++step)
+        areas.push_back(PieceArea(trace[step]) | PieceArea(trace[step + 1]));
+    return areas;
 }
 
-void BoardPainter::PaintBanner(QPainter& painter) {
-    const QRectF banner = DeviceF(Banner());
-    const double unit = layout_.Unit;
-    painter.setPen(QPen(palette::DarkWood, 1.5 * unit));
-    painter.setBrush(palette::Light);
-    painter.drawRoundedRect(banner, 8 * unit, 8 * unit);
-    painter.setFont(TextFont(13 * unit, QFont::Bold));
-    painter.setPen(palette::Ink);
-    painter.drawText(banner, Qt::AlignCenter, QStringLiteral("Modo manual"));
+// A thin line and a dot in the mover's colour lead to a ring around the piece; a ring around the piece
+// that it has sent home.
+void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const QRect& part) {
+    const BoardView::LastMove& move = view.lastMove;
+    const std::vector<QRect> areas = LastMoveAreas(view);
+    const auto isSeen = [&](const QRect& area) { return area.intersects(part); };
+    if (std::none_of(areas.begin(), areas.end(), isSeen)) return;
+    const QColor colour = moverColours[ColourOf(move.piece)];
+    const double scale = PieceSide() / pieceDrawingSide;
+    QPolygonF line;
+    for (const QPointF& at : TraceOf(view)) line << Device(at);
+    painter.setBrush(Qt::NoBrush);
+    for (const QPen& pen :
+         {QPen(palette::DarkWood, traceWidth.radius * scale), QPen(colour, traceWidth.width * scale)}) {
+        painter.setPen(QPen(pen.brush(), pen.widthF(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(line);
+    }
+    PaintRing(painter, PlaceLeft(layout_, move), dotWhereItStood.radius, dotWhereItStood.width, colour);
+    PaintRing(painter, view.at[move.piece], movedPiece.radius, movedPiece.width, colour);
+    if (move.captured != 0)
+        PaintRing(painter, view.at[move.captured], movedPiece.radius, movedPiece.width, colour);
+}
+
+// --------------------------------------------------------------------- the sign at a waiting die
+
+namespace {
+
+constexpr double handSide = 44;  // in layout pixels of the largest board
+constexpr double handTravel = 7;
+constexpr int handTaps = 3;
+const QPointF handTip(12.3 / 32, 3.0 / 32);  // of its drawing
+const QPointF handPlace(13, 13);             // where the tip rests, from the middle of the tray
+
+}  // namespace
+
+QRect BoardPainter::SignArea(Colour colour) const {
+    const double unit = layout_.Cell / boardCell;
+    const int reach = qCeil((handSide + handTravel + handPlace.x()) * unit);
+    const Point middle = layout_.DieBox(colour).Centre();
+    return DeviceArea(
+        {ToShort(middle.x - reach), ToShort(middle.y - reach), ToShort(2 * reach), ToShort(2 * reach)});
+}
+
+// The tray is framed as pieces that can be picked are ringed, and a hand taps on the die a few times and
+// then rests there.
+void BoardPainter::PaintSign(QPainter& painter, const BoardView& view, const QRect& part) {
+    if (view.sign == 0 || !SignArea(view.sign).intersects(part)) return;
+    const double unit = layout_.Unit * layout_.Cell / boardCell;
+    const QRectF tray =
+        DeviceF(layout_.DieBox(view.sign)).adjusted(-2 * unit, -2 * unit, 2 * unit, 2 * unit);
+    painter.setBrush(Qt::NoBrush);
+    for (const QPen& pen : {QPen(palette::DarkWood, 5.5 * unit), QPen(palette::Mark, 3.2 * unit)}) {
+        painter.setPen(pen);
+        painter.drawRoundedRect(tray, 8 * unit, 8 * unit);
+    }
+    const double away = handTravel * std::abs(std::sin(handTaps * M_PI * view.tapping));
+    const QPixmap hand = artwork_.Pixmap("cursors/ManoIndice", SideBySide(handSide * unit));
+    const QPointF tip = tray.center() + (handPlace + QPointF(away, away)) * unit;
+    painter.drawPixmap((tip - handTip * handSide * unit).toPoint(), hand);
 }
 
 // Resampling a moving piece for every frame would take most of the frame's time: instead it is drawn

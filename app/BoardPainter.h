@@ -54,8 +54,10 @@ public:
     QRect DeviceArea(const Box& box, double around = 0) const;
     /// The dots and the ring that mark a shown move; empty when none is shown.
     QRect MoveArea(const BoardView::ShownMove& move) const;
-    /// The banner that says that pieces are being shifted by hand.
-    QRect BannerArea() const;
+    /// The parts of the trace and the marks of the last move.
+    std::vector<QRect> LastMoveAreas(const BoardView& view) const;
+    /// What the hand covers that points at a colour's die, wherever its movement takes it.
+    QRect SignArea(Colour colour) const;
 
 private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour,
@@ -76,7 +78,9 @@ private:
     void PaintRingOf(QPainter& painter, const BoardView& view, const BoardView::ShownMove& shown,
                      PieceCode code);
     void PaintFrame(QPainter& painter, QPointF centre);
-    void PaintBanner(QPainter& painter);
+    std::vector<QPointF> TraceOf(const BoardView& view) const;
+    void PaintLastMove(QPainter& painter, const BoardView& view, const QRect& part);
+    void PaintSign(QPainter& painter, const BoardView& view, const QRect& part);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintGroundShadow(QPainter& painter, QPointF at, double height);
     void PaintCount(QPainter& painter, const BoardView& view);
@@ -85,7 +89,6 @@ private:
     double PieceScale(double height) const;
     QRectF DiePlace(Colour colour, const BoardView::DiePose& pose) const;
     QRectF CountArea(const BoardView& view) const;
-    Box Banner() const;
     QPointF Device(QPointF layoutPoint) const;
     QRectF DeviceF(const Box& box) const;
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/CardPainter.h"
+#include "app/Guide.h"
 #include "app/PiecePlaces.h"
 #include "core/Board.h"
 #include "core/Rules.h"
@@ -14,6 +16,7 @@ namespace {
 constexpr int pulseMilliseconds = 900;
 constexpr int seenMilliseconds = 640;  // until everybody has seen a throw that lies at rest
 constexpr int fadeMilliseconds = 300;
+constexpr int tapMilliseconds = 3600;
 
 BoardView::DiePose RestingPose(const BoardView::Tray& tray) {
     return tray.ready ? DieMotion::PoseOfReady() : BoardView::DiePose{};
@@ -35,6 +38,9 @@ BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork
     pulse_.setStartValue(0.0);
     pulse_.setEndValue(1.0);
     Connect(pulse_, [this](double progress) { ShowPulse(progress); });
+    tap_.setStartValue(0.0);
+    tap_.setEndValue(1.0);
+    Connect(tap_, [this](double progress) { ShowTap(progress); });
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         Connect(fade_[colour], [this, colour](double opacity) { ShowFade(colour, opacity); });
     }
@@ -99,8 +105,10 @@ void BoardScene::ForgetMotion() {
 void BoardScene::Clear() {
     ForgetMotion();
     pulse_.stop();
+    tap_.stop();
     for (QVariantAnimation& fade : fade_) fade.stop();
     view_ = BoardView{};
+    ShowGuide();
     Repaint(painter_.Picture().rect());
 }
 
@@ -108,6 +116,7 @@ void BoardScene::Lift(PieceCode piece) {
     view_.counted = 0;
     view_.inAir = piece;
     view_.present[piece] = true;
+    ShowLastMove({});
     RepaintPiece(piece);  // its ring is gone
     SlideOthersToTheirPlaces();
 }
@@ -264,6 +273,7 @@ void BoardScene::ShowFade(Colour colour, double opacity) {
 
 void BoardScene::ShowTurn(Colour colour) {
     const Colour before = std::exchange(view_.onTurn, colour);
+    ShowGuide();
     if (before == colour) return;
     // During a turn all other houses lie in the shade; without a turn none does.
     if ((before == 0) != (colour == 0)) {
@@ -320,7 +330,70 @@ void BoardScene::ShowMarked(PieceCode piece) {
 
 void BoardScene::ShowManualMode(bool on) {
     view_.manualMode = on;
-    Repaint(painter_.BannerArea());
+    ShowGuide();
+}
+
+void BoardScene::ShowTape(Short move) {
+    view_.tape = move;
+    ShowGuide();
+}
+
+// ------------------------------------------------------------------ what is told beside the board
+
+void BoardScene::ShowGuide() {
+    ShowLine();
+    ShowCards();
+    ShowSign();
+    const BoardView::LastMove last = LastMoveOf(state_);
+    if (view_.inAir == 0) ShowLastMove(view_.present[last.piece] ? last : BoardView::LastMove{});
+}
+
+void BoardScene::ShowLine() {
+    const Prompt line = PromptOf(state_, settings_, view_.tape);
+    const QString latest =
+        layout_.HasCards() || !state_.GameInProgress ? QString() : LatestThrowText(state_, settings_);
+    if (line == view_.line && latest == view_.latest) return;
+    view_.line = line;
+    view_.latest = latest;
+    Repaint(LineArea(layout_));
+}
+
+void BoardScene::ShowCards() {
+    const auto before = std::exchange(view_.cards, CardsOf(state_, settings_, view_.onTurn));
+    for (std::size_t place = 0; layout_.HasCards() && place < layout_.Card.size(); ++place) {
+        const bool was = place < before.size(), is = place < view_.cards.size();
+        if (was != is || (is && before[place] != view_.cards[place])) Repaint(CardArea(layout_, place));
+    }
+}
+
+void BoardScene::ShowLastMove(const BoardView::LastMove& move) {
+    if (move == view_.lastMove) return;
+    std::vector<QRect> areas = painter_.LastMoveAreas(view_);
+    view_.lastMove = move;
+    for (const QRect& area : painter_.LastMoveAreas(view_)) areas.push_back(area);
+    for (const QRect& area : areas) Repaint(area);
+}
+
+// A click on the board throws.
+void BoardScene::ShowSign() {
+    const bool isOn = state_.WaitingForThrow && !state_.ManualMode && view_.tape < 0;
+    const Colour now = isOn ? state_.CurrentColour : Colour{0};
+    const Colour before = std::exchange(view_.sign, now);
+    if (before == now) return;
+    tap_.stop();
+    view_.tapping = 1;
+    if (before != 0) Repaint(painter_.SignArea(before));
+    if (now == 0) return;
+    Repaint(painter_.SignArea(now));
+    const int duration = AtThisSpeed(tapMilliseconds);
+    if (duration <= 0) return;
+    tap_.setDuration(duration);
+    tap_.start();
+}
+
+void BoardScene::ShowTap(double progress) {
+    view_.tapping = progress;
+    if (view_.sign != 0) Repaint(painter_.SignArea(view_.sign));
 }
 
 void BoardScene::ShowWinner(Colour colour) {
@@ -330,6 +403,7 @@ void BoardScene::ShowWinner(Colour colour) {
 }
 
 void BoardScene::RepaintHouses() {
+    ShowGuide();
     for (Colour colour = 1; colour <= ColourCount; ++colour) RepaintHouse(colour);
 }
 
@@ -341,6 +415,7 @@ void BoardScene::Refresh() {
             view_.at[code] = PlaceOf(code);
         }
     }
+    ShowGuide();
     Repaint(painter_.Picture().rect());
 }
 

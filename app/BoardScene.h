@@ -77,8 +77,15 @@ public:
     void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
     /// Frames the piece that the keyboard has marked with four corners; 0 marks none.
     void ShowMarked(PieceCode piece);
-    /// Shows or removes the banner "Modo manual".
+    /// Shows that pieces are being shifted by hand, or no longer.
     void ShowManualMode(bool on);
+    /// Shows that the recorder stands at that move, -1 that it is off.
+    void ShowTape(Short move);
+
+    /// Brings what the table tells beside the board up to date: the line, the players' cards, the marks
+    /// of the last move, and the hand at a die that waits for a click. Repaints what has changed. Must
+    /// be called when a wait begins or ends and when names or players have changed; a turn does it, too.
+    void ShowGuide();
 
     /// Repaints all houses: the players' names or who takes part have changed.
     void RepaintHouses();
@@ -102,6 +109,11 @@ private:
     void ForgetMotion();
     void Repaint(const QRect& device);
     void RepaintHouse(Colour colour);
+    void ShowLastMove(const BoardView::LastMove& move);
+    void ShowLine();
+    void ShowCards();
+    void ShowSign();
+    void ShowTap(double progress);
     QPointF EndOf(const BoardView::ShownMove& move) const;
     void RepaintMove(const BoardView::ShownMove& move);
     void RepaintPiece(PieceCode piece);
@@ -119,6 +131,7 @@ private:
     // The game does not wait for these:
     PerColour<QVariantAnimation> fade_;  // empties a tray
     QVariantAnimation pulse_;            // drives the ring of light
+    QVariantAnimation tap_;              // moves the hand at a die a few times
 };
 
 }  // namespace zorva

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QPointF>
+#include <QString>
+#include <vector>
 
+#include "app/Sentences.h"
 #include "core/GameState.h"
 
 namespace zorva {
@@ -45,6 +48,28 @@ struct BoardView {
         QPointF place{};  ///< where it ends, in layout pixels
     };
 
+    /// The last move made. Quiet marks stay on it until the next one begins.
+    struct LastMove {
+        PieceCode piece = 0;  ///< 0 when none is marked
+        Square from = 0;
+        Square to = 0;
+        PieceCode captured = 0;  ///< the piece that it has sent home, 0 for none
+        bool walked = false;     ///< from square to square, not shifted by hand or sent back
+        bool operator==(const LastMove&) const = default;
+    };
+
+    /// What a player's card tells.
+    struct Card {
+        Colour colour = 0;
+        QString name;
+        QString kind;  ///< a person, or the computer and its level
+        QString last;  ///< what it did last
+        Short home = 0;
+        Short toGo = 0;  ///< squares
+        bool lit = false;
+        bool operator==(const Card&) const = default;
+    };
+
     std::array<bool, CodeCount> present{};   ///< pieces that have been put on the board
     std::array<QPointF, CodeCount> at{};     ///< centres, in layout pixels
     std::array<double, CodeCount> height{};  ///< above the board, in layout pixels
@@ -60,6 +85,14 @@ struct BoardView {
     std::array<bool, CodeCount> movable{};  ///< pieces that a person may pick now
     PieceCode marked = 0;                   ///< the one marked by the keyboard
     bool manualMode = false;
+
+    Short tape = -1;  ///< the move at which the recorder stands, -1 while it is off
+    Prompt line;      ///< what the game waits for
+    QString latest;   ///< what was done last, under the line where there are no cards
+    std::vector<Card> cards;
+    LastMove lastMove;
+    Colour sign = 0;     ///< whose die a hand points at, because a click throws it
+    double tapping = 1;  ///< how far the hand's movement has got, 0..1
 };
 
 }  // namespace zorva

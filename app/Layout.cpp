@@ -19,6 +19,8 @@ constexpr Short recorderTop = 220;
 constexpr Short logWidth = 150;
 constexpr Short logTop = 304;
 constexpr Short belowLog = 4;
+constexpr int caseTop = recorderTop - 14;  // of the case that holds the recorder
+constexpr int boardFrame = 16;             // around the squares of the largest board
 
 // --------------------------------------------------------------------- the screen and the board
 
@@ -65,15 +67,87 @@ Short LogHeight(const Layout& layout) {
     return heights[layout.SizeClass];
 }
 
-// Two rows of three keys, as large as the room above the recorder allows: sides of 28 to 64.
-void PlaceButtons(Layout& layout) {
-    constexpr int gap = 6;
+Short FrameRight(const Layout& layout) {
+    return Round(layout.Margin + (21 + boardFrame / 33.0) * layout.Cell);
+}
+
+// ------------------------------------------------------------------------- the players' cards
+
+// A row of cards or a column of them, each this far from the next and from what lies beside it.
+constexpr int cardGap = 11;
+constexpr int narrowestCard = 128;
+constexpr int usualCard = 148;  // the band makes room for it
+constexpr int widestCard = 264;
+constexpr int furthestFromBoard = 44;
+constexpr int widestBand = 248;
+constexpr int narrowestBand = 196;  // as wide as the recorder's case
+
+// The band reaches nearly from side to side of its room, and makes room for cards where they fit at
+// all. Where wood lies above it, its edge is seen.
+void PlaceBand(Layout& layout) {
     const int room = layout.ScreenWidth - layout.BoardExtent;
-    const int side = std::clamp((room - 6 * gap) / 3, 28, 64);
+    const int beforeBand = layout.BoardExtent - FrameRight(layout) - 2 * cardGap;
+    const bool cardsFit = (room - narrowestBand) / 2 + beforeBand >= narrowestCard;
+    const int besideCards = room - 2 * (usualCard - beforeBand);
+    const int width = cardsFit ? std::clamp(besideCards, narrowestBand, widestBand) : widestBand;
+    layout.BandWidth = ToShort(std::max(1, std::min(room - (layout.DeviceTop > 0 ? 12 : 2), width)));
+}
+
+// Between the board and the band, from the upper edge of the board's frame to its lower one.
+bool PlaceCardsBeside(Layout& layout) {
+    constexpr int lineHeight = 88;
+    const int left = FrameRight(layout);
+    const int right = CentredBesideBoard(layout, layout.BandWidth);
+    const int width = std::min(right - left - 2 * cardGap, widestCard);
+    if (width < narrowestCard || layout.SizeClass < 3) return false;
+    const int x = left + std::min((right - left - width) / 2, furthestFromBoard);
+    const int top = layout.Margin - boardFrame;
+    const int height = 21 * layout.Cell + 2 * boardFrame;
+    const int step = (height - lineHeight + 1) / ColourCount;
+    layout.Line = {ToShort(x), ToShort(top), ToShort(width), lineHeight};
+    for (int card = 0; card < ColourCount; ++card) {
+        layout.Card[card] = {ToShort(x), ToShort(top + lineHeight + cardGap + card * step),
+                             ToShort(width), ToShort(step - cardGap)};
+    }
+    return true;
+}
+
+// Side by side below the used part of a tall screen.
+bool PlaceCardsBelow(Layout& layout) {
+    constexpr int belowBand = 28, side = 20, lineHeight = 44, lowest = 112, highest = 149;
+    const int room = static_cast<int>(layout.DeviceTop / layout.Unit) - belowBand - cardGap;
+    const int height = std::min(room - lineHeight - cardGap, highest);
+    if (height < lowest) return false;
+    const int top = layout.ScreenHeight + belowBand;
+    const int width = layout.ScreenWidth - 2 * side;
+    const int step = (width + cardGap) / ColourCount;
+    layout.Line = {side, ToShort(top), ToShort(width), lineHeight};
+    for (int card = 0; card < ColourCount; ++card) {
+        layout.Card[card] = {ToShort(side + card * step), ToShort(top + lineHeight + cardGap),
+                             ToShort(step - cardGap), ToShort(height)};
+    }
+    return true;
+}
+
+// ------------------------------------------------------------------------------------ the panel
+
+// Two rows of three keys, as large as the room above the recorder allows: sides of 28 to 64. Where there
+// are no cards the line lies above them.
+void PlaceButtons(Layout& layout) {
+    constexpr int gap = 6, aroundLine = 7, besideLine = 8;
+    const bool isLineAbove = !layout.HasCards();
+    const int side = std::clamp((layout.BandWidth - 34) / 3, 28, isLineAbove ? 56 : 64);
     const int width = 3 * side + 2 * gap;
     const int height = 2 * side + gap;
     const Short left = CentredBesideBoard(layout, width);
-    const Short top = ToShort(std::max(8, (recorderTop - height) / 2));
+    Short top = ToShort(std::max(8, (recorderTop - height) / 2));
+    if (isLineAbove) {
+        const int lineWidth = std::max(layout.BandWidth - 2 * besideLine, 1);
+        const int lineHeight = caseTop - height - 3 * aroundLine;
+        layout.Line = {CentredBesideBoard(layout, lineWidth), aroundLine, ToShort(lineWidth),
+                       ToShort(lineHeight)};
+        top = ToShort(lineHeight + 2 * aroundLine);
+    }
     layout.Buttons = {left, top, ToShort(width), ToShort(height)};
     for (int index = 0; index < MenuButtonCount; ++index) {
         layout.Button[index] = {ToShort(left + index % 3 * (side + gap)),
@@ -93,6 +167,25 @@ void PlaceStrip(Layout& layout) {
     const int right = std::min<int>(layout.Log.x + logWidth, layout.ScreenWidth - 1);
     const int height = std::clamp(layout.ScreenHeight - belowLog - logTop, 1, int{layout.Log.height});
     layout.LogPaper = {ToShort(left), logTop, ToShort(std::max(right - left, 1)), ToShort(height)};
+}
+
+// Right of the band, or below the board and the cards.
+void PlaceCup(Layout& layout) {
+    constexpr int side = 140;
+    const int bandLeft = CentredBesideBoard(layout, layout.BandWidth);
+    const int bandRight = bandLeft + layout.BandWidth;
+    const int right = layout.ScreenWidth - bandRight;
+    const Box& card = layout.Card.back();
+    const int bottom = std::max<int>(layout.ScreenHeight, card.y + card.height);
+    const int below = layout.ScreenHeight + static_cast<int>(layout.DeviceTop / layout.Unit) - bottom;
+    if (right >= side) {
+        const int middle = bandRight + std::min(right / 2, side * 6 / 5);
+        layout.Cup = {ToShort(middle - side / 2), ToShort(layout.ScreenHeight - side * 3 / 2), side,
+                      side};
+    } else if (below >= side) {
+        layout.Cup = {ToShort(bandLeft - side * 3 / 2), ToShort(bottom + (below - side) / 2), side,
+                      side};
+    }
 }
 
 // ------------------------------------------------------------------------ where pieces stand
@@ -209,8 +302,11 @@ Layout LayoutFor(int deviceWidth, int deviceHeight) {
     Layout layout;
     UseScreen(layout, deviceWidth, deviceHeight);
     PlaceBoard(layout);
+    PlaceBand(layout);
+    if (!PlaceCardsBeside(layout)) PlaceCardsBelow(layout);
     PlaceButtons(layout);
     PlaceStrip(layout);
+    PlaceCup(layout);
     return layout;
 }
 

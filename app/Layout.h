@@ -59,10 +59,19 @@ struct Layout {
     Short BoxSide = 0;      ///< side of a corner box
     PerColour<Point> CornerBox{};
 
+    Short BandWidth = 0;  ///< of the panel on which menu, recorder and log lie, centred beside the board
+    /// Where the game says what it waits for: at the head of the cards, else at the head of the panel.
+    Box Line;
+    /// The players' cards, one above or beside the other. On a screen without room for them their width
+    /// is 0. Some may lie above or below the used part of the screen.
+    std::array<Box, ColourCount> Card;
+    bool HasCards() const { return Card[0].width != 0; }
+
     Box Buttons;                              ///< Pic_Botones
     std::array<Box, MenuButtonCount> Button;  ///< Pic_Boton, in the order of the menu
     Box Recorder;                             ///< Pic_Grabadora
     Box Log;                                  ///< Lis_Grabadora
+    Box Cup;       ///< the dice cup that stands on the free table; its width is 0 where there is no room
     Box LogPaper;  ///< what is seen of the log: the part beside the board and on the screen
 
     /// A point of the layout in device pixels of the window.

@@ -11,14 +11,13 @@ namespace zorva {
 namespace {
 
 // Measures in layout pixels.
-constexpr double besideBand = 2;  // left free of the room beside the board
-constexpr double widestBand = 248;
 constexpr double beyondBand = 16;  // how far the band reaches over the log's ends where there is room
 constexpr double bandCorner = 24;  // the corner of the drawing, which is not stretched
 constexpr double opaqueBand = 8;   // the part of that which is round and not opaque
 constexpr double caseCorner = 14;
 constexpr double widestCase = 196;
 constexpr double besideCase = 12;
+constexpr double beyondPaper = 6;
 constexpr double caseAbove = 14;  // the recorder's strip
 constexpr double caseBelow = 13;
 constexpr double widestReel = 58;
@@ -26,7 +25,6 @@ constexpr double smallestReel = 18;  // where there is less room, the reels are 
 constexpr double besideReel = 6;
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double paperShadow = 10;
-constexpr double cupSide = 140;
 
 // Layout pixels as device pixels of the window.
 QRectF OnDevice(const Layout& layout, const QRectF& area) {
@@ -61,14 +59,15 @@ void PaintStretched(QPainter& painter, Artwork& artwork, const QString& name, co
 // layout the band ends a little above the buttons and below the log.
 QRectF Band(const Layout& layout) {
     const double room = layout.ScreenWidth - layout.BoardExtent;
-    const double width = std::min(room - besideBand, widestBand);
+    const double width = layout.BandWidth;
     const double beyond = layout.DeviceTop > beyondBand * layout.Unit ? beyondBand : 2 * bandCorner;
     return {layout.BoardExtent + (room - width) / 2, -beyond, width, layout.ScreenHeight + 2 * beyond};
 }
 
-// The recorder's case: as wide as the band allows, around the strip.
+// The recorder's case: as wide as the band allows, around the strip, and wider than the paper.
 QRectF Case(const Layout& layout, const QRectF& band) {
-    const double width = std::min(band.width() - 2 * besideCase, widestCase);
+    const double overPaper = std::min(layout.LogPaper.width + beyondPaper, band.width() - 2);
+    const double width = std::max(std::min(band.width() - 2 * besideCase, widestCase), overPaper);
     return {band.center().x() - width / 2, layout.Recorder.y - caseAbove, width,
             layout.Recorder.height + caseAbove + caseBelow};
 }
@@ -84,22 +83,6 @@ void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const
                          layout.Recorder.y + layout.Recorder.height / 2.0});
         artwork.Paint(painter, "panel_reel", OnDevice(layout, reel));
     }
-}
-
-// A dice cup stands where the table is free: right of the band, or below the board.
-void PaintCup(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& band) {
-    const double right = layout.ScreenWidth - band.right();
-    const double below = layout.DeviceTop / layout.Unit;
-    QRectF cup(0, 0, cupSide, cupSide);
-    if (right >= cupSide) {
-        cup.moveCenter(
-            {band.right() + std::min(right / 2, 1.2 * cupSide), layout.ScreenHeight - cupSide});
-    } else if (below >= cupSide) {
-        cup.moveCenter({band.left() - cupSide, layout.ScreenHeight + below / 2});
-    } else {
-        return;
-    }
-    artwork.Paint(painter, "panel_cup", OnDevice(layout, cup));
 }
 
 // How large the band's border is drawn, of its own size.
@@ -128,7 +111,11 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     const QRectF body = Case(layout, band);
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
     PaintReels(painter, artwork, layout, body);
-    PaintCup(painter, artwork, layout, band);
+    const Box& cup = layout.Cup;
+    if (cup.width != 0) {
+        artwork.Paint(painter, "panel_cup",
+                      OnDevice(layout, QRectF(cup.x, cup.y, cup.width, cup.height)));
+    }
 }
 
 }  // namespace zorva

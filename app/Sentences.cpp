@@ -1,8 +1,10 @@
 #include "app/Sentences.h"
 
 #include <QStringList>
+#include <algorithm>
 
 #include "core/Board.h"
+#include "core/Ending.h"
 #include "core/Records.h"
 #include "core/Rules.h"
 
@@ -302,6 +304,155 @@ QString TapeText(const GameState& state, const Settings& settings, bool forward)
                 " está otra vez en " + PlaceText(undone.MoverColour, undone.From);
     }
     return text + (last == 0 ? ". Principio de la partida." : ".") + turn;
+}
+
+// ------------------------------------------------------------------- the line and the cards
+
+namespace {
+
+QString NameOf(const Settings& settings, Colour colour) {
+    return QString::fromStdString(Trimmed(settings.PlayerName[colour]));
+}
+
+bool IsPersonPlaying(const Settings& settings) {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (IsTakingPart(settings, colour) && settings.PlayerType[colour] == 2) return true;
+    }
+    return false;
+}
+
+QString HintAboutPlayers(const Settings& settings) {
+    return IsPersonPlaying(settings) ? QString()
+                                     : QStringLiteral("Juega solo el ordenador: F3 lo cambia.");
+}
+
+Prompt PromptWithoutGame(const GameState& state, const Settings& settings) {
+    const QString start = "Pulse el botón de los dados para ";
+    if (!HasWon(state)) return {start + "empezar", HintAboutPlayers(settings), true};
+    return {"¡Ha ganado " + NameOf(settings, state.CurrentColour) + "!", start + "jugar otra vez.",
+            true};
+}
+
+Prompt PromptForThrow(const GameState& state, const Settings& settings) {
+    const QString name = NameOf(settings, state.CurrentColour);
+    if (state.ManualMode) {
+        return {"Modo manual: arrastre una ficha", "El botón derecho del ratón lo deja.", true};
+    }
+    const bool byPerson = settings.PlayerType[state.CurrentColour] == 2;
+    const QString repeats = state.RepeatTurn ? QStringLiteral("repite, ") : QString();
+    return {byPerson ? name + ": " + repeats + "pulse para tirar"
+                     : (state.RepeatTurn ? "Pulse y repite " : "Pulse y tira ") + name,
+            HintAboutPlayers(settings), true};
+}
+
+Prompt PromptForMove(const GameState& state, const Settings& settings) {
+    const QString toCount = state.MoveCount == state.DieValue
+                                ? QString()
+                                : QStringLiteral(" para contar %1").arg(state.MoveCount);
+    return {NameOf(settings, state.CurrentColour) + ": elija una ficha" + toCount +
+                QStringLiteral(", puede mover %1").arg(state.LegalMoveCount),
+            {},
+            true};
+}
+
+// The move that was made with a colour's last throw, or by hand; 0 when there is none. What follows from
+// it, such as a bonus, has records of its own up to `last`.
+Short LastThrowOf(const GameState& state, Colour colour, Short& last) {
+    last = ToShort(state.MoveRecordCount - 1);
+    while (last >= 1 && ColourOnTurn(state.MoveRecords[last]) != colour) --last;
+    Short move = last;
+    const auto follows = [&](Short number) {
+        const MoveRecord& record = state.MoveRecords[number];
+        return record.Die == 0 && !record.Manual && ColourOnTurn(record) == colour;
+    };
+    while (move > 1 && follows(move) && ColourOnTurn(state.MoveRecords[move - 1]) == colour) --move;
+    // The second piece that comes out with one five.
+    const MoveRecord& record = state.MoveRecords[std::max<Short>(move, 0)];
+    const MoveRecord& before = state.MoveRecords[std::max<Short>(ToShort(move - 1), 0)];
+    const bool isSecond = move > 1 && record.Die == 5 && before.Die == 5 && !before.TurnEnd;
+    return isSecond && ColourOnTurn(before) == colour ? ToShort(move - 1) : move;
+}
+
+// "salió con una ficha", "capturó a Rojo", "contó 20"; empty for a plain walk.
+QString DeedText(const Settings& settings, const MoveRecord& record) {
+    if (record.OnBehalf) return "capturó a " + NameOf(settings, record.MoverColour);
+    if (!MovesAPiece(record)) {
+        return record.Die != 0 ? QStringLiteral("no pudo mover")
+                               : QStringLiteral("no pudo contar %1").arg(record.Count);
+    }
+    if (record.To == 0) return "perdió una ficha";
+    if (record.From == 0) return "salió con una ficha";
+    const bool arrives = record.To == GoalSquare[record.MoverColour];
+    const QString counts =
+        record.Count == record.Die ? QString() : QStringLiteral("contó %1").arg(record.Count);
+    if (!arrives) return counts;
+    return counts.isEmpty() ? QStringLiteral("llegó a la meta") : counts + " hasta la meta";
+}
+
+QString WalkText(const MoveRecord& record) {
+    if (record.To > LastRingSquare) return "avanzó por su columna";
+    return QStringLiteral("fue de la %1 a la %2").arg(record.From).arg(record.To);
+}
+
+QString DeedsText(const GameState& state, const Settings& settings, Short first, Short last) {
+    QStringList deeds;
+    for (Short move = first; move <= last; ++move) {
+        const QString deed = DeedText(settings, state.MoveRecords[move]);
+        if (!deed.isEmpty()) deeds << deed;
+    }
+    if (deeds.count("salió con una ficha") == 2) {
+        deeds.removeAll("salió con una ficha");
+        deeds.prepend("salió con dos fichas");
+    }
+    if (deeds.isEmpty()) return " y " + WalkText(state.MoveRecords[first]);
+    const QString final = " y " + deeds.takeLast();
+    return deeds.isEmpty() ? final : ", " + deeds.join(", ") + final;
+}
+
+QString SpokenLastThrow(const GameState& state, const Settings& settings, Colour colour) {
+    Short last = 0;
+    const Short move = LastThrowOf(state, colour, last);
+    if (move < 1) return {};
+    const MoveRecord& record = state.MoveRecords[move];
+    if (record.Manual) return "movió una ficha a mano";
+    if (record.Die == 0) return DeedsText(state, settings, move, last).mid(3);
+    const QString third = IsThirdSix(record) ? QStringLiteral(" por tercera vez") : QString();
+    return QStringLiteral("sacó %1").arg(record.Die) + third + DeedsText(state, settings, move, last);
+}
+
+}  // namespace
+
+Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
+    if (!state.GameInProgress) return PromptWithoutGame(state, settings);
+    const QString name = NameOf(settings, state.CurrentColour);
+    if (tape >= 0) {
+        return {tape == 0 ? QStringLiteral("Grabadora: principio de la partida")
+                          : QStringLiteral("Grabadora: jugada %1").arg(tape),
+                "Apáguela para seguir jugando.", true};
+    }
+    if (state.WaitingForThrow) return PromptForThrow(state, settings);
+    if (HasWon(state)) return {"¡Ha ganado " + name + "!", {}, false};
+    if (state.WaitingForMove && settings.PlayerType[state.CurrentColour] == 2) {
+        return PromptForMove(state, settings);
+    }
+    if (state.MoveRecordCount == 0) return {"Sorteo de quién empieza", {}, false};
+    return {"Juega " + name + "…", {}, false};
+}
+
+QString LastThrowText(const GameState& state, const Settings& settings, Colour colour) {
+    const QString spoken = SpokenLastThrow(state, settings, colour);
+    return spoken.isEmpty() ? spoken : Capitalised(spoken) + ".";
+}
+
+QString LatestThrowText(const GameState& state, const Settings& settings) {
+    if (state.MoveRecordCount < 2) return {};
+    const Colour colour = ColourOnTurn(state.MoveRecords[state.MoveRecordCount - 1]);
+    return NameOf(settings, colour) + " " + SpokenLastThrow(state, settings, colour) + ".";
+}
+
+QString KindText(const Settings& settings, Colour colour) {
+    if (settings.PlayerType[colour] == 2) return "Persona";
+    return QStringLiteral("Ordenador, nivel %1").arg(settings.PlayerLevel[colour]);
 }
 
 }  // namespace zorva

@@ -73,4 +73,22 @@ QString LastMovesText(const GameState& state, const Settings& settings);
 /// back the move at the position.
 QString TapeText(const GameState& state, const Settings& settings, bool forward);
 
+/// What the game waits for, as the line on the table says it.
+struct Prompt {
+    QString what;        ///< "María: pulse para tirar"
+    QString hint;        ///< how to get on otherwise, often empty
+    bool waits = false;  ///< for the player; else for a walk, a throw or nothing
+
+    bool operator==(const Prompt&) const = default;
+};
+/// `tape` is the move at which the recorder stands, -1 while it is off.
+Prompt PromptOf(const GameState& state, const Settings& settings, Short tape);
+/// What a colour did by its last throw, or by hand: "Sacó 5, capturó a Rojo y contó 20". Empty when it
+/// has not played yet.
+QString LastThrowText(const GameState& state, const Settings& settings, Colour colour);
+/// The same of the colour that played last, with its name: "Azul sacó 4 y no pudo mover".
+QString LatestThrowText(const GameState& state, const Settings& settings);
+/// Who plays a colour: "Persona", "Ordenador, nivel 50".
+QString KindText(const Settings& settings, Colour colour);
+
 }  // namespace zorva

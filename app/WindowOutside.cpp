@@ -134,6 +134,7 @@ void WindowOutside::RefreshBoard(PiecesShown pieces) {
 
 void WindowOutside::SetScreenCursor(ScreenCursor cursor) {
     mesa_.SetScreenCursor(cursor);
+    scene_.ShowGuide();
     if (cursor == ScreenCursor::OfTheBoard) narrator_.PlayerAwaited();
 }
 
@@ -151,6 +152,7 @@ void WindowOutside::MoveBegins(const MoveRecord& record) {
 
 void WindowOutside::SelectLogLine(Short line) {
     mesa_.Log().Select(line);
+    scene_.ShowTape(line);
 }
 
 void WindowOutside::CutLogFrom(Short line) {

@@ -38,10 +38,12 @@ struct Board : BoardWindow {
         scene.ShowStep(1);
     }
 
-    /// The part of a picture where nothing hides the board.
+    /// A picture without what lies on the board window.
     QImage PartOf(const QPixmap& picture) const {
-        const int right = static_cast<int>(layout.DeviceLeft + layout.BoardExtent * layout.Unit);
-        return picture.copy(0, 0, right, mesa.height()).toImage().convertToFormat(QImage::Format_RGB32);
+        QPixmap board = picture;
+        for (const Box& box : {layout.Buttons, layout.Recorder, layout.LogPaper})
+            QPainter(&board).fillRect(fresh.DeviceArea(box, 2), Qt::black);
+        return board.toImage().convertToFormat(QImage::Format_RGB32);
     }
     /// What the window shows, of which only what has changed is painted anew.
     QImage Seen() const {
@@ -138,6 +140,7 @@ private:
     void PositionReached(const GameState& position) override {
         if (position.MoveRecordCount > longest_) state.GameInProgress = No;
         Look("the turn");
+        scene.ShowGuide();
         const QImage before = Seen();
         scene.Refresh();
         EXPECT_EQ(Text(Difference(Seen(), before)), "") << "a piece is not at its place";
@@ -184,6 +187,8 @@ private:
             [&](bool on) { scene.ShowMove(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowPreview(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowManualMode(on); },
+            [&](bool on) { scene.ShowTape(ToShort(on ? 3 : -1)); },
+            [&](bool on) { ShowSign(on); },
             [&](bool on) { on ? DragAndLetGo() : scene.EmptyTrays(); },
             [&](bool on) { on ? scene.ShowDie(3, 6, DieIs::RollingBy) : scene.ShowBonus(2, 10); },
             [&](bool on) { on ? scene.ShowWinner(1) : scene.ShowTurn(state.CurrentColour); },
@@ -196,6 +201,13 @@ private:
         }
         for (const auto& mark : marks) mark(false);
         Look("taking the marks away");
+    }
+
+    void ShowSign(bool on) {
+        state.WaitingForThrow = on ? Yes : No;
+        settings.Speed = 0;  // the hand moves
+        scene.ShowGuide();
+        settings.Speed = 100;
     }
 
     void DragAndLetGo() {
@@ -219,7 +231,7 @@ private:
 TEST(BoardPicture, IsRepaintedWhereverSomethingChanges) {
     int looks = 0;
     const std::tuple<std::uint64_t, QSize, Short> rows[] = {
-        {0, {640, 480}, 40}, {1, {640, 480}, 40}, {0, {800, 600}, 20}, {0, {1280, 1024}, 10}};
+        {0, {640, 480}, 40}, {1, {640, 480}, 40}, {0, {800, 600}, 20}, {0, {1280, 800}, 12}};
     for (const auto& [number, screen, moves] : rows) {
         SCOPED_TRACE(NameOf(screen) + " game " + std::to_string(number));
         PaintedGame game(number, screen, moves);

@@ -18,11 +18,12 @@ namespace test {
 namespace {
 
 /// Widely used screens, from the smallest to the largest.
-constexpr QSize screens[] = {
-    {640, 480},   {799, 600},   {800, 600},   {801, 600},   {1024, 600},  {1024, 768},  {1280, 720},
-    {1280, 1024}, {1366, 768},  {1920, 1080}, {2560, 1080}, {5120, 1440}, {7680, 4320}, {1080, 1920},
-    {768, 1024},  {1024, 1024}, {600, 800},   {640, 512},   {720, 1280},
-};
+constexpr QSize screens[] = {{640, 480},   {799, 600},   {800, 600},   {801, 600},   {1024, 600},
+                             {1024, 768},  {1280, 720},  {1280, 1024}, {1366, 768},  {1920, 1080},
+                             {2560, 1080}, {5120, 1440}, {7680, 4320}, {1080, 1920}, {768, 1024},
+                             {1024, 1024}, {600, 800},   {640, 512},   {720, 1280},  {1280, 800},
+                             {1440, 900},  {1680, 1050}, {1600, 900},  {2160, 1440}, {1440, 3440},
+                             {1200, 1920}, {1536, 2048}, {1024, 1280}, {3840, 2160}, {1152, 864}};
 
 struct SizeRow {
     QSize screen;
@@ -35,11 +36,11 @@ const SizeRow sizes[] = {
     {{640, 480}, 1, {640, 480, 1, 21, 49, 19, 479, 534, 484, 180, 41}},
     {{799, 600}, 1, {799, 600, 1, 21, 49, 79, 599, 674, 624, 180, 54}},
     {{800, 600}, 1, {800, 600, 2, 27, 63, 16, 599, 674, 624, 300, 55}},
-    {{801, 600}, 0.78125, {1025, 768, 3, 33, 77, 37, 767, 871, 821, 460, 64}},
-    {{1024, 768}, 1, {1024, 768, 3, 33, 77, 37, 767, 870, 820, 460, 64}},
+    {{801, 600}, 0.78125, {1025, 768, 3, 33, 77, 37, 767, 871, 821, 460, 56}},
+    {{1024, 768}, 1, {1024, 768, 3, 33, 77, 37, 767, 870, 820, 460, 56}},
     {{3440, 1440}, 1.875, {1835, 768, 3, 33, 77, 37, 767, 1276, 1226, 460, 64}},
-    {{1080, 1920}, 1.0546875, {1024, 819, 3, 33, 77, 63, 819, 896, 846, 460, 56}, 528},
-    {{768, 1024}, 1, {768, 614, 1, 21, 49, 86, 613, 666, 616, 180, 39}, 205},
+    {{1080, 1920}, 1.0546875, {1024, 819, 3, 33, 77, 63, 819, 896, 846, 460, 53}, 528},
+    {{768, 1024}, 1, {768, 614, 1, 21, 49, 86, 613, 666, 616, 180, 36}, 205},
 };
 
 TEST(Layout, FollowsTheScreen) {
@@ -100,25 +101,34 @@ TEST(Layout, PutsEachPieceOnItsSquare) {
     }
 }
 
-TEST(Layout, HasRoomForEverythingAtTheRight) {
+TEST(Layout, HasRoomForEverythingBesideTheBoard) {
+    int withCards = 0;
     for (const QSize screen : screens) {
         SCOPED_TRACE(testing::Message() << screen.width() << 'x' << screen.height());
         const Layout layout = LayoutFor(screen.width(), screen.height());
-        const QRect right(QPoint(layout.BoardExtent, 0),
-                          QPoint(layout.ScreenWidth - 1, layout.ScreenHeight - 1));
+        const int above = static_cast<int>(layout.DeviceTop / layout.Unit), edge = layout.Cell / 2;
+        const QRect table(0, -above, layout.ScreenWidth, layout.ScreenHeight + 2 * above);
+        QRegion taken(QRect(layout.Margin, layout.Margin, 21 * layout.Cell, 21 * layout.Cell)
+                          .adjusted(-edge, -edge, edge, edge));
         std::vector<Box> boxes(layout.Button.begin(), layout.Button.end());
-        boxes.push_back(layout.Recorder);
-        boxes.push_back(layout.LogPaper);
+        boxes.insert(boxes.end(), {layout.Recorder, layout.LogPaper, layout.Line});
+        if (layout.HasCards()) boxes.insert(boxes.end(), layout.Card.begin(), layout.Card.end());
+        withCards += layout.HasCards() ? 1 : 0;
+        const QRect band(layout.Recorder.Centre().x - layout.BandWidth / 2, 0, layout.BandWidth,
+                         layout.ScreenHeight);
+        for (const Box& card : layout.Card)
+            EXPECT_FALSE(band.intersects(QRect(card.x, card.y, card.width, card.height))) << card.x;
+        if (layout.Cup.width != 0) boxes.push_back(layout.Cup);
         EXPECT_LE(layout.LogPaper.y + layout.LogPaper.height, layout.ScreenHeight - 4);
-        QRegion taken;
         for (const Box& box : boxes) {
             const QRect place(box.x, box.y, box.width, box.height);
-            EXPECT_TRUE(right.contains(place)) << box.y;
-            EXPECT_GE(std::min(box.width, box.height), 28) << box.y;
-            EXPECT_FALSE(taken.intersects(place)) << box.y;
+            EXPECT_TRUE(table.contains(place)) << box.x << ',' << box.y;
+            EXPECT_GE(std::min(box.width, box.height), 28) << box.x << ',' << box.y;
+            EXPECT_FALSE(taken.intersects(place)) << box.x << ',' << box.y;
             taken += place;
         }
     }
+    EXPECT_EQ(withCards, 18);
 }
 
 TEST(Layout, SurvivesAnySize) {

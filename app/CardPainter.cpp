@@ -1,0 +1,207 @@
+#include "app/CardPainter.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "app/Artwork.h"
+#include "app/Fonts.h"
+#include "app/Layout.h"
+#include "app/Palette.h"
+#include "core/Board.h"
+
+namespace zorva {
+namespace {
+
+// Measures in layout pixels.
+constexpr double around = 8;  // of shadow or light
+constexpr double corner = 7;
+constexpr double padding = 11;
+
+// A colour's mark on dark and on light ground; yellow to green.
+const PerColour<QColor> fills{
+    QColor(), {0xf2, 0xc6, 0x14}, {0x45, 0x6c, 0xf2}, {0xe0, 0x35, 0x29}, {0x25, 0x96, 0x45}};
+
+QRectF OnDevice(const Layout& layout, const Box& box) {
+    return {layout.DeviceLeft + box.x * layout.Unit, layout.DeviceTop + box.y * layout.Unit,
+            box.width * layout.Unit, box.height * layout.Unit};
+}
+
+QRect AreaAround(const Layout& layout, const Box& box) {
+    const double edge = around * layout.Unit;
+    return OnDevice(layout, box).adjusted(-edge, -edge, edge, edge).toAlignedRect();
+}
+
+/// Paints in layout pixels, from the corner of one box.
+class BoxPainter {
+public:
+    BoxPainter(QPainter& painter, const Layout& layout, const Box& box)
+        : painter_(painter), size_(box.width, box.height), unit_(layout.Unit) {
+        painter.save();
+        painter.translate(OnDevice(layout, box).topLeft());
+    }
+    ~BoxPainter() { painter_.restore(); }
+    BoxPainter(const BoxPainter&) = delete;
+    BoxPainter& operator=(const BoxPainter&) = delete;
+
+    QRectF Whole() const { return {QPointF(), size_}; }
+    double Width() const { return size_.width(); }
+    double Height() const { return size_.height(); }
+    QPainter& Painter() { return painter_; }
+    QRectF Device(const QRectF& area) const { return {area.topLeft() * unit_, area.size() * unit_}; }
+
+    void Round(const QRectF& area, double radius, const QBrush& fill, const QPen& edge = Qt::NoPen) {
+        QPen pen(edge);
+        pen.setWidthF(edge.widthF() * unit_);
+        painter_.setPen(pen);
+        painter_.setBrush(fill);
+        painter_.drawRoundedRect(Device(area), radius * unit_, radius * unit_);
+    }
+
+    /// Set smaller until it fits. Returns the height that it takes, in layout pixels.
+    double Text(const QRectF& area, int flags, const QString& text, double size, QFont::Weight weight,
+                const QColor& colour) {
+        const QRectF place = Device(area);
+        QFont font = TextFont(size * unit_, weight);
+        const auto needed = [&] { return QFontMetricsF(font).boundingRect(place, flags, text); };
+        while (font.pixelSize() > 6 && !place.adjusted(-1, -1, 1, 1).contains(needed()))
+            font.setPixelSize(font.pixelSize() - 1);
+        painter_.setFont(font);
+        painter_.setPen(colour);
+        painter_.drawText(place, flags, text);
+        return needed().height() / unit_;
+    }
+
+    /// The shadow or the light that lies around the box.
+    void Halo(const QColor& colour, QPointF offset) {
+        for (double reach = around - 1; reach > 0; reach -= 1.5) {
+            Round(Whole().adjusted(-reach, -reach, reach, reach).translated(offset), corner + reach,
+                  colour);
+        }
+    }
+
+    /// A plate: light where something goes on, else of dark leather.
+    void Plate(bool lit, const QColor& edge) {
+        if (lit) {
+            Halo(QColor(0xff, 0xdf, 0x9a, 22), {});
+        } else {
+            Halo(QColor(0, 0, 0, 30), {0, 1});
+        }
+        QLinearGradient leather(0, 0, 0, Height() * unit_);
+        leather.setColorAt(0, lit ? QColor(0xff, 0xf3, 0xd2) : QColor(0x3b, 0x25, 0x17));
+        leather.setColorAt(1, lit ? QColor(0xf3, 0xdf, 0xb2) : QColor(0x28, 0x18, 0x0e));
+        Round(Whole(), corner, leather, QPen(palette::DarkWood, 1.4));
+        Round(Whole().adjusted(2.5, 2.5, -2.5, -2.5), corner - 2, Qt::NoBrush,
+              QPen(edge, lit ? 1.6 : 0.9));
+    }
+
+private:
+    QPainter& painter_;
+    QSizeF size_;
+    double unit_;
+};
+
+QColor TextColour(bool lit) {
+    return lit ? palette::Ink : QColor(0xf6, 0xe9, 0xcc);
+}
+
+QColor FaintText(bool lit) {
+    return lit ? QColor(0x5c, 0x44, 0x2c) : QColor(0xcf, 0xb8, 0x8e);
+}
+
+// How much of its way a colour has walked, and how many squares are left.
+void PaintWay(BoxPainter& box, const BoardView::Card& card, double top) {
+    constexpr int all = PiecesPerColour * StepsToGoal;
+    const QRectF bar(padding, top, box.Width() - 2 * padding, 9);
+    const QColor groove = card.lit ? QColor(0xcd, 0xb4, 0x83) : QColor(0x12, 0x0a, 0x05);
+    box.Round(bar, 4.5, groove,
+              QPen(card.lit ? QColor(0x8d, 0x71, 0x45) : QColor(0x5e, 0x47, 0x2d), 0.9));
+    const double walked = (bar.width() - 2) * (all - card.toGo) / all;
+    if (walked < 1) return;
+    box.Painter().save();
+    box.Painter().setClipRect(box.Device(QRectF(bar.left() + 1, bar.top(), walked, bar.height())),
+                              Qt::IntersectClip);
+    box.Round(bar.adjusted(1, 1, -1, -1), 3.5, fills[card.colour]);
+    box.Painter().restore();
+}
+
+// Four wells, of which those of the pieces at home are filled.
+void PaintHome(BoxPainter& box, const BoardView::Card& card, double top) {
+    for (int piece = 0; piece < PiecesPerColour; ++piece) {
+        const QRectF well(padding + 15 * piece, top, 11, 11);
+        const bool isHome = piece < card.home;
+        const QColor empty = card.lit ? QColor(0xcd, 0xb4, 0x83) : QColor(0x12, 0x0a, 0x05);
+        box.Round(well, 5.5, isHome ? fills[card.colour] : empty,
+                  QPen(isHome ? TextColour(card.lit) : FaintText(card.lit), isHome ? 1.4 : 0.8));
+    }
+}
+
+void PaintMark(BoxPainter& box, Artwork& artwork, Colour colour, const QRectF& place) {
+    const QRectF device = box.Device(place);
+    const QSize size = device.size().toSize();
+    box.Painter().drawPixmap(device.topLeft().toPoint(),
+                             artwork.Pixmap(QStringLiteral("piece_%1").arg(colour), size));
+}
+
+void PaintCard(QPainter& painter, Artwork& artwork, const Layout& layout, const Box& place,
+               const BoardView::Card& card) {
+    BoxPainter box(painter, layout, place);
+    const bool lit = card.lit;
+    const QColor text = TextColour(lit), faint = FaintText(lit);
+    const double width = box.Width() - 2 * padding;
+    const double spread = std::clamp((place.height - 112) / 37.0, 0.0, 1.0);  // of the rows
+    box.Plate(lit, lit ? palette::Mark : QColor(0x9a, 0x7a, 0x4c));
+    PaintMark(box, artwork, card.colour, {padding - 5, 4 + 2 * spread, 34, 34});
+    box.Text({padding + 30, 6 + 2 * spread, width - 30, 26}, Qt::AlignVCenter | Qt::AlignLeft, card.name,
+             17, QFont::Bold, text);
+    const double kind = 32 + 6 * spread, bar = kind + 17 + 3 * spread, home = bar + 13 + 2 * spread;
+    box.Text({padding, kind, width, 15}, Qt::AlignVCenter | Qt::AlignLeft, card.kind, 12, QFont::Normal,
+             faint);
+    PaintWay(box, card, bar);
+    PaintHome(box, card, home + 1.5);
+    box.Text({padding + 60, home - 1, width - 60, 16}, Qt::AlignVCenter | Qt::AlignRight,
+             card.toGo == 0 ? QStringLiteral("en casa") : QStringLiteral("faltan %1").arg(card.toGo), 13,
+             QFont::Bold, text);
+    const double last = home + 18 + 2 * spread;
+    box.Text({padding, last, width, place.height - last - 5},
+             Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 13, QFont::Normal, text);
+}
+
+}  // namespace
+
+QRect CardArea(const Layout& layout, std::size_t place) {
+    return AreaAround(layout, layout.Card[place]);
+}
+
+QRect LineArea(const Layout& layout) {
+    return AreaAround(layout, layout.Line);
+}
+
+void PaintCards(QPainter& painter, Artwork& artwork, const Layout& layout, const BoardView& view,
+                const QRect& part) {
+    if (!layout.HasCards()) return;
+    for (std::size_t place = 0; place < view.cards.size(); ++place) {
+        if (CardArea(layout, place).intersects(part))
+            PaintCard(painter, artwork, layout, layout.Card[place], view.cards[place]);
+    }
+}
+
+// Above what the game waits for; below, smaller, how to get on otherwise, or what was done last.
+void PaintLine(QPainter& painter, const Layout& layout, const BoardView& view, const QRect& part) {
+    if (!LineArea(layout).intersects(part)) return;
+    BoxPainter box(painter, layout, layout.Line);
+    const bool lit = view.line.waits;
+    box.Plate(lit, lit ? palette::Mark : QColor(0x9a, 0x7a, 0x4c));
+    const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
+    const bool isFlat = layout.Line.width > 8 * layout.Line.height;
+    const QRectF inside = box.Whole().adjusted(padding - 2, 5, 2 - padding, -5);
+    const double share = more.isEmpty() ? 1 : isFlat ? 0.5 : 0.6;
+    const int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    const QRectF upper(inside.topLeft(), QSizeF(inside.width() * (isFlat ? share : 1),
+                                                inside.height() * (isFlat ? 1 : share)));
+    const QRectF lower = isFlat ? QRectF(upper.topRight(), inside.bottomRight())
+                                : QRectF(upper.bottomLeft(), inside.bottomRight());
+    box.Text(upper, flags, view.line.what, 20, QFont::Bold, TextColour(lit));
+    if (!more.isEmpty()) box.Text(lower, flags, more, 13, QFont::Normal, FaintText(lit));
+}
+
+}  // namespace zorva

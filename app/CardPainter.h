@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QRect>
+
+#include "app/BoardView.h"
+
+class QPainter;
+
+namespace zorva {
+
+class Artwork;
+struct Layout;
+
+// The players' cards and the line that says what the game waits for. The painter's pixels are the
+// window's device pixels. Nothing is painted outside the areas, which are in device pixels, too.
+
+/// A card with its shadow, or with the light around it.
+QRect CardArea(const Layout& layout, std::size_t place);
+/// The line with its shadow.
+QRect LineArea(const Layout& layout);
+
+/// Paints what intersects `part`.
+void PaintCards(QPainter& painter, Artwork& artwork, const Layout& layout, const BoardView& view,
+                const QRect& part);
+void PaintLine(QPainter& painter, const Layout& layout, const BoardView& view, const QRect& part);
+
+}  // namespace zorva

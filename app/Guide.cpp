@@ -1,0 +1,50 @@
+#include "app/Guide.h"
+
+#include "app/Sentences.h"
+#include "core/Board.h"
+#include "core/Records.h"
+
+namespace zorva {
+
+Short SquaresToGo(const GameState& state, Colour colour) {
+    int squares = 0;
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece)
+        squares += StepsToGoal - StepsFromExit(state, colour, piece);
+    return ToShort(squares);
+}
+
+std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& settings, Colour onTurn) {
+    std::vector<BoardView::Card> cards;
+    for (int place = 0; place < ColourCount; ++place) {
+        const int turns = PlayDirectionOf(settings) > 0 ? place : ColourCount - place;
+        const auto colour = static_cast<Colour>(turns % ColourCount + 1);
+        if (!IsTakingPart(settings, colour)) continue;
+        cards.push_back({.colour = colour,
+                         .name = QString::fromStdString(Trimmed(settings.PlayerName[colour])),
+                         .kind = KindText(settings, colour),
+                         .last = LastThrowText(state, settings, colour),
+                         .home = state.PiecesHome[colour],
+                         .toGo = SquaresToGo(state, colour),
+                         .lit = colour == onTurn});
+    }
+    return cards;
+}
+
+BoardView::LastMove LastMoveOf(const GameState& state) {
+    Short move = ToShort(state.MoveRecordCount - 1);
+    const auto isMove = [&](const MoveRecord& record) {
+        return record.OnBehalf == 0 && MovesAPiece(record);
+    };
+    while (move >= 1 && !isMove(state.MoveRecords[move])) --move;
+    if (move < 1) return {};
+    const MoveRecord& record = state.MoveRecords[move];
+    const PieceCode captured =
+        move + 1 < state.MoveRecordCount ? ToldMove::Made(state, move).captured : PieceCode{0};
+    return {.piece = CodeOf(record.MoverColour, record.Piece),
+            .from = record.From,
+            .to = record.To,
+            .captured = captured,
+            .walked = !record.Manual && record.To != 0};
+}
+
+}  // namespace zorva

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include "app/BoardView.h"
+#include "core/GameState.h"
+
+namespace zorva {
+
+// What the table tells about a game beside the board itself, read off the game: nothing of it is kept.
+
+/// Squares that the colour's four pieces still have to walk, 284 at the beginning. A piece in its box
+/// has as many as one on its exit.
+Short SquaresToGo(const GameState& state, Colour colour);
+
+/// The cards of the colours that take part, in the order of play from the first of them on.
+std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& settings, Colour onTurn);
+
+/// The last move that has changed the place of a piece; piece 0 when there is none. While the recorder
+/// is on, it is the one before the position on the tape.
+BoardView::LastMove LastMoveOf(const GameState& state);
+
+}  // namespace zorva
