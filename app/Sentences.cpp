@@ -389,9 +389,9 @@ QString DeedText(const Settings& settings, const MoveRecord& record) {
     return counts.isEmpty() ? QStringLiteral("llegó a la meta") : counts + " hasta la meta";
 }
 
-QString WalkText(const MoveRecord& record) {
-    if (record.To > LastRingSquare) return "avanzó por su columna";
-    return QStringLiteral("fue de la %1 a la %2").arg(record.From).arg(record.To);
+QString PlainWalkText(const MoveRecord& record) {
+    if (record.To > LastRingSquare) return " y avanzó por su columna";
+    return QStringLiteral(": de %1 a %2").arg(record.From).arg(record.To);
 }
 
 QString DeedsText(const GameState& state, const Settings& settings, Short first, Short last) {
@@ -404,7 +404,7 @@ QString DeedsText(const GameState& state, const Settings& settings, Short first,
         deeds.removeAll("salió con una ficha");
         deeds.prepend("salió con dos fichas");
     }
-    if (deeds.isEmpty()) return " y " + WalkText(state.MoveRecords[first]);
+    if (deeds.isEmpty()) return PlainWalkText(state.MoveRecords[first]);
     const QString final = " y " + deeds.takeLast();
     return deeds.isEmpty() ? final : ", " + deeds.join(", ") + final;
 }
@@ -431,7 +431,7 @@ Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
                 "Apáguela para seguir jugando.", true};
     }
     if (state.WaitingForThrow) return PromptForThrow(state, settings);
-    if (HasWon(state)) return {"¡Ha ganado " + name + "!", {}, false};
+    if (HasWon(state)) return {"¡Ha ganado " + name + "!", {}, true};
     if (state.WaitingForMove && settings.PlayerType[state.CurrentColour] == 2) {
         return PromptForMove(state, settings);
     }

@@ -6,6 +6,7 @@
 #include <QAccessible>
 
 #include "app/BoardAccessibility.h"
+#include "app/Guide.h"
 #include "app/Sentences.h"
 #include "tests/app/BoardWindow.h"
 
@@ -99,6 +100,95 @@ TEST_F(SpokenBoard, PressesAPieceWhereItStands) {
     EXPECT_EQ(released, pressed);
     EXPECT_TRUE(piece->rect().contains(mesa.mapToGlobal(QPoint(pressed.x, pressed.y))));
     EXPECT_TRUE(piece->state().disabled) << "no move is awaited";
+}
+
+// The line and the cards on the table.
+TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
+    GameState none, state = test::Position("1:10 0 0 76  2:84 84 84 84  3:60 0 0 0");
+    Settings settings, withAna;
+    withAna.PlayerName[1] = "Ana";
+    withAna.PlayerType[1] = 2;
+    withAna.PlayerLevel[2] = 80;
+    state.GameInProgress = state.WaitingForThrow = Yes;
+    state.CurrentColour = 1;
+    const auto with = [&](Short GameState::*field, Short value, Colour colour = 1) {
+        GameState other = state;
+        other.*field = value;
+        other.CurrentColour = colour;
+        return other;
+    };
+    GameState choosing = with(&GameState::WaitingForThrow, No),
+              over = with(&GameState::GameInProgress, No, 2);
+    const GameState draw = choosing;
+    choosing.WaitingForMove = Yes;
+    choosing.LegalMoveCount = 3;
+    choosing.MoveCount = 12;
+    choosing.DieValue = 6;
+    GameState runs = draw;
+    runs.MoveRecordCount = 1;
+    runs.CurrentColour = 3;
+    const QString alone = "Juega solo el ordenador: F3 lo cambia.";
+    const QString start = "Pulse el botón de los dados para ";
+    const std::tuple<GameState, Settings, Short, Prompt> rows[] = {
+        {none, settings, -1, {start + "empezar", alone, true}},
+        {none, withAna, -1, {start + "empezar", "", true}},
+        {over, withAna, -1, {"¡Ha ganado Azul!", start + "jugar otra vez.", true}},
+        {with(&GameState::WaitingForThrow, No, 2), withAna, -1, {"¡Ha ganado Azul!", "", true}},
+        {state, withAna, -1, {"Ana: pulse para tirar", "", true}},
+        {with(&GameState::RepeatTurn, Yes), withAna, -1, {"Ana: repite, pulse para tirar", "", true}},
+        {state, settings, -1, {"Pulse y tira Amarillo", alone, true}},
+        {with(&GameState::RepeatTurn, Yes, 3), withAna, -1, {"Pulse y repite Rojo", "", true}},
+        {with(&GameState::ManualMode, Yes),
+         withAna,
+         -1,
+         {"Modo manual: arrastre una ficha", "El botón derecho del ratón lo deja.", true}},
+        {state, withAna, 7, {"Grabadora: jugada 7", "Apáguela para seguir jugando.", true}},
+        {state,
+         withAna,
+         0,
+         {"Grabadora: principio de la partida", "Apáguela para seguir jugando.", true}},
+        {choosing, withAna, -1, {"Ana: elija una ficha para contar 12, puede mover 3", "", true}},
+        {draw, withAna, -1, {"Sorteo de quién empieza", "", false}},
+        {runs, withAna, -1, {"Juega Rojo…", "", false}},
+    };
+    for (const auto& [game, players, tape, prompt] : rows) {
+        const Prompt is = PromptOf(game, players, tape);
+        EXPECT_EQ(is, prompt) << qPrintable(is.what + " / " + is.hint);
+    }
+
+    // Each row is what one colour does, one after the other.
+    const std::tuple<std::vector<MoveRecord>, QString> turns[] = {
+        {{{1, 0, 4, 4, 1, 6, 10, 0, 0, 0, Yes}}, "Sacó 4: de 6 a 10."},
+        {{{1, 0, 3, 3, 1, 68, 71, 0, 0, 0, Yes}}, "Sacó 3 y avanzó por su columna."},
+        {{{1, 0, 2, 2, 0, 0, 0, 0, 0, 0, Yes}}, "Sacó 2 y no pudo mover."},
+        {{{1, 0, 5, 5, 2, 0, 5, 0, 0, 0, No}, {1, 0, 5, 5, 3, 0, 5, 0, 0, 0, Yes}},
+         "Sacó 5 y salió con dos fichas."},
+        {{{1, 0, 6, 6, 1, 4, 10, 1, 0, 0, Yes}, {1, 0, 6, 12, 1, 10, 22, 2, 0, 0, No}},
+         "Sacó 6 y contó 12."},
+        {{{1, 0, 6, 6, 1, 60, 0, 0, 0, 0, Yes}}, "Sacó 6 por tercera vez y perdió una ficha."},
+        {{{1, 0, 2, 2, 1, 58, 60, 0, 0, 0, Yes},
+          {3, 1, 0, 0, 1, 60, 0, 0, 0, 1, No},
+          {1, 0, 0, 20, 1, 56, 76, 0, 0, 0, No},
+          {1, 0, 0, 10, 0, 0, 0, 0, 0, 0, No}},
+         "Sacó 2, capturó a Rojo, contó 20 hasta la meta y no pudo contar 10."},
+        {{{3, 1, 0, 0, 2, 0, 40, 0, Yes, 0, Yes}}, "Movió una ficha a mano."},
+    };
+    EXPECT_EQ(LastThrowText(state, withAna, 1) + LatestThrowText(state, withAna), "");
+    for (const auto& [records, text] : turns) {
+        for (const MoveRecord& record : records) state.MoveRecords[++state.MoveRecordCount] = record;
+        GameState now = state;
+        now.MoveRecordCount = ToShort(now.MoveRecordCount + 1);
+        EXPECT_EQ(LastThrowText(now, withAna, 1), text);
+        EXPECT_EQ(LatestThrowText(now, withAna), "Ana " + text.left(1).toLower() + text.mid(1));
+    }
+
+    withAna.PlayerActive[4] = 2;
+    withAna.PlayOrder = 1;
+    const auto cards = CardsOf(state, withAna, 3);
+    ASSERT_EQ(cards.size(), 3U);
+    EXPECT_EQ(cards[0], (BoardView::Card{1, "Ana", "Persona", cards[0].last, 1, 208, false}));
+    EXPECT_EQ(cards[1], (BoardView::Card{3, "Rojo", "Ordenador, nivel 50", "", 0, 263, true}));
+    EXPECT_EQ(cards[2], (BoardView::Card{2, "Azul", "Ordenador, nivel 80", "", 4, 0, false}));
 }
 
 }  // namespace
