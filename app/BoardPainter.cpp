@@ -38,10 +38,6 @@ constexpr RingShape dotWhereItStood{2.2, 4.4};
 constexpr RingShape movedPiece{15.2, 2};
 constexpr RingShape traceWidth{3.6, 2.2};
 
-// The players' colours, as seen well between dark edges on any square.
-const PerColour<QColor> moverColours{
-    QColor(), {0xff, 0xe0, 0x1e}, {0x3c, 0x6c, 0xff}, {0xf0, 0x3a, 0x2c}, {0x1f, 0xa8, 0x4a}};
-
 // The frame of the marked piece, in the same units: half its side, the length of each leg of its
 // corners, and the width of their dark line. Its light edges are half as wide.
 constexpr double frameReach = 17;
@@ -445,7 +441,7 @@ void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const
     const std::vector<QRect> areas = LastMoveAreas(view);
     const auto isSeen = [&](const QRect& area) { return area.intersects(part); };
     if (std::none_of(areas.begin(), areas.end(), isSeen)) return;
-    const QColor colour = moverColours[ColourOf(move.piece)];
+    const QColor colour = palette::Player[ColourOf(move.piece)];
     const double scale = PieceSide() / pieceDrawingSide;
     QPolygonF line;
     for (const QPointF& at : TraceOf(view)) line << Device(at);

@@ -16,10 +16,7 @@ namespace {
 constexpr double around = 8;  // of shadow or light
 constexpr double corner = 7;
 constexpr double padding = 11;
-
-// A colour's mark on dark and on light ground; yellow to green.
-const PerColour<QColor> fills{
-    QColor(), {0xf2, 0xc6, 0x14}, {0x45, 0x6c, 0xf2}, {0xe0, 0x35, 0x29}, {0x25, 0x96, 0x45}};
+constexpr double largestScale = 1.3;  // of what is written on a large card
 
 QRectF OnDevice(const Layout& layout, const Box& box) {
     return {layout.DeviceLeft + box.x * layout.Unit, layout.DeviceTop + box.y * layout.Unit,
@@ -31,11 +28,14 @@ QRect AreaAround(const Layout& layout, const Box& box) {
     return OnDevice(layout, box).adjusted(-edge, -edge, edge, edge).toAlignedRect();
 }
 
-/// Paints in layout pixels, from the corner of one box.
+/// Paints one box, from its corner and in layout pixels, of which each is `scale` times as large.
 class BoxPainter {
 public:
-    BoxPainter(QPainter& painter, const Layout& layout, const Box& box)
-        : painter_(painter), size_(box.width, box.height), unit_(layout.Unit) {
+    BoxPainter(QPainter& painter, const Layout& layout, const Box& box, double scale)
+        : painter_(painter),
+          size_(QSizeF(box.width, box.height) / scale),
+          scale_(scale),
+          unit_(layout.Unit * scale) {
         painter.save();
         painter.translate(OnDevice(layout, box).topLeft());
     }
@@ -73,7 +73,7 @@ public:
 
     /// The shadow or the light that lies around the box.
     void Halo(const QColor& colour, QPointF offset) {
-        for (double reach = around - 1; reach > 0; reach -= 1.5) {
+        for (double reach = (around - 1.5) / scale_; reach > 0; reach -= 1.5) {
             Round(Whole().adjusted(-reach, -reach, reach, reach).translated(offset), corner + reach,
                   colour);
         }
@@ -97,6 +97,7 @@ public:
 private:
     QPainter& painter_;
     QSizeF size_;
+    double scale_;
     double unit_;
 };
 
@@ -120,7 +121,7 @@ void PaintWay(BoxPainter& box, const BoardView::Card& card, double top) {
     box.Painter().save();
     box.Painter().setClipRect(box.Device(QRectF(bar.left() + 1, bar.top(), walked, bar.height())),
                               Qt::IntersectClip);
-    box.Round(bar.adjusted(1, 1, -1, -1), 3.5, fills[card.colour]);
+    box.Round(bar.adjusted(1, 1, -1, -1), 3.5, palette::PlayerMark[card.colour]);
     box.Painter().restore();
 }
 
@@ -130,7 +131,7 @@ void PaintHome(BoxPainter& box, const BoardView::Card& card, double top) {
         const QRectF well(padding + 15 * piece, top, 11, 11);
         const bool isHome = piece < card.home;
         const QColor empty = card.lit ? QColor(0xcd, 0xb4, 0x83) : QColor(0x12, 0x0a, 0x05);
-        box.Round(well, 5.5, isHome ? fills[card.colour] : empty,
+        box.Round(well, 5.5, isHome ? palette::PlayerMark[card.colour] : empty,
                   QPen(isHome ? TextColour(card.lit) : FaintText(card.lit), isHome ? 1.4 : 0.8));
     }
 }
@@ -144,11 +145,13 @@ void PaintMark(BoxPainter& box, Artwork& artwork, Colour colour, const QRectF& p
 
 void PaintCard(QPainter& painter, Artwork& artwork, const Layout& layout, const Box& place,
                const BoardView::Card& card) {
-    BoxPainter box(painter, layout, place);
+    const double scale =
+        std::clamp(std::min(place.width / 172.0, place.height / 146.0), 1.0, largestScale);
+    BoxPainter box(painter, layout, place, scale);
     const bool lit = card.lit;
     const QColor text = TextColour(lit), faint = FaintText(lit);
     const double width = box.Width() - 2 * padding;
-    const double spread = std::clamp((place.height - 112) / 37.0, 0.0, 1.0);  // of the rows
+    const double spread = std::clamp((box.Height() - 112) / 37.0, 0.0, 1.0);  // of the rows
     box.Plate(lit, lit ? palette::Mark : QColor(0x9a, 0x7a, 0x4c));
     PaintMark(box, artwork, card.colour, {padding - 5, 4 + 2 * spread, 34, 34});
     box.Text({padding + 30, 6 + 2 * spread, width - 30, 26}, Qt::AlignVCenter | Qt::AlignLeft, card.name,
@@ -162,7 +165,7 @@ void PaintCard(QPainter& painter, Artwork& artwork, const Layout& layout, const 
              card.toGo == 0 ? QStringLiteral("en casa") : QStringLiteral("faltan %1").arg(card.toGo), 13,
              QFont::Bold, text);
     const double last = home + 18 + 2 * spread;
-    box.Text({padding, last, width, place.height - last - 5},
+    box.Text({padding, last, width, box.Height() - last - 5},
              Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 13, QFont::Normal, text);
 }
 
@@ -188,11 +191,11 @@ void PaintCards(QPainter& painter, Artwork& artwork, const Layout& layout, const
 // Above what the game waits for; below, smaller, how to get on otherwise, or what was done last.
 void PaintLine(QPainter& painter, const Layout& layout, const BoardView& view, const QRect& part) {
     if (!LineArea(layout).intersects(part)) return;
-    BoxPainter box(painter, layout, layout.Line);
+    const bool isFlat = layout.Line.width > 8 * layout.Line.height;
+    BoxPainter box(painter, layout, layout.Line, isFlat ? largestScale : 1);
     const bool lit = view.line.waits;
     box.Plate(lit, lit ? palette::Mark : QColor(0x9a, 0x7a, 0x4c));
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
-    const bool isFlat = layout.Line.width > 8 * layout.Line.height;
     const QRectF inside = box.Whole().adjusted(padding - 2, 5, 2 - padding, -5);
     const double share = more.isEmpty() ? 1 : isFlat ? 0.5 : 0.6;
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;

@@ -83,14 +83,15 @@ constexpr int widestBand = 248;
 constexpr int narrowestBand = 196;  // as wide as the recorder's case
 
 // The band reaches nearly from side to side of its room, and makes room for cards where they fit at
-// all. Where wood lies above it, its edge is seen.
+// all. Where wood lies above it, its edge is seen unless the paper needs all the room.
 void PlaceBand(Layout& layout) {
     const int room = layout.ScreenWidth - layout.BoardExtent;
     const int beforeBand = layout.BoardExtent - FrameRight(layout) - 2 * cardGap;
     const bool cardsFit = (room - narrowestBand) / 2 + beforeBand >= narrowestCard;
     const int besideCards = room - 2 * (usualCard - beforeBand);
     const int width = cardsFit ? std::clamp(besideCards, narrowestBand, widestBand) : widestBand;
-    layout.BandWidth = ToShort(std::max(1, std::min(room - (layout.DeviceTop > 0 ? 12 : 2), width)));
+    const bool showsEdge = layout.DeviceTop > 0 && room > logWidth + 30;
+    layout.BandWidth = ToShort(std::max(1, std::min(room - (showsEdge ? 12 : 2), width)));
 }
 
 // Between the board and the band, from the upper edge of the board's frame to its lower one.
@@ -112,18 +113,23 @@ bool PlaceCardsBeside(Layout& layout) {
     return true;
 }
 
-// Side by side below the used part of a tall screen.
+// On a tall screen the line lies above the used part and the cards below it: in two rows, or in one
+// where there is less room.
 bool PlaceCardsBelow(Layout& layout) {
-    constexpr int belowBand = 28, side = 20, lineHeight = 44, lowest = 112, highest = 149;
-    const int room = static_cast<int>(layout.DeviceTop / layout.Unit) - belowBand - cardGap;
-    const int height = std::min(room - lineHeight - cardGap, highest);
-    if (height < lowest) return false;
-    const int top = layout.ScreenHeight + belowBand;
+    constexpr int aroundBand = 28, side = 20, lineHeight = 58;
+    constexpr int lowest = 112, highest = 149, highestOfTwoRows = 190;
+    const int room = static_cast<int>(layout.DeviceTop / layout.Unit) - aroundBand - cardGap;
+    if (room < lowest) return false;
+    const int halfRoom = (room - cardGap) / 2;
+    const bool inOneRow = halfRoom < highest;
+    const int columns = inOneRow ? ColourCount : ColourCount / 2;
+    const int height = inOneRow ? std::min(room, highest) : std::min(halfRoom, highestOfTwoRows);
     const int width = layout.ScreenWidth - 2 * side;
-    const int step = (width + cardGap) / ColourCount;
-    layout.Line = {side, ToShort(top), ToShort(width), lineHeight};
+    const int step = (width + cardGap) / columns;
+    layout.Line = {side, -aroundBand - lineHeight, ToShort(width), lineHeight};
     for (int card = 0; card < ColourCount; ++card) {
-        layout.Card[card] = {ToShort(side + card * step), ToShort(top + lineHeight + cardGap),
+        const int top = layout.ScreenHeight + aroundBand + card / columns * (height + cardGap);
+        layout.Card[card] = {ToShort(side + card % columns * step), ToShort(top),
                              ToShort(step - cardGap), ToShort(height)};
     }
     return true;
@@ -169,22 +175,20 @@ void PlaceStrip(Layout& layout) {
     layout.LogPaper = {ToShort(left), logTop, ToShort(std::max(right - left, 1)), ToShort(height)};
 }
 
-// Right of the band, or below the board and the cards.
+// Right of the band, or above the line on a tall screen.
 void PlaceCup(Layout& layout) {
     constexpr int side = 140;
     const int bandLeft = CentredBesideBoard(layout, layout.BandWidth);
     const int bandRight = bandLeft + layout.BandWidth;
     const int right = layout.ScreenWidth - bandRight;
-    const Box& card = layout.Card.back();
-    const int bottom = std::max<int>(layout.ScreenHeight, card.y + card.height);
-    const int below = layout.ScreenHeight + static_cast<int>(layout.DeviceTop / layout.Unit) - bottom;
+    const int above = std::min<int>(layout.Line.y, 0) + static_cast<int>(layout.DeviceTop / layout.Unit);
     if (right >= side) {
         const int middle = bandRight + std::min(right / 2, side * 6 / 5);
         layout.Cup = {ToShort(middle - side / 2), ToShort(layout.ScreenHeight - side * 3 / 2), side,
                       side};
-    } else if (below >= side) {
-        layout.Cup = {ToShort(bandLeft - side * 3 / 2), ToShort(bottom + (below - side) / 2), side,
-                      side};
+    } else if (above >= side) {
+        const int top = std::min<int>(layout.Line.y, 0) - (above + side) / 2;
+        layout.Cup = {ToShort(bandLeft - side * 3 / 2), ToShort(top), side, side};
     }
 }
 

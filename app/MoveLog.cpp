@@ -18,6 +18,7 @@ constexpr double fontSize = 12;
 constexpr double padding = 6;       // between the paper's edges and its lines
 constexpr double paperWidth = 150;  // holds every line; on narrower paper the font is smaller
 constexpr double markWidth = 3;     // of the edge of the selected line
+constexpr double moverWidth = 2.6;  // of the mark in the mover's colour, beside it
 constexpr double shadowHeight = 9;  // of the slit
 
 // In logical pixels, of which rows of a list view take whole ones.
@@ -28,8 +29,8 @@ int RowHeight(const Services& services) {
 /// Writes the lines on the paper.
 class LinePainter : public QAbstractItemDelegate {
 public:
-    LinePainter(QObject* parent, const Services& services)
-        : QAbstractItemDelegate(parent), services_(services) {}
+    LinePainter(QObject* parent, const Services& services, const std::vector<Colour>& movers)
+        : QAbstractItemDelegate(parent), services_(services), movers_(movers) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
@@ -39,6 +40,10 @@ public:
             painter->fillRect(row, palette::Brass);
             painter->fillRect(QRectF(row.x(), row.y(), markWidth * unit, row.height()), palette::Mark);
         }
+        const QRectF mark(row.x() + markWidth * unit, row.y() + 2 * unit, moverWidth * unit,
+                          row.height() - 4 * unit);
+        if (const Colour mover = movers_[static_cast<std::size_t>(index.row())]; mover != 0)
+            painter->fillRect(mark, palette::Player[mover]);
         const double size = fontSize * std::min(unit, row.width() / paperWidth);
         // Moves stand in columns, so their font has equal widths.
         painter->setFont(index.row() == 0 ? TextFont(size, QFont::Bold) : ColumnFont(size));
@@ -54,6 +59,7 @@ public:
 
 private:
     const Services& services_;
+    const std::vector<Colour>& movers_;
 };
 
 }  // namespace
@@ -78,15 +84,18 @@ MoveLog::MoveLog(QWidget* parent, const Services& services)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setUniformItemSizes(true);  // else every layout would measure every line
-    setItemDelegate(new LinePainter(this, services));
+    setItemDelegate(new LinePainter(this, services, movers_));
 }
 
 void MoveLog::Begin(const QString& heading) {
+    movers_ = {0};
     lines_.setStringList({heading});
 }
 
-void MoveLog::Add(const QString& line) {
+void MoveLog::Add(const QString& line, Colour mover) {
     const int row = lines_.rowCount();
+    movers_.resize(static_cast<std::size_t>(row) + 1);
+    movers_.back() = mover;
     lines_.insertRow(row);
     lines_.setData(lines_.index(row), line);
     clearSelection();

@@ -3,8 +3,10 @@
 #include <QListView>
 #include <QStringListModel>
 #include <functional>
+#include <vector>
 
 #include "app/Services.h"
+#include "core/Types.h"
 
 namespace zorva {
 
@@ -25,8 +27,9 @@ public:
 
     /// Empties the log and writes its heading.
     void Begin(const QString& heading);
-    /// Appends a line. The log shows it at its next layout, which events bring; no row stays selected.
-    void Add(const QString& line);
+    /// Appends a line, with a thin mark in the colour of whose piece moved; 0 leaves it out. The log
+    /// shows it at its next layout, which events bring; no row stays selected.
+    void Add(const QString& line, Colour mover = 0);
     /// Selects a row and scrolls to it. When there is no such row, it selects none and shows the newest.
     void Select(int row);
     /// Removes that row and all below it; `row` is at least 0.
@@ -56,6 +59,7 @@ private:
 
     const Services& services_;
     Lines lines_;
+    std::vector<Colour> movers_{0};  // by row
 };
 
 }  // namespace zorva

@@ -2,6 +2,8 @@
 
 #include <QColor>
 
+#include "core/Types.h"
+
 // The colours that the program paints with itself. The board's houses, the pieces and the dice have
 // theirs in their drawings.
 namespace zorva::palette {
@@ -19,5 +21,9 @@ inline const QColor Light{0xff, 0xe9, 0xb0};  ///< glows and marks of what is li
 inline const QColor Mark{0xff, 0x9d, 0x1e};   ///< pieces that can be picked, and where they go
 inline const QColor Wood{0x3a, 0x26, 0x18};
 inline const QColor DarkWood{0x22, 0x15, 0x0d};
+
+/// The players' colours in small marks, to be told apart on wood and on paper.
+inline const PerColour<QColor> PlayerMark{
+    QColor(), {0xf2, 0xc6, 0x14}, {0x45, 0x6c, 0xf2}, {0xe0, 0x35, 0x29}, {0x25, 0x96, 0x45}};
 
 }  // namespace zorva::palette

@@ -143,7 +143,7 @@ void WindowOutside::BeginLog(std::string_view heading) {
 }
 
 void WindowOutside::AddLogLine(Short moveNumber, const MoveRecord& record) {
-    mesa_.Log().Add(QString::fromStdString(LogLineText(moveNumber, record)));
+    mesa_.Log().Add(QString::fromStdString(LogLineText(moveNumber, record)), record.MoverColour);
 }
 
 void WindowOutside::MoveBegins(const MoveRecord& record) {
