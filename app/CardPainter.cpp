@@ -1,7 +1,9 @@
 #include "app/CardPainter.h"
 
 #include <QPainter>
+#include <QtMath>
 #include <algorithm>
+#include <cmath>
 
 #include "app/Artwork.h"
 #include "app/Fonts.h"
@@ -71,20 +73,24 @@ public:
         return needed().height() / unit_;
     }
 
-    /// The shadow or the light that lies around the box.
-    void Halo(const QColor& colour, QPointF offset) {
-        for (double reach = (around - 1.5) / scale_; reach > 0; reach -= 1.5) {
-            Round(Whole().adjusted(-reach, -reach, reach, reach).translated(offset), corner + reach,
-                  colour);
+    /// The shadow or the light that lies around the box: faint layers, a device pixel from one to the
+    /// next, so that it fades without a step.
+    void Halo(QColor colour, double strength, QPointF offset) {
+        const double reach = (around - 1.5) / scale_;
+        const int layers = qCeil(reach * unit_);
+        colour.setAlphaF(static_cast<float>(1 - std::pow(1 - strength, 1.0 / layers)));
+        for (int layer = layers; layer > 0; --layer) {
+            const double edge = layer / unit_;
+            Round(Whole().adjusted(-edge, -edge, edge, edge).translated(offset), corner + edge, colour);
         }
     }
 
     /// A plate: light where something goes on, else of dark leather.
     void Plate(bool lit, const QColor& edge) {
         if (lit) {
-            Halo(QColor(0xff, 0xdf, 0x9a, 22), {});
+            Halo(QColor(0xff, 0xdf, 0x9a), 0.42, {});
         } else {
-            Halo(QColor(0, 0, 0, 30), {0, 1});
+            Halo(Qt::black, 0.5, {0, 1});
         }
         QLinearGradient leather(0, 0, 0, Height() * unit_);
         leather.setColorAt(0, lit ? QColor(0xff, 0xf3, 0xd2) : QColor(0x3b, 0x25, 0x17));

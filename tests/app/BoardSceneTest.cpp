@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QScreen>
+#include <QTest>
 #include <algorithm>
 
 #include "app/WindowOutside.h"
@@ -361,6 +362,56 @@ TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersHousesClosed) {
     board.scene.Clear();
     board.settings.PlayerActive[3] = 2;
     EXPECT_GT(widthOfChange(), 0.9 * board.fresh.HouseArea(3).width());
+}
+
+TEST(BoardGuide, MarksTheLastMoveUntilTheNextBegins) {
+    using LastMove = BoardView::LastMove;
+    BoardWindow board("1:10 0 0 0  3:60 0 0 0");
+    BoardScene& scene = board.mesa.Scene();
+    const std::tuple<MoveRecord, LastMove> rows[] = {
+        {{1, 0, 4, 4, 1, 6, 10, 0, 0, 0, Yes}, {11, 6, 10, 0, true}},
+        {{2, 0, 4, 4, 0, 0, 0, 0, 0, 0, Yes}, {11, 6, 10, 0, true}},
+        {{3, 0, 2, 2, 1, 58, 60, 0, 0, 0, Yes}, {31, 58, 60, 0, true}},
+        {{4, 3, 0, 0, 2, 60, 0, 0, 0, 1, No}, {31, 58, 60, 42, true}},
+        {{1, 0, 6, 6, 1, 10, 0, 0, 0, 0, Yes}, {11, 10, 0, 0, false}},
+        {{2, 0, 0, 0, 3, 0, 40, 0, Yes, 0, Yes}, {23, 0, 40, 0, false}},
+    };
+    board.state.MoveRecordCount = 1;
+    scene.ShowGuide();
+    EXPECT_EQ(board.View().lastMove, LastMove{});
+    for (const auto& [record, marked] : rows) {
+        board.state.MoveRecords[board.state.MoveRecordCount++] = record;
+        scene.ShowGuide();
+        EXPECT_EQ(board.View().lastMove, marked) << "move " << board.state.MoveRecordCount - 1;
+    }
+    scene.Lift(31);
+    EXPECT_EQ(board.View().lastMove, LastMove{});
+    scene.ShowGuide();
+    EXPECT_EQ(board.View().lastMove, LastMove{}) << "while a piece walks";
+    scene.Clear();
+    EXPECT_EQ(board.View().lastMove, LastMove{}) << "before the pieces are put down";
+}
+
+TEST(BoardGuide, PointsAtTheDieThatAClickThrowsAndComesToRest) {
+    BoardWindow board;
+    BoardScene& scene = board.mesa.Scene();
+    board.state.CurrentColour = 3;
+    board.state.WaitingForThrow = board.state.ManualMode = Yes;
+    scene.ShowGuide();
+    EXPECT_EQ(board.View().sign, 0);
+    board.state.ManualMode = No;
+    board.settings.Speed = 97;
+    scene.ShowGuide();
+    EXPECT_EQ(board.View().sign, 3);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return board.View().tapping < 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return board.View().tapping == 1; }));
+    scene.ShowTape(3);
+    EXPECT_EQ(board.View().sign, 0);
+    scene.ShowTape(-1);
+    EXPECT_EQ(board.View().sign, 3);
+    board.state.WaitingForThrow = No;
+    scene.ShowGuide();
+    EXPECT_EQ(board.View().sign, 0);
 }
 
 }  // namespace
