@@ -14,8 +14,9 @@ def draw():
     chance = random.Random(1492)
     for top, height in PLANKS:
         _plank(table, chance, top, height)
-    lamp = table.radial(620, 330, 1500, (0, "#ffdca8", 0.13), (0.35, "#ffd9a0", 0.05), (0.6, "#000000", 0.06),
-                        (1, "#000000", 0.5))
+    # One lamp hangs over board, cards and panel.
+    lamp = table.radial(820, 500, 1250, (0, "#ffcd82", 0.36), (0.35, "#ffc478", 0.22), (0.62, "#5a3010", 0.08),
+                        (1, "#000000", 0.52))
     table.rect(0, 0, WIDTH, HEIGHT, fill=lamp)
     return table
 
