@@ -441,7 +441,7 @@ void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const
     const std::vector<QRect> areas = LastMoveAreas(view);
     const auto isSeen = [&](const QRect& area) { return area.intersects(part); };
     if (std::none_of(areas.begin(), areas.end(), isSeen)) return;
-    const QColor colour = palette::Player[ColourOf(move.piece)];
+    const QColor colour = palette::PlayerMark[ColourOf(move.piece)];
     const double scale = PieceSide() / pieceDrawingSide;
     QPolygonF line;
     for (const QPointF& at : TraceOf(view)) line << Device(at);

@@ -43,7 +43,7 @@ public:
         const QRectF mark(row.x() + markWidth * unit, row.y() + 2 * unit, moverWidth * unit,
                           row.height() - 4 * unit);
         if (const Colour mover = movers_[static_cast<std::size_t>(index.row())]; mover != 0)
-            painter->fillRect(mark, palette::Player[mover]);
+            painter->fillRect(mark, palette::PlayerMark[mover]);
         const double size = fontSize * std::min(unit, row.width() / paperWidth);
         // Moves stand in columns, so their font has equal widths.
         painter->setFont(index.row() == 0 ? TextFont(size, QFont::Bold) : ColumnFont(size));

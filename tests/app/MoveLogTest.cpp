@@ -125,7 +125,7 @@ TEST_F(MoveLogTest, LooksLikePaperWithABarOnTheSelectedLine) {
     const auto colourAt = [this](int x, int y) { return log.grab().toImage().pixelColor(x, y); };
     const int atRow = 6 + 16 * 7 + 1;  // the seventh move's row, above its text
     EXPECT_EQ(colourAt(1, atRow), palette::Mark);
-    EXPECT_EQ(colourAt(4, atRow + 3), palette::Player[3]) << "whose piece moved";
+    EXPECT_EQ(colourAt(4, atRow + 3), palette::PlayerMark[3]) << "whose piece moved";
     EXPECT_EQ(colourAt(100, atRow), palette::Brass);
     log.Select(0);
     EXPECT_EQ(colourAt(100, atRow), palette::Paper) << "an odd line";
