@@ -160,7 +160,7 @@ void BoardInput::ToggleManualMode() {
         LeaveManual();
     } else {
         EnterManualMode(state_);
-        mesa_.Scene().ShowManualMode(true);
+        mesa_.Scene().ShowGuide();
         mesa_.RefreshCursor();
         mesa_.Shared().Say("Modo manual. Elija una ficha con el tabulador.");
     }
@@ -169,7 +169,7 @@ void BoardInput::ToggleManualMode() {
 void BoardInput::LeaveManual() {
     manualKeys_.Forget();
     LeaveManualMode(state_);
-    mesa_.Scene().ShowManualMode(false);
+    mesa_.Scene().ShowGuide();
     mesa_.RefreshCursor();
     mesa_.Shared().Say("Modo manual terminado.");
 }
@@ -199,7 +199,6 @@ void BoardInput::EndDrag(Point at) {
         LetGlideBack(piece);
         return;
     }
-    mesa_.Scene().ShowManualMode(false);
     DisplaceByHand(state_, piece, to);
 }
 

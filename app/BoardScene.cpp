@@ -328,11 +328,6 @@ void BoardScene::ShowMarked(PieceCode piece) {
     RepaintPiece(piece);
 }
 
-void BoardScene::ShowManualMode(bool on) {
-    view_.manualMode = on;
-    ShowGuide();
-}
-
 void BoardScene::ShowTape(Short move) {
     view_.tape = move;
     ShowGuide();

@@ -77,14 +77,13 @@ public:
     void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
     /// Frames the piece that the keyboard has marked with four corners; 0 marks none.
     void ShowMarked(PieceCode piece);
-    /// Shows that pieces are being shifted by hand, or no longer.
-    void ShowManualMode(bool on);
     /// Shows that the recorder stands at that move, -1 that it is off.
     void ShowTape(Short move);
 
     /// Brings what the table tells beside the board up to date: the line, the players' cards, the marks
     /// of the last move, and the hand at a die that waits for a click. Repaints what has changed. Must
-    /// be called when a wait begins or ends and when names or players have changed; a turn does it, too.
+    /// be called when a wait or manual mode begins or ends, and when names or players have changed; a
+    /// turn does it, too.
     void ShowGuide();
 
     /// Repaints all houses: the players' names or who takes part have changed.

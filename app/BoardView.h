@@ -84,7 +84,6 @@ struct BoardView {
     ShownMove preview;                      ///< where the piece under the cursor would go
     std::array<bool, CodeCount> movable{};  ///< pieces that a person may pick now
     PieceCode marked = 0;                   ///< the one marked by the keyboard
-    bool manualMode = false;
 
     Short tape = -1;  ///< the move at which the recorder stands, -1 while it is off
     Prompt line;      ///< what the game waits for

@@ -187,7 +187,6 @@ private:
             [&](bool on) { scene.ShowMarked(on ? picks[chance_.Below(3)] : PieceCode{0}); },
             [&](bool on) { scene.ShowMove(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowPreview(on ? AnyMove() : BoardView::ShownMove{}); },
-            [&](bool on) { scene.ShowManualMode(on); },
             [&](bool on) { scene.ShowTape(ToShort(on ? 3 : -1)); },
             [&](bool on) { ShowSign(on); },
             [&](bool on) { on ? DragAndLetGo() : scene.EmptyTrays(); },
