@@ -186,8 +186,12 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
         PaintHouse(painter, view, settings, colour, part);
         if (DieArea(colour, view.tray[colour].pose).intersects(part)) PaintTray(painter, view, colour);
     }
-    PaintCards(painter, artwork_, layout_, view, part);
-    PaintLine(painter, layout_, view, part);
+    const PixmapCache cache = [this](const QString& name, QSize size,
+                                     const auto& draw) -> const QPixmap& {
+        return CachedPixmap(name, size, draw);
+    };
+    PaintCards(painter, artwork_, cache, layout_, view, part);
+    PaintLine(painter, cache, layout_, view, part);
     PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
     PaintLastMove(painter, view, part);
@@ -422,15 +426,24 @@ std::vector<QPointF> BoardPainter::TraceOf(const BoardView& view) const {
     return trace;
 }
 
+// The trace in straight strips, of which there are few.
 std::vector<QRect> BoardPainter::LastMoveAreas(const BoardView& view) const {
     const BoardView::LastMove& move = view.lastMove;
     if (move.piece == 0) return {};
     std::vector<QRect> areas{PieceArea(view.at[move.piece])};
     if (move.captured != 0) areas.push_back(PieceArea(view.at[move.captured]));
-    if (!move.walked || move.from == 0) areas.push_back(PieceArea(PlaceLeft(layout_, move)));
-    const std::vector<QPointF> trace = TraceOf(view);
-    for (std::size_t step = 0; step + 1 < trace.size(); ++step)
-        areas.push_back(PieceArea(trace[step]) | PieceArea(trace[step + 1]));
+    areas.push_back(PieceArea(PlaceLeft(layout_, move)));
+    QRect before;
+    for (const QPointF& at : TraceOf(view)) {
+        const QRect piece = PieceArea(at);
+        const QRect strip = areas.back() | piece;
+        if (std::min(strip.width(), strip.height()) <= piece.width() + 2) {
+            areas.back() = strip;
+        } else {
+            areas.push_back(before | piece);
+        }
+        before = piece;
+    }
     return areas;
 }
 

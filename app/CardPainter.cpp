@@ -33,13 +33,10 @@ QRect AreaAround(const Layout& layout, const Box& box) {
 /// Paints one box, from its corner and in layout pixels, of which each is `scale` times as large.
 class BoxPainter {
 public:
-    BoxPainter(QPainter& painter, const Layout& layout, const Box& box, double scale)
-        : painter_(painter),
-          size_(QSizeF(box.width, box.height) / scale),
-          scale_(scale),
-          unit_(layout.Unit * scale) {
+    BoxPainter(QPainter& painter, const QRectF& device, double unit, double scale)
+        : painter_(painter), size_(device.size() / (unit * scale)), scale_(scale), unit_(unit * scale) {
         painter.save();
-        painter.translate(OnDevice(layout, box).topLeft());
+        painter.translate(device.topLeft());
     }
     ~BoxPainter() { painter_.restore(); }
     BoxPainter(const BoxPainter&) = delete;
@@ -86,7 +83,8 @@ public:
     }
 
     /// A plate: light where something goes on, else of dark leather.
-    void Plate(bool lit, const QColor& edge) {
+    void Plate(bool lit) {
+        const QColor edge = lit ? palette::Mark : QColor(0x9a, 0x7a, 0x4c);
         if (lit) {
             Halo(QColor(0xff, 0xdf, 0x9a), 0.42, {});
         } else {
@@ -106,6 +104,18 @@ private:
     double scale_;
     double unit_;
 };
+
+// The plate of a box with the shadow or the light around it, drawn once for each size.
+void PaintPlate(QPainter& painter, const PixmapCache& cache, const Layout& layout, const Box& box,
+                double scale, bool lit) {
+    const QRect area = AreaAround(layout, box);
+    const QRectF inArea = OnDevice(layout, box).translated(-area.topLeft());
+    const QString name = QStringLiteral("plate %1 %2 %3").arg(lit).arg(inArea.x()).arg(inArea.y());
+    const QString sized = name + QStringLiteral(" %1 %2").arg(box.width).arg(box.height);
+    painter.drawPixmap(area.topLeft(), cache(sized, area.size(), [&](QPainter& plate) {
+                           BoxPainter(plate, inArea, layout.Unit, scale).Plate(lit);
+                       }));
+}
 
 QColor TextColour(bool lit) {
     return lit ? palette::Ink : QColor(0xf6, 0xe9, 0xcc);
@@ -149,16 +159,16 @@ void PaintMark(BoxPainter& box, Artwork& artwork, Colour colour, const QRectF& p
                              artwork.Pixmap(QStringLiteral("piece_%1").arg(colour), size));
 }
 
-void PaintCard(QPainter& painter, Artwork& artwork, const Layout& layout, const Box& place,
-               const BoardView::Card& card) {
+void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, const Layout& layout,
+               const Box& place, const BoardView::Card& card) {
     const double scale =
         std::clamp(std::min(place.width / 172.0, place.height / 146.0), 1.0, largestScale);
-    BoxPainter box(painter, layout, place, scale);
     const bool lit = card.lit;
+    PaintPlate(painter, cache, layout, place, scale, lit);
+    BoxPainter box(painter, OnDevice(layout, place), layout.Unit, scale);
     const QColor text = TextColour(lit), faint = FaintText(lit);
     const double width = box.Width() - 2 * padding;
     const double spread = std::clamp((box.Height() - 112) / 37.0, 0.0, 1.0);  // of the rows
-    box.Plate(lit, lit ? palette::Mark : QColor(0x9a, 0x7a, 0x4c));
     PaintMark(box, artwork, card.colour, {padding - 5, 4 + 2 * spread, 34, 34});
     box.Text({padding + 30, 6 + 2 * spread, width - 30, 26}, Qt::AlignVCenter | Qt::AlignLeft, card.name,
              17, QFont::Bold, text);
@@ -185,22 +195,24 @@ QRect LineArea(const Layout& layout) {
     return AreaAround(layout, layout.Line);
 }
 
-void PaintCards(QPainter& painter, Artwork& artwork, const Layout& layout, const BoardView& view,
-                const QRect& part) {
+void PaintCards(QPainter& painter, Artwork& artwork, const PixmapCache& cache, const Layout& layout,
+                const BoardView& view, const QRect& part) {
     if (!layout.HasCards()) return;
     for (std::size_t place = 0; place < view.cards.size(); ++place) {
         if (CardArea(layout, place).intersects(part))
-            PaintCard(painter, artwork, layout, layout.Card[place], view.cards[place]);
+            PaintCard(painter, artwork, cache, layout, layout.Card[place], view.cards[place]);
     }
 }
 
 // Above what the game waits for; below, smaller, how to get on otherwise, or what was done last.
-void PaintLine(QPainter& painter, const Layout& layout, const BoardView& view, const QRect& part) {
+void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout, const BoardView& view,
+               const QRect& part) {
     if (!LineArea(layout).intersects(part)) return;
     const bool isFlat = layout.Line.width > 8 * layout.Line.height;
-    BoxPainter box(painter, layout, layout.Line, isFlat ? largestScale : 1);
+    const double scale = isFlat ? largestScale : 1;
     const bool lit = view.line.waits;
-    box.Plate(lit, lit ? palette::Mark : QColor(0x9a, 0x7a, 0x4c));
+    PaintPlate(painter, cache, layout, layout.Line, scale, lit);
+    BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
     const QRectF inside = box.Whole().adjusted(padding - 2, 5, 2 - padding, -5);
     const double share = more.isEmpty() ? 1 : isFlat ? 0.5 : 0.6;

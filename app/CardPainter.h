@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QPixmap>
 #include <QRect>
+#include <functional>
 
 #include "app/BoardView.h"
 
@@ -19,9 +21,14 @@ QRect CardArea(const Layout& layout, std::size_t place);
 /// The line with its shadow.
 QRect LineArea(const Layout& layout);
 
+/// Gives the pixmap of that name and size, which is drawn when it is first asked for.
+using PixmapCache = std::function<const QPixmap&(const QString& name, QSize size,
+                                                 const std::function<void(QPainter&)>& draw)>;
+
 /// Paints what intersects `part`.
-void PaintCards(QPainter& painter, Artwork& artwork, const Layout& layout, const BoardView& view,
-                const QRect& part);
-void PaintLine(QPainter& painter, const Layout& layout, const BoardView& view, const QRect& part);
+void PaintCards(QPainter& painter, Artwork& artwork, const PixmapCache& cache, const Layout& layout,
+                const BoardView& view, const QRect& part);
+void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout, const BoardView& view,
+               const QRect& part);
 
 }  // namespace zorva
