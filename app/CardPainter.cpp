@@ -56,9 +56,9 @@ public:
         painter_.drawRoundedRect(Device(area), radius * unit_, radius * unit_);
     }
 
-    /// Set smaller until it fits. Returns the height that it takes, in layout pixels.
-    double Text(const QRectF& area, int flags, const QString& text, double size, QFont::Weight weight,
-                const QColor& colour) {
+    /// Set smaller until it fits.
+    void Text(const QRectF& area, int flags, const QString& text, double size, QFont::Weight weight,
+              const QColor& colour) {
         const QRectF place = Device(area);
         QFont font = TextFont(size * unit_, weight);
         const auto needed = [&] { return QFontMetricsF(font).boundingRect(place, flags, text); };
@@ -67,7 +67,12 @@ public:
         painter_.setFont(font);
         painter_.setPen(colour);
         painter_.drawText(place, flags, text);
-        return needed().height() / unit_;
+    }
+
+    /// What a text of that size takes of the height when its lines are broken at that width.
+    double HeightOf(const QString& text, double width, double size, QFont::Weight weight) const {
+        const QFontMetricsF metrics(TextFont(size * unit_, weight));
+        return metrics.boundingRect(QRectF(0, 0, width * unit_, 1e4), Qt::TextWordWrap, text).height();
     }
 
     /// The shadow or the light that lies around the box: faint layers, a device pixel from one to the
@@ -215,12 +220,17 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
     const QRectF inside = box.Whole().adjusted(padding - 2, 5, 2 - padding, -5);
-    const double share = more.isEmpty() ? 1 : isFlat ? 0.5 : 0.6;
+    QRectF upper = inside, lower = inside;
+    if (isFlat && !more.isEmpty()) {
+        upper.setRight(inside.center().x());
+        lower.setLeft(inside.center().x());
+    } else if (!more.isEmpty()) {
+        const double above = box.HeightOf(view.line.what, inside.width(), 20, QFont::Bold);
+        const double below = box.HeightOf(more, inside.width(), 13, QFont::Normal);
+        upper.setHeight(inside.height() * above / (above + below));
+        lower.setTop(upper.bottom());
+    }
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;
-    const QRectF upper(inside.topLeft(), QSizeF(inside.width() * (isFlat ? share : 1),
-                                                inside.height() * (isFlat ? 1 : share)));
-    const QRectF lower = isFlat ? QRectF(upper.topRight(), inside.bottomRight())
-                                : QRectF(upper.bottomLeft(), inside.bottomRight());
     box.Text(upper, flags, view.line.what, 20, QFont::Bold, TextColour(lit));
     if (!more.isEmpty()) box.Text(lower, flags, more, 13, QFont::Normal, FaintText(lit));
 }

@@ -134,13 +134,13 @@ void ManualKeys::PutDown() {
         return;
     }
     isLifted_ = false;
-    mesa_.Scene().ShowManualMode(false);
     DisplaceByHand(state_, marked_, target_);
 }
 
 void ManualKeys::PutBack() {
     if (!std::exchange(isLifted_, false)) return;
     mesa_.Scene().PutDown(marked_);
+    mesa_.Scene().ShowGuide();
     mesa_.Shared().Say(PutBackText(state_, marked_));
 }
 

@@ -336,7 +336,7 @@ Prompt PromptWithoutGame(const GameState& state, const Settings& settings) {
 Prompt PromptForThrow(const GameState& state, const Settings& settings) {
     const QString name = NameOf(settings, state.CurrentColour);
     if (state.ManualMode) {
-        return {"Modo manual: arrastre una ficha", "El botón derecho del ratón lo deja.", true};
+        return {"Modo manual: arrastre una ficha", "El botón derecho o F10 lo dejan.", true};
     }
     const bool byPerson = settings.PlayerType[state.CurrentColour] == 2;
     const QString repeats = state.RepeatTurn ? QStringLiteral("repite, ") : QString();

@@ -41,7 +41,7 @@ TEST(Background, HasNoGapsOnAnyShapeOfScreen) {
 
 TEST(Background, HasItsPartsAtTheirPlaces) {
     const std::tuple<const char*, int, int, QColor> rows[] = {
-        {"the table", 10, 384, {0x48, 0x2e, 0x1e}},
+        {"the table", 10, 384, {0x50, 0x33, 0x1e}},
         {"the shadow right of the board", 745, 400, {0x1a, 0x0e, 0x08}},
         {"the frame", 31, 300, {0x74, 0x41, 0x27}},
         {"the red house, two pixels from its edge", 39, 100, {0xa1, 0x16, 0x16}},

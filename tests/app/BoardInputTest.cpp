@@ -299,7 +299,6 @@ TEST_F(OnTheBoard, KeysShiftAPieceByHandAndSayWhatTheyDo) {
     EXPECT_EQ(std::tuple(state.ManualShiftMade, state.CurrentColour, state.MovePiece, state.MoveTo),
               std::tuple(Yes, 1, 1, 30));
     EXPECT_EQ(state.WaitingForThrow, No);
-    EXPECT_FALSE(View().manualMode);
     input.ShowWhatCanBePicked();
     EXPECT_EQ(View().marked, 0);
 }

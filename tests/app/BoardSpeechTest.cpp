@@ -141,7 +141,7 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
         {with(&GameState::ManualMode, Yes),
          withAna,
          -1,
-         {"Modo manual: arrastre una ficha", "El botón derecho del ratón lo deja.", true}},
+         {"Modo manual: arrastre una ficha", "El botón derecho o F10 lo dejan.", true}},
         {state, withAna, 7, {"Grabadora: jugada 7", "Apáguela para seguir jugando.", true}},
         {state,
          withAna,
