@@ -219,19 +219,20 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     PaintPlate(painter, cache, layout, layout.Line, scale, lit);
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
-    const QRectF inside = box.Whole().adjusted(padding - 2, 5, 2 - padding, -5);
+    const QRectF inside = box.Whole().adjusted(padding - 2, 6, 2 - padding, -6);
+    const double size = std::min(20.0, box.Width() / 8.5);
     QRectF upper = inside, lower = inside;
     if (isFlat && !more.isEmpty()) {
         upper.setRight(inside.center().x());
         lower.setLeft(inside.center().x());
     } else if (!more.isEmpty()) {
-        const double above = box.HeightOf(view.line.what, inside.width(), 20, QFont::Bold);
+        const double above = box.HeightOf(view.line.what, inside.width(), size, QFont::Bold);
         const double below = box.HeightOf(more, inside.width(), 13, QFont::Normal);
         upper.setHeight(inside.height() * above / (above + below));
         lower.setTop(upper.bottom());
     }
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;
-    box.Text(upper, flags, view.line.what, 20, QFont::Bold, TextColour(lit));
+    box.Text(upper, flags, view.line.what, size, QFont::Bold, TextColour(lit));
     if (!more.isEmpty()) box.Text(lower, flags, more, 13, QFont::Normal, FaintText(lit));
 }
 
