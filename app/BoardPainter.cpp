@@ -455,7 +455,7 @@ void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const
     const auto isSeen = [&](const QRect& area) { return area.intersects(part); };
     if (std::none_of(areas.begin(), areas.end(), isSeen)) return;
     const QColor colour = palette::PlayerMark[ColourOf(move.piece)];
-    const double scale = PieceSide() / pieceDrawingSide;
+    const double scale = PieceUnit(layout_);
     QPolygonF line;
     for (const QPointF& at : TraceOf(view)) line << Device(at);
     painter.setBrush(Qt::NoBrush);
