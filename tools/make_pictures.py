@@ -172,7 +172,7 @@ class GameInItsMiddle(driver.WindowTest):
         self.click_board()
         self.settle(rest=1)
         with tempfile.TemporaryDirectory() as folder:
-            whole = Path(folder) / "whole.ppm"
+            whole = Path(folder) / "whole.png"
             # Leaves the cursor out, which Picture would show.
             subprocess.run(["import", "-window", "root", whole], env=self.display.environment, check=True)
             # With half the usual dithering: a quarter smaller, and smooth enough.
