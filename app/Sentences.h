@@ -58,7 +58,8 @@ QString ChoiceText(const GameState& state, const Settings& settings, Short piece
 /// The move that the program advises to the person who chooses a piece: "Consejo: la ficha 1 va de ..."
 QString AdviceText(const GameState& state, const Settings& settings);
 /// Whose turn it is and what may be done. While a piece is to be chosen: "Elija una ficha para
-/// contar 12: puede mover 3." While a throw is awaited: "Turno de Verde: puede tirar el dado."
+/// contar 12: puede mover 3." While a throw is awaited: "Turno de Verde, el ordenador: puede tirar el
+/// dado."
 QString TurnText(const GameState& state, const Settings& settings);
 /// Why manual mode and the recorder cannot be switched on now, and what to do: the end of a sentence.
 QString NoThrowAwaitedText(const Settings& settings);
