@@ -333,7 +333,7 @@ void BoardScene::ShowTape(Short move) {
     ShowGuide();
 }
 
-// ------------------------------------------------------------------ what is told beside the board
+// ------------------------------------------------------------------- the line and the cards
 
 void BoardScene::ShowGuide() {
     ShowLine();

@@ -13,8 +13,8 @@ namespace zorva {
 /// world outside, makes sentences of it and passes them to the voice in their order.
 ///
 /// The game does not wait for the voice. Sentences for which there was no time yet wait here. Among
-/// them, ordinary moves of a computer player become one sentence for each colour. As soon as a person is
-/// asked for something, all that waits is said.
+/// them, ordinary moves of a computer player become one sentence for each colour. As soon as the game
+/// asks a person for something, the narrator says all of it.
 class Narrator {
 public:
     Narrator(Mesa& mesa, const GameState& state, const Settings& settings);

@@ -235,7 +235,7 @@ bool Program::IsPlayerAwaited() const {
     return (state_.WaitingForThrow || state_.WaitingForMove) && !recorder_.RecorderOn;
 }
 
-// Another window has come in between: players who hear the game are told again what it waits for.
+// Another window has come in between: the narrator says again what the game waits for.
 void Program::RemindPlayer() {
     if (wasAwaited_ && IsPlayerAwaited()) outside_.Speech().PlayerAwaited();
     wasAwaited_ = false;

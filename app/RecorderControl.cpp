@@ -56,7 +56,7 @@ void RecorderControl::ShowKey(RecorderKey key, bool pressed) {
     game_.outside.PlaySound(Sound::RecorderKey);
 }
 
-// A key that does nothing looks so; players who do not see it are told.
+// A key that does nothing stays up. Players who do not see that hear why.
 void RecorderControl::SayWhyNot(RecorderKey key) const {
     if (IsReplaying(recorder_)) return;
     mesa_.Shared().Say(GoesBack(key) ? "Es el principio de la partida." : "Es el final de la cinta.");

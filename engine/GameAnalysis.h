@@ -38,9 +38,10 @@ struct SeatWorth {
 /// A captured piece's return and the second piece out with one five are worth nothing: the record before
 /// has their worth. The luck of a third six that leaves no record stands with the record of the second.
 ///
-/// All moments of the game are played on with the same dice: a throw that a moment has before it stands
-/// in for the one that the play-out would make. This makes the differences sharp and their sums
-/// even more so. The game counts as played by the settings given, whatever they were at the time.
+/// The play-outs from all moments of the game throw the same dice: a throw that a moment has before it
+/// stands in for the one that the play-out would make. Common dice make the errors of differences small,
+/// and those of their sums smaller still. The analysis takes the rules and levels of the given settings
+/// for the whole game, even if the players changed them during it.
 class GameAnalysis {
 public:
     /// `game` is a game in progress, or won, as PositionReached (core/Outside.h) hands it over. Its

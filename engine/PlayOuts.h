@@ -24,8 +24,8 @@ struct Figure {
     void AddChange(std::size_t from, std::size_t to);
 };
 
-/// An estimate and its standard error. A play-out knows nothing of the real dice to come, so estimates
-/// are right on average whatever the number of play-outs.
+/// An estimate and its standard error. A play-out knows nothing of the real dice to come, so an estimate
+/// has no bias, not even one from few play-outs.
 struct Estimate {
     double value = 0;
     double error = 0;
