@@ -24,7 +24,7 @@ void Narrator::TurnShown(TurnIs why) {
     TellLatest(TapeText(state_, settings_, forward));
 }
 
-// A throw in a turn is told with what follows from it.
+// In a turn one sentence tells the throw and what follows from it; Thrown only remembers it.
 void Narrator::Thrown(Colour colour, Short face) {
     if (!voice_.IsHeard()) return;
     thrower_ = colour;
@@ -32,7 +32,7 @@ void Narrator::Thrown(Colour colour, Short face) {
     if (isDraw_) Tell({TakeThrow()});
 }
 
-// A captured piece's return is told with the capture.
+// The sentence of a capture tells the captured piece's return, too.
 void Narrator::MoveBegins(const MoveRecord& record) {
     if (!voice_.IsHeard() || record.OnBehalf != 0) return;
     ToldMove move = ToldMove::AboutToBeMade(state_, record);
@@ -69,7 +69,7 @@ void Narrator::MessageComes() {
     if (voice_.IsHeard()) SayNow({});
 }
 
-// ------------------------------------------------------------------------------- how it is told
+// ----------------------------------------------------------------------------- what waits
 
 // Captures, arrivals, third sixes and what a person does are always told one by one.
 bool Narrator::IsOrdinary(const ToldMove& move) const {
@@ -96,7 +96,6 @@ void Narrator::TellOrdinary(const QString& sentence, const MoveRecord& record) {
     while (place != waiting_.rend() && place->summedUp != 0 && place->summedUp != colour) ++place;
     if (place != waiting_.rend() && place->summedUp == colour) {
         place->sum.Add(record);
-        place->sentence = SumText(settings_, colour, place->sum);
         return;
     }
     Waiting move{sentence, colour};
@@ -122,7 +121,9 @@ void Narrator::KeyPressed() {
 
 QString Narrator::TakeWaiting() {
     QStringList sentences;
-    for (const Waiting& news : std::exchange(waiting_, {})) sentences << news.sentence;
+    for (const Waiting& news : std::exchange(waiting_, {})) {
+        sentences << (news.sum.moves > 1 ? SumText(settings_, news.summedUp, news.sum) : news.sentence);
+    }
     return sentences.join(' ');
 }
 
