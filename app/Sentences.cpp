@@ -95,6 +95,12 @@ QString ByHandText(const Settings& settings, const MoveRecord& record) {
            " se pone a mano en " + PlaceText(record.MoverColour, record.To) + ".";
 }
 
+// " para contar 12", where the person who chooses a piece counts something else than the die shows.
+QString ToCountText(const GameState& state) {
+    if (state.MoveCount == state.DieValue) return {};
+    return QStringLiteral(" para contar %1").arg(state.MoveCount);
+}
+
 QString NumberedPieces(QStringList numbers) {
     if (numbers.size() == PiecesPerColour) return "las cuatro fichas";
     const QString last = numbers.takeLast();
@@ -129,8 +135,12 @@ QString ChoicesText(const GameState& state, const Settings& settings) {
 
 }  // namespace
 
+QString NameText(const Settings& settings, Colour colour) {
+    return QString::fromStdString(Trimmed(settings.PlayerName[colour]));
+}
+
 QString PlayerText(const Settings& settings, Colour colour) {
-    const QString name = QString::fromStdString(Trimmed(settings.PlayerName[colour]));
+    const QString name = NameText(settings, colour);
     const QString colourName = QString::fromStdString(DefaultName(colour));
     return name == colourName ? name : name + " (" + colourName + ")";
 }
@@ -244,10 +254,7 @@ QString AdviceText(const GameState& state, const Settings& settings) {
 QString TurnText(const GameState& state, const Settings& settings) {
     if (!state.GameInProgress) return "No hay ninguna partida en curso. Con F2 empieza una.";
     if (state.WaitingForMove) {
-        const QString toCount = state.MoveCount == state.DieValue
-                                    ? QString()
-                                    : QStringLiteral(" para contar %1").arg(state.MoveCount);
-        return "Elija una ficha" + toCount +
+        return "Elija una ficha" + ToCountText(state) +
                QStringLiteral(": puede mover %1.").arg(state.LegalMoveCount);
     }
     const QString player = PlayerText(settings, state.CurrentColour);
@@ -310,10 +317,6 @@ QString TapeText(const GameState& state, const Settings& settings, bool forward)
 
 namespace {
 
-QString NameOf(const Settings& settings, Colour colour) {
-    return QString::fromStdString(Trimmed(settings.PlayerName[colour]));
-}
-
 bool IsPersonPlaying(const Settings& settings) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (IsTakingPart(settings, colour) && settings.PlayerType[colour] == 2) return true;
@@ -329,12 +332,12 @@ QString HintAboutPlayers(const Settings& settings) {
 Prompt PromptWithoutGame(const GameState& state, const Settings& settings) {
     const QString start = "Pulse el botón de los dados para ";
     if (!HasWon(state)) return {start + "empezar", HintAboutPlayers(settings), true};
-    return {"¡Ha ganado " + NameOf(settings, state.CurrentColour) + "!", start + "jugar otra vez.",
+    return {"¡Ha ganado " + NameText(settings, state.CurrentColour) + "!", start + "jugar otra vez.",
             true};
 }
 
 Prompt PromptForThrow(const GameState& state, const Settings& settings) {
-    const QString name = NameOf(settings, state.CurrentColour);
+    const QString name = NameText(settings, state.CurrentColour);
     if (state.ManualMode) {
         return {"Modo manual: arrastre una ficha", "El botón derecho o F10 lo dejan.", true};
     }
@@ -346,10 +349,7 @@ Prompt PromptForThrow(const GameState& state, const Settings& settings) {
 }
 
 Prompt PromptForMove(const GameState& state, const Settings& settings) {
-    const QString toCount = state.MoveCount == state.DieValue
-                                ? QString()
-                                : QStringLiteral(" para contar %1").arg(state.MoveCount);
-    return {NameOf(settings, state.CurrentColour) + ": elija una ficha" + toCount +
+    return {NameText(settings, state.CurrentColour) + ": elija una ficha" + ToCountText(state) +
                 QStringLiteral(", puede mover %1").arg(state.LegalMoveCount),
             {},
             true};
@@ -375,7 +375,7 @@ Short LastThrowOf(const GameState& state, Colour colour, Short& last) {
 
 // "salió con una ficha", "capturó a Rojo", "contó 20"; empty for a plain walk.
 QString DeedText(const Settings& settings, const MoveRecord& record) {
-    if (record.OnBehalf) return "capturó a " + NameOf(settings, record.MoverColour);
+    if (record.OnBehalf) return "capturó a " + NameText(settings, record.MoverColour);
     if (!MovesAPiece(record)) {
         return record.Die != 0 ? QStringLiteral("no pudo mover")
                                : QStringLiteral("no pudo contar %1").arg(record.Count);
@@ -424,7 +424,7 @@ QString SpokenLastThrow(const GameState& state, const Settings& settings, Colour
 
 Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
     if (!state.GameInProgress) return PromptWithoutGame(state, settings);
-    const QString name = NameOf(settings, state.CurrentColour);
+    const QString name = NameText(settings, state.CurrentColour);
     if (tape >= 0) {
         return {tape == 0 ? QStringLiteral("Grabadora: principio de la partida")
                           : QStringLiteral("Grabadora: jugada %1").arg(tape),
@@ -447,7 +447,7 @@ QString LastThrowText(const GameState& state, const Settings& settings, Colour c
 QString LatestThrowText(const GameState& state, const Settings& settings) {
     if (state.MoveRecordCount < 2) return {};
     const Colour colour = ColourOnTurn(state.MoveRecords[state.MoveRecordCount - 1]);
-    return NameOf(settings, colour) + " " + SpokenLastThrow(state, settings, colour) + ".";
+    return NameText(settings, colour) + " " + SpokenLastThrow(state, settings, colour) + ".";
 }
 
 QString KindText(const Settings& settings, Colour colour) {

@@ -9,6 +9,8 @@ namespace zorva {
 // What happens in the game and what stands on the board, in Spanish. Everything that the program says of
 // a game comes from here; the words are those of the manual.
 
+/// The name of a colour's player.
+QString NameText(const Settings& settings, Colour colour);
 /// The player of a colour: the name, with the colour behind it when the name is another: "Ana (Rojo)".
 QString PlayerText(const Settings& settings, Colour colour);
 /// A piece and where it is: "Ficha 2 de Ana (Rojo), casilla 39".
