@@ -132,12 +132,11 @@ QColor FaintText(bool lit) {
 
 // How much of its way a colour has walked, and how many squares are left.
 void PaintWay(BoxPainter& box, const BoardView::Card& card, double top) {
-    constexpr int all = PiecesPerColour * StepsToGoal;
     const QRectF bar(padding, top, box.Width() - 2 * padding, 9);
     const QColor groove = card.lit ? QColor(0xcd, 0xb4, 0x83) : QColor(0x12, 0x0a, 0x05);
     box.Round(bar, 4.5, groove,
               QPen(card.lit ? QColor(0x8d, 0x71, 0x45) : QColor(0x5e, 0x47, 0x2d), 0.9));
-    const double walked = (bar.width() - 2) * (all - card.toGo) / all;
+    const double walked = (bar.width() - 2) * (StepsOfColour - card.toGo) / StepsOfColour;
     if (walked < 1) return;
     box.Painter().save();
     box.Painter().setClipRect(box.Device(QRectF(bar.left() + 1, bar.top(), walked, bar.height())),

@@ -6,13 +6,6 @@
 
 namespace zorva {
 
-Short SquaresToGo(const GameState& state, Colour colour) {
-    int squares = 0;
-    for (Short piece = 1; piece <= PiecesPerColour; ++piece)
-        squares += StepsToGoal - StepsFromExit(state, colour, piece);
-    return ToShort(squares);
-}
-
 std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& settings, Colour onTurn) {
     std::vector<BoardView::Card> cards;
     for (int place = 0; place < ColourCount; ++place) {
@@ -20,11 +13,11 @@ std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& set
         const auto colour = static_cast<Colour>(turns % ColourCount + 1);
         if (!IsTakingPart(settings, colour)) continue;
         cards.push_back({.colour = colour,
-                         .name = QString::fromStdString(Trimmed(settings.PlayerName[colour])),
+                         .name = NameText(settings, colour),
                          .kind = KindText(settings, colour),
                          .last = LastThrowText(state, settings, colour),
                          .home = state.PiecesHome[colour],
-                         .toGo = SquaresToGo(state, colour),
+                         .toGo = ToShort(StepsOfColour - StepsWalked(state, colour)),
                          .lit = colour == onTurn});
     }
     return cards;

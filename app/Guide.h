@@ -10,10 +10,6 @@ namespace zorva {
 
 // What the table tells about a game beside the board itself, read off the game: nothing of it is kept.
 
-/// Squares that the colour's four pieces still have to walk, 284 at the beginning. A piece in its box
-/// has as many as one on its exit.
-Short SquaresToGo(const GameState& state, Colour colour);
-
 /// The cards of the colours that take part, in the order of play from the first of them on.
 std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& settings, Colour onTurn);
 

@@ -77,6 +77,18 @@ inline Short StepsFromExit(const GameState& state, Colour colour, Short piece) {
     return StepsToSquare(colour, state.PiecePosition[colour][piece]);
 }
 
+/// The steps that all pieces of a colour have to walk: 4 x 71.
+inline constexpr Short StepsOfColour = PiecesPerColour * StepsToGoal;
+
+/// The steps 0..StepsOfColour that the colour's pieces have walked together. A piece in its box has
+/// walked as many as one on its exit.
+inline Short StepsWalked(const GameState& state, Colour colour) {
+    int steps = 0;
+    for (Short piece = 1; piece <= PiecesPerColour; ++piece)
+        steps += StepsFromExit(state, colour, piece);
+    return ToShort(steps);
+}
+
 /// The slot 1..3 of `square` in which the piece `code` stands, 0 when it stands in none.
 inline Short SlotOf(const GameState& state, Square square, PieceCode code) {
     for (Short slot = 1; slot <= 3; ++slot) {

@@ -10,15 +10,6 @@
 namespace zorva {
 namespace {
 
-constexpr int wholeTrack = PiecesPerColour * StepsToGoal;
-
-int StepsOf(const GameState& state, Colour colour) {
-    int steps = 0;
-    for (Short piece = 1; piece <= PiecesPerColour; ++piece)
-        steps += StepsFromExit(state, colour, piece);
-    return steps;
-}
-
 // With the record of the winning move among the finished ones.
 void KeepWonPosition(const GameContext& game) {
     GameState won = game.state;
@@ -41,8 +32,8 @@ void Celebrate(const GameContext& game) {
 
 Short PointsOf(int losers, int walked) {
     if (losers == 0) return 0;
-    const double remaining = static_cast<double>(losers * wholeTrack - walked) / losers;
-    const double value = std::nearbyint(remaining * 1000 / wholeTrack);  // half to even
+    const double remaining = static_cast<double>(losers * StepsOfColour - walked) / losers;
+    const double value = std::nearbyint(remaining * 1000 / StepsOfColour);  // half to even
     return ToShort(std::min(static_cast<long>(value), 999L));
 }
 
@@ -53,7 +44,7 @@ GameResult ResultOf(const GameState& state, const Settings& settings) {
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (colour == result.winner || !IsTakingPart(settings, colour)) continue;
         result.losers.push_back(colour);
-        walked += StepsOf(state, colour);
+        walked += StepsWalked(state, colour);
     }
     result.points = PointsOf(static_cast<int>(result.losers.size()), walked);
     return result;
