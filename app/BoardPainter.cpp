@@ -180,7 +180,6 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     painter.setClipRect(part);
     painter.drawPixmap(part.topLeft(), Pic_TableroVacio, part);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         if (!HouseArea(colour).intersects(part)) continue;
         PaintHouse(painter, view, settings, colour, part);
@@ -311,7 +310,8 @@ void BoardPainter::PaintDie(QPainter& painter, Short face, const BoardView::DieP
 
 // Draws in bands of 95 lines: Qt 6.4 hands a rotated drawing of 96 lines or more to its thread pool and
 // waits for it, which costs more than the drawing. The pixmap's edge is transparent and needs no
-// smoothing.
+// antialiasing. Only here are pixmaps resampled: the hint would take Qt off its fast way of copying all
+// others.
 void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,
                                     const BoardView::DiePose& pose) {
     constexpr int lines = 95;
@@ -319,6 +319,7 @@ void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Co
     for (int top = area.top(); top <= area.bottom(); top += lines) {
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.setClipRect(QRect(area.left(), top, area.width(), lines), Qt::IntersectClip);
         painter.translate(DiePlace(colour, pose).center());
         painter.rotate(pose.tilt);
