@@ -30,7 +30,8 @@ struct RingShape {
 constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
-constexpr RingShape movablePiece{15.6, 3.2};
+constexpr RingShape movablePiece{15.6, 3.6};
+constexpr double glowReach = 19.9;  // of the light around a piece that may move
 
 // Of the last move, in the same units: the dot where the piece stood, the ring around it now, and the
 // widths of the trace's dark edges and of the trace.
@@ -365,6 +366,21 @@ void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, d
                        }));
 }
 
+// Dark beyond the ring, so that it stands out from light squares and yellow ones, too.
+void BoardPainter::PaintGlow(QPainter& painter, QPointF centre) {
+    const QRect place = PieceDrawing(layout_, centre);
+    painter.drawPixmap(place.topLeft(), CachedPixmap("glow", place.size(), [&](QPainter& glow) {
+                           const QPointF middle = QPointF(place.width(), place.height()) / 2;
+                           const double reach = glowReach * PieceUnit(layout_);
+                           QRadialGradient fading(middle, reach);
+                           fading.setColorAt(0.8, WithAlpha(palette::DarkWood, 0.75));
+                           fading.setColorAt(1, WithAlpha(palette::DarkWood, 0));
+                           glow.setPen(Qt::NoPen);
+                           glow.setBrush(fading);
+                           glow.drawEllipse(middle, reach, reach);
+                       }));
+}
+
 // The dots that a piece on its way has reached are gone.
 void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
                                   const BoardView::ShownMove& move, const QRect& part) {
@@ -385,6 +401,7 @@ void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
     const bool isShown = shown.piece == code && shown.to != 0;
     if (!isShown && !view.movable[code]) return;
     const RingShape& shape = isShown ? advisedPiece : movablePiece;
+    PaintGlow(painter, view.at[code]);
     PaintRing(painter, view.at[code], shape.radius, shape.width,
               isShown ? QColor(Qt::white) : palette::Mark);
 }

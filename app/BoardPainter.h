@@ -85,6 +85,7 @@ private:
     void PaintGroundShadow(QPainter& painter, QPointF at, double height);
     void PaintCount(QPainter& painter, const BoardView& view);
     void PaintPulse(QPainter& painter, const BoardView::Pulse& pulse);
+    void PaintGlow(QPainter& painter, QPointF centre);
     void PaintRing(QPainter& painter, QPointF centre, double radius, double width, const QColor& colour);
     double PieceScale(double height) const;
     QRectF DiePlace(Colour colour, const BoardView::DiePose& pose) const;

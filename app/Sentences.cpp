@@ -349,8 +349,10 @@ Prompt PromptForThrow(const GameState& state, const Settings& settings) {
 }
 
 Prompt PromptForMove(const GameState& state, const Settings& settings) {
-    return {NameText(settings, state.CurrentColour) + ": elija una ficha" + ToCountText(state) +
-                QStringLiteral(", puede mover %1").arg(state.LegalMoveCount),
+    return {NameText(settings, state.CurrentColour) +
+                QStringLiteral(": cuente %1 con una de las %2 fichas marcadas")
+                    .arg(state.MoveCount)
+                    .arg(state.LegalMoveCount),
             {},
             true};
 }

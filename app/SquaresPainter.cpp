@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPolygonF>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -32,8 +33,8 @@ public:
           unit_(grid.CellSize() / 33) {}
 
     void PaintColours() {
-        for (int row = 13; row < 20; ++row) Grain(Inlay(4 * block, row * cell));
-        Inlay(5 * block, 16 * cell);  // the exit: ring and figure leave no room for more
+        for (int row = 13; row < 20; ++row) Grain(Inlay(4 * block, row * cell, bandWidth));
+        Inlay(5 * block, 16 * cell, exitBandWidth);  // ring and figure leave no room for more
         Goal();
     }
 
@@ -54,17 +55,19 @@ private:
         painter_.fillRect(grid_.Line(At(from.x(), from.y()), At(to.x(), to.y())), palette::Line);
     }
 
-    // The colour lies a little deeper than the lines: in the shade above and left, and with a lit edge
-    // below and right. Returns what has the colour itself.
-    QRect Inlay(int x, int y) {
+    // As the houses have it: a band of deeper lacquer, lit from above and left, and a light string
+    // around the colour itself. Returns what has the colour itself.
+    QRect Inlay(int x, int y, double width) {
         const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
-        const int depth = std::max(2, qRound(rimDepth * unit_)), edge = std::max(1, qRound(0.8 * unit_));
-        painter_.fillRect(square, rim_);
-        painter_.fillRect(square.adjusted(edge, edge, -edge, -edge), Mixed(base_, Qt::white, 0.3));
-        for (int step = 1; step <= depth; ++step) {
-            painter_.fillRect(square.adjusted(step, step, -2 * edge, -2 * edge), Fading(step, depth));
-        }
-        return square.adjusted(depth, depth, -2 * edge, -2 * edge);
+        const int band = std::max(2, qFloor(width * unit_));
+        const int edge = std::max(1, qRound(stringWidth * unit_));
+        painter_.fillRect(square, Mixed(base_, rim_, 0.25));
+        painter_.fillRect(square.adjusted(edge, edge, 0, 0), Mixed(base_, rim_, 0.8));
+        painter_.fillRect(square.adjusted(edge, edge, -edge, -edge), Band());
+        const QRect field = square.adjusted(band, band, -band, -band);
+        painter_.fillRect(field.adjusted(-edge, -edge, edge, edge), String());
+        painter_.fillRect(field, base_);
+        return field;
     }
 
     // Corners on the lines; each smaller triangle lies the same way from all three edges.
@@ -75,22 +78,21 @@ private:
         const double height = 2.5, inradius = height * (M_SQRT2 - 1);  // in cells
         const QPointF base = (goal[0] + goal[1]) / 2;
         const QPointF middle = base + (goal[2] - base) * inradius / height;
-        const double radius = inradius * grid_.CellSize();
-        const int depth = std::max(2, qRound(1.3 * rimDepth * unit_));
         painter_.setPen(Qt::NoPen);
-        for (int step = 0; step <= depth; ++step) {
+        const auto triangle = [&](double in, const QColor& colour) {
             QPolygonF smaller;
             for (const QPointF& corner : goal)
-                smaller << middle + (corner - middle) * (1 - step / radius);
-            painter_.setBrush(Fading(step, depth));
+                smaller << middle + (corner - middle) * (1 - in * unit_ / (inradius * grid_.CellSize()));
+            painter_.setBrush(colour);
             painter_.drawPolygon(smaller);
-        }
+        };
+        triangle(0, Band());
+        triangle(bandWidth - stringWidth, String());
+        triangle(bandWidth, base_);
     }
 
-    QColor Fading(int step, int depth) const {
-        const double left = 1.0 - static_cast<double>(step) / depth;
-        return Mixed(base_, rim_, left * left);
-    }
+    QColor Band() const { return Mixed(base_, rim_, 0.5); }
+    QColor String() const { return Mixed(base_, palette::Light, 0.4); }
 
     // Faint streaks along the square, as wood has them under lacquer.
     void Grain(const QRectF& area) {
@@ -113,7 +115,9 @@ private:
         }
     }
 
-    static constexpr double rimDepth = 3.2;  // units of which a cell has 33
+    // In units of which a cell has 33.
+    static constexpr double bandWidth = 4.2, exitBandWidth = 3.4;
+    static constexpr double stringWidth = 0.8;
 
     QPainter& painter_;
     const BoardGrid& grid_;

@@ -147,7 +147,7 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
          withAna,
          0,
          {"Grabadora: principio de la partida", "Apáguela para seguir jugando.", true}},
-        {choosing, withAna, -1, {"Ana: elija una ficha para contar 12, puede mover 3", "", true}},
+        {choosing, withAna, -1, {"Ana: cuente 12 con una de las 3 fichas marcadas", "", true}},
         {draw, withAna, -1, {"Sorteo de quién empieza", "", false}},
         {runs, withAna, -1, {"Juega Rojo…", "", false}},
     };

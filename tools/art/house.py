@@ -2,8 +2,8 @@
 
 from .marks import draw_mark
 from .palette import (BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY_DARK, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT,
-                      PAPER_LIGHT, TONES)
-from .svg import Drawing, mix
+                      PAPER_DARK, PAPER_LIGHT, TONES)
+from .svg import Drawing, mix, star
 
 SIDE = 231.0
 
@@ -59,8 +59,13 @@ def draw_place(colour):
         place.circle(20, 20, 15.5, fill=tones.deep)
         place.circle(20.2, 20.3, 14.2, fill=tones.base)
     else:
-        for radius, share in ((15.5, 0.12), (13.2, 1), (12.2, 0.55), (11.5, 1)):
-            place.circle(20, 20, radius, fill=mix(INK, PAPER_LIGHT, share))
+        # Brass inlaid in the paper, with the star of the board's middle: no empty piece looks like this.
+        slant = (9, 9, 31, 31)
+        place.circle(20, 20, 15.5, fill=mix(INK, PAPER_LIGHT, 0.15))
+        place.circle(20, 20, 14.8, fill=place.linear(*slant, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK)))
+        place.circle(20, 20, 12.7, fill=mix(INK, PAPER_LIGHT, 0.3))
+        place.circle(20, 20, 12.1, fill=PAPER_DARK)
+        place.path(star(20, 20, 9.5, 3.6, 8), fill=mix(BRASS, PAPER_DARK, 0.45))
     return place
 
 
