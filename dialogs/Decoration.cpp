@@ -2,6 +2,7 @@
 
 #include <QLinearGradient>
 #include <QPainter>
+#include <algorithm>
 
 #include "app/Artwork.h"
 
@@ -23,9 +24,11 @@ void DrawBevel(QPainter& painter, const QRectF& area) {
 }
 
 // A piece of the drawing of the table top, in its own units: windows are of the wood they lie on. It
-// begins where two planks meet, so that no joint runs through a small window.
+// begins where two planks meet, so that no joint runs through a small window; a high one needs more of
+// the table than lies below.
 QRectF PieceOfTable(QSizeF size) {
-    return {QPointF(250, 538), size};
+    constexpr double joint = 538, tableHeight = 1080;
+    return {QPointF(250, std::min(joint, tableHeight - size.height())), size};
 }
 
 QSize DevicePixels(QSizeF size, const Services& services) {
