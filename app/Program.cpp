@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTimer>
+#include <QToolTip>
 #include <cstdio>
 #include <optional>
 
@@ -33,6 +34,9 @@ constexpr Sound buttonSounds[MenuButtonCount] = {Sound::PageOpens,   Sound::Menu
 
 // When the program's icon is drawn: nobody waits for it.
 constexpr int iconMilliseconds = 300;
+
+// How long a note beside the cursor says that the sound is on or off.
+constexpr int soundToldMilliseconds = 1500;
 
 // A window that has been minimised stays active until the window manager has hidden it and Qt has seen,
 // a tenth of a second later, that no other window of the program follows it.
@@ -84,6 +88,7 @@ void Program::ConnectServices() {
         if (settings_.SoundOn == 1) sounds_.Play(sound);
     };
     shared.Say = [this](const QString& sentence) { outside_.Speech().SayNow(sentence); };
+    shared.SwitchSound = [this] { SwitchSound(); };
     shared.Pause = [this](Short n) { outside_.Pause(n); };
     shared.ShowManual = [this](QWidget* over) {
         ShowHelp(over, mesa_.Shared(), FindManual(programFolder_));
@@ -378,6 +383,23 @@ bool Program::SpokenKeyPressed(int key) {
     }
 }
 
+// Last it saves, because a message may follow.
+void Program::SwitchSound() {
+    settings_.SoundOn = settings_.SoundOn == 1 ? 2 : 1;
+    const QString told = settings_.SoundOn == 1 ? "Sonido encendido." : "Sonido apagado.";
+    mesa_.Shared().PlaySound(Sound::Accept);
+    mesa_.Shared().Say(told);
+    QToolTip::showText(QCursor::pos(), told, &mesa_, {}, soundToldMilliseconds);
+    keeper_.Save();
+}
+
+bool Program::WindowKeyPressed(int key) {
+    switch (key) {
+        case Qt::Key_F12: SwitchSound(); return true;
+        default: return false;
+    }
+}
+
 void Program::KeyPressed(const QKeyEvent& key) {
     input_.LosePress();
     outside_.Speech().KeyPressed();
@@ -387,7 +409,7 @@ void Program::KeyPressed(const QKeyEvent& key) {
     const int code = key.key();
     if (unmodified && code >= Qt::Key_F1 && code <= Qt::Key_F6) {
         ButtonPressed(code - Qt::Key_F1);
-    } else if (unmodified && (SpokenKeyPressed(code) || input_.ManualKey(code))) {
+    } else if (unmodified && (WindowKeyPressed(code) || SpokenKeyPressed(code) || input_.ManualKey(code))) {
         return;
     } else if (unmodified && (code == Qt::Key_Tab || code == Qt::Key_Right || code == Qt::Key_Down)) {
         input_.MarkNext(1);

@@ -55,6 +55,8 @@ private:
     void ButtonPressed(int button);
     void KeyPressed(const QKeyEvent& key);
     bool RecorderKeyPressed(const QKeyEvent& key);
+    bool WindowKeyPressed(int key);
+    void SwitchSound();
     bool SpokenKeyPressed(int key);
     void NewGame();
     bool ConfirmNewGame();

@@ -29,6 +29,8 @@ struct Services {
     /// Says a sentence at once to a player who hears the game through a screen reader; nothing without
     /// one.
     std::function<void(const QString& sentence)> Say = [](const QString&) {};
+    /// Silences the sounds or brings them back, and tells the player so.
+    std::function<void()> SwitchSound = [] {};
 
     /// Logical pixels of Qt for that many layout pixels.
     double ToLogical(double pixels) const { return pixels * layout.Unit / devicePixelRatio; }

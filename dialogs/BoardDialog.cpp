@@ -61,6 +61,7 @@ void BoardDialog::paintEvent(QPaintEvent*) {
     LayoutPainter painter(this, services_);
     DrawGround(painter);
 }
+    if (event->key() == Qt::Key_F12) services_.SwitchSound();
 
 void BoardDialog::keyPressEvent(QKeyEvent* event) {
     if (IsCloseCombination(*event)) {

@@ -32,7 +32,7 @@ protected:
     virtual void DrawGround(QPainter& painter);
 
     /// Handles a key that no control wanted: never a modifier alone, never an automatic repeat. Escape
-    /// leaves the window, and F1 opens the manual over it.
+    /// leaves the window, F1 opens the manual over it, and F12 switches the sound.
     virtual void KeyPressed(QKeyEvent* event);
 
     /// Closes the window, or refuses to. Escape, Alt+F4 and a close request of the window manager all

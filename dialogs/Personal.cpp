@@ -124,6 +124,7 @@ void Personal::KeyPressed(QKeyEvent* event) {
         TurnTo(false);
     } else {
         BoardDialog::KeyPressed(event);
+        settingsPage_->ShowSettings();  // F12 may have switched the sound, here or over the manual
     }
 }
 

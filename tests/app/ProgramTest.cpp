@@ -158,6 +158,29 @@ TEST(EndOfTheSession, AsksNoWindowToClose) {
     EXPECT_EQ(closes, 0);
 }
 
+TEST_F(ProgramTest, F12SwitchesTheSoundWhereKeysDoNotAnswer) {
+    WriteBytes(data / "ZORVA32.HLP",
+               "<!DOCTYPE html><html><title>Zorva: manual del jugador</title></html>");
+    Start();
+    Services& shared = program->Window().Shared();
+    QStringList said;
+    shared.Say = [&](const QString& sentence) { said << sentence; };
+    const auto soundIn = [this] { return LoadSettings(data).content.settings.SoundOn; };
+    QTest::keyClick(&program->Window(), Qt::Key_F12);
+    EXPECT_EQ(soundIn(), 1);
+    Person person([&](QWidget& window) {
+        const auto* sound = window.findChild<QAbstractButton*>("Pic_Opcion_4");
+        QTest::keyClick(window.focusWidget(), Qt::Key_F12);
+        EXPECT_EQ(std::pair(sound->isChecked(), soundIn()), std::pair(false, Short{2}));
+        Person reader([](QWidget& manual) { QTest::keyClick(manual.focusWidget(), Qt::Key_F12); });
+        QTest::keyClick(window.findChild<QWidget*>("Txt_Nombre_1"), Qt::Key_F1);
+        EXPECT_EQ(std::pair(sound->isChecked(), soundIn()), std::pair(true, Short{1}));
+    });
+    QTest::keyClick(&program->Window(), Qt::Key_F3);
+    EXPECT_EQ(said.mid(0, 3),
+              QStringList({"Sonido encendido.", "Sonido apagado.", "Sonido encendido."}));
+}
+
 TEST_F(ProgramTest, AppliesAndSavesWhatIsChosen) {
     Start();
     QString overSettings;
