@@ -50,12 +50,45 @@ int BoardScene::AtThisSpeed(int milliseconds) const {
     return (100 - settings_.Speed) * milliseconds / 100;
 }
 
+// What moves goes on from the same place of the board.
 void BoardScene::SetScreen(const Layout& layout, QSize devicePixels) {
-    layout_ = layout;
+    const Layout before = std::exchange(layout_, layout);
+    painter_.SetScreen(layout, devicePixels);
     pulse_.stop();
     view_.pulse = {};
-    painter_.SetScreen(layout, devicePixels);
-    Refresh();
+    const double scale = before.Cell == 0 ? 1 : layout.Cell / static_cast<double>(before.Cell);
+    const auto follow = [&](QPointF& at) {
+        at =
+            (at - QPointF(before.Margin, before.Margin)) * scale + QPointF(layout.Margin, layout.Margin);
+    };
+    for (QPointF& at : view_.at) follow(at);
+    for (double& height : view_.height) height *= scale;
+    for (PieceMotion& motion : motions_) {
+        follow(motion.from);
+        follow(motion.to);
+        motion.rise *= scale;
+        motion.drop *= scale;
+    }
+    PutStandingPieces();
+    ShowGuide();
+    view_.shown.place = EndOf(view_.shown);
+    view_.preview.place = EndOf(view_.preview);
+    Repaint(painter_.Picture().rect());
+}
+
+void BoardScene::PutStandingPieces() {
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        for (Short number = 1; number <= PiecesPerColour; ++number) {
+            const PieceCode piece = CodeOf(colour, number);
+            if (!IsMoving(piece)) view_.at[piece] = PlaceOf(piece);
+        }
+    }
+}
+
+bool BoardScene::IsMoving(PieceCode piece) const {
+    return piece == view_.inAir ||
+           std::any_of(motions_.begin(), motions_.end(),
+                       [piece](const auto& motion) { return motion.piece == piece; });
 }
 
 void BoardScene::Repaint(const QRect& device) {
@@ -404,12 +437,7 @@ void BoardScene::RepaintHouses() {
 
 void BoardScene::Refresh() {
     ForgetMotion();
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-            const PieceCode code = CodeOf(colour, piece);
-            view_.at[code] = PlaceOf(code);
-        }
-    }
+    PutStandingPieces();
     ShowGuide();
     Repaint(painter_.Picture().rect());
 }

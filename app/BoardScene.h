@@ -28,6 +28,7 @@ public:
 
     /// Call TheBackground().Begin before SetScreen, so that another thread paints it meanwhile.
     Background& TheBackground() { return painter_.TheBackground(); }
+    /// Shows everything on another layout. What moves goes on from the same place of the board.
     void SetScreen(const Layout& layout, QSize devicePixels);
     const QPixmap& Picture() const { return painter_.Picture(); }
     const BoardView& View() const { return view_; }
@@ -96,6 +97,8 @@ private:
     QPointF PlaceOf(PieceCode piece) const;
     QPointF PlaceOnStep(PieceCode piece, Square square) const;
     QRect AreaOf(PieceCode piece) const;
+    bool IsMoving(PieceCode piece) const;
+    void PutStandingPieces();
     void MoveTo(PieceCode piece, QPointF place, double height = 0);
     void PutIntoTray(Colour colour, const BoardView::Tray& tray);
     void PoseDie(Colour colour, const BoardView::DiePose& pose);

@@ -9,11 +9,13 @@
 #include <QToolTip>
 #include <QtMath>
 #include <cmath>
+#include <utility>
 
 #include "app/Fonts.h"
 #include "app/KeyStrokes.h"
 #include "app/MenuButtons.h"
 #include "app/MoveLog.h"
+#include "app/Palette.h"
 #include "app/RecorderStrip.h"
 
 namespace zorva {
@@ -23,6 +25,9 @@ namespace {
 // Within this time after a dialog has closed, Qt (6.4, X11) may report that no window is active although
 // the board has the keyboard, and never correct it.
 constexpr int lostFocusMilliseconds = 1000;
+
+constexpr QSize smallestWindow(640, 480);  // in device pixels
+constexpr double firstShareOfScreen = 0.75;
 
 }  // namespace
 
@@ -46,6 +51,8 @@ Mesa::Mesa(const GameState& state, const Settings& settings)
     for (int index = 0; index < MenuButtonCount; ++index)
         buttons_->Button(index).installEventFilter(this);
     log_ = new MoveLog(this, services_);
+    resting_.setSingleShot(true);
+    connect(&resting_, &QTimer::timeout, this, [this] { FollowSize(); });
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState now) {
         const bool lost = dialogClosed_.isValid() && dialogClosed_.elapsed() < lostFocusMilliseconds;
         wasLeft_ = now != Qt::ApplicationActive && !lost;
@@ -101,15 +108,25 @@ void Mesa::ChooseScreen(const QScreen& screen) {
     scene_->TheBackground().Begin(services_.layout, devicePixels);
 }
 
-// Comes when the window is first shown, and when the screen gets another size or scale.
+// Comes when the window is first shown, and when it gets another size or scale.
 void Mesa::resizeEvent(QResizeEvent*) {
+    LeaveBoard();
+    if (!resting_.isActive()) FollowSize();
+}
+
+// While the player pulls at the window's edge, its size changes faster than the background can be
+// painted. After each painting the program rests as long as that took, and so has time for all else.
+void Mesa::FollowSize() {
+    QElapsedTimer clock;
+    clock.start();
     const double ratio = devicePixelRatioF();
     const QSize devicePixels = (QSizeF(size()) * ratio).toSize();
+    if (scene_->Picture().size() == devicePixels && services_.devicePixelRatio == ratio) return;
     UseScreen(devicePixels, ratio);
     scene_->SetScreen(services_.layout, devicePixels);
-    LeaveBoard();
     PlaceControls();
     RefreshCursor();
+    resting_.start(static_cast<int>(clock.elapsed()));
 }
 
 Point Mesa::LayoutPoint(QPointF position) const {
@@ -121,11 +138,32 @@ Point Mesa::LayoutPoint(QPointF position) const {
     return {pixel(device.x() - layout.DeviceLeft), pixel(device.y() - layout.DeviceTop)};
 }
 
+void Mesa::SwitchFullScreen() {
+    setMinimumSize(0, 0);
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
+    if (isFullScreen()) return;
+    const double ratio = devicePixelRatioF();
+    setMinimumSize(qCeil(smallestWindow.width() / ratio), qCeil(smallestWindow.height() / ratio));
+    if (std::exchange(wasWindow_, true)) return;
+    const QRect room = screen()->availableGeometry();
+    QRect place(QPoint(), (room.size() * firstShareOfScreen).expandedTo(minimumSize()));
+    place.moveCenter(room.center());
+    setGeometry(place);
+}
+
+void Mesa::ComeToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+}
+
 // ------------------------------------------------------------------------------------ painting
 
-// The board is painted already, in device pixels: what Qt asks for is copied.
+// The board is painted already, in device pixels: what Qt asks for is copied. A window that has just
+// been made larger shows bare wood beside it.
 void Mesa::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    painter.fillRect(event->rect(), palette::DarkWood);
     const double ratio = services_.devicePixelRatio;
     painter.scale(1 / ratio, 1 / ratio);
     for (const QRect& part : event->region()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -38,6 +39,13 @@ public:
     /// Lays the window out for that screen before it is shown: the title opens first, in the middle of
     /// it. Does nothing once the window is shown.
     void ChooseScreen(const QScreen& screen);
+
+    /// Leaves or enters full screen. The first time the window takes three quarters of the screen's
+    /// width and height, later its last place; it is never smaller than 640x480 device pixels.
+    void SwitchFullScreen();
+
+    /// Shows the window, minimised or not, in front of all others, as it was before.
+    void ComeToFront();
 
     const GameState& State() const { return state_; }
     const Settings& CurrentSettings() const { return settings_; }
@@ -115,6 +123,8 @@ protected:
 private:
     // Sets layout and scale for a window of that size. Pixmaps of the old scale are forgotten.
     void UseScreen(QSize devicePixels, double devicePixelRatio);
+    // Lays the window out for the size that it has.
+    void FollowSize();
     void PlaceControls();
     // Whether that position, in logical pixels, is in the window and not on one of its controls.
     bool IsOnBoard(QPointF position) const;
@@ -127,7 +137,9 @@ private:
     const GameState& state_;
     const Settings& settings_;
     bool isPreparing_ = false;    // the hourglass is wanted
+    bool wasWindow_ = false;      // before the window filled the screen
     bool wasLeft_ = false;        // when the windows of the program stopped being active
+    QTimer resting_;              // runs for a while after the window has followed a new size
     QElapsedTimer dialogClosed_;  // runs since the last dialog over the board has closed
     Artwork artwork_;
     Cursors cursors_{artwork_};

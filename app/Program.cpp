@@ -75,6 +75,7 @@ Program::Program(const std::filesystem::path& programFolder, const std::filesyst
       keeper_(state_, settings_),
       input_(state_, settings_, recorder_, mesa_),
       recorderControl_({state_, settings_, outside_}, recorder_, mesa_) {
+    mesa_.setWindowState(Qt::WindowFullScreen);
     ConnectServices();
     ConnectWindow();
     ConnectGame();
@@ -87,8 +88,8 @@ void Program::ConnectServices() {
     shared.PlaySound = [this](Sound sound) {
         if (settings_.SoundOn == 1) sounds_.Play(sound);
     };
-    shared.Say = [this](const QString& sentence) { outside_.Speech().SayNow(sentence); };
     shared.SwitchSound = [this] { SwitchSound(); };
+    shared.Say = [this](const QString& sentence) { outside_.Speech().SayNow(sentence); };
     shared.Pause = [this](Short n) { outside_.Pause(n); };
     shared.ShowManual = [this](QWidget* over) {
         ShowHelp(over, mesa_.Shared(), FindManual(programFolder_));
@@ -160,7 +161,7 @@ void Program::Start() {
 
 void Program::OpenBoard() {
     LoadGame();
-    mesa_.showFullScreen();
+    mesa_.show();
     QTimer::singleShot(iconMilliseconds, &mesa_, [] { QApplication::setWindowIcon(ProgramIcon()); });
     if (settings_.SoundOn == 1) sounds_.Prepare();
 }
@@ -206,8 +207,7 @@ void Program::ContinueGame() {
 }
 
 void Program::ComeToFront() {
-    mesa_.showFullScreen();
-    mesa_.raise();
+    mesa_.ComeToFront();
     // A window that waits for an answer lies above the board, and the keys are for it.
     QWidget* asking = QApplication::activeModalWidget();
     if (asking != nullptr) asking->raise();
@@ -395,6 +395,7 @@ void Program::SwitchSound() {
 
 bool Program::WindowKeyPressed(int key) {
     switch (key) {
+        case Qt::Key_F11: mesa_.SwitchFullScreen(); return true;
         case Qt::Key_F12: SwitchSound(); return true;
         default: return false;
     }
@@ -409,7 +410,8 @@ void Program::KeyPressed(const QKeyEvent& key) {
     const int code = key.key();
     if (unmodified && code >= Qt::Key_F1 && code <= Qt::Key_F6) {
         ButtonPressed(code - Qt::Key_F1);
-    } else if (unmodified && (WindowKeyPressed(code) || SpokenKeyPressed(code) || input_.ManualKey(code))) {
+    } else if (unmodified &&
+               (WindowKeyPressed(code) || SpokenKeyPressed(code) || input_.ManualKey(code))) {
         return;
     } else if (unmodified && (code == Qt::Key_Tab || code == Qt::Key_Right || code == Qt::Key_Down)) {
         input_.MarkNext(1);

@@ -51,10 +51,10 @@ Ayuda::Ayuda(QWidget* parent, const Services& services, const QString& manual)
     : BoardDialog(parent, services, "Ayuda", title,
                   {WindowBox(services.layout).width, WindowBox(services.layout).height}),
       window_(WindowBox(services.layout)),
-      view_(new ManualView(this, services, manual)) {
+      view_(new ManualView(this, TheServices(), manual)) {
     Place(view_, PaperBox(window_));
     setAccessibleDescription(KeysText(". ") + ".");
-    auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
+    auto* leave = new PictureButton(this, TheServices(), "Pic_Salir", "accept", "Aceptar");
     Place(leave, LeaveButtonBox(window_));
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
     connect(qApp, &QApplication::focusChanged, this, [this] { update(); });  // the mark round the page

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
+#include <algorithm>
 
 #include "app/KeyStrokes.h"
 #include "dialogs/Decoration.h"
@@ -18,6 +19,13 @@ namespace {
 // does.
 bool IsCloseCombination(const QKeyEvent& event) {
     return event.key() == Qt::Key_F4 && event.modifiers().testFlag(Qt::AltModifier);
+}
+
+// The lowest window: a message may lie over a dialog.
+QWidget* BoardBelow(QWidget& widget) {
+    QWidget* window = &widget;
+    while (window->parentWidget() != nullptr) window = window->parentWidget();
+    return window;
 }
 
 }  // namespace
@@ -33,6 +41,8 @@ BoardDialog::BoardDialog(QWidget* parent, const Services& services, const char* 
     setModal(true);
     setAttribute(Qt::WA_OpaquePaintEvent);  // the panel covers all of it
     setCursor(Qt::ArrowCursor);
+    if (parent != nullptr) board_ = BoardBelow(*parent);
+    if (board_ != nullptr) board_->installEventFilter(this);
     setFixedSize(qRound(services.ToLogical(layoutSize.width())),
                  qRound(services.ToLogical(layoutSize.height())));
 }
@@ -51,6 +61,7 @@ void BoardDialog::KeyPressed(QKeyEvent* event) {
         services_.PlaySound(Sound::PageOpens);
         services_.ShowManual(this);
     }
+    if (event->key() == Qt::Key_F12) services_.SwitchSound();
 }
 
 void BoardDialog::Leave() {
@@ -61,7 +72,6 @@ void BoardDialog::paintEvent(QPaintEvent*) {
     LayoutPainter painter(this, services_);
     DrawGround(painter);
 }
-    if (event->key() == Qt::Key_F12) services_.SwitchSound();
 
 void BoardDialog::keyPressEvent(QKeyEvent* event) {
     if (IsCloseCombination(*event)) {
@@ -82,17 +92,21 @@ void BoardDialog::closeEvent(QCloseEvent* event) {
     Leave();
 }
 
-// The window places itself: a window manager knows nothing of the board. On a screen narrower than 5:4
-// the board uses only a part of it, whose place the layout gives in device pixels.
+bool BoardDialog::eventFilter(QObject* watched, QEvent* event) {
+    const bool hasMoved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if (watched == board_ && hasMoved && isVisible()) MoveToMiddle();
+    return QDialog::eventFilter(watched, event);
+}
+
+// The window places itself: a window manager does not know that it belongs into the middle. Over a board
+// that lies partly off the screen it keeps on the screen.
 void BoardDialog::MoveToMiddle() {
-    const QWidget* below = parentWidget() ? parentWidget()->window() : nullptr;
-    const QScreen* screen = below ? below->screen() : QGuiApplication::primaryScreen();
-    const Layout& layout = services_.layout;
-    const double ratio = services_.devicePixelRatio;
-    const QPointF used(layout.DeviceLeft / ratio, layout.DeviceTop / ratio);
-    const QSizeF room(layout.DeviceWidth / ratio, layout.DeviceHeight / ratio);
-    move(screen->geometry().topLeft() + used.toPoint() +
-         QPoint(qRound((room.width() - width()) / 2), qRound((room.height() - height()) / 2)));
+    const QScreen* screen = board_ != nullptr ? board_->screen() : QGuiApplication::primaryScreen();
+    const QRect room = screen->geometry();
+    QRect place(QPoint(), size());
+    place.moveCenter((board_ != nullptr ? board_->geometry() : room).center());
+    move(std::max(room.left(), std::min(place.left(), room.right() + 1 - width())),
+         std::max(room.top(), std::min(place.top(), room.bottom() + 1 - height())));
 }
 
 // Events run meanwhile, and the window below may be deleted by one: so the guarded pointer. The title

@@ -10,7 +10,8 @@ class QPainter;
 namespace zorva {
 
 /// The base of all windows over the board: modal, without the system's frame, with a panel of wood as
-/// its ground, in the middle of the part of the screen that the board uses.
+/// its ground, in the middle of the board. It follows the board when that is moved, and keeps its own
+/// size when the board gets another.
 ///
 /// A window has a fixed size in layout pixels. It draws itself in layout pixels and places its controls,
 /// which are its child widgets, in the same pixels. On the screen one of them takes
@@ -18,11 +19,12 @@ namespace zorva {
 class BoardDialog : public QDialog {
 public:
     /// `name` is the object name, `title` what screen readers and the task bar call the window,
-    /// `layoutSize` its size in layout pixels. The services must outlive the window.
+    /// `layoutSize` its size in layout pixels.
     BoardDialog(QWidget* parent, const Services& services, const char* name, const QString& title,
                 QSize layoutSize);
 
 protected:
+    /// A copy, which keeps the scale that the window has opened with. Its controls must get this one.
     const Services& TheServices() const { return services_; }
 
     /// Moves a child widget to that box of the window, in layout pixels.
@@ -43,12 +45,14 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void MoveToMiddle();
 
-    const Services& services_;
+    const Services services_;
     const QSize layoutSize_;
+    QWidget* board_ = nullptr;
 };
 
 /// Shows the window, returns when it has closed, and gives the keyboard back to the window below, unless

@@ -37,10 +37,10 @@ QString CountText(const HistoricPages& pages) {
 Historic::Historic(QWidget* parent, const Services& services, History history)
     : BoardDialog(parent, services, "Historic", "Histórico de partidas", windowSize),
       history_(std::move(history)),
-      sheet_(new HistoricSheet(this, services, history_)) {
+      sheet_(new HistoricSheet(this, TheServices(), history_)) {
     Place(sheet_, sheetBox);
     sheet_->Turned = [this] { update(); };  // the count beside the sheet changes
-    auto* leave = new PictureButton(this, services, "Pic_Salir", "accept", "Aceptar");
+    auto* leave = new PictureButton(this, TheServices(), "Pic_Salir", "accept", "Aceptar");
     Place(leave, leaveButton);
     connect(leave, &QAbstractButton::clicked, this, [this] { Leave(); });
     leave->setFocus();  // so that Enter leaves

@@ -26,8 +26,8 @@ Personal::Personal(QWidget* parent, const Services& services, Settings& settings
       settings_(settings),
       gameInProgress_(gameInProgress),
       hooks_(std::move(hooks)),
-      settingsPage_(new SettingsPage(this, services, settings)),
-      rulesPage_(new RulesPage(this, services, settings)) {
+      settingsPage_(new SettingsPage(this, TheServices(), settings)),
+      rulesPage_(new RulesPage(this, TheServices(), settings)) {
     ConnectPages();
     AddButtons();
     ShowRules(false);

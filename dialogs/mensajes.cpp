@@ -56,8 +56,8 @@ mensajes::mensajes(QWidget* parent, const Services& services, const QString& tit
           {windowWidth, FitMessage(text, lineCount).lineCount * MessageLinePitch + heightWithoutText}),
       fit_(FitMessage(text, lineCount)),
       buttons_(buttons) {
-    Place(new MessageLabel(this, services, "Tex_Titulo", title, TitleStyle(title)), titleBox);
-    auto* label = new MessageLabel(this, services, "Tex_Mensaje", text, fit_.style);
+    Place(new MessageLabel(this, TheServices(), "Tex_Titulo", title, TitleStyle(title)), titleBox);
+    auto* label = new MessageLabel(this, TheServices(), "Tex_Mensaje", text, fit_.style);
     Place(label, TextBox(fit_.lineCount));
     AddButtons(text);
     // Not a button has the focus but a control that cannot be seen, so that every key comes to the

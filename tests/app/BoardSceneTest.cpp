@@ -273,6 +273,7 @@ TEST(BoardPicture, KeepsNothingOfAnotherScreen) {
         each->scene.ShowMovable(movable);
     }
     board.mesa.resize(fresh.mesa.size());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return board.layout.ScreenWidth == 1024; }));
     EXPECT_EQ(board.Seen(), fresh.Seen());
     Artwork& artwork = board.mesa.Shared().artwork;
     EXPECT_EQ(artwork.Pixmap("die_1", {20, 30}).size(), QSize(20, 30));

@@ -158,6 +158,29 @@ TEST(EndOfTheSession, AsksNoWindowToClose) {
     EXPECT_EQ(closes, 0);
 }
 
+TEST_F(ProgramTest, F11LeavesAndEntersFullScreenAndTheWindowKeepsItsSize) {
+    Start();
+    Mesa& mesa = program->Window();
+    EXPECT_TRUE(mesa.isFullScreen());
+    const auto press = [&] { QTest::keyClick(&mesa, Qt::Key_F11); };
+    const auto isWindow = [&](QSize size) { return !mesa.isFullScreen() && mesa.size() == size; };
+    press();
+    EXPECT_TRUE(isWindow({640, 600})) << "three quarters of 800x800, but no less than 640x480";
+    mesa.resize(100, 700);
+    for (int times = 0; times < 2; ++times) {
+        mesa.showMinimized();
+        program->ComeToFront();
+        EXPECT_TRUE(!mesa.isMinimized() && isWindow({640, 700}));
+        press();
+        EXPECT_TRUE(mesa.isFullScreen());
+        mesa.showMinimized();
+        program->ComeToFront();
+        EXPECT_TRUE(!mesa.isMinimized() && mesa.isFullScreen());
+        press();
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return mesa.Shared().layout.DeviceTop == (700 - 512) / 2; }));
+}
+
 TEST_F(ProgramTest, F12SwitchesTheSoundWhereKeysDoNotAnswer) {
     WriteBytes(data / "ZORVA32.HLP",
                "<!DOCTYPE html><html><title>Zorva: manual del jugador</title></html>");

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QTest>
 #include <functional>
 #include <set>
 #include <tuple>
@@ -113,6 +114,29 @@ TEST_F(InTheWindow, APieceWalksAndTheBoardIsClearedAndDrawnAgain) {
     state = Position("1:20 0 0 0");
     outside.RefreshBoard(PiecesShown::OnTheirSquares);
     EXPECT_EQ(View().at[11], AsPointF(PlaceOfSquare(20)));
+}
+
+TEST_F(InTheWindow, WhatMovesGoesOnWhenTheWindowGetsAnotherSize) {
+    const auto isAt = [&](QPointF at) { return QLineF(View().at[11], at).length() < 1.5; };
+    outside.LiftPiece(11, 10);
+    outside.StepPiece(11, 10, 11);
+    outside.StepDelay(80);
+    outside.StepPiece(11, 11, 12);
+    outside.DrawDie(2, 3, DieIs::RollingBy);
+    mesa.Scene().ShowStep(0.5);
+    const double tilt = View().tray[2].pose.tilt, height = View().height[11] / layout.PieceSize;
+    outside.ShowChosenMove(12, 0, 5);
+    mesa.resize(640, 480);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return layout.ScreenWidth == 640; }));
+    EXPECT_EQ(std::tuple(View().inAir, View().counted, View().tray[2].pose.tilt),
+              std::tuple(11, 2, tilt));
+    EXPECT_NEAR(View().height[11] / layout.PieceSize, height, 0.1);
+    EXPECT_TRUE(isAt(AsPointF(PlaceOfSquare(11)) / 2 + AsPointF(PlaceOfSquare(12)) / 2));
+    EXPECT_EQ(View().shown.place, AsPointF(PlaceOfSquare(5)));
+    EXPECT_EQ(View().at[12], AsPointF(PlaceOf(12)));
+    mesa.Scene().ShowStep(1);
+    EXPECT_TRUE(isAt(AsPointF(PlaceOfSquare(12))));
+    EXPECT_NEAR(View().height[11], 0, 1e-9);
 }
 
 TEST_F(InTheWindow, APieceSoundsOnItsGoalWhenItWalksThere) {

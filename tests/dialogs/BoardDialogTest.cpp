@@ -97,6 +97,28 @@ TEST_F(BoardDialogTest, LiesOnItsScreenWithoutOverlaps) {
     }
 }
 
+TEST_F(BoardDialogTest, FollowsTheBoardOnItsScreenAndKeepsItsOwnSize) {
+    for (const auto& window : AllWindows()) {
+        SCOPED_TRACE(window->objectName().toStdString());
+        mensajes above(window.get(), *services, "Sobre otra", "ventana", 1, MessageButtons::Acknowledge);
+        board.show();
+        Show(*window);
+        const QImage before = window->grab().toImage();
+        services->layout = LayoutFor(1280, 1024);
+        EXPECT_EQ(window->grab().toImage(), before);
+        Show(above);
+        for (const QRect& place : {QRect(100, 50, 600, 700), QRect(40, 60, 700, 650)}) {
+            board.setGeometry(place);
+            for (const QWidget* each :
+                 {static_cast<QWidget*>(window.get()), static_cast<QWidget*>(&above)})
+                EXPECT_LE((each->geometry().center() - place.center()).manhattanLength(), 2);
+        }
+        board.move(700, -400);
+        EXPECT_TRUE(window->screen()->geometry().contains(window->geometry()));
+        UseScreen({1024, 768});
+    }
+}
+
 TEST_F(BoardDialogTest, ScreenReadersFindNamesRolesAndAnswers) {
     settings.PlayerType[3] = 2;
     const struct {
