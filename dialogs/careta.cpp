@@ -1,6 +1,6 @@
 #include "dialogs/careta.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWindow>
@@ -16,8 +16,9 @@ namespace {
 
 constexpr QSize windowSize(460, 190);
 constexpr Box areaBox{20, 20, TitleArtwork::Width, TitleScroll::First};
-constexpr int tick = 8;       // milliseconds, a little less than a step
-constexpr int shortTick = 1;  // once the player has broken it off
+constexpr int tick = 8;            // milliseconds, a little less than a step
+constexpr int shortTick = 1;       // once the player has broken it off
+constexpr int boardIsThere = 250;  // milliseconds after which it fills the screen
 
 }  // namespace
 
@@ -88,10 +89,20 @@ void careta::DrawTitle() {
     wasPainted_ = true;
 }
 
+// On Wayland a window cannot be raised. The board, which has opened later, covers the title until that
+// opens again.
+void careta::OpenAgain() {
+    if (!isVisible()) return;
+    windowHandle()->hide();
+    windowHandle()->show();
+}
+
 // The board takes the keyboard when it opens, which the title needs back.
 void careta::Begin() {
     openBoard_();
     activateWindow();
+    if (QGuiApplication::platformName() == "wayland")
+        QTimer::singleShot(boardIsThere, this, [this] { OpenAgain(); });
     clock_.start();
 }
 

@@ -32,6 +32,7 @@ protected:
 private:
     void MakeSteps();
     void Begin();
+    void OpenAgain();
     void Stop();
     bool EndsTitle(QObject* watched, QEvent* event);
     void DrawTitle();
