@@ -28,6 +28,7 @@ constexpr int lostFocusMilliseconds = 1000;
 
 constexpr QSize smallestWindow(640, 480);  // in device pixels
 constexpr double firstShareOfScreen = 0.75;
+constexpr int restoringMilliseconds = 100;
 
 }  // namespace
 
@@ -149,6 +150,11 @@ void Mesa::SwitchFullScreen() {
     QRect place(QPoint(), (room.size() * firstShareOfScreen).expandedTo(minimumSize()));
     place.moveCenter(room.center());
     setGeometry(place);
+    // On Wayland Qt (6.4) then gives the window the size again that it had before it filled the screen:
+    // the screen's.
+    QTimer::singleShot(restoringMilliseconds, this, [this, place] {
+        if (!isFullScreen() && size() == screen()->size()) setGeometry(place);
+    });
 }
 
 void Mesa::ComeToFront() {
