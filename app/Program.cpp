@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QFontMetrics>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QScreen>
@@ -35,8 +36,8 @@ constexpr Sound buttonSounds[MenuButtonCount] = {Sound::PageOpens,   Sound::Menu
 // When the program's icon is drawn: nobody waits for it.
 constexpr int iconMilliseconds = 300;
 
-// How long a note beside the cursor says that the sound is on or off.
-constexpr int soundToldMilliseconds = 1500;
+// How long a note says that the sound is on or off.
+constexpr int noteMilliseconds = 1500;
 
 // A window that has been minimised stays active until the window manager has hidden it and Qt has seen,
 // a tenth of a second later, that no other window of the program follows it.
@@ -55,6 +56,15 @@ const char* const welcome =
 const QScreen& ScreenOfCursor() {
     const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
     return screen != nullptr ? *screen : *QGuiApplication::primaryScreen();
+}
+
+// In the middle of the window that has the keyboard.
+void ShowNote(const QString& text) {
+    QWidget* window = QApplication::activeWindow();
+    if (window == nullptr) return;
+    const QPoint half(QFontMetrics(QToolTip::font()).horizontalAdvance(text) / 2, 0);
+    QToolTip::showText(window->mapToGlobal(window->rect().center()) - half, text, window, {},
+                       noteMilliseconds);
 }
 
 // Its smallest size has a drawing of its own.
@@ -389,7 +399,7 @@ void Program::SwitchSound() {
     const QString told = settings_.SoundOn == 1 ? "Sonido encendido." : "Sonido apagado.";
     mesa_.Shared().PlaySound(Sound::Accept);
     mesa_.Shared().Say(told);
-    QToolTip::showText(QCursor::pos(), told, &mesa_, {}, soundToldMilliseconds);
+    ShowNote(told);
     keeper_.Save();
 }
 
