@@ -167,6 +167,15 @@ class Display:
     def property(self, window, name):
         return self._run("xprop", "-id", window.id, name)
 
+    def place(self, window):
+        """Left, top, width and height of what lies within the manager's frame."""
+        numbers = re.findall(r"(?:Absolute upper-left [XY]|Width|Height): +(-?[0-9]+)",
+                             self._run("xwininfo", "-id", window.id))
+        return tuple(map(int, numbers))
+
+    def resize(self, window, width, height):
+        self._run("xdotool", "windowsize", window.id, str(width), str(height))
+
     def minimise(self, window):
         self._run("xdotool", "windowminimize", window.id)
 

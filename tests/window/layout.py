@@ -19,14 +19,16 @@ def helper(name):
 
 
 class Layout:
-    """The layout of a screen of that many device pixels. All values are pixels of the layout."""
+    """The layout of a board of that many device pixels whose corner lies there on the screen. All other values are
+    pixels of the layout."""
 
-    def __init__(self, width, height):
+    def __init__(self, width, height, left=0, top=0):
+        self.corner = (left, top)
         words = [helper("zorva-layout"), str(width), str(height)]
         vars(self).update(json.loads(subprocess.run(words, stdout=subprocess.PIPE, check=True).stdout))
 
     def device(self, point):
-        return (round(point[0] * self.unit), round(self.top + point[1] * self.unit))
+        return (self.corner[0] + round(point[0] * self.unit), self.corner[1] + round(self.top + point[1] * self.unit))
 
     def slot(self, square, slot):
         return self.squares[square - 1][slot - 1]
