@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <iterator>
 
 #include "app/Fonts.h"
 #include "app/Palette.h"
@@ -20,6 +21,8 @@ constexpr double paperWidth = 150;  // holds every line; on narrower paper the f
 constexpr double markWidth = 3;     // of the edge of the selected line
 constexpr double moverWidth = 2.6;  // of the mark in the mover's colour, beside it
 constexpr double shadowHeight = 9;  // of the slit
+constexpr double unprinted = 20;    // below the last line, to the torn edge
+constexpr double tooth = 5;         // of the torn edge: its width; it is less deep
 
 // In logical pixels, of which rows of a list view take whole ones.
 int RowHeight(const Services& services) {
@@ -121,6 +124,7 @@ void MoveLog::CutFrom(int row) {
 // loaded game must not be laid out one by one.
 void MoveLog::updateGeometries() {
     QListView::updateGeometries();
+    update();  // the paper has another length
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     if (selected.isEmpty()) {
         verticalScrollBar()->setValue(verticalScrollBar()->maximum());
@@ -150,15 +154,44 @@ bool MoveLog::event(QEvent* event) {
     return true;
 }
 
+// Where the last line ends, in logical pixels; it may be below the log.
+int MoveLog::PrintedTo() const {
+    return viewport()->y() + lines_.rowCount() * RowHeight(services_) - verticalScrollBar()->value();
+}
+
+// Teeth of changing depth, which are the same in every game.
+QPainterPath MoveLog::Paper() const {
+    constexpr double depths[] = {0, 3.1, 0.8, 2.3, 0.4, 3.6, 1.4, 2.8, 0.2, 2.0, 0.9};
+    const double unit = services_.ToLogical(1);
+    const double end = PrintedTo() + unprinted * unit;
+    QPainterPath paper;
+    if (end + tooth * unit >= height()) {
+        paper.addRect(rect());
+        return paper;
+    }
+    QPolygonF edge({QPointF(width(), 0), QPointF(0, 0)});
+    double x = 0;
+    for (int point = 0; x < width(); ++point, x += tooth * unit)
+        edge << QPointF(x, end + depths[point % std::size(depths)] * unit);
+    edge << QPointF(width(), end);
+    paper.addPolygon(edge);
+    return paper;
+}
+
 // Every other line lies on a tint. The paper bends at its sides; its upper edge is in the shadow of the
 // slit that it comes out of.
 void MoveLog::PaintPaper() {
     QPainter painter(this);
-    painter.fillRect(rect(), palette::Paper);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPainterPath paper = Paper();
+    const double unit = services_.ToLogical(1);
+    for (const double fall : {3.6, 2.4, 1.2})
+        painter.fillPath(paper.translated(0, fall * unit), QColor(0, 0, 0, 60));
+    painter.fillPath(paper, palette::Paper);
     const int rowHeight = RowHeight(services_);
-    const QRect ruled = rect().adjusted(0, viewport()->y(), 0, 0);
+    const QRect ruled(0, viewport()->y(), width(), std::min(PrintedTo(), height()) - viewport()->y());
     int top = ruled.top() - verticalScrollBar()->value() % (2 * rowHeight);
-    for (; top < height(); top += 2 * rowHeight) {
+    for (; top < ruled.bottom(); top += 2 * rowHeight) {
         painter.fillRect(QRect(0, top, width(), rowHeight) & ruled, palette::RuledPaper);
     }
     QLinearGradient bend(0, 0, width(), 0);
@@ -166,7 +199,7 @@ void MoveLog::PaintPaper() {
     bend.setColorAt(0.06, QColor(70, 40, 10, 0));
     bend.setColorAt(0.9, QColor(70, 40, 10, 0));
     bend.setColorAt(1, QColor(70, 40, 10, 60));
-    painter.fillRect(rect(), bend);
+    painter.fillPath(paper, bend);
     const double shadow = services_.ToLogical(shadowHeight);
     QLinearGradient slit(0, 0, 0, shadow);
     slit.setColorAt(0, QColor(20, 8, 2, 170));

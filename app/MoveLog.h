@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QListView>
+#include <QPainterPath>
 #include <QStringListModel>
 #include <functional>
 #include <vector>
@@ -13,7 +14,8 @@ namespace zorva {
 /// Lis_Grabadora: the list of all moves, one row a move below a heading, which is row 0, so that move n
 /// is row n. While the recorder is on, the row of the move at which it stands is selected.
 ///
-/// It looks like ruled paper that comes out of a slit. The wheel and the touchpad scroll it; it takes no
+/// It looks like paper that comes out of a slit, ruled as far as it is printed and torn off below, as
+/// long as there is room. The wheel and the touchpad scroll it; it takes no
 /// focus and no click, and no click on it reaches the board behind it. Screen readers find a list with
 /// an item for each row.
 class MoveLog : public QListView {
@@ -55,6 +57,8 @@ private:
         const MoveLog& log_;
     };
 
+    int PrintedTo() const;
+    QPainterPath Paper() const;
     void PaintPaper();
 
     const Services& services_;

@@ -133,6 +133,10 @@ TEST_F(MoveLogTest, LooksLikePaperWithABarOnTheSelectedLine) {
     Wheel(-120);
     EXPECT_EQ(colourAt(100, atRow), palette::RuledPaper) << "the rules scroll with the lines";
     EXPECT_LT(colourAt(100, 0).value(), 140) << "the slit's shadow stays";
+    log.CutFrom(3);
+    QApplication::processEvents();
+    EXPECT_EQ(colourAt(100, 6 + 16 * 3 + 10), palette::Paper) << "unprinted";
+    EXPECT_NE(colourAt(100, 6 + 16 * 3 + 40), palette::Paper) << "torn off";
 }
 
 }  // namespace
