@@ -219,20 +219,26 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
     const QRectF inside = box.Whole().adjusted(padding - 2, 6, 2 - padding, -6);
-    const double size = std::min(20.0, box.Width() / 8.5);
+    double size = std::min(20.0, box.Width() / 8.5);
+    // Never below 11 device pixels: what is above makes room for it.
+    const double small = std::max(12.5, 11.5 / layout.Unit);
     QRectF upper = inside, lower = inside;
     if (isFlat && !more.isEmpty()) {
         upper.setRight(inside.center().x());
         lower.setLeft(inside.center().x());
     } else if (!more.isEmpty()) {
-        const double above = box.HeightOf(view.line.what, inside.width(), size, QFont::Bold);
-        const double below = box.HeightOf(more, inside.width(), 13, QFont::Normal);
-        upper.setHeight(inside.height() * above / (above + below));
+        const auto heightOf = [&](const QString& text, double textSize, QFont::Weight weight) {
+            return box.HeightOf(text, inside.width(), textSize, weight);
+        };
+        const double below = heightOf(more, small, QFont::Normal);
+        const auto above = [&] { return heightOf(view.line.what, size, QFont::Bold); };
+        while (size > small && above() + below > inside.height()) --size;
+        upper.setHeight(inside.height() * above() / (above() + below));
         lower.setTop(upper.bottom());
     }
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;
     box.Text(upper, flags, view.line.what, size, QFont::Bold, TextColour(lit));
-    if (!more.isEmpty()) box.Text(lower, flags, more, 13, QFont::Normal, FaintText(lit));
+    if (!more.isEmpty()) box.Text(lower, flags, more, small, QFont::Normal, FaintText(lit));
 }
 
 }  // namespace zorva
