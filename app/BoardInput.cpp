@@ -1,11 +1,9 @@
 #include "app/BoardInput.h"
 
 #include <QKeyEvent>
-#include <QTimer>
 #include <utility>
 
 #include "app/BoardHits.h"
-#include "app/MenuButtons.h"
 #include "app/Mesa.h"
 #include "app/Pacer.h"
 #include "app/Sentences.h"
@@ -17,7 +15,6 @@ namespace zorva {
 namespace {
 
 constexpr double glideBackMilliseconds = 180;
-constexpr int glowMilliseconds = 900;
 
 }  // namespace
 
@@ -87,6 +84,7 @@ void BoardInput::Press(Point at, Qt::MouseButton button) {
 }
 
 void BoardInput::Move(Point at) {
+    mesa_.Scene().PointAt(at);
     if (dragged_ != 0) {
         mesa_.Scene().Drag(dragged_, AsPointF(at));
     } else {
@@ -204,11 +202,9 @@ void BoardInput::EndDrag(Point at) {
 
 // ---------------------------------------------------------------------------------- the keyboard
 
-void BoardInput::GlowNewGameButton() {
+void BoardInput::InviteToBegin() {
     mesa_.Shared().Say(TurnText(state_, settings_));
-    MenuButton& button = mesa_.Buttons().Button(MenuButtons::NewGame);
-    button.ShowGlow(true);
-    QTimer::singleShot(glowMilliseconds, &button, [&button] { button.ShowGlow(false); });
+    mesa_.Scene().ShowSignAgain();
 }
 
 void BoardInput::AcceptMove() {
@@ -237,7 +233,7 @@ void BoardInput::PlainKey(const QKeyEvent& key) {
     } else if (text == "i" || recorder_.RecorderOn) {
         return;
     } else if (!state_.GameInProgress) {
-        GlowNewGameButton();
+        InviteToBegin();
     } else if (IsManual()) {
         LeaveManual();
     } else if (state_.WaitingForThrow) {

@@ -39,7 +39,7 @@ public:
     bool ManualKey(int key);
     /// A key that produces a character, Escape or Enter. Escape and Q minimise the window. A small i
     /// does nothing. Any other key throws, leaves manual mode or takes the advised move; Enter takes the
-    /// marked piece if there is one. Without a game the new-game button glows.
+    /// marked piece if there is one. Without a game the new-game button glows again.
     void PlainKey(const QKeyEvent& key);
     /// Marks the next movable piece of the person on turn (direction 1) or the one before (-1), and
     /// shows where it would go. Nothing while no move of a person is awaited.
@@ -75,7 +75,7 @@ private:
     void LetGlideBack(PieceCode piece);
     void Preview(Short piece);
     void AcceptMove();
-    void GlowNewGameButton();
+    void InviteToBegin();
 
     GameState& state_;
     const Settings& settings_;

@@ -13,6 +13,7 @@
 #include "app/Fonts.h"
 #include "app/Palette.h"
 #include "app/PiecePlaces.h"
+#include "app/WarmLight.h"
 #include "core/Board.h"
 
 namespace zorva {
@@ -192,6 +193,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     };
     PaintCards(painter, artwork_, cache, layout_, view, part);
     PaintLine(painter, cache, layout_, view, part);
+    if (view.cupLit) PaintCup(painter, part);
     PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
     PaintLastMove(painter, view, part);
@@ -449,7 +451,8 @@ std::vector<QRect> BoardPainter::LastMoveAreas(const BoardView& view) const {
     const BoardView::LastMove& move = view.lastMove;
     if (move.piece == 0) return {};
     std::vector<QRect> areas{PieceArea(view.at[move.piece])};
-    if (move.captured != 0) areas.push_back(PieceArea(view.at[move.captured]));
+    for (const PieceCode piece : {move.captured, move.before})
+        if (piece != 0) areas.push_back(PieceArea(view.at[piece]));
     areas.push_back(PieceArea(PlaceLeft(layout_, move)));
     QRect before;
     for (const QPointF& at : TraceOf(view)) {
@@ -465,8 +468,8 @@ std::vector<QRect> BoardPainter::LastMoveAreas(const BoardView& view) const {
     return areas;
 }
 
-// A thin line and a dot in the mover's colour lead to a ring around the piece; a ring around the piece
-// that it has sent home.
+// A thin line and a dot in the mover's colour lead to a ring around the piece; rings around the piece
+// that it has sent home and around one that came out with it.
 void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const QRect& part) {
     const BoardView::LastMove& move = view.lastMove;
     const std::vector<QRect> areas = LastMoveAreas(view);
@@ -483,9 +486,8 @@ void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const
         painter.drawPolyline(line);
     }
     PaintRing(painter, PlaceLeft(layout_, move), dotWhereItStood.radius, dotWhereItStood.width, colour);
-    PaintRing(painter, view.at[move.piece], movedPiece.radius, movedPiece.width, colour);
-    if (move.captured != 0)
-        PaintRing(painter, view.at[move.captured], movedPiece.radius, movedPiece.width, colour);
+    for (const PieceCode piece : {move.piece, move.before, move.captured})
+        if (piece != 0) PaintRing(painter, view.at[piece], movedPiece.radius, movedPiece.width, colour);
 }
 
 // --------------------------------------------------------------------- the sign at a waiting die
@@ -500,7 +502,11 @@ const QPointF handPlace(13, 13);             // where the tip rests, from the mi
 
 }  // namespace
 
+// How far the light around the new-game button reaches, in layout pixels.
+constexpr double glowReach = 26;
+
 QRect BoardPainter::SignArea(Colour colour) const {
+    if (colour == BoardView::NewGameSign) return DeviceArea(layout_.Button[1], glowReach);
     const double unit = layout_.Cell / boardCell;
     const int reach = qCeil((handSide + handTravel + handPlace.x()) * unit);
     const Point middle = layout_.DieBox(colour).Centre();
@@ -508,10 +514,46 @@ QRect BoardPainter::SignArea(Colour colour) const {
         {ToShort(middle.x - reach), ToShort(middle.y - reach), ToShort(2 * reach), ToShort(2 * reach)});
 }
 
+// Over the cup of the background, in warm light.
+void BoardPainter::PaintCup(QPainter& painter, const QRect& part) {
+    const QRect area = DeviceArea(layout_.Cup);
+    if (!area.intersects(part)) return;
+    painter.drawPixmap(area.topLeft(), CachedPixmap("cup", area.size(), [&](QPainter& cup) {
+                           const QPixmap drawn = artwork_.Pixmap("panel_cup", area.size());
+                           cup.drawPixmap(0, 0, WarmLit(drawn));
+                       }));
+}
+
+// A warm light behind the button, which swells a few times and then stays, and the frame of all that
+// can be picked.
+void BoardPainter::PaintInvitation(QPainter& painter, double progress) {
+    const QRect area = SignArea(BoardView::NewGameSign);
+    const double unit = layout_.Unit;
+    const double swell = std::abs(std::cos(handTaps * M_PI * progress));
+    painter.setOpacity(0.45 + 0.55 * swell);
+    painter.drawPixmap(area.topLeft(), CachedPixmap("glow", area.size(), [&](QPainter& glow) {
+                           const QPointF middle = QRectF(QPointF(), area.size()).center();
+                           QRadialGradient light(middle, area.width() / 2.0);
+                           light.setColorAt(0.4, WithAlpha(palette::Light, 0.9));
+                           light.setColorAt(0.62, WithAlpha(palette::Mark, 0.5));
+                           light.setColorAt(1, WithAlpha(palette::Mark, 0));
+                           glow.fillRect(QRectF(QPointF(), area.size()), light);
+                       }));
+    painter.setOpacity(1);
+    const QRectF frame = DeviceF(layout_.Button[1]).adjusted(unit, unit, -2.5 * unit, -2.5 * unit);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette::Mark, 3.2 * unit));
+    painter.drawRoundedRect(frame, 12 * unit, 12 * unit);
+}
+
 // The tray is framed as pieces that can be picked are ringed, and a hand taps on the die a few times and
 // then rests there.
 void BoardPainter::PaintSign(QPainter& painter, const BoardView& view, const QRect& part) {
     if (view.sign == 0 || !SignArea(view.sign).intersects(part)) return;
+    if (view.sign == BoardView::NewGameSign) {
+        PaintInvitation(painter, view.tapping);
+        return;
+    }
     const double unit = layout_.Unit * layout_.Cell / boardCell;
     const QRectF tray =
         DeviceF(layout_.DieBox(view.sign)).adjusted(-2 * unit, -2 * unit, 2 * unit, 2 * unit);

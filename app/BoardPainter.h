@@ -56,7 +56,7 @@ public:
     QRect MoveArea(const BoardView::ShownMove& move) const;
     /// The parts of the trace and the marks of the last move.
     std::vector<QRect> LastMoveAreas(const BoardView& view) const;
-    /// What the hand covers that points at a colour's die, wherever its movement takes it.
+    /// What the sign of BoardView covers, wherever its movement takes it.
     QRect SignArea(Colour colour) const;
 
 private:
@@ -80,6 +80,8 @@ private:
     void PaintFrame(QPainter& painter, QPointF centre);
     std::vector<QPointF> TraceOf(const BoardView& view) const;
     void PaintLastMove(QPainter& painter, const BoardView& view, const QRect& part);
+    void PaintCup(QPainter& painter, const QRect& part);
+    void PaintInvitation(QPainter& painter, double progress);
     void PaintSign(QPainter& painter, const BoardView& view, const QRect& part);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintGroundShadow(QPainter& painter, QPointF at, double height);

@@ -402,21 +402,39 @@ void BoardScene::ShowLastMove(const BoardView::LastMove& move) {
     for (const QRect& area : areas) Repaint(area);
 }
 
-// A click on the board throws.
+// A click on the board throws, or a press of the button begins a game.
 void BoardScene::ShowSign() {
     const bool isOn = state_.WaitingForThrow && !state_.ManualMode && view_.tape < 0;
-    const Colour now = isOn ? state_.CurrentColour : Colour{0};
+    const Colour now = !state_.GameInProgress ? BoardView::NewGameSign
+                       : isOn                 ? state_.CurrentColour
+                                              : Colour{0};
     const Colour before = std::exchange(view_.sign, now);
     if (before == now) return;
+    ShowCup();
+    if (before != 0) Repaint(painter_.SignArea(before));
+    ShowSignAgain();
+}
+
+void BoardScene::ShowSignAgain() {
     tap_.stop();
     view_.tapping = 1;
-    if (before != 0) Repaint(painter_.SignArea(before));
-    if (now == 0) return;
-    Repaint(painter_.SignArea(now));
+    if (view_.sign == 0) return;
+    Repaint(painter_.SignArea(view_.sign));
     const int duration = AtThisSpeed(tapMilliseconds);
     if (duration <= 0) return;
     tap_.setDuration(duration);
     tap_.start();
+}
+
+void BoardScene::PointAt(Point at) {
+    cursor_ = at;
+    ShowCup();
+}
+
+void BoardScene::ShowCup() {
+    const bool throws = view_.sign != 0 && view_.sign != BoardView::NewGameSign;
+    const bool lit = throws && layout_.Cup.Contains(cursor_);
+    if (std::exchange(view_.cupLit, lit) != lit) Repaint(painter_.DeviceArea(layout_.Cup));
 }
 
 void BoardScene::ShowTap(double progress) {

@@ -76,6 +76,9 @@ public:
     void ShowPreview(const BoardView::ShownMove& move);
     /// Rings the pieces that a person may pick.
     void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
+    /// Tells where the cursor is over the board, in layout pixels: the cup is lit under it while a click
+    /// throws.
+    void PointAt(Point at);
     /// Frames the piece that the keyboard has marked with four corners; 0 marks none.
     void ShowMarked(PieceCode piece);
     /// Shows that the recorder stands at that move, -1 that it is off.
@@ -86,6 +89,9 @@ public:
     /// be called when a wait or manual mode begins or ends, and when names or players have changed; a
     /// turn does it, too.
     void ShowGuide();
+
+    /// Moves the sign for what the game waits for once more.
+    void ShowSignAgain();
 
     /// Repaints all houses: the players' names or who takes part have changed.
     void RepaintHouses();
@@ -116,6 +122,7 @@ private:
     void ShowCards();
     void ShowSign();
     void ShowTap(double progress);
+    void ShowCup();
     QPointF EndOf(const BoardView::ShownMove& move) const;
     void RepaintMove(const BoardView::ShownMove& move);
     void RepaintPiece(PieceCode piece);
@@ -126,6 +133,7 @@ private:
     Changed changed_;
     Layout layout_;
     BoardView view_;
+    Point cursor_;
     std::vector<PieceMotion> motions_;
     std::vector<DieMotion> dieMotions_;
     PerColour<int> rolls_{};
@@ -133,7 +141,7 @@ private:
     // The game does not wait for these:
     PerColour<QVariantAnimation> fade_;  // empties a tray
     QVariantAnimation pulse_;            // drives the ring of light
-    QVariantAnimation tap_;              // moves the hand at a die a few times
+    QVariantAnimation tap_;              // moves the sign a few times
 };
 
 }  // namespace zorva

@@ -14,6 +14,7 @@ namespace zorva {
 /// Tables by piece are indexed by piece code.
 struct BoardView {
     static constexpr int CodeCount = 45;  ///< piece codes go up to 44
+    static constexpr Colour NewGameSign = ColourCount + 1;
 
     /// How a die lies in its tray.
     struct DiePose {
@@ -55,6 +56,7 @@ struct BoardView {
         Square to = 0;
         PieceCode captured = 0;  ///< the piece that it has sent home, 0 for none
         bool walked = false;     ///< from square to square, not shifted by hand or sent back
+        PieceCode before = 0;    ///< the piece that came out first with the same five, 0 for none
         bool operator==(const LastMove&) const = default;
     };
 
@@ -90,8 +92,11 @@ struct BoardView {
     QString latest;   ///< what was done last, under the line where there are no cards
     std::vector<Card> cards;
     LastMove lastMove;
-    Colour sign = 0;     ///< whose die a hand points at, because a click throws it
-    double tapping = 1;  ///< how far the hand's movement has got, 0..1
+    /// Whose die a hand points at, because a click throws it. NewGameSign: no game runs, and the button
+    /// that begins one is framed and glows.
+    Colour sign = 0;
+    bool cupLit = false;  ///< the cursor is over the cup, and a click throws
+    double tapping = 1;   ///< how far the movement of the hand or the glow has got, 0..1
 };
 
 }  // namespace zorva

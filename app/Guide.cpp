@@ -23,6 +23,23 @@ std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& set
     return cards;
 }
 
+namespace {
+
+// The piece that came out first with the five of that second exit.
+PieceCode FirstOut(const GameState& state, Short move) {
+    const MoveRecord& second = state.MoveRecords[move];
+    do --move;
+    while (move > 1 && state.MoveRecords[move].OnBehalf != 0);
+    const MoveRecord& first = state.MoveRecords[move];
+    const auto comesOut = [&](const MoveRecord& record) {
+        return record.From == 0 && record.To == ExitSquare[second.MoverColour] && !record.Manual;
+    };
+    const bool isSecond = comesOut(second) && comesOut(first) && !second.TurnEnd;
+    return isSecond ? CodeOf(first.MoverColour, first.Piece) : PieceCode{0};
+}
+
+}  // namespace
+
 BoardView::LastMove LastMoveOf(const GameState& state) {
     Short move = ToShort(state.MoveRecordCount - 1);
     const auto isMove = [&](const MoveRecord& record) {
@@ -37,7 +54,8 @@ BoardView::LastMove LastMoveOf(const GameState& state) {
             .from = record.From,
             .to = record.To,
             .captured = captured,
-            .walked = !record.Manual && record.To != 0};
+            .walked = !record.Manual && record.To != 0,
+            .before = FirstOut(state, move)};
 }
 
 }  // namespace zorva

@@ -175,21 +175,72 @@ void PlaceStrip(Layout& layout) {
     layout.LogPaper = {ToShort(left), logTop, ToShort(std::max(right - left, 1)), ToShort(height)};
 }
 
-// Right of the band, or above the line on a tall screen.
-void PlaceCup(Layout& layout) {
-    constexpr int side = 140;
-    const int bandLeft = CentredBesideBoard(layout, layout.BandWidth);
-    const int bandRight = bandLeft + layout.BandWidth;
-    const int right = layout.ScreenWidth - bandRight;
-    const int above = std::min<int>(layout.Line.y, 0) + static_cast<int>(layout.DeviceTop / layout.Unit);
-    if (right >= side) {
-        const int middle = bandRight + std::min(right / 2, side * 6 / 5);
-        layout.Cup = {ToShort(middle - side / 2), ToShort(layout.ScreenHeight - side * 3 / 2), side,
-                      side};
-    } else if (above >= side) {
-        const int top = std::min<int>(layout.Line.y, 0) - (above + side) / 2;
-        layout.Cup = {ToShort(bandLeft - side * 3 / 2), ToShort(top), side, side};
+// --------------------------------------------------------------- the free table: keys and cup
+
+constexpr int caseBorder = 6;  // around the large keys
+constexpr int smallestLargeKey = 48, largestKey = 96;
+constexpr int keyGap = 4;
+
+// Upright they lie as on the strip: backwards left, forwards right. Across, the keys that go by
+// themselves lie below those that go one step.
+void PlaceLargeKeys(Layout& layout, Point centre, int side, bool across) {
+    constexpr std::array<std::array<int, 2>, RecorderKeyCount> upright{
+        {{0, 0}, {0, 1}, {1, 1}, {0, 2}, {1, 2}, {1, 0}}};
+    constexpr std::array<std::array<int, 2>, RecorderKeyCount> lying{
+        {{0, 0}, {1, 0}, {2, 0}, {1, 1}, {2, 1}, {0, 1}}};
+    const int columns = across ? 3 : 2;
+    const int width = columns * (side + keyGap) - keyGap;
+    const int height = (RecorderKeyCount / columns) * (side + keyGap) - keyGap;
+    const int left = centre.x - width / 2, top = centre.y - height / 2;
+    for (std::size_t key = 0; key < layout.LargeKey.size(); ++key) {
+        const auto [column, row] = across ? lying[key] : upright[key];
+        layout.LargeKey[key] = {ToShort(left + column * (side + keyGap)),
+                                ToShort(top + row * (side + keyGap)), ToShort(side), ToShort(side)};
     }
+    layout.KeyCase = {ToShort(left - caseBorder), ToShort(top - caseBorder),
+                      ToShort(width + 2 * caseBorder), ToShort(height + 2 * caseBorder)};
+}
+
+// The cup's rim is a circle that lies left of and above the middle of its drawing, for its shadow.
+constexpr double cupCentre = 64.0 / 140;
+constexpr double cupRim = 106.0 / 140;
+constexpr double cupOfRoom = 0.92;  // what its drawing takes of the room on both sides of its middle
+
+void PlaceCup(Layout& layout, Point centre, int side) {
+    layout.Cup = {Round(centre.x - cupCentre * side), Round(centre.y - cupCentre * side), ToShort(side),
+                  ToShort(side)};
+}
+
+// Keys and cup one below the other, beside the cards of the same height.
+bool PlaceRightOfBand(Layout& layout) {
+    constexpr int largestCup = 220;
+    const int left = CentredBesideBoard(layout, layout.BandWidth) + layout.BandWidth;
+    const int room = layout.ScreenWidth - left;
+    const int aside = room / 20 + caseBorder;
+    const int side = std::min((room - 2 * aside - keyGap) / 2, std::clamp(room / 5, 64, largestKey));
+    if (side < smallestLargeKey || !layout.HasCards()) return false;
+    const int middle = left + room / 2;
+    const Short top = layout.Card[0].y;
+    const int height = 3 * (side + keyGap) + 2 * caseBorder;
+    PlaceLargeKeys(layout, {ToShort(middle), ToShort(top + height / 2)}, side, false);
+    const Short low = ToShort((layout.Card[2].y + layout.Card[3].y + layout.Card[3].height) / 2);
+    PlaceCup(layout, {ToShort(middle), low}, std::min<int>(Round(room * cupOfRoom), largestCup));
+    return true;
+}
+
+// Keys and cup side by side in the middle.
+void PlaceAboveLine(Layout& layout) {
+    constexpr int largestCup = 260, highest = 8000;  // the coordinates stay 16-bit numbers
+    const int top = -std::min(static_cast<int>(layout.DeviceTop / layout.Unit), highest);
+    const int room = layout.Line.y - top;
+    const int side = std::min((room - room / 5 - 2 * caseBorder - keyGap) / 2, largestKey);
+    if (side < smallestLargeKey) return;
+    const int cup = std::min<int>(Round(room * cupOfRoom), largestCup);
+    const int keys = 3 * (side + keyGap) + 2 * caseBorder, between = layout.ScreenWidth / 10;
+    const int left = (layout.ScreenWidth - keys - between - Round(cupRim * cup)) / 2;
+    const Short middle = ToShort(top + room / 2);
+    PlaceLargeKeys(layout, {ToShort(left + keys / 2), middle}, side, true);
+    PlaceCup(layout, {Round(left + keys + between + cupRim * cup / 2), middle}, cup);
 }
 
 // ------------------------------------------------------------------------ where pieces stand
@@ -310,7 +361,7 @@ Layout LayoutFor(int deviceWidth, int deviceHeight) {
     if (!PlaceCardsBeside(layout)) PlaceCardsBelow(layout);
     PlaceButtons(layout);
     PlaceStrip(layout);
-    PlaceCup(layout);
+    if (!PlaceRightOfBand(layout) && layout.DeviceTop > 0 && layout.Line.y < 0) PlaceAboveLine(layout);
     return layout;
 }
 

@@ -32,6 +32,8 @@ struct Box {
 
 /// The keys of the menu: help, new game, settings, history, advice and leave.
 inline constexpr int MenuButtonCount = 6;
+/// The keys of the recorder.
+inline constexpr int RecorderKeyCount = 6;
 
 /// Where everything of the board window lies on one screen. All values are layout pixels unless said
 /// otherwise; one of them is `Unit` device pixels, so that every screen is filled and everything is
@@ -71,8 +73,14 @@ struct Layout {
     std::array<Box, MenuButtonCount> Button;  ///< Pic_Boton, in the order of the menu
     Box Recorder;                             ///< Pic_Grabadora
     Box Log;                                  ///< Lis_Grabadora
-    Box Cup;       ///< the dice cup that stands on the free table; its width is 0 where there is no room
     Box LogPaper;  ///< what is seen of the log: the part beside the board and on the screen
+
+    // What lies on the free table right of the panel or, on a tall screen, above the line. Where there
+    // is no room, all widths are 0.
+    Box KeyCase;                                 ///< the case that holds the recorder's large keys
+    std::array<Box, RecorderKeyCount> LargeKey;  ///< in the order of RecorderKey
+    Box Cup;                                     ///< the dice cup with its shadow
+    bool HasLargeKeys() const { return KeyCase.width != 0; }
 
     /// A point of the layout in device pixels of the window.
     QPointF Device(QPointF at) const { return QPointF(DeviceLeft, DeviceTop) + at * Unit; }

@@ -13,6 +13,7 @@
 
 #include "app/Fonts.h"
 #include "app/KeyStrokes.h"
+#include "app/LargeKeys.h"
 #include "app/MenuButtons.h"
 #include "app/MoveLog.h"
 #include "app/Palette.h"
@@ -48,12 +49,14 @@ Mesa::Mesa(const GameState& state, const Settings& settings)
         if (ButtonPressed) ButtonPressed(button);
     });
     strip_ = new RecorderStrip(this, services_);
-    strip_->installEventFilter(this);
-    for (int index = 0; index < MenuButtonCount; ++index)
-        buttons_->Button(index).installEventFilter(this);
     log_ = new MoveLog(this, services_);
     resting_.setSingleShot(true);
     connect(&resting_, &QTimer::timeout, this, [this] { FollowSize(); });
+    largeKeys_ = std::make_unique<LargeKeys>(this, services_, [this](RecorderKey key) {
+        if (strip_->Pressed) strip_->Pressed(key);
+    });
+    strip_->installEventFilter(this);
+    for (auto* key : findChildren<WoodenKey*>()) key->installEventFilter(this);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState now) {
         const bool lost = dialogClosed_.isValid() && dialogClosed_.elapsed() < lostFocusMilliseconds;
         wasLeft_ = now != Qt::ApplicationActive && !lost;
@@ -88,6 +91,11 @@ void Mesa::PlaceControls() {
     }
     strip_->setGeometry(LogicalRect(layout.Recorder));
     log_->setGeometry(LogicalRect(layout.LogPaper));
+    for (int index = 0; index < RecorderKeyCount; ++index) {
+        WoodenKey& key = largeKeys_->Key(static_cast<RecorderKey>(index));
+        key.setGeometry(LogicalRect(layout.LargeKey[index]));
+        key.setVisible(layout.HasLargeKeys());
+    }
 }
 
 void Mesa::UseScreen(QSize devicePixels, double devicePixelRatio) {
@@ -128,6 +136,11 @@ void Mesa::FollowSize() {
     PlaceControls();
     RefreshCursor();
     resting_.start(static_cast<int>(clock.elapsed()));
+}
+
+void Mesa::ShowRecorderKey(RecorderKey key, bool pressed) {
+    strip_->ShowPressed(key, pressed);
+    largeKeys_->Key(key).ShowPressed(pressed);
 }
 
 Point Mesa::LayoutPoint(QPointF position) const {
@@ -280,8 +293,9 @@ void Mesa::RefreshHourglass() {
 void Mesa::RefreshCursor() {
     const Point at = LayoutPoint(mapFromGlobal(QPointF(QCursor::pos())));
     RefreshHourglass();
-    buttons_->RefreshCursors();
+    buttons_->Refresh();
     strip_->RefreshCursor();
+    largeKeys_->Refresh(strip_->IsLive, state_.GameInProgress != No);
     ShowCursor(*this, CursorAt && !IsBlocked() ? CursorAt(at) : QCursor(Qt::ArrowCursor));
 }
 

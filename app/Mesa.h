@@ -17,9 +17,11 @@ class QScreen;
 
 namespace zorva {
 
+class LargeKeys;
 class MenuButtons;
 class MoveLog;
 class RecorderStrip;
+enum class RecorderKey;
 
 /// The board window. It shows the board, the menu, the recorder and the log over the whole screen
 /// and hands on what the mouse and the keyboard do; it knows no rules.
@@ -54,6 +56,9 @@ public:
     MoveLog& Log() { return *log_; }
     MenuButtons& Buttons() { return *buttons_; }
     RecorderStrip& Strip() { return *strip_; }
+    LargeKeys& RecorderKeys() { return *largeKeys_; }
+    /// Draws a key of the recorder pressed or at rest, in the strip and among the large ones.
+    void ShowRecorderKey(RecorderKey key, bool pressed);
     Services& Shared() { return services_; }
     Pacer& Waits() { return pacer_; }
 
@@ -149,6 +154,7 @@ private:
     std::unique_ptr<MenuButtons> buttons_;
     RecorderStrip* strip_;  // Qt deletes it with the window, as it does the log
     MoveLog* log_;
+    std::unique_ptr<LargeKeys> largeKeys_;
 };
 
 }  // namespace zorva

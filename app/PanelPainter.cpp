@@ -24,7 +24,12 @@ constexpr double widestReel = 58;
 constexpr double smallestReel = 18;  // where there is less room, the reels are left out
 constexpr double besideReel = 6;
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
-constexpr double paperShadow = 10;
+constexpr double caseShadow = 10;
+constexpr double keyCaseBorder = 4;
+
+QRectF AsRect(const Box& box) {
+    return QRectF(box.x, box.y, box.width, box.height);
+}
 
 // Layout pixels as device pixels of the window.
 QRectF OnDevice(const Layout& layout, const QRectF& area) {
@@ -91,6 +96,20 @@ double BorderScale(const Layout& layout, const QRectF& band) {
     return std::clamp((band.width() - held) / (2 * widestBorder), 0.3, 1.0);
 }
 
+// The large keys lie in a case of the band's wood and leather.
+void PaintFreeTable(QPainter& painter, Artwork& artwork, const Layout& layout) {
+    constexpr double border = 0.6;  // of the band's
+    const QRectF body =
+        AsRect(layout.KeyCase).adjusted(-keyCaseBorder, -keyCaseBorder, keyCaseBorder, keyCaseBorder);
+    const QRectF shadow =
+        body.adjusted(-caseShadow, -caseShadow, caseShadow, caseShadow).translated(1, 2);
+    PaintStretched(painter, artwork, "panel_shadow", OnDevice(layout, shadow), 2 * caseShadow,
+                   layout.Unit);
+    PaintStretched(painter, artwork, "panel_band", OnDevice(layout, body), bandCorner,
+                   border * layout.Unit);
+    artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
+}
+
 }  // namespace
 
 QRect HiddenByPanel(const Layout& layout) {
@@ -102,20 +121,12 @@ QRect HiddenByPanel(const Layout& layout) {
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
     const double unit = layout.Unit;
     const QRectF band = Band(layout);
-    const Box& log = layout.LogPaper;
     const double border = BorderScale(layout, band);
     PaintStretched(painter, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
-    const QRectF paper = QRectF(log.x, log.y, log.width, log.height)
-                             .adjusted(-paperShadow, -paperShadow, paperShadow, paperShadow);
-    PaintStretched(painter, artwork, "panel_shadow", OnDevice(layout, paper), 2 * paperShadow, unit);
     const QRectF body = Case(layout, band);
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
     PaintReels(painter, artwork, layout, body);
-    const Box& cup = layout.Cup;
-    if (cup.width != 0) {
-        artwork.Paint(painter, "panel_cup",
-                      OnDevice(layout, QRectF(cup.x, cup.y, cup.width, cup.height)));
-    }
+    if (layout.HasLargeKeys()) PaintFreeTable(painter, artwork, layout);
 }
 
 }  // namespace zorva

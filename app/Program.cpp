@@ -13,6 +13,7 @@
 
 #include "app/DataFolder.h"
 #include "app/KeyStrokes.h"
+#include "app/LargeKeys.h"
 #include "app/MenuButtons.h"
 #include "app/MoveLog.h"
 #include "app/Sentences.h"
@@ -166,7 +167,11 @@ void Program::Start() {
     ShowSplash(&mesa_, mesa_.Shared(), [this] { OpenBoard(); });
     mesa_.Shared().Say(welcome);
     TellAboutFiles();
-    if (state_.GameInProgress) ContinueGame();
+    if (state_.GameInProgress) {
+        ContinueGame();
+    } else {
+        mesa_.Scene().ShowSignAgain();  // the title lay over it
+    }
 }
 
 void Program::OpenBoard() {
@@ -263,7 +268,7 @@ void Program::Tell(const QString& title, const QString& text) {
 // -------------------------------------------------------------------------------------- the menu
 
 void Program::ButtonPressed(int button) {
-    MenuButton& key = mesa_.Buttons().Button(button);
+    WoodenKey& key = mesa_.Buttons().Button(button);
     key.ShowPressed(true);
     mesa_.Shared().PlaySound(buttonSounds[button]);
     outside_.Pause(10);
@@ -351,6 +356,7 @@ void Program::ApplyChoices() {
     ApplySettings(state_, settings_);
     mesa_.Buttons().Explain(settings_.ButtonInfo == 1);
     mesa_.Strip().Explain(settings_.ButtonInfo == 1);
+    mesa_.RecorderKeys().Explain(settings_.ButtonInfo == 1);
     mesa_.Scene().RepaintHouses();
 }
 

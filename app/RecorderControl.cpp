@@ -52,7 +52,7 @@ void RecorderControl::Press(RecorderKey key) {
 // ---------------------------------------------------------------------------------- what is seen
 
 void RecorderControl::ShowKey(RecorderKey key, bool pressed) {
-    mesa_.Strip().ShowPressed(key, pressed);
+    mesa_.ShowRecorderKey(key, pressed);
     game_.outside.PlaySound(Sound::RecorderKey);
 }
 
@@ -156,7 +156,7 @@ void RecorderControl::Restore() {
 void RecorderControl::TakeTapeOut() {
     if (!recorder_.RecorderOn) return;
     RecorderSwitchOff(game_, recorder_);
-    mesa_.Strip().ShowPressed(RecorderKey::OnOff, false);
+    mesa_.ShowRecorderKey(RecorderKey::OnOff, false);
     mesa_.RefreshCursor();
 }
 

@@ -3,11 +3,12 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
-#include <optional>
+#include <utility>
 
 #include "app/Artwork.h"
 #include "app/Cursors.h"
 #include "app/Pacer.h"
+#include "app/WarmLight.h"
 
 namespace zorva {
 namespace {
@@ -112,12 +113,15 @@ void RecorderStrip::paintEvent(QPaintEvent*) {
     };
     painter.drawPixmap(0, 0, sheet(0));
     for (int index = 0; index < RecorderKeyCount; ++index) {
-        if (!looks_[index].IsPressed()) continue;
+        const bool isPressed = looks_[index].IsPressed();
+        const bool isLit = lit_ == static_cast<RecorderKey>(index);
+        if (!isPressed && !isLit) continue;
         const KeyPlace& place = places[index];
         const QRect key =
             QRectF(place.x * unit, place.y * unit, place.drawnWidth * unit, keyHeight * unit)
                 .toAlignedRect();
-        painter.drawPixmap(key.topLeft(), sheet(pressedOffset), key);
+        painter.drawPixmap(key.topLeft(), sheet(isPressed ? pressedOffset : 0), key);
+        if (isLit) painter.fillRect(QRectF(key).adjusted(unit, unit, -unit, -unit), WarmTint());
     }
 }
 
@@ -140,7 +144,10 @@ void RecorderStrip::mouseMoveEvent(QMouseEvent* event) {
 
 void RecorderStrip::RefreshCursor() {
     const auto key = KeyAt(StripPoint(mapFromGlobal(QPointF(QCursor::pos()))));
-    ShowHand(*this, services_.cursors, key && IsLive && IsLive(*key));
+    const bool live = key && IsLive && IsLive(*key);
+    ShowHand(*this, services_.cursors, live);
+    const auto lit = live ? key : std::nullopt;
+    if (std::exchange(lit_, lit) != lit) update();
 }
 
 }  // namespace zorva

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <array>
 #include <functional>
+#include <optional>
 
 #include "app/PressedLook.h"
 #include "app/Services.h"
@@ -12,7 +13,6 @@ namespace zorva {
 
 /// The six keys of the recorder, in the order in which a click is tested against them.
 enum class RecorderKey { OnOff, BackOne, ForwardOne, AutoBack, AutoForward, Restore };
-inline constexpr int RecorderKeyCount = 6;
 
 /// Pic_Grabadora: the strip of the move recorder with its six keys, 50 x 75 layout pixels. The drawing
 /// is a sheet whose left half shows the keys at rest and whose right half, 51 units further, shows them
@@ -26,7 +26,8 @@ public:
     /// Whether a key does something now: over such a key the cursor is a hand.
     std::function<bool(RecorderKey key)> IsLive;
 
-    /// Shows the cursor that IsLive asks for where the mouse is now.
+    /// Shows the cursor that IsLive asks for where the mouse is now, and a warm light on a live key
+    /// there.
     void RefreshCursor();
 
     /// Draws a key pressed, before the function returns, or soon afterwards at rest.
@@ -43,6 +44,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent*) override { RefreshCursor(); }
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -60,6 +62,7 @@ private:
     const Services& services_;
     std::array<KeyButton*, RecorderKeyCount> keyButtons_{};  // Qt deletes them with the strip
     std::array<PressedLook, RecorderKeyCount> looks_;
+    std::optional<RecorderKey> lit_;  // the live key under the cursor
     bool explains_ = true;
 };
 

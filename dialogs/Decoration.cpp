@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "app/Artwork.h"
+#include "app/WarmLight.h"
 
 namespace zorva::decoration {
 namespace {
@@ -81,6 +82,12 @@ void DrawSunkenPaper(QPainter& painter, const QRectF& area, const QColor& paper)
     painter.fillRect(area, paper);
     DrawSunkenFrame(painter, area);
     DrawInnerShadow(painter, area);
+}
+
+void DrawWarmLit(QPainter& painter, const QString& drawing, const QRectF& area,
+                 const Services& services) {
+    const QPixmap lit = WarmLit(services.artwork.Pixmap(drawing, DevicePixels(area.size(), services)));
+    painter.drawPixmap(area, lit, lit.rect());
 }
 
 // Light over a wider dark line: it is seen on wood and on paper alike.

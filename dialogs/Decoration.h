@@ -32,6 +32,10 @@ void DrawInnerShadow(QPainter& painter, const QRectF& area);
 /// above and on the left, light below and on the right.
 void DrawSunkenFrame(QPainter& painter, const QRectF& area);
 
+/// Draws a drawing of the program in warm light: the cursor is over it, and a click acts on it.
+void DrawWarmLit(QPainter& painter, const QString& drawing, const QRectF& area,
+                 const Services& services);
+
 /// Draws the mark of the control that has the focus: a lit line round the area, its corners rounded by
 /// that radius.
 void DrawFocus(QPainter& painter, const QRectF& area, double radius);

@@ -194,25 +194,42 @@ void HistoricSheet::DrawRecord(QPainter& painter, long index, double top) const 
 }
 
 void HistoricSheet::DrawCorners(QPainter& painter) const {
-    if (pages_.CanTurnOlder()) services_.artwork.Paint(painter, "historic_older", ToRect(olderCorner));
-    if (pages_.CanTurnNewer()) services_.artwork.Paint(painter, "historic_newer", ToRect(newerCorner));
+    const auto draw = [&](const PageCorner* corner, const char* drawing, const Box& box) {
+        if (corner == lit_) {
+            decoration::DrawWarmLit(painter, drawing, ToRect(box), services_);
+        } else {
+            services_.artwork.Paint(painter, drawing, ToRect(box));
+        }
+    };
+    if (pages_.CanTurnOlder()) draw(older_, "historic_older", olderCorner);
+    if (pages_.CanTurnNewer()) draw(newer_, "historic_newer", newerCorner);
+}
+
+// The corner under a point, if it turns the sheet now.
+const PageCorner* HistoricSheet::CornerAt(Point point) const {
+    if (pages_.CanTurnOlder() && olderCorner.Contains(point)) return older_;
+    if (pages_.CanTurnNewer() && newerCorner.Contains(point)) return newer_;
+    return nullptr;
+}
+
+void HistoricSheet::Light(const PageCorner* corner) {
+    setCursor(corner != nullptr ? services_.cursors.Hand() : Qt::ArrowCursor);
+    if (std::exchange(lit_, corner) != corner) update();
+}
+
+void HistoricSheet::leaveEvent(QEvent*) {
+    Light(nullptr);
 }
 
 void HistoricSheet::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
-    const Point point = ToLayout(event->position(), services_);
-    if (olderCorner.Contains(point)) {
-        TurnOlder();
-    } else if (newerCorner.Contains(point)) {
-        TurnNewer();
-    }
+    const PageCorner* corner = CornerAt(ToLayout(event->position(), services_));
+    if (corner == older_) TurnOlder();
+    if (corner == newer_) TurnNewer();
 }
 
 void HistoricSheet::mouseMoveEvent(QMouseEvent* event) {
-    const Point point = ToLayout(event->position(), services_);
-    const bool live = (pages_.CanTurnOlder() && olderCorner.Contains(point)) ||
-                      (pages_.CanTurnNewer() && newerCorner.Contains(point));
-    setCursor(live ? services_.cursors.Hand() : Qt::ArrowCursor);
+    Light(CornerAt(ToLayout(event->position(), services_)));
 }
 
 }  // namespace zorva

@@ -50,6 +50,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
 private:
     PageCorner* AddCorner(const char* objectName, const QString& name, const Box& box,
@@ -61,6 +62,8 @@ private:
     void DrawRuling(QPainter& painter) const;
     void DrawHeading(QPainter& painter) const;
     void DrawRecord(QPainter& painter, long index, double top) const;
+    const PageCorner* CornerAt(Point point) const;
+    void Light(const PageCorner* corner);
     void DrawCorners(QPainter& painter) const;
 
     const Services& services_;
@@ -68,6 +71,7 @@ private:
     HistoricPages pages_;
     PageCorner* older_;  // owned by the sheet, as the other corner
     PageCorner* newer_;
+    const PageCorner* lit_ = nullptr;  // the one that the cursor is over
 };
 
 }  // namespace zorva

@@ -14,6 +14,7 @@
 #include "app/Cursors.h"
 #include "app/Fonts.h"
 #include "app/Palette.h"
+#include "app/WarmLight.h"
 
 namespace zorva {
 namespace {
@@ -126,6 +127,7 @@ ManualView::ManualView(QWidget* parent, const Services& services, const QString&
     });
     connect(this, &QTextBrowser::highlighted, this, [this](const QUrl& url) {
         viewport()->setCursor(url.isEmpty() ? QCursor(Qt::ArrowCursor) : services_.cursors.Hand());
+        LightLinkUnderMouse(url);
     });
     ManualView::accessibilityActiveChanged(QAccessible::isActive());
     QAccessible::installActivationObserver(this);
@@ -133,6 +135,22 @@ ManualView::ManualView(QWidget* parent, const Services& services, const QString&
 
 ManualView::~ManualView() {
     QAccessible::removeActivationObserver(this);
+}
+
+// The parts of its paragraph that lead there.
+void ManualView::LightLinkUnderMouse(const QUrl& url) {
+    QList<QTextEdit::ExtraSelection> lit;
+    const QTextBlock block = cursorForPosition(viewport()->mapFromGlobal(QCursor::pos())).block();
+    for (auto part = block.begin(); !url.isEmpty() && !part.atEnd(); ++part) {
+        const QTextFragment text = part.fragment();
+        if (QUrl(text.charFormat().anchorHref()).fragment() != url.fragment()) continue;
+        QTextCursor link(document());
+        link.setPosition(text.position());
+        link.setPosition(text.position() + text.length(), QTextCursor::KeepAnchor);
+        lit.append({link, {}});
+        lit.last().format.setBackground(WarmTint());
+    }
+    setExtraSelections(lit);
 }
 
 // Without a reader there is no caret: the arrows scroll.

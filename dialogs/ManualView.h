@@ -39,6 +39,7 @@ protected:
 private:
     void DressUp();
     void DressTables();
+    void LightLinkUnderMouse(const QUrl& url);
     void ReadOn(bool forwards);
     void GoTo(const QString& anchor);
     QTextBlock HeadingAt(const QString& anchor) const;

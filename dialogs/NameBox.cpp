@@ -6,6 +6,7 @@
 
 #include "app/Fonts.h"
 #include "app/Palette.h"
+#include "app/WarmLight.h"
 #include "core/Settings.h"
 #include "dialogs/Decoration.h"
 #include "dialogs/Geometry.h"
@@ -40,6 +41,7 @@ NameBox::NameBox(QWidget* parent, const Services& services, Colour player)
     setObjectName(QStringLiteral("Txt_Nombre_%1").arg(player));
     setAccessibleName(nameOfColour_ + ": Nombre");
     setFrame(false);
+    setAttribute(Qt::WA_Hover);               // painted when the mouse comes and when it goes
     setContextMenuPolicy(Qt::NoContextMenu);  // Qt's would be in English
     setAcceptDrops(false);
     QPalette colours = palette();
@@ -100,8 +102,9 @@ void NameBox::FitFont() {
 
 void NameBox::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
-    if (!hasFocus()) return;
     LayoutPainter painter(this, services_);
+    if (underMouse()) painter.fillRect(LayoutArea(*this, services_), WarmTint());
+    if (!hasFocus()) return;
     decoration::DrawFocus(painter, LayoutArea(*this, services_).adjusted(1, 1, -1, -1), 2);
 }
 

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "app/Artwork.h"
 #include "app/Cursors.h"
@@ -140,7 +141,12 @@ void OptionPage::DrawOption(QPainter& painter, const OptionPlace& place) const {
     painter.setPen(palette::Ink);
     DrawLine(painter, ToRect(place.Question()), QuestionText(place.option), {fontSize_});
     DrawLine(painter, ToRect(place.Answer()), AnswerText(place.option, value), {fontSize_, QFont::Bold});
-    services_.artwork.Paint(painter, SelectorDrawing(place.option, value), ToRect(place.Selector()));
+    const QString drawing = SelectorDrawing(place.option, value);
+    if (&place == lit_) {
+        decoration::DrawWarmLit(painter, drawing, ToRect(place.Selector()), services_);
+    } else {
+        services_.artwork.Paint(painter, drawing, ToRect(place.Selector()));
+    }
 }
 
 void OptionPage::DrawOptions(QPainter& painter) {
@@ -161,8 +167,9 @@ void OptionPage::Redraw(const Box& box) {
     update(QRectF(box.x * scale, box.y * scale, box.width * scale, box.height * scale).toAlignedRect());
 }
 
-void OptionPage::Place(QWidget* control, const Box& box) const {
+void OptionPage::Place(QWidget* control, const Box& box) {
     PlaceControl(control, box, services_);
+    control->installEventFilter(this);
 }
 
 void OptionPage::paintEvent(QPaintEvent* event) {
@@ -193,7 +200,26 @@ void OptionPage::showEvent(QShowEvent*) {
 }
 
 void OptionPage::ShowCursorAt(QPointF position) {
-    setCursor(OptionAt(ToLayout(position, services_)) ? services_.cursors.Hand() : Qt::ArrowCursor);
+    const OptionPlace* place = OptionAt(ToLayout(position, services_));
+    setCursor(place != nullptr ? services_.cursors.Hand() : Qt::ArrowCursor);
+    Light(place);
+}
+
+void OptionPage::leaveEvent(QEvent*) {
+    Light(nullptr);
+}
+
+// The mouse may leap from a selector to a control, which then gets its moves.
+bool OptionPage::eventFilter(QObject* control, QEvent* event) {
+    if (event->type() == QEvent::Enter) Light(nullptr);
+    return QWidget::eventFilter(control, event);
+}
+
+void OptionPage::Light(const OptionPlace* place) {
+    const OptionPlace* before = std::exchange(lit_, place);
+    if (before == place) return;
+    if (before != nullptr) Redraw(before->Selector());
+    if (place != nullptr) Redraw(place->Selector());
 }
 
 Short OptionPage::AnswerOf(const OptionPlace& place) const {

@@ -76,22 +76,26 @@ protected:
     /// Repaints a part of the page, in layout pixels, at the next paint event.
     void Redraw(const Box& box);
     /// Moves a child widget to that box of the page, in layout pixels.
-    void Place(QWidget* control, const Box& box) const;
+    void Place(QWidget* control, const Box& box);
 
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    bool eventFilter(QObject* control, QEvent* event) override;
 
 private:
     void ShowCursorAt(QPointF position);
+    void Light(const OptionPlace* place);
     Short AnswerOf(const OptionPlace& place) const;
 
     const Services& services_;
     const Settings& settings_;
     const std::vector<OptionPlace> places_;
     const double fontSize_;
-    std::vector<OptionStop*> stops_;  // one for each place, in the same order; owned by the page
+    const OptionPlace* lit_ = nullptr;  // the one whose selector the cursor is over
+    std::vector<OptionStop*> stops_;    // one for each place, in the same order; owned by the page
 };
 
 }  // namespace zorva

@@ -6,6 +6,7 @@
 #include "app/Artwork.h"
 #include "app/Cursors.h"
 #include "app/KeyStrokes.h"
+#include "app/WarmLight.h"
 #include "dialogs/Decoration.h"
 #include "dialogs/Geometry.h"
 #include "dialogs/TextStyle.h"
@@ -26,6 +27,7 @@ PictureButton::PictureButton(QWidget* parent, const Services& services, const ch
     setText(caption);
     setAccessibleName(caption);
     setCursor(services.cursors.Hand());
+    setAttribute(Qt::WA_Hover);  // painted when the mouse comes and when it goes
     connect(this, &QAbstractButton::pressed, this, [this] { look_.Show(*this, true); });
     connect(this, &QAbstractButton::released, this, [this] { look_.Show(*this, false); });
 }
@@ -38,6 +40,7 @@ void PictureButton::paintEvent(QPaintEvent*) {
     // In device pixels, so that the pixmap is copied and never stretched.
     QPixmap pixmap = services_.artwork.Pixmap(isPressed ? drawing_ + "_pressed" : drawing_,
                                               (QSizeF(size()) * ratio).toSize());
+    if (underMouse()) pixmap = WarmLit(pixmap);
     pixmap.setDevicePixelRatio(ratio);
     painter.drawPixmap(QPointF(), pixmap);
     painter.scale(services_.ToLogical(1), services_.ToLogical(1));

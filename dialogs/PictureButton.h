@@ -9,8 +9,8 @@ namespace zorva {
 
 /// A button drawn from two drawings of the program: `drawing` at rest and `drawing` + "_pressed". Its
 /// caption stands right of the emblem that each of them has at its left. It acts when it was pressed and
-/// released inside, or by Space or Enter, and is seen pressed as long as PressedLook says, unless its
-/// window closes.
+/// released inside, or by Space or Enter, has a warm light while the cursor is over it, and is seen
+/// pressed as long as PressedLook says, unless its window closes.
 class PictureButton : public QAbstractButton {
 public:
     /// `caption` is also its name for screen readers. The services must outlive the button.

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <cmath>
+#include <utility>
 
 #include "app/Artwork.h"
 #include "app/Cursors.h"
@@ -26,7 +27,11 @@ Slider::Slider(QWidget* parent, const Services& services, const QString& objectN
 void Slider::paintEvent(QPaintEvent*) {
     LayoutPainter painter(this, services_);
     services_.artwork.Paint(painter, "personal_scale", QRectF(0, 0, Width, Height));
-    services_.artwork.Paint(painter, "personal_marker", MarkerBox());
+    if (isLit_) {
+        decoration::DrawWarmLit(painter, "personal_marker", MarkerBox(), services_);
+    } else {
+        services_.artwork.Paint(painter, "personal_marker", MarkerBox());
+    }
     if (hasFocus()) decoration::DrawFocus(painter, QRectF(1.5, 1.5, Width - 3, Height - 3), 5);
 }
 
@@ -38,7 +43,17 @@ void Slider::mousePressEvent(QMouseEvent* event) {
 void Slider::mouseMoveEvent(QMouseEvent* event) {
     const QPointF point = LayoutPoint(*event);
     if (dragging_) DragTo(std::floor(point.x() - EndMargin));
-    setCursor(dragging_ || IsOnMarker(point) ? services_.cursors.Hand() : Qt::ArrowCursor);
+    const bool isLive = dragging_ || IsOnMarker(point);
+    setCursor(isLive ? services_.cursors.Hand() : Qt::ArrowCursor);
+    Light(isLive);
+}
+
+void Slider::leaveEvent(QEvent*) {
+    Light(false);
+}
+
+void Slider::Light(bool lit) {
+    if (std::exchange(isLit_, lit) != lit) update();
 }
 
 void Slider::mouseReleaseEvent(QMouseEvent*) {

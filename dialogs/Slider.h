@@ -27,6 +27,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -34,10 +35,12 @@ private:
     QRectF MarkerBox() const;
     bool IsOnMarker(QPointF point) const;  // in layout pixels
     QPointF LayoutPoint(const QMouseEvent& event) const;
+    void Light(bool lit);
     void DragTo(double value);
 
     const Services& services_;
     bool dragging_ = false;
+    bool isLit_ = false;  // the marker, which the cursor is over
 };
 
 }  // namespace zorva

@@ -34,6 +34,7 @@ def drawings():
     for pressed, ending in ((False, ""), (True, "_pressed")):
         for index in range(6):
             yield f"bitmaps/button_{index}{ending}", partial(keys.draw_button, index, pressed)
+            yield f"bitmaps/recorder_{index}{ending}", partial(keys.draw_recorder, index, pressed)
         for name in ("yes", "no", "accept"):
             yield f"bitmaps/{name}{ending}", partial(keys.draw_answer, name, pressed)
     for name, draw in (*panel.drawings(), *windows.drawings(), *title.drawings()):

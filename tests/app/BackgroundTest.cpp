@@ -41,8 +41,8 @@ TEST(Background, HasNoGapsOnAnyShapeOfScreen) {
 
 TEST(Background, HasItsPartsAtTheirPlaces) {
     const std::tuple<const char*, int, int, QColor> rows[] = {
-        {"the table", 10, 384, {0x50, 0x33, 0x1e}},
-        {"the shadow right of the board", 745, 400, {0x1a, 0x0e, 0x08}},
+        {"the table", 10, 384, {0x66, 0x40, 0x27}},
+        {"the shadow right of the board", 745, 400, {0x23, 0x14, 0x0b}},
         {"the frame", 31, 300, {0x74, 0x41, 0x27}},
         {"the red house, two pixels from its edge", 39, 100, {0xa1, 0x16, 0x16}},
         {"the upper edge of the recorder's case", 895, 208, {0xb1, 0x76, 0x4d}},

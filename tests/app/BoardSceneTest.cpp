@@ -42,7 +42,7 @@ struct Board : BoardWindow {
     /// A picture without what lies on the board window.
     QImage PartOf(const QPixmap& picture) const {
         QPixmap board = picture;
-        for (const Box& box : {layout.Buttons, layout.Recorder, layout.LogPaper})
+        for (const Box& box : {layout.Buttons, layout.Recorder, layout.LogPaper, layout.KeyCase})
             QPainter(&board).fillRect(fresh.DeviceArea(box, 2), Qt::black);
         return board.toImage().convertToFormat(QImage::Format_RGB32);
     }
@@ -189,6 +189,7 @@ private:
             [&](bool on) { scene.ShowPreview(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowTape(ToShort(on ? 3 : -1)); },
             [&](bool on) { ShowSign(on); },
+            [&](bool on) { scene.PointAt(on ? layout.Cup.Centre() : Point{}); },
             [&](bool on) { on ? DragAndLetGo() : scene.EmptyTrays(); },
             [&](bool on) { on ? scene.ShowDie(3, 6, DieIs::RollingBy) : scene.ShowBonus(2, 10); },
             [&](bool on) { on ? scene.ShowWinner(1) : scene.ShowTurn(state.CurrentColour); },
@@ -377,6 +378,9 @@ TEST(BoardGuide, MarksTheLastMoveUntilTheNextBegins) {
         {{4, 3, 0, 0, 2, 60, 0, 0, 0, 1, No}, {31, 58, 60, 42, true}},
         {{1, 0, 6, 6, 1, 10, 0, 0, 0, 0, Yes}, {11, 10, 0, 0, false}},
         {{2, 0, 0, 0, 3, 0, 40, 0, Yes, 0, Yes}, {23, 0, 40, 0, false}},
+        {{1, 0, 5, 5, 2, 0, 5, 0, 0, 0, Yes}, {12, 0, 5, 0, true}},
+        {{3, 1, 0, 0, 2, 5, 0, 0, 0, 1, No}, {12, 0, 5, 32, true}},
+        {{1, 0, 5, 5, 3, 0, 5, 0, 0, 0, No}, {13, 0, 5, 0, true, 12}},
     };
     board.state.MoveRecordCount = 1;
     scene.ShowGuide();
@@ -395,16 +399,20 @@ TEST(BoardGuide, MarksTheLastMoveUntilTheNextBegins) {
 }
 
 TEST(BoardGuide, PointsAtTheDieThatAClickThrowsAndComesToRest) {
-    BoardWindow board;
+    BoardWindow board("", {1366, 768});
     BoardScene& scene = board.mesa.Scene();
+    EXPECT_EQ(board.View().sign, BoardView::NewGameSign);
+    scene.PointAt(board.layout.Cup.Centre());
+    EXPECT_FALSE(board.View().cupLit);
     board.state.CurrentColour = 3;
-    board.state.WaitingForThrow = board.state.ManualMode = Yes;
+    board.state.GameInProgress = board.state.WaitingForThrow = board.state.ManualMode = Yes;
     scene.ShowGuide();
     EXPECT_EQ(board.View().sign, 0);
     board.state.ManualMode = No;
     board.settings.Speed = 97;
     scene.ShowGuide();
     EXPECT_EQ(board.View().sign, 3);
+    EXPECT_TRUE(board.View().cupLit) << "a click on the cup throws";
     EXPECT_TRUE(QTest::qWaitFor([&] { return board.View().tapping < 1; }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return board.View().tapping == 1; }));
     scene.ShowTape(3);
@@ -414,6 +422,7 @@ TEST(BoardGuide, PointsAtTheDieThatAClickThrowsAndComesToRest) {
     board.state.WaitingForThrow = No;
     scene.ShowGuide();
     EXPECT_EQ(board.View().sign, 0);
+    EXPECT_FALSE(board.View().cupLit);
 }
 
 }  // namespace

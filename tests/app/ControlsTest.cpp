@@ -8,6 +8,7 @@
 #include <QToolTip>
 #include <QWindow>
 
+#include "app/LargeKeys.h"
 #include "app/MenuButtons.h"
 #include "app/RecorderStrip.h"
 #include "tests/app/BoardWindow.h"
@@ -23,7 +24,7 @@ TEST(Controls, ExplainShowAndTakePresses) {
         mesa.Buttons().Explain(explains);
         EXPECT_EQ(mesa.Buttons().Button(0).toolTip().isEmpty(), !explains);
     }
-    MenuButton& button = mesa.Buttons().Button(0);
+    WoodenKey& button = mesa.Buttons().Button(0);
     mesa.ButtonPressed = [&button](int index) { button.ShowPressed(index == 0); };
     QElapsedTimer clock;
     const auto press = [&] { button.click(); };  // as screen readers press it
@@ -105,6 +106,42 @@ TEST(Controls, ShowTheHandWhereTheyAreLiveAndTheHourglassOverEverything) {
     EXPECT_TRUE(isWaiting());
     mesa.SetScreenCursor(ScreenCursor::OfTheBoard);
     EXPECT_FALSE(isWaiting());
+}
+
+TEST(Controls, OfTheRecorderAreThereOnceMoreLargeWhereThereIsRoom) {
+    EXPECT_FALSE(BoardWindow().mesa.RecorderKeys().Key(RecorderKey::OnOff).isVisible());
+    BoardWindow window("", {1366, 768});
+    Mesa& mesa = window.mesa;
+    WoodenKey& key = mesa.RecorderKeys().Key(RecorderKey::BackOne);
+    std::vector<RecorderKey> pressed;
+    int onBoard = 0;
+    mesa.Strip().Pressed = [&](RecorderKey which) { pressed.push_back(which); };
+    mesa.BoardReleased = [&](Point, bool isOnBoard) { onBoard += isOnBoard ? 1 : 0; };
+    QTest::mouseClick(&key, Qt::LeftButton);
+    EXPECT_EQ(pressed, std::vector{RecorderKey::BackOne});
+    QTest::mouseClick(&mesa, Qt::LeftButton, {}, key.geometry().topRight() + QPoint(2, 20));
+    EXPECT_EQ(onBoard, 1) << "between two keys lies the board";
+    const auto look = [&] { return key.grab().toImage(); };
+    const QImage dead = look();
+    bool isLive = false;
+    mesa.Strip().IsLive = [&](RecorderKey) { return isLive; };
+    QList<QImage> looks{dead};
+    const auto change = [&](const std::function<void()>& how) {
+        how();
+        mesa.RefreshCursor();
+        EXPECT_FALSE(looks.contains(look())) << looks.size();
+        looks << look();
+    };
+    change([&] { isLive = true; });
+    change([&] { key.setAttribute(Qt::WA_UnderMouse); });
+    change([&] { mesa.ShowRecorderKey(RecorderKey::BackOne, true); });
+    EXPECT_NE(mesa.Strip().grab().toImage(), BoardWindow("", {1366, 768}).mesa.Strip().grab().toImage());
+    isLive = false;
+    mesa.ShowRecorderKey(RecorderKey::BackOne, false);
+    mesa.RefreshCursor();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return look() == dead; })) << "no light on a dead key";
+    mesa.RecorderKeys().Explain(true);
+    EXPECT_TRUE(key.toolTip().contains("Control + flecha izquierda"));
 }
 
 TEST(Controls, LieInTheMiddleOfATallScreen) {

@@ -102,7 +102,7 @@ TEST(Layout, PutsEachPieceOnItsSquare) {
 }
 
 TEST(Layout, HasRoomForEverythingBesideTheBoard) {
-    int withCards = 0;
+    int withCards = 0, withKeys = 0;
     for (const QSize screen : screens) {
         SCOPED_TRACE(testing::Message() << screen.width() << 'x' << screen.height());
         const Layout layout = LayoutFor(screen.width(), screen.height());
@@ -118,7 +118,17 @@ TEST(Layout, HasRoomForEverythingBesideTheBoard) {
                          layout.ScreenHeight);
         for (const Box& card : layout.Card)
             EXPECT_FALSE(band.intersects(QRect(card.x, card.y, card.width, card.height))) << card.x;
-        if (layout.Cup.width != 0) boxes.push_back(layout.Cup);
+        if (layout.HasLargeKeys()) boxes.insert(boxes.end(), {layout.KeyCase, layout.Cup});
+        QRegion keys;
+        for (const Box& key : layout.LargeKey) {
+            const QRect place(key.x, key.y, key.width, key.height);
+            EXPECT_FALSE(keys.intersects(place));
+            keys += place;
+            if (!layout.HasLargeKeys()) continue;
+            EXPECT_TRUE(layout.KeyCase.Contains({key.x, key.y}) && key.width * layout.Unit >= 44);
+            EXPECT_GE(layout.KeyCase.x + layout.KeyCase.width, key.x + key.width);
+        }
+        withKeys += layout.HasLargeKeys() ? 1 : 0;
         EXPECT_LE(layout.LogPaper.y + layout.LogPaper.height, layout.ScreenHeight - 4);
         for (const Box& box : boxes) {
             const QRect place(box.x, box.y, box.width, box.height);
@@ -129,6 +139,7 @@ TEST(Layout, HasRoomForEverythingBesideTheBoard) {
         }
     }
     EXPECT_EQ(withCards, 20);
+    EXPECT_EQ(withKeys, 18);
 }
 
 TEST(Layout, SurvivesAnySize) {

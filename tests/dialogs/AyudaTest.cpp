@@ -51,7 +51,7 @@ TEST(ReadManualTest, RefusesWhatIsNotOurManualWithoutWaiting) {
 TEST(ManualTest, HasEveryTextThatThePlayerMeetsElsewhere) {
     QStringList wanted{NewGameHeading,     ContinuedGameHeading, "7 Ama. cuenta 5",
                        "10 Ver. a espera", "9 Rojo pasa",        "11 Despl. manual"};
-    for (int button = 0; button < MenuButtonCount; ++button) wanted << MenuButton::HoverText(button);
+    for (int button = 0; button < MenuButtonCount; ++button) wanted << MenuButtons::HoverText(button);
     for (int key = 0; key < RecorderKeyCount; ++key) {
         wanted << RecorderStrip::HoverText(static_cast<RecorderKey>(key));
     }

@@ -1,4 +1,4 @@
-"""The wooden keys: six menu buttons and the buttons of the message window."""
+"""The wooden keys: six menu buttons, the six large keys of the recorder and the buttons of the message window."""
 
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, IVORY, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT
 from .svg import Drawing, mix, num
@@ -41,10 +41,10 @@ def draw_inlay(drawing, x, y, width, height, rx, pressed, weight=1.2):
 class Emblem:
     """Draws an emblem twice: first its shadow in the wood, then the ivory inlay."""
 
-    def __init__(self, drawing, pressed):
+    def __init__(self, drawing, pressed, colour=None):
         self.drawing = drawing
         shift = 1.2 if pressed else 0
-        ivory = mix(IVORY, MAHOGANY, 0.3) if pressed else "#fdf4df"
+        ivory = colour or (mix(IVORY, MAHOGANY, 0.3) if pressed else "#fdf4df")
         self.passes = ((shift + 0.9, shift + 1.1, SHADE), (shift, shift, ivory))
 
     def paint(self, shape):
@@ -121,6 +121,63 @@ def draw_button(index, pressed):
     draw_inlay(key, 8.2, 8.2, 46.1, 46.1, 7.2, pressed)
     key.open_group("translate(31.2 31.2) scale(0.96) translate(-32 -32)")
     Emblem(key, pressed).paint(EMBLEMS[index])
+    key.close_group()
+    return key
+
+
+def _triangle(d, colour, left, right):
+    d.path(f"M{right} 32L{left} 18L{left} 46Z", fill=colour, stroke=colour, stroke_width=3, stroke_linejoin="round")
+
+
+def _power(d, colour, wood):
+    _stroke(d, colour, "M24.2 21.4C12 29 17 47.5 32 47.5C47 47.5 52 29 39.8 21.4", 5)
+    _stroke(d, colour, "M32 15.5L32 31", 5)
+
+
+def _one(d, colour, back, front):
+    _triangle(d, colour, back, front)
+    d.rect(front + (4 if front > back else -9), 16.6, 5, 30.8, 1.6, fill=colour)
+
+
+def _back_one(d, colour, wood):
+    _one(d, colour, 45, 25)
+
+
+def _forward_one(d, colour, wood):
+    _one(d, colour, 19, 39)
+
+
+def _back(d, colour, wood):
+    _triangle(d, colour, 31, 14)
+    _triangle(d, colour, 49, 32)
+
+
+def _forward(d, colour, wood):
+    _triangle(d, colour, 15, 32)
+    _triangle(d, colour, 33, 50)
+
+
+def _restore(d, colour, wood):
+    _stroke(d, colour, "M24 24L38 24C53 24 53 45.5 38 45.5L23 45.5", 5)
+    d.path("M11 24L27 12.5L27 35.5Z", fill=colour, stroke=colour, stroke_width=2, stroke_linejoin="round")
+
+
+RECORDER = ((_power, "on and off"), (_back_one, "one move back"), (_forward_one, "one move forward"),
+            (_back, "back by itself"), (_forward, "forward by itself"), (_restore, "restore"))
+
+
+def draw_recorder(index, pressed):
+    """A large key of the recorder. The switch glows while it is pressed, that is on."""
+    emblem, name = RECORDER[index]
+    state = "pressed" if pressed else "at rest"
+    key = Drawing((0, 0, 64, 64), f"Large key of the recorder: {name}, {state}. Drawn by tools/make_art.py.")
+    draw_key(key, 3.5, 3.5, 55.5, 55.5, 11, pressed)
+    draw_inlay(key, 8.2, 8.2, 46.1, 46.1, 7.2, pressed)
+    lit = pressed and index == 0
+    if lit:
+        key.circle(31.2, 31.2, 23, fill=key.radial(31.2, 31.2, 23, (0, "#ff9a2e", 0.75), (1, "#ff7a1e", 0)))
+    key.open_group("translate(31.2 31.2) scale(0.74) translate(-32 -32)")
+    Emblem(key, pressed, "#ffe9a8" if lit else None).paint(emblem)
     key.close_group()
     return key
 

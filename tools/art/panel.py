@@ -53,7 +53,7 @@ def draw_band():
 
 
 def draw_shadow():
-    shadow, side = _stretchable(20, "The shadow of the log's paper")
+    shadow, side = _stretchable(20, "The shadow of the case with the large keys")
     shadow.soft_rect(11, 12, side - 21, side - 21, 4, 7, 0.75, layers=12)
     return shadow
 
@@ -102,15 +102,16 @@ def draw_reel():
 
 
 def draw_cup():
-    """A dice cup seen from above. The die in it lies in the dark, so that nobody takes it for the die of the game."""
+    """A dice cup seen from above. The light catches one side of the die in it: nobody takes it for the die of the game,
+    and it is ready to be thrown."""
     cup = Drawing((0, 0, 140, 140), "A dice cup on the table. Drawn by tools/make_art.py.")
     x, y = 64, 64
     cup.soft_disc(x + 12, y + 14, 50, 10, 0.5)
     cup.soft_disc(x + 3, y + 4, 52, 4, 0.6)
     cup.circle(x, y, 53, fill="#1a0b05")
     slant = (x - 38, y - 40, x + 38, y + 40)
-    cup.circle(x, y, 52, fill=cup.linear(*slant, (0, "#b06a3c"), (0.5, "#7c4424"), (1, "#4a2412")))
-    cup.circle(x, y, 49.4, fill=cup.linear(*slant, (0, "#8d5230"), (0.5, "#733e20"), (1, "#58301a")))
+    cup.circle(x, y, 52, fill=cup.linear(*slant, (0, "#c8804a"), (0.5, "#94562e"), (1, "#5c2f18")))
+    cup.circle(x, y, 49.4, fill=cup.linear(*slant, (0, "#a8653a"), (0.5, "#8a4e2a"), (1, "#6c3c20")))
     for stitch in range(44):
         angle = math.radians(360 / 44 * stitch)
         half = math.radians(2.6)
@@ -118,16 +119,21 @@ def draw_cup():
         cup.line(*ends[0], *ends[1], stroke="#e0b888", stroke_width=1.5, stroke_linecap="round")
     cup.circle(x, y, 41.6, fill="#1a0b05")
     cup.circle(x, y, 41, fill=cup.linear(*slant, (0, "#170b06"), (0.6, "#3a2014"), (1, "#6b3c22")))
-    cup.circle(x + 1.6, y + 2, 33.4,
-               fill=cup.radial(x + 6, y + 8, 36, (0, "#2c160c"), (0.6, "#1c0e07"), (1, "#100804")))
-    _die_in_the_dark(cup, x + 5, y + 7)
-    cup.circle(x + 1.6, y + 2, 33.4, fill=cup.linear(*slant, (0, "#0c0502", 0.85), (0.55, "#0c0502", 0.6),
-                                                     (1, "#0c0502", 0.35)))
+    cup.circle(x + 1.6, y + 2, 35,
+               fill=cup.radial(x + 10, y + 13, 40, (0, "#6a3a1e"), (0.55, "#3a1d0e"), (1, "#150a05")))
+    _die_in_the_cup(cup, x + 5, y + 7)
+    cup.circle(x + 1.6, y + 2, 35, fill=cup.linear(x - 25, y - 25, x + 24, y + 25, (0, "#0c0502", 0.88),
+                                                   (0.5, "#0c0502", 0.5), (0.78, "#0c0502", 0.14), (1, "#0c0502", 0)))
+    # The rim, polished by many hands.
+    cup.path(f"M{x - 46} {y - 16}A48.6 48.6 0 0 1 {x - 16} {y - 46}", stroke="#ffdca8", stroke_width=2.4,
+             stroke_opacity=0.55, stroke_linecap="round")
+    cup.path(f"M{x + 38.6} {y + 12}A40.4 40.4 0 0 1 {x + 12} {y + 38.6}", stroke="#ffcf98", stroke_width=1.6,
+             stroke_opacity=0.5, stroke_linecap="round")
     return cup
 
 
-def _die_in_the_dark(drawing, x, y):
-    drawing.open_group(f"translate({x} {y}) rotate(24) scale(0.5)")
+def _die_in_the_cup(drawing, x, y):
+    drawing.open_group(f"translate({x} {y}) rotate(24) scale(0.62)")
     drawing.soft_rect(-22, -20, 50, 50, 10, 5, 0.6, layers=10)
     draw_body(drawing, -26, -26, 52)
     for dx, dy in PIPS[5]:

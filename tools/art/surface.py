@@ -6,7 +6,7 @@ from .svg import Drawing, mix, num
 
 WIDTH, HEIGHT = 1920, 1080
 PLANKS = ((0, 168), (168, 196), (364, 172), (536, 208), (744, 160), (904, 176))
-DARK, BODY, LIGHT = "#2a170c", "#3d2414", "#4e301b"
+DARK, BODY, LIGHT = "#321c0f", "#4a2d19", "#5e3b22"
 
 
 def draw():
@@ -14,9 +14,9 @@ def draw():
     chance = random.Random(1492)
     for top, height in PLANKS:
         _plank(table, chance, top, height)
-    # One lamp hangs over board, cards and panel.
-    lamp = table.radial(820, 500, 1250, (0, "#ffcd82", 0.36), (0.35, "#ffc478", 0.22), (0.62, "#5a3010", 0.08),
-                        (1, "#000000", 0.52))
+    # One lamp hangs over all that lies on the table.
+    lamp = table.radial(960, 480, 1300, (0, "#ffcd82", 0.34), (0.45, "#ffc478", 0.24), (0.75, "#c07838", 0.12),
+                        (1, "#000000", 0.3))
     table.rect(0, 0, WIDTH, HEIGHT, fill=lamp)
     return table
 

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "app/RecorderStrip.h"
+#include "app/WoodenKey.h"
+
+namespace zorva {
+
+/// Pic_Mando: the recorder's six keys once more, large, where the table has room for them. What is
+/// between them belongs to the board. Screen readers have the keys of the RecorderStrip instead.
+class LargeKeys {
+public:
+    /// Creates the keys in the window; `chosen` is called with a key that is pressed, live or not.
+    LargeKeys(QWidget* window, const Services& services,
+              const std::function<void(RecorderKey key)>& chosen);
+
+    WoodenKey& Key(RecorderKey key) { return *keys_[static_cast<int>(key)]; }
+
+    /// Shows which keys do something now. Those that do not are dimmed, the switch only when there is
+    /// nothing to record: it would flicker with every turn.
+    void Refresh(const std::function<bool(RecorderKey key)>& isLive, bool isGameOn);
+
+    /// Whether a key's explanation, which names its keys of the keyboard, is shown when the cursor rests
+    /// on it.
+    void Explain(bool explains);
+
+private:
+    std::array<WoodenKey*, RecorderKeyCount> keys_{};  // Qt deletes them with the window
+};
+
+}  // namespace zorva
