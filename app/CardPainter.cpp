@@ -69,12 +69,6 @@ public:
         painter_.drawText(place, flags, text);
     }
 
-    /// What a text of that size takes of the height when its lines are broken at that width.
-    double HeightOf(const QString& text, double width, double size, QFont::Weight weight) const {
-        const QFontMetricsF metrics(TextFont(size * unit_, weight));
-        return metrics.boundingRect(QRectF(0, 0, width * unit_, 1e4), Qt::TextWordWrap, text).height();
-    }
-
     /// The shadow or the light that lies around the box: faint layers, a device pixel from one to the
     /// next, so that it fades without a step.
     void Halo(QColor colour, double strength, QPointF offset) {
@@ -208,6 +202,27 @@ void PaintCards(QPainter& painter, Artwork& artwork, const PixmapCache& cache, c
     }
 }
 
+LineSizes LineSizesFor(const QString& what, const QString& more, QSizeF room, double unit) {
+    const auto heightOf = [&](const QString& text, double size, QFont::Weight weight) {
+        const QRectF endless(0, 0, room.width() * unit, 1e4);
+        return QFontMetricsF(TextFont(size * unit, weight))
+                   .boundingRect(endless, Qt::TextWordWrap, text)
+                   .height() /
+               unit;
+    };
+    const double least = std::max(10.0, 11 / unit);
+    LineSizes sizes{std::min(20.0, room.width() / 7.5), std::max(13.0, least), 1};
+    if (more.isEmpty()) return sizes;
+    for (;;) {
+        const double above = heightOf(what, sizes.what, QFont::Bold);
+        const double below = heightOf(more, sizes.more, QFont::Normal);
+        sizes.whatOfHeight = above / (above + below);
+        if (above + below <= room.height() || sizes.what <= least) return sizes;
+        double& next = sizes.more > least ? sizes.more : sizes.what;
+        next = std::max(least, next - 1);
+    }
+}
+
 // Above what the game waits for; below, smaller, how to get on otherwise, or what was done last.
 void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout, const BoardView& view,
                const QRect& part) {
@@ -219,26 +234,20 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
     const QRectF inside = box.Whole().adjusted(padding - 2, 6, 2 - padding, -6);
-    double size = std::min(20.0, box.Width() / 8.5);
-    // Never below 11 device pixels: what is above makes room for it.
-    const double small = std::max(12.5, 11.5 / layout.Unit);
+    const double unit = layout.Unit * scale;
+    const bool below = !isFlat && !more.isEmpty();
+    const LineSizes sizes = LineSizesFor(view.line.what, below ? more : QString(), inside.size(), unit);
     QRectF upper = inside, lower = inside;
     if (isFlat && !more.isEmpty()) {
         upper.setRight(inside.center().x());
         lower.setLeft(inside.center().x());
-    } else if (!more.isEmpty()) {
-        const auto heightOf = [&](const QString& text, double textSize, QFont::Weight weight) {
-            return box.HeightOf(text, inside.width(), textSize, weight);
-        };
-        const double below = heightOf(more, small, QFont::Normal);
-        const auto above = [&] { return heightOf(view.line.what, size, QFont::Bold); };
-        while (size > small && above() + below > inside.height()) --size;
-        upper.setHeight(inside.height() * above() / (above() + below));
+    } else if (below) {
+        upper.setHeight(inside.height() * sizes.whatOfHeight);
         lower.setTop(upper.bottom());
     }
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;
-    box.Text(upper, flags, view.line.what, size, QFont::Bold, TextColour(lit));
-    if (!more.isEmpty()) box.Text(lower, flags, more, small, QFont::Normal, FaintText(lit));
+    box.Text(upper, flags, view.line.what, sizes.what, QFont::Bold, TextColour(lit));
+    if (!more.isEmpty()) box.Text(lower, flags, more, sizes.more, QFont::Normal, FaintText(lit));
 }
 
 }  // namespace zorva

@@ -16,6 +16,17 @@ struct Layout;
 // The players' cards and the line that says what the game waits for. The painter's pixels are the
 // window's device pixels. Nothing is painted outside the areas, which are in device pixels, too.
 
+/// Of the texts of the line, in layout pixels.
+struct LineSizes {
+    double what;          ///< of what the game waits for
+    double more;          ///< of the text below it: never less than 11 device pixels
+    double whatOfHeight;  ///< the share of the height that the upper text takes
+};
+
+/// The largest sizes at which both texts fit one below the other, the lower smaller first. `room` is in
+/// layout pixels of `unit` device pixels.
+LineSizes LineSizesFor(const QString& what, const QString& more, QSizeF room, double unit);
+
 /// A card with its shadow, or with the light around it.
 QRect CardArea(const Layout& layout, std::size_t place);
 /// The line with its shadow.

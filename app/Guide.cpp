@@ -23,23 +23,6 @@ std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& set
     return cards;
 }
 
-namespace {
-
-// The piece that came out first with the five of that second exit.
-PieceCode FirstOut(const GameState& state, Short move) {
-    const MoveRecord& second = state.MoveRecords[move];
-    do --move;
-    while (move > 1 && state.MoveRecords[move].OnBehalf != 0);
-    const MoveRecord& first = state.MoveRecords[move];
-    const auto comesOut = [&](const MoveRecord& record) {
-        return record.From == 0 && record.To == ExitSquare[second.MoverColour] && !record.Manual;
-    };
-    const bool isSecond = comesOut(second) && comesOut(first) && !second.TurnEnd;
-    return isSecond ? CodeOf(first.MoverColour, first.Piece) : PieceCode{0};
-}
-
-}  // namespace
-
 BoardView::LastMove LastMoveOf(const GameState& state) {
     Short move = ToShort(state.MoveRecordCount - 1);
     const auto isMove = [&](const MoveRecord& record) {
@@ -48,6 +31,7 @@ BoardView::LastMove LastMoveOf(const GameState& state) {
     while (move >= 1 && !isMove(state.MoveRecords[move])) --move;
     if (move < 1) return {};
     const MoveRecord& record = state.MoveRecords[move];
+    const Short before = FirstExitOf(state, move);
     const PieceCode captured =
         move + 1 < state.MoveRecordCount ? ToldMove::Made(state, move).captured : PieceCode{0};
     return {.piece = CodeOf(record.MoverColour, record.Piece),
@@ -55,7 +39,8 @@ BoardView::LastMove LastMoveOf(const GameState& state) {
             .to = record.To,
             .captured = captured,
             .walked = !record.Manual && record.To != 0,
-            .before = FirstOut(state, move)};
+            .before = before != 0 ? CodeOf(record.MoverColour, state.MoveRecords[before].Piece)
+                                  : PieceCode{0}};
 }
 
 }  // namespace zorva

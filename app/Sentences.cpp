@@ -368,11 +368,8 @@ Short LastThrowOf(const GameState& state, Colour colour, Short& last) {
         return record.Die == 0 && !record.Manual && ColourOnTurn(record) == colour;
     };
     while (move > 1 && follows(move) && ColourOnTurn(state.MoveRecords[move - 1]) == colour) --move;
-    // The second piece that comes out with one five.
-    const MoveRecord& record = state.MoveRecords[std::max<Short>(move, 0)];
-    const MoveRecord& before = state.MoveRecords[std::max<Short>(ToShort(move - 1), 0)];
-    const bool isSecond = move > 1 && record.Die == 5 && before.Die == 5 && !before.TurnEnd;
-    return isSecond && ColourOnTurn(before) == colour ? ToShort(move - 1) : move;
+    const Short before = move < 1 ? Short{0} : FirstExitOf(state, move);
+    return before != 0 ? before : move;
 }
 
 // "salió con una ficha", "capturó a Rojo", "contó 20"; empty for a plain walk.
@@ -423,6 +420,17 @@ QString SpokenLastThrow(const GameState& state, const Settings& settings, Colour
 }
 
 }  // namespace
+
+Short FirstExitOf(const GameState& state, Short move) {
+    const MoveRecord& second = state.MoveRecords[move];
+    do --move;
+    while (move > 1 && state.MoveRecords[move].OnBehalf != 0);
+    const auto comesOut = [&](const MoveRecord& record) {
+        return record.From == 0 && record.To == ExitSquare[second.MoverColour] && !record.Manual;
+    };
+    const bool isSecond = !second.TurnEnd && comesOut(second) && comesOut(state.MoveRecords[move]);
+    return isSecond ? move : Short{0};
+}
 
 Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
     if (!state.GameInProgress) return PromptWithoutGame(state, settings);

@@ -76,6 +76,11 @@ QString LastMovesText(const GameState& state, const Settings& settings);
 /// back the move at the position.
 QString TapeText(const GameState& state, const Settings& settings, bool forward);
 
+/// The number of the record in which a first piece came out with the five of this record, at least 1,
+/// which brought out a second one; 0 when it did not. The return of a captured piece may lie between
+/// them.
+Short FirstExitOf(const GameState& state, Short move);
+
 /// What the game waits for, as the line on the table says it.
 struct Prompt {
     QString what;        ///< "María: pulse para tirar"

@@ -6,6 +6,7 @@
 #include <QAccessible>
 
 #include "app/BoardAccessibility.h"
+#include "app/CardPainter.h"
 #include "app/Guide.h"
 #include "app/Sentences.h"
 #include "tests/app/BoardWindow.h"
@@ -154,6 +155,14 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
     for (const auto& [game, players, tape, prompt] : rows) {
         const Prompt is = PromptOf(game, players, tape);
         EXPECT_EQ(is, prompt) << qPrintable(is.what + " / " + is.hint);
+        for (const QSize screen :
+             {QSize(640, 480), QSize(1024, 600), QSize(1024, 768), QSize(1366, 768)}) {
+            const Layout layout = LayoutFor(screen.width(), screen.height());
+            const QSizeF room(layout.Line.width - 18, layout.Line.height - 12);
+            const LineSizes sizes = LineSizesFor(is.what, is.hint, room, layout.Unit);
+            EXPECT_GE(sizes.more * layout.Unit, 11) << qPrintable(is.hint);
+            EXPECT_GT(sizes.what, sizes.more) << qPrintable(is.what) << " at " << screen.width();
+        }
     }
 
     // Each row is what one colour does, one after the other.
@@ -161,7 +170,7 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
         {{{1, 0, 4, 4, 1, 6, 10, 0, 0, 0, Yes}}, "Sacó 4: de 6 a 10."},
         {{{1, 0, 3, 3, 1, 68, 71, 0, 0, 0, Yes}}, "Sacó 3 y avanzó por su columna."},
         {{{1, 0, 2, 2, 0, 0, 0, 0, 0, 0, Yes}}, "Sacó 2 y no pudo mover."},
-        {{{1, 0, 5, 5, 2, 0, 5, 0, 0, 0, No}, {1, 0, 5, 5, 3, 0, 5, 0, 0, 0, Yes}},
+        {{{1, 0, 5, 5, 1, 0, 5, 0, 0, 0, Yes}, {1, 0, 5, 5, 2, 0, 5, 0, 0, 0, No}},
          "Sacó 5 y salió con dos fichas."},
         {{{1, 0, 6, 6, 1, 4, 10, 1, 0, 0, Yes}, {1, 0, 6, 12, 1, 10, 22, 2, 0, 0, No}},
          "Sacó 6 y contó 12."},
