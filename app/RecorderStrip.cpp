@@ -121,7 +121,7 @@ void RecorderStrip::paintEvent(QPaintEvent*) {
             QRectF(place.x * unit, place.y * unit, place.drawnWidth * unit, keyHeight * unit)
                 .toAlignedRect();
         painter.drawPixmap(key.topLeft(), sheet(isPressed ? pressedOffset : 0), key);
-        if (isLit) painter.fillRect(QRectF(key).adjusted(unit, unit, -unit, -unit), WarmTint());
+        if (isLit) WarmTint(painter, QRectF(key).adjusted(unit, unit, -unit, -unit));
     }
 }
 

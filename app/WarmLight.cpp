@@ -9,8 +9,8 @@ QPixmap WarmLit(const QPixmap& drawn) {
     QPixmap lit = drawn;
     QPainter painter(&lit);
     QLinearGradient light(0, 0, drawn.width(), drawn.height());
-    light.setColorAt(0, QColor(112, 92, 62));
-    light.setColorAt(1, QColor(70, 56, 36));
+    light.setColorAt(0, QColor(84, 76, 58));
+    light.setColorAt(1, QColor(52, 46, 34));
     painter.setCompositionMode(QPainter::CompositionMode_ColorDodge);
     painter.fillRect(QRectF(QPointF(), drawn.size()), light);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
@@ -18,8 +18,11 @@ QPixmap WarmLit(const QPixmap& drawn) {
     return lit;
 }
 
-QColor WarmTint() {
-    return {0xff, 0xc8, 0x6e, 70};
+void WarmTint(QPainter& painter, const QRectF& area) {
+    painter.save();
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    painter.fillRect(area, QColor(0xff, 0xe8, 0xba));
+    painter.restore();
 }
 
 }  // namespace zorva

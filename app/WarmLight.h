@@ -1,7 +1,9 @@
 #pragma once
 
-#include <QColor>
 #include <QPixmap>
+
+class QPainter;
+class QRectF;
 
 namespace zorva {
 
@@ -10,6 +12,6 @@ namespace zorva {
 QPixmap WarmLit(const QPixmap& drawn);
 
 /// The same light where it falls on paper or ivory.
-QColor WarmTint();
+void WarmTint(QPainter& painter, const QRectF& area);
 
 }  // namespace zorva

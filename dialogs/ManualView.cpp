@@ -14,7 +14,6 @@
 #include "app/Cursors.h"
 #include "app/Fonts.h"
 #include "app/Palette.h"
-#include "app/WarmLight.h"
 
 namespace zorva {
 namespace {
@@ -148,7 +147,7 @@ void ManualView::LightLinkUnderMouse(const QUrl& url) {
         link.setPosition(text.position());
         link.setPosition(text.position() + text.length(), QTextCursor::KeepAnchor);
         lit.append({link, {}});
-        lit.last().format.setBackground(WarmTint());
+        lit.last().format.setBackground(palette::Light);
     }
     setExtraSelections(lit);
 }

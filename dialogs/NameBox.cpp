@@ -103,7 +103,7 @@ void NameBox::FitFont() {
 void NameBox::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     LayoutPainter painter(this, services_);
-    if (underMouse()) painter.fillRect(LayoutArea(*this, services_), WarmTint());
+    if (underMouse()) WarmTint(painter, LayoutArea(*this, services_));
     if (!hasFocus()) return;
     decoration::DrawFocus(painter, LayoutArea(*this, services_).adjusted(1, 1, -1, -1), 2);
 }
