@@ -67,7 +67,7 @@ void Ayuda::DrawGround(QPainter& painter) {
     decoration::DrawSunkenPaper(painter, paper);
     if (view_->hasFocus()) decoration::DrawFocus(painter, paper.adjusted(-3, -3, 3, 3), 4);
     const Box button = LeaveButtonBox(window_);
-    painter.setPen(palette::Brass);
+    painter.setPen(palette::Light);
     DrawLine(painter, QRectF(edge, button.y, button.x - 2 * edge, button.height), KeysText("     "),
              {12.5});
 }

@@ -47,9 +47,9 @@ void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) 
     painter.drawPixmap(area, wood, wood.rect());
     // Lit, and so a little lighter than the table: the window stands out from it.
     QLinearGradient light(area.topLeft(), area.bottomRight());
-    light.setColorAt(0, QColor(0xff, 0xdc, 0xa8, 46));
-    light.setColorAt(0.5, QColor(0xff, 0xdc, 0xa8, 22));
-    light.setColorAt(1, QColor(0xff, 0xdc, 0xa8, 6));
+    light.setColorAt(0, QColor(0xff, 0xdc, 0xa8, 28));
+    light.setColorAt(0.5, QColor(0xff, 0xdc, 0xa8, 12));
+    light.setColorAt(1, QColor(0xff, 0xdc, 0xa8, 2));
     painter.fillRect(area, light);
     DrawBevel(painter, area);
     painter.setBrush(Qt::NoBrush);

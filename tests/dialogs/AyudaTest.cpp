@@ -108,6 +108,14 @@ TEST_F(AyudaTest, TheKeyboardFollowsLinks) {
     Show(window);
     auto* page = Control<ManualView>(window, "Txt_Manual");
     const auto position = [page] { return page->verticalScrollBar()->value(); };
+    const QString link("Jugar sin ver el tablero");
+    for (const QString& text : {link, QString("Bienvenidos")}) {
+        const QTextCursor found = page->document()->find(text);
+        QTest::mouseMove(page->viewport(), page->cursorRect(found).center() - QPoint(9, 0));
+        QString lit;
+        for (const auto& selection : page->extraSelections()) lit += selection.cursor.selectedText();
+        EXPECT_EQ(lit, text == link ? link : QString()) << "lit under the cursor";
+    }
     for (int i = 0; i < 4; ++i) QTest::keyClick(page, Qt::Key_Tab);
     QTest::keyClick(page, Qt::Key_Backtab);
     QTest::keyClick(page, Qt::Key_Return);

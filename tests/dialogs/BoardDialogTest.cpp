@@ -8,7 +8,9 @@
 
 #include "dialogs/Ayuda.h"
 #include "dialogs/Historic.h"
+#include "dialogs/NameBox.h"
 #include "dialogs/Personal.h"
+#include "dialogs/PictureButton.h"
 #include "dialogs/mensajes.h"
 #include "tests/dialogs/WindowFixture.h"
 
@@ -165,7 +167,17 @@ TEST_F(BoardDialogTest, WhatTakesTheFocusHasANameAndShowsTheFocus) {
             control->clearFocus();
             const QImage without = window->grab().toImage();
             control->setFocus();
-            EXPECT_NE(without, window->grab().toImage());
+            const QImage with = window->grab().toImage();
+            EXPECT_NE(without, with);
+            if (dynamic_cast<PictureButton*>(control) == nullptr &&
+                dynamic_cast<NameBox*>(control) == nullptr) {
+                continue;
+            }
+            control->setAttribute(Qt::WA_UnderMouse);
+            const QImage lit = window->grab().toImage();
+            EXPECT_NE(lit, with) << "under the cursor";
+            control->clearFocus();
+            EXPECT_NE(lit, window->grab().toImage()) << "the focus is seen there, too";
         }
     }
 }

@@ -39,8 +39,12 @@ protected:
     }
 
     bool IsHandAt(QPointF point) const {
+        QTest::mouseMove(sheet, {1, 1});
+        const QImage unlit = sheet->grab().toImage();
         QTest::mouseMove(sheet, point.toPoint());
-        return sheet->cursor().shape() == Qt::BitmapCursor;
+        const bool isHand = sheet->cursor().shape() == Qt::BitmapCursor;
+        EXPECT_EQ(sheet->grab().toImage() != unlit, isHand) << "a live corner is lit";
+        return isHand;
     }
 
     std::unique_ptr<Historic> window;

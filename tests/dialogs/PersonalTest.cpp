@@ -132,8 +132,12 @@ TEST_F(PersonalTest, OnlyTheSelectorItselfCanBeClicked) {
         const Short before = settings.Tutor;
         Press(Option::Tutor, 0, point);
         EXPECT_EQ(settings.Tutor != before, inside);
-        QTest::mouseMove(stop->parentWidget(), stop->pos() + InLogical(point + QPointF(0, 8)));
-        EXPECT_EQ(stop->parentWidget()->cursor().shape() == Qt::BitmapCursor, inside);
+        QWidget* page = stop->parentWidget();
+        QTest::mouseMove(page, {1, 1});
+        const QImage unlit = page->grab().toImage();
+        QTest::mouseMove(page, stop->pos() + InLogical(point + QPointF(0, 8)));
+        EXPECT_EQ(page->cursor().shape() == Qt::BitmapCursor, inside);
+        EXPECT_EQ(page->grab().toImage() != unlit, inside);
     }
 }
 
@@ -226,7 +230,11 @@ TEST_F(PersonalTest, ASliderIsDraggedByItsMarkerUntilTheCursorLeavesIt) {
         QWidget* slider = Find(name);
         for (const auto& [what, way, caught, reached] : drags) {
             SCOPED_TRACE(testing::Message() << name << ' ' << what);
+            QEvent leave(QEvent::Leave);
+            QApplication::sendEvent(slider, &leave);
+            const QImage unlit = slider->grab().toImage();
             QTest::mouseMove(slider, at(way[0]));
+            EXPECT_EQ(slider->grab().toImage() != unlit, caught);
             EXPECT_EQ(slider->cursor().shape() == Qt::BitmapCursor, caught);
             QTest::mousePress(slider, Qt::LeftButton, {}, at(way[0]));
             for (const double value : way) QTest::mouseMove(slider, at(value));
