@@ -211,13 +211,12 @@ LineSizes LineSizesFor(const QString& what, const QString& more, QSizeF room, do
                unit;
     };
     const double least = std::max(10.0, 11 / unit);
-    LineSizes sizes{std::min(20.0, room.width() / 7.5), std::max(13.0, least), 1};
+    LineSizes sizes{std::min(20.0, room.width() / 7.5), std::max(13.0, least), room.height()};
     if (more.isEmpty()) return sizes;
     for (;;) {
-        const double above = heightOf(what, sizes.what, QFont::Bold);
-        const double below = heightOf(more, sizes.more, QFont::Normal);
-        sizes.whatOfHeight = above / (above + below);
-        if (above + below <= room.height() || sizes.what <= least) return sizes;
+        sizes.above = heightOf(what, sizes.what, QFont::Bold);
+        sizes.below = heightOf(more, sizes.more, QFont::Normal);
+        if (sizes.above + sizes.below <= room.height() || sizes.what <= least) return sizes;
         double& next = sizes.more > least ? sizes.more : sizes.what;
         next = std::max(least, next - 1);
     }
@@ -233,7 +232,7 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     PaintPlate(painter, cache, layout, layout.Line, scale, lit);
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
-    const QRectF inside = box.Whole().adjusted(padding - 2, 6, 2 - padding, -6);
+    const QRectF inside = box.Whole().adjusted(6, 5, -6, -5);
     const double unit = layout.Unit * scale;
     const bool below = !isFlat && !more.isEmpty();
     const LineSizes sizes = LineSizesFor(view.line.what, below ? more : QString(), inside.size(), unit);
@@ -242,7 +241,7 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
         upper.setRight(inside.center().x());
         lower.setLeft(inside.center().x());
     } else if (below) {
-        upper.setHeight(inside.height() * sizes.whatOfHeight);
+        upper.setHeight(inside.height() * sizes.above / (sizes.above + sizes.below));
         lower.setTop(upper.bottom());
     }
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;

@@ -18,9 +18,10 @@ struct Layout;
 
 /// Of the texts of the line, in layout pixels.
 struct LineSizes {
-    double what;          ///< of what the game waits for
-    double more;          ///< of the text below it: never less than 11 device pixels
-    double whatOfHeight;  ///< the share of the height that the upper text takes
+    double what;       ///< of what the game waits for
+    double more;       ///< of the text below it: never less than 11 device pixels
+    double above;      ///< the height that the upper text takes
+    double below = 0;  ///< and the lower
 };
 
 /// The largest sizes at which both texts fit one below the other, the lower smaller first. `room` is in

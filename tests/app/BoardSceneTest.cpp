@@ -189,7 +189,6 @@ private:
             [&](bool on) { scene.ShowPreview(on ? AnyMove() : BoardView::ShownMove{}); },
             [&](bool on) { scene.ShowTape(ToShort(on ? 3 : -1)); },
             [&](bool on) { ShowSign(on); },
-            [&](bool on) { scene.PointAt(on ? layout.Cup.Centre() : Point{}); },
             [&](bool on) { on ? DragAndLetGo() : scene.EmptyTrays(); },
             [&](bool on) { on ? scene.ShowDie(3, 6, DieIs::RollingBy) : scene.ShowBonus(2, 10); },
             [&](bool on) { on ? scene.ShowWinner(1) : scene.ShowTurn(state.CurrentColour); },
@@ -207,6 +206,7 @@ private:
     void ShowSign(bool on) {
         state.WaitingForThrow = on ? Yes : No;
         settings.Speed = 0;  // the hand moves
+        scene.PointAt(on ? layout.Cup.Centre() : Point{});
         scene.ShowGuide();
         settings.Speed = 100;
     }

@@ -81,11 +81,15 @@ TEST(Controls, ShowTheHandWhereTheyAreLiveAndTheHourglassOverEverything) {
     mesa.Buttons().IsLive = [&](int index) { return isLive == (index == MenuButtons::Advice); };
     mesa.Strip().IsLive = [&](RecorderKey key) { return isLive && key == RecorderKey::BackOne; };
     QCursor::setPos(mesa.Strip().mapToGlobal(QPoint(6, 30)));
+    isLive = false;
+    mesa.RefreshCursor();
+    const QImage unlit = mesa.Strip().grab().toImage();
     for (const bool live : {true, false}) {  // it changes under a mouse that stands still
         isLive = live;
         mesa.RefreshCursor();
         const auto isHand = [](QWidget& widget) { return widget.cursor().shape() == Qt::BitmapCursor; };
         EXPECT_EQ(isHand(mesa.Strip()), live);
+        EXPECT_EQ(mesa.Strip().grab().toImage() != unlit, live);
         EXPECT_EQ(isHand(mesa.Buttons().Button(MenuButtons::Advice)), live);
         EXPECT_EQ(isHand(mesa.Buttons().Button(MenuButtons::Leave)), !live);
     }
