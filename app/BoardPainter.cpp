@@ -174,9 +174,9 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
 
 // -------------------------------------------------------------------------------- what changes
 
-// From below to above: background, houses with their trays, cards and line, the sign at a die, pulse,
-// marks of the last move and of a shown one, rings, pieces, the frame of the marked one and the piece in
-// the air.
+// From below to above: background, houses with their trays, the light round the new-game button, cards
+// and line, the cup in warm light, the sign at a die, pulse, marks of the last move and of a shown one,
+// rings, pieces, the frame of the marked one and the piece in the air.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
@@ -191,10 +191,11 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
                                      const auto& draw) -> const QPixmap& {
         return CachedPixmap(name, size, draw);
     };
+    if (view.sign == BoardView::NewGameSign) PaintInvitation(painter, view.tapping, part);
     PaintCards(painter, artwork_, cache, layout_, view, part);
     PaintLine(painter, cache, layout_, view, part);
     if (view.cupLit) PaintCup(painter, part);
-    PaintSign(painter, view, part);
+    if (view.sign != BoardView::NewGameSign) PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
     PaintLastMove(painter, view, part);
     const BoardView::ShownMove& shown = view.preview.piece != 0 ? view.preview : view.shown;
@@ -526,8 +527,9 @@ void BoardPainter::PaintCup(QPainter& painter, const QRect& part) {
 
 // A warm light behind the button, which swells a few times and then stays, and the frame of all that
 // can be picked.
-void BoardPainter::PaintInvitation(QPainter& painter, double progress) {
+void BoardPainter::PaintInvitation(QPainter& painter, double progress, const QRect& part) {
     const QRect area = SignArea(BoardView::NewGameSign);
+    if (!area.intersects(part)) return;
     const double unit = layout_.Unit;
     const double swell = std::abs(std::cos(handTaps * M_PI * progress));
     painter.setOpacity(0.45 + 0.55 * swell);
@@ -550,10 +552,6 @@ void BoardPainter::PaintInvitation(QPainter& painter, double progress) {
 // then rests there.
 void BoardPainter::PaintSign(QPainter& painter, const BoardView& view, const QRect& part) {
     if (view.sign == 0 || !SignArea(view.sign).intersects(part)) return;
-    if (view.sign == BoardView::NewGameSign) {
-        PaintInvitation(painter, view.tapping);
-        return;
-    }
     const double unit = layout_.Unit * layout_.Cell / boardCell;
     const QRectF tray =
         DeviceF(layout_.DieBox(view.sign)).adjusted(-2 * unit, -2 * unit, 2 * unit, 2 * unit);

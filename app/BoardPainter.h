@@ -81,7 +81,7 @@ private:
     std::vector<QPointF> TraceOf(const BoardView& view) const;
     void PaintLastMove(QPainter& painter, const BoardView& view, const QRect& part);
     void PaintCup(QPainter& painter, const QRect& part);
-    void PaintInvitation(QPainter& painter, double progress);
+    void PaintInvitation(QPainter& painter, double progress, const QRect& part);
     void PaintSign(QPainter& painter, const BoardView& view, const QRect& part);
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintGroundShadow(QPainter& painter, QPointF at, double height);

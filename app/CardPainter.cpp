@@ -210,13 +210,14 @@ LineSizes LineSizesFor(const QString& what, const QString& more, QSizeF room, do
                    .height() /
                unit;
     };
-    const double least = std::max(10.0, 11 / unit);
+    constexpr double between = 3;
+    const double least = std::max(11.0, 10 / unit);
     LineSizes sizes{std::min(20.0, room.width() / 7.5), std::max(13.0, least), room.height()};
     if (more.isEmpty()) return sizes;
     for (;;) {
         sizes.above = heightOf(what, sizes.what, QFont::Bold);
         sizes.below = heightOf(more, sizes.more, QFont::Normal);
-        if (sizes.above + sizes.below <= room.height() || sizes.what <= least) return sizes;
+        if (sizes.above + between + sizes.below <= room.height() || sizes.what <= least) return sizes;
         double& next = sizes.more > least ? sizes.more : sizes.what;
         next = std::max(least, next - 1);
     }

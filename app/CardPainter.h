@@ -19,7 +19,7 @@ struct Layout;
 /// Of the texts of the line, in layout pixels.
 struct LineSizes {
     double what;       ///< of what the game waits for
-    double more;       ///< of the text below it: never less than 11 device pixels
+    double more;       ///< of the text below it: never less than 11, and 10 device pixels
     double above;      ///< the height that the upper text takes
     double below = 0;  ///< and the lower
 };

@@ -161,7 +161,7 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
             const Layout layout = LayoutFor(screen.width(), screen.height());
             const QSizeF room(layout.Line.width - 12, layout.Line.height - 10);
             const LineSizes sizes = LineSizesFor(is.what, is.hint, room, layout.Unit);
-            EXPECT_GE(sizes.more * layout.Unit, 11) << qPrintable(is.hint);
+            EXPECT_GE(sizes.more, 11) << qPrintable(is.hint);
             EXPECT_LE(sizes.above + sizes.below, room.height())
                 << qPrintable(is.what) << " at " << screen.width();
         }
