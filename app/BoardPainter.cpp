@@ -503,11 +503,14 @@ const QPointF handPlace(13, 13);             // where the tip rests, from the mi
 
 }  // namespace
 
-// How far the light around the new-game button reaches, in layout pixels.
-constexpr double glowReach = 26;
+constexpr double glowReach = 0.4;  // of the light around the new-game button, in sides of it
+constexpr std::size_t newGame = 1;
 
 QRect BoardPainter::SignArea(Colour colour) const {
-    if (colour == BoardView::NewGameSign) return DeviceArea(layout_.Button[1], glowReach);
+    if (colour == BoardView::NewGameSign) {
+        const Box& button = layout_.Button[newGame];
+        return DeviceArea(button, glowReach * button.width);
+    }
     const double unit = layout_.Cell / boardCell;
     const int reach = qCeil((handSide + handTravel + handPlace.x()) * unit);
     const Point middle = layout_.DieBox(colour).Centre();
@@ -530,7 +533,8 @@ void BoardPainter::PaintCup(QPainter& painter, const QRect& part) {
 void BoardPainter::PaintInvitation(QPainter& painter, double progress, const QRect& part) {
     const QRect area = SignArea(BoardView::NewGameSign);
     if (!area.intersects(part)) return;
-    const double unit = layout_.Unit;
+    const Box& button = layout_.Button[newGame];
+    const double unit = layout_.Unit * button.width / 64;  // of the button's drawing
     const double swell = std::abs(std::cos(handTaps * M_PI * progress));
     painter.setOpacity(0.45 + 0.55 * swell);
     painter.drawPixmap(area.topLeft(), CachedPixmap("glow", area.size(), [&](QPainter& glow) {
@@ -542,7 +546,7 @@ void BoardPainter::PaintInvitation(QPainter& painter, double progress, const QRe
                            glow.fillRect(QRectF(QPointF(), area.size()), light);
                        }));
     painter.setOpacity(1);
-    const QRectF frame = DeviceF(layout_.Button[1]).adjusted(unit, unit, -2.5 * unit, -2.5 * unit);
+    const QRectF frame = DeviceF(button).adjusted(unit, unit, -2.5 * unit, -2.5 * unit);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette::Mark, 3.2 * unit));
     painter.drawRoundedRect(frame, 12 * unit, 12 * unit);
