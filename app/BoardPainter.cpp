@@ -503,13 +503,10 @@ const QPointF handPlace(13, 13);             // where the tip rests, from the mi
 
 }  // namespace
 
-constexpr double glowReach = 0.4;  // of the light around the new-game button, in sides of it
-constexpr std::size_t newGame = 1;
-
 QRect BoardPainter::SignArea(Colour colour) const {
     if (colour == BoardView::NewGameSign) {
         const Box& button = layout_.Button[newGame];
-        return DeviceArea(button, glowReach * button.width);
+        return DeviceArea(button, invitationReach * button.width);
     }
     const double unit = layout_.Cell / boardCell;
     const int reach = qCeil((handSide + handTravel + handPlace.x()) * unit);
@@ -537,7 +534,7 @@ void BoardPainter::PaintInvitation(QPainter& painter, double progress, const QRe
     const double unit = layout_.Unit * button.width / 64;  // of the button's drawing
     const double swell = std::abs(std::cos(handTaps * M_PI * progress));
     painter.setOpacity(0.45 + 0.55 * swell);
-    painter.drawPixmap(area.topLeft(), CachedPixmap("glow", area.size(), [&](QPainter& glow) {
+    painter.drawPixmap(area.topLeft(), CachedPixmap("invitation", area.size(), [&](QPainter& glow) {
                            const QPointF middle = QRectF(QPointF(), area.size()).center();
                            QRadialGradient light(middle, area.width() / 2.0);
                            light.setColorAt(0.4, WithAlpha(palette::Light, 0.9));
