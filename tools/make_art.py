@@ -10,7 +10,7 @@ import pathlib
 import sys
 from functools import partial
 
-from art import board, dice, house, icon, keys, panel, pieces, cursors, recorder, shadow, surface, title, windows
+from art import board, dice, house, icon, keys, laurel, panel, pieces, cursors, recorder, shadow, surface, title, windows
 
 ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 
@@ -28,6 +28,8 @@ def drawings():
     for colour in range(5):
         yield f"bitmaps/place_{colour}", partial(house.draw_place, colour)
     yield "bitmaps/piece_shadow", pieces.draw_shadow
+    yield "bitmaps/laurel", laurel.draw
+    yield "bitmaps/medal", laurel.draw_medal
     for face in range(1, 7):
         yield f"bitmaps/die_{face}", partial(dice.draw, face)
     yield "bitmaps/recorder", recorder.draw
