@@ -230,8 +230,7 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
                               Colour colour, const QRect& part) {
     const QRect house = HouseArea(colour), seen = house & part;
     if (!IsTakingPart(settings, colour)) {
-        const QPixmap lid = artwork_.Pixmap(QStringLiteral("lid_%1").arg(colour), house.size());
-        painter.drawPixmap(seen.topLeft(), lid, seen.translated(-house.topLeft()));
+        painter.drawPixmap(seen.topLeft(), Lid(colour), seen.translated(-house.topLeft()));
         return;
     }
     const bool lit = view.onTurn == colour;
@@ -245,6 +244,19 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
 // the key of the cache: it must tell everything that the drawing depends on except the screen.
 const QPixmap& BoardPainter::CachedPixmap(const QString& name, QSize size,
                                           const std::function<void(QPainter&)>& draw) {
+// The frame's shadow lies on the lid, too.
+const QPixmap& BoardPainter::Lid(Colour colour) {
+    const QSize size = HouseArea(colour).size();
+    return CachedPixmap(QStringLiteral("lid %1").arg(colour), size, [&](QPainter& lid) {
+        const Box house = layout_.House(colour);
+        const double scale = boardCell / layout_.Cell;
+        const QRectF part(QPointF(house.x - layout_.Margin, house.y - layout_.Margin) * scale,
+                          QSizeF(house.width, house.height) * scale);
+        lid.drawPixmap(QPoint(), artwork_.Pixmap(QStringLiteral("lid_%1").arg(colour), size));
+        lid.drawPixmap(QPoint(), artwork_.PixmapOfPart("board_print", part, size));
+    });
+}
+
     QPixmap& pixmap = cache_[name];
     if (!pixmap.isNull()) return pixmap;
     pixmap = QPixmap(size);
@@ -271,8 +283,10 @@ const QPixmap& BoardPainter::Lit(Colour colour) {
             lamp.setCompositionMode(mode);
             lamp.fillRect(QRectF(QPointF(), house.size()), light);
         };
-        shine(QPainter::CompositionMode_ColorDodge, QColor(100, 90, 72));
-        shine(QPainter::CompositionMode_Screen, QColor(36, 33, 28));
+        // Yellow is light already: more would make it as pure as the yellow squares.
+        const bool isYellow = colour == 1;
+        shine(QPainter::CompositionMode_ColorDodge, isYellow ? QColor(48, 28, 20) : QColor(100, 90, 72));
+        shine(QPainter::CompositionMode_Screen, isYellow ? QColor(52, 40, 46) : QColor(36, 33, 28));
     });
 }
 

@@ -64,6 +64,7 @@ private:
                     const QRect& part);
     const QPixmap& Lit(Colour colour);
     std::vector<PieceCode> PiecesFromBehind(const BoardView& view, const QRect& part) const;
+    const QPixmap& Lid(Colour colour);
     const QPixmap& CachedPixmap(const QString& name, QSize size,
                                 const std::function<void(QPainter&)>& draw);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit);

@@ -345,6 +345,8 @@ TEST(BoardPicture, LightsTheHouseOnTurnAlone) {
             const QPoint edge = QPoint(1, 1) * (house.width() / 20);
             EXPECT_GT(gain(house.topLeft() + edge), gain(house.bottomRight() - edge)) << int{colour};
             EXPECT_GT(gain(plate.center() - QPoint(0, plate.height())), 20) << int{colour};
+            EXPECT_LT(lit.pixelColor(plate.center() - QPoint(0, plate.height())).green(), 240)
+                << "not pure";
             for (const QImage& picture : {lit, waiting}) {
                 EXPECT_GT(qGray(picture.pixel(plate.center() - QPoint(plate.width() * 2 / 5, 0))), 220)
                     << "ivory";
@@ -364,7 +366,12 @@ TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersHousesClosed) {
     EXPECT_GT(raised, widthOfChange() + 5);
     board.scene.Clear();
     board.settings.PlayerActive[3] = 2;
-    EXPECT_GT(widthOfChange(), 0.9 * board.fresh.HouseArea(3).width());
+    const QRect lid = board.fresh.HouseArea(3);
+    EXPECT_GT(widthOfChange(), 0.9 * lid.width());
+    const auto shade = [&](int x) {
+        return qGray(board.Painted().pixel(lid.left() + x, lid.center().y()));
+    };
+    EXPECT_LT(shade(1) + 4, shade(12)) << "the frame's shadow";
 }
 
 TEST(BoardGuide, MarksTheLastMoveUntilTheNextBegins) {
