@@ -300,10 +300,11 @@ void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colo
         const QFontMetricsF metrics(font);
         return std::max(metrics.horizontalAdvance(name), metrics.boundingRect(name).width()) > room;
     };
-    while (font.pixelSize() > 6 && isTooWide()) font.setPixelSize(font.pixelSize() - 1);
+    while (font.pixelSize() > SmallestFont && isTooWide()) font.setPixelSize(font.pixelSize() - 1);
     painter.setFont(font);
     painter.setPen(palette::Ink);
-    painter.drawText(plate, Qt::AlignCenter, name);
+    painter.drawText(plate, Qt::AlignCenter,
+                     isTooWide() ? QFontMetricsF(font).elidedText(name, Qt::ElideRight, room) : name);
 }
 
 void BoardPainter::PaintTray(QPainter& painter, const BoardView& view, Colour colour) {

@@ -62,7 +62,7 @@ public:
         const QRectF place = Device(area);
         QFont font = TextFont(size * unit_, weight);
         const auto needed = [&] { return QFontMetricsF(font).boundingRect(place, flags, text); };
-        while (font.pixelSize() > 6 && !place.adjusted(-1, -1, 1, 1).contains(needed()))
+        while (font.pixelSize() > SmallestFont && !place.adjusted(-1, -1, 1, 1).contains(needed()))
             font.setPixelSize(font.pixelSize() - 1);
         painter_.setFont(font);
         painter_.setPen(colour);

@@ -6,6 +6,7 @@
 
 #include "app/Artwork.h"
 #include "app/Cursors.h"
+#include "app/Fonts.h"
 #include "app/Palette.h"
 #include "dialogs/Decoration.h"
 #include "dialogs/Geometry.h"
@@ -41,6 +42,25 @@ constexpr TextStyle recordStyle{11.2, QFont::Normal, true};
 // DecodeHistoryRecord returns UTF-8; the file itself is Windows-1252.
 QString Read(const std::string& utf8) {
     return QString::fromStdString(utf8);
+}
+
+// The losers as they fit their column in the smallest font: the widest words lose their ends, so that of
+// every name something is left.
+QString Shortened(const QString& losers) {
+    constexpr TextStyle smallest{SmallestFont, QFont::Normal, true};
+    const QString end = QStringLiteral("…");
+    QStringList words = losers.split(' ');
+    const auto isNarrower = [&](const QString& one, const QString& other) {
+        return WidthOf(one, smallest) < WidthOf(other, smallest);
+    };
+    while (WidthOf(words.join(' '), smallest) > namesWidth) {
+        QString& widest = *std::max_element(words.begin(), words.end(), isNarrower);
+        const QString comma = widest.endsWith(',') ? "," : "";
+        widest.chop(comma.size());
+        if (widest.endsWith(end)) widest.chop(1);
+        widest = widest.chopped(1) + end + comma;
+    }
+    return words.join(' ');
 }
 
 // The box moved and rounded to whole device pixels, at least one each way. A rule blended over two lines
@@ -177,20 +197,19 @@ void HistoricSheet::DrawHeading(QPainter& painter) const {
     DrawSpaced(painter, QRectF(headingLeft, 5, Width - headingLeft, 15), text, headingStyle, blank);
 }
 
-// A record takes two lines: the losers stand below the winner. Texts too wide for their column get a
-// smaller font, so that they never touch the rules.
+// A record takes two lines: the losers stand below the winner.
 void HistoricSheet::DrawRecord(QPainter& painter, long index, double top) const {
     const HistoryEntry entry = DecodeHistoryRecord(lisDatos_.Record(index));
-    const auto write = [&](double left, double y, double width, const std::string& text,
+    const auto write = [&](double left, double y, double width, const QString& text,
                            Qt::Alignment alignment = Qt::AlignLeft) {
-        DrawLine(painter, QRectF(left, y, width, lineHeight), Read(text), recordStyle, alignment);
+        DrawLine(painter, QRectF(left, y, width, lineHeight), text, recordStyle, alignment);
     };
     const double namesLeft = namesMiddle - namesWidth / 2;
-    write(dateLeft, top, columnRules[0] - dateLeft - 1, entry.date);
-    write(timeLeft, top, columnRules[1] - timeLeft - 1, entry.time);
-    write(namesLeft, top, namesWidth, entry.winner, Qt::AlignHCenter);
-    write(pointsLeft, top, Width - 15 - pointsLeft, entry.points);
-    write(namesLeft, top + lineHeight, namesWidth, entry.losers, Qt::AlignHCenter);
+    write(dateLeft, top, columnRules[0] - dateLeft - 1, Read(entry.date));
+    write(timeLeft, top, columnRules[1] - timeLeft - 1, Read(entry.time));
+    write(namesLeft, top, namesWidth, Read(entry.winner), Qt::AlignHCenter);
+    write(pointsLeft, top, Width - 15 - pointsLeft, Read(entry.points));
+    write(namesLeft, top + lineHeight, namesWidth, Shortened(Read(entry.losers)), Qt::AlignHCenter);
 }
 
 void HistoricSheet::DrawCorners(QPainter& painter) const {

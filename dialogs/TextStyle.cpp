@@ -57,8 +57,11 @@ void DrawLine(QPainter& painter, const QRectF& box, const QString& text, TextSty
     const QFontMetricsF usual(FineFont(style));
     const double base = box.center().y() + (usual.ascent() - usual.descent()) / fine / 2;
     const double natural = WidthOf(text, style);
-    if (natural > box.width()) style.size *= box.width() / natural;
-    const double spare = box.width() - std::min(natural, box.width());
+    if (natural > box.width())
+        style.size = std::max(style.size * box.width() / natural, double{SmallestFont});
+    const QString shown =
+        QFontMetricsF(FineFont(style)).elidedText(text, Qt::ElideRight, box.width() * fine + fine);
+    const double spare = std::max(0.0, box.width() - WidthOf(shown, style));
     const double indent = alignment & Qt::AlignRight     ? spare
                           : alignment & Qt::AlignHCenter ? spare / 2
                                                          : 0;
@@ -67,7 +70,7 @@ void DrawLine(QPainter& painter, const QRectF& box, const QString& text, TextSty
     painter.translate(box.left() + indent, base);
     painter.scale(1 / fine, 1 / fine);
     painter.setFont(FineFont(style));
-    painter.drawText(QPointF(), text);
+    painter.drawText(QPointF(), shown);
     painter.restore();
 }
 

@@ -44,7 +44,7 @@ private:
 double WidthOf(const QString& text, const TextStyle& style);
 
 /// Draws one line with the painter's pen, at half the height of the box, aligned left, right or to its
-/// middle. A text too wide for the box gets a smaller font rather than being cut.
+/// middle. A text too wide for the box gets a smaller font, down to 9 pixels; then its end is cut off.
 void DrawLine(QPainter& painter, const QRectF& box, const QString& text, TextStyle style,
               Qt::Alignment alignment = Qt::AlignLeft);
 

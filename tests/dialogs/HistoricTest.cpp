@@ -133,6 +133,9 @@ TEST_F(HistoricTest, WideNamesKeepBetweenTheRulesOfTheirColumn) {
         EXPECT_FALSE(HasInk(picture, QRect(x + 1, 6, 1, 264))) << "a word touches the rule at " << x;
     }
     EXPECT_FALSE(HasInk(picture, QRect(278, 22, 4, 248))) << "names reach the rule of the points";
+    int inked = 0;
+    for (int y = 35; y < 49; ++y) inked += HasInk(picture, QRect(124, y, 157, 1));
+    EXPECT_GE(inked, 6) << "letters large enough to be read";
     EXPECT_EQ(picture.pixelColor(15, 18 + 32 * 8), QColor(0, 255, 0));
     for (const int x : {22, 86, 124, 284}) EXPECT_TRUE(HasInk(picture, QRect(x, 6, 35, 13))) << x;
 }
