@@ -92,13 +92,17 @@ void Paint(QImage& image, const Layout& layout) {
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     PaintInstrumentPanel(painter, artwork, layout);
+    PaintBoard(painter, artwork, layout);
+}
+
+}  // namespace
+
+void PaintBoard(QPainter& painter, Artwork& artwork, const Layout& layout) {
     artwork.Paint(painter, "board", BoardWithFrame(layout));
     PaintSquares(painter, layout);
     PaintPlaces(painter, artwork, layout);
     artwork.Paint(painter, "board_print", BoardWithFrame(layout));
 }
-
-}  // namespace
 
 Background::~Background() {
     QThreadPool::globalInstance()->waitForDone();

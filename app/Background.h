@@ -4,9 +4,15 @@
 #include <QPixmap>
 #include <QSize>
 
+class QPainter;
+
 namespace zorva {
 
+class Artwork;
 struct Layout;
+
+/// Paints the empty board in its frame where the layout has it, in device pixels.
+void PaintBoard(QPainter& painter, Artwork& artwork, const Layout& layout);
 
 /// What never changes while the window keeps its size: the table, the empty board and the panel with
 /// the recorder. It is the program's largest drawing, a tenth of a second at 1920x1080, and painted in

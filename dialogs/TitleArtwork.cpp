@@ -3,6 +3,8 @@
 #include <QPainter>
 
 #include "app/Artwork.h"
+#include "app/Background.h"
+#include "app/Layout.h"
 #include "app/Palette.h"
 #include "dialogs/Geometry.h"
 #include "dialogs/TextStyle.h"
@@ -27,6 +29,21 @@ constexpr TitlePiece pieces[] = {
 
 constexpr Box plateText{114, 93, 190, 38};
 
+// The whole board with its frame, painted as the game has it and then reduced.
+QImage SmallBoard(const Services& services, int side) {
+    Layout layout = LayoutFor(1024, 768);
+    constexpr int frame = 16;
+    layout.DeviceLeft = frame - layout.Margin;
+    layout.DeviceTop = frame - layout.Margin;
+    QImage board(QSize(1, 1) * (21 * layout.Cell + 2 * frame), QImage::Format_ARGB32_Premultiplied);
+    board.fill(Qt::transparent);
+    QPainter painter(&board);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintBoard(painter, services.artwork, layout);
+    painter.end();
+    return board.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 }  // namespace
 
 TitleArtwork::TitleArtwork(const Services& services) {
@@ -37,7 +54,11 @@ TitleArtwork::TitleArtwork(const Services& services) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(unit, unit);
     for (const TitlePiece& piece : pieces) {
-        services.artwork.Paint(painter, piece.drawing, ToRect(piece.at));
+        if (QLatin1String(piece.drawing) == "board") {
+            painter.drawImage(ToRect(piece.at), SmallBoard(services, qRound(piece.at.width * unit)));
+        } else {
+            services.artwork.Paint(painter, piece.drawing, ToRect(piece.at));
+        }
     }
     painter.setPen(QColor(0x3a, 0x25, 0x09));
     DrawLine(painter, ToRect(plateText), "Parchís", {27, QFont::Black}, Qt::AlignHCenter);

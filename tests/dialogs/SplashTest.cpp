@@ -1,3 +1,4 @@
+#include <QPainter>
 #include <QTest>
 #include <set>
 
@@ -28,6 +29,14 @@ TEST(StepClockTest, SpreadsTheStepsOverSixSecondsWithoutALeapAfterAStandstill) {
 }
 
 using SplashTest = WindowFixture;
+
+TEST_F(SplashTest, ItsSmallBoardHasItsSquares) {
+    QImage picture(TitleArtwork::Width, TitleArtwork::Height, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    TitleArtwork(*services).Draw(painter, 0, *services);
+    painter.end();
+    EXPECT_LT(picture.pixelColor(211, 184).blue(), 90) << "yellow";
+}
 
 TEST_F(SplashTest, AnyKeyOrClickOrCloseEndsItButNoModifier) {
     const std::pair<bool, std::function<void(QWidget&)>> ways[] = {
