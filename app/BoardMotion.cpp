@@ -62,4 +62,27 @@ BoardView::DiePose DieMotion::PoseOfRoll(int roll) {
                                                                     : BoardView::DiePose{};
 }
 
+// They slow down in the air, fall, and fade. Multiples of irrational numbers spread them evenly in place
+// of chance.
+std::vector<BoardView::Flake> FlakesAt(double progress, QPointF from, QPointF towards) {
+    constexpr int count = 72;
+    const double far = std::hypot(towards.x() - from.x(), towards.y() - from.y());
+    const double middle = std::atan2(towards.y() - from.y() - 0.5 * far, towards.x() - from.x());
+    const double flown = 1 - (1 - progress) * (1 - progress) * (1 - progress);
+    std::vector<BoardView::Flake> flakes(count);
+    for (int number = 1; number <= count; ++number) {
+        const auto share = [&](double step) { return std::fmod(number * step, 1.0); };
+        const double one = share(0.618034), other = share(0.754878), third = share(0.569840);
+        const double direction = middle + (one - 0.5) * 1.9;
+        const double reach = (0.3 + 1.5 * std::sqrt(other)) * flown * far;
+        const QPointF fall(0.04 * progress * std::sin(9 * progress + 6 * third),
+                           (0.2 + 0.35 * third) * progress * progress);
+        flakes[static_cast<std::size_t>(number - 1)] = {
+            from + reach * QPointF(std::cos(direction), std::sin(direction)) + fall * far,
+            360 * one + 200 * (third - 0.5) * progress, std::cos(6 * other + (8 + 8 * third) * progress),
+            std::min(1.0, 3.5 * (1 - progress))};
+    }
+    return flakes;
+}
+
 }  // namespace zorva

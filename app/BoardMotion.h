@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointF>
+#include <vector>
 
 #include "app/BoardView.h"
 
@@ -43,5 +44,9 @@ struct DieMotion {
     /// The pose of a die that waits to be thrown: askew, as no throw ends.
     static BoardView::DiePose PoseOfReady();
 };
+
+/// The flakes of the confetti at that progress 0..1, thrown from a point towards another, both in layout
+/// pixels, and as far as that is away or half as far again. They fly alike in every game.
+std::vector<BoardView::Flake> FlakesAt(double progress, QPointF from, QPointF towards);
 
 }  // namespace zorva

@@ -83,17 +83,6 @@ QPointF PlaceLeft(const Layout& layout, const BoardView::LastMove& move) {
     return AsPointF(layout.BoxPosition(ColourOf(move.piece), PieceOf(move.piece)));
 }
 
-// Five points on a circle of nearly the token's size, and five between them further in.
-QPolygonF Star(const QRectF& token) {
-    QPolygonF star;
-    for (int corner = 0; corner < 10; ++corner) {
-        const double radius = token.width() * (corner % 2 == 0 ? 0.42 : 0.17);
-        const double angle = corner * M_PI / 5;
-        star << token.center() + radius * QPointF(std::sin(angle), -std::cos(angle));
-    }
-    return star;
-}
-
 QColor WithAlpha(QColor colour, double alpha) {
     colour.setAlphaF(static_cast<float>(alpha));
     return colour;
@@ -176,7 +165,7 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
 
 // From below to above: background, houses with their trays, the light round the new-game button, cards
 // and line, the cup in warm light, the sign at a die, pulse, marks of the last move and of a shown one,
-// rings, pieces, the frame of the marked one and the piece in the air.
+// rings, pieces, the frame of the marked one, the piece in the air and the confetti.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
@@ -196,7 +185,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     PaintLine(painter, cache, layout_, view, part);
     if (view.cupLit) PaintCup(painter, part);
     if (view.sign != BoardView::NewGameSign) PaintSign(painter, view, part);
-    if (view.pulse.reach != 0) PaintPulse(painter, view.pulse);
+    if (view.pulse.reach != 0) PaintPulse(painter, view.pulse, part);
     PaintLastMove(painter, view, part);
     const BoardView::ShownMove& shown = view.preview.piece != 0 ? view.preview : view.shown;
     PaintShownMove(painter, view, shown, part);
@@ -205,9 +194,9 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     for (const PieceCode code : pieces) PaintRingOf(painter, view, shown, code);
     for (const PieceCode code : pieces) PaintPiece(painter, view, code);
     if (view.marked != 0) PaintFrame(painter, view.at[view.marked]);
-    if (view.inAir == 0) return;
-    PaintPiece(painter, view, view.inAir);
-    if (view.counted != 0) PaintCount(painter, view);
+    if (view.inAir != 0) PaintPiece(painter, view, view.inAir);
+    if (view.inAir != 0 && view.counted != 0) PaintCount(painter, view);
+    PaintConfetti(painter, view.confetti, part);
 }
 
 // The pieces on the ground. What stands lower on the screen is nearer and covers what stands higher.
@@ -238,12 +227,23 @@ void BoardPainter::PaintHouse(QPainter& painter, const BoardView& view, const Se
     if (DeviceArea(layout_.NamePlate(colour)).intersects(part)) {
         PaintName(painter, QString::fromStdString(Trimmed(settings.PlayerName[colour])), colour, lit);
     }
+    if (view.tray[colour].winner) PaintLaurel(painter, colour);
 }
 
 // What looks the same in many frames is drawn once per screen and copied from then on. `name` is
 // the key of the cache: it must tell everything that the drawing depends on except the screen.
 const QPixmap& BoardPainter::CachedPixmap(const QString& name, QSize size,
                                           const std::function<void(QPainter&)>& draw) {
+    QPixmap& pixmap = cache_[name];
+    if (!pixmap.isNull()) return pixmap;
+    pixmap = QPixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    draw(painter);
+    return pixmap;
+}
+
 // The frame's shadow lies on the lid, too.
 const QPixmap& BoardPainter::Lid(Colour colour) {
     const QSize size = HouseArea(colour).size();
@@ -255,16 +255,6 @@ const QPixmap& BoardPainter::Lid(Colour colour) {
         lid.drawPixmap(QPoint(), artwork_.Pixmap(QStringLiteral("lid_%1").arg(colour), size));
         lid.drawPixmap(QPoint(), artwork_.PixmapOfPart("board_print", part, size));
     });
-}
-
-    QPixmap& pixmap = cache_[name];
-    if (!pixmap.isNull()) return pixmap;
-    pixmap = QPixmap(size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    draw(painter);
-    return pixmap;
 }
 
 // The house under a lamp that hangs above and left of its middle: it shines on the colour, and its own
@@ -312,7 +302,11 @@ void BoardPainter::PaintTray(QPainter& painter, const BoardView& view, Colour co
     painter.setOpacity(tray.opacity);
     if (tray.face != 0) PaintDie(painter, tray.face, tray.pose, colour);
     if (tray.bonus != 0) PaintBonus(painter, tray.bonus, PaintToken(painter, colour));
-    if (tray.winner) painter.drawPolygon(Star(PaintToken(painter, colour)));
+    if (tray.winner) {
+        const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
+        PaintCentred(painter, artwork_.Pixmap("medal", SideBySide(side)),
+                     DeviceF(layout_.DieBox(colour)).center());
+    }
     painter.setOpacity(1);
 }
 
@@ -634,11 +628,81 @@ void BoardPainter::PaintCount(QPainter& painter, const BoardView& view) {
                  area.center());
 }
 
+// ------------------------------------------------------------------------------ the winner
+
+namespace {
+
+constexpr double laurelSide = 172;  // in layout pixels of the largest board
+constexpr double flakeLength = 14;
+constexpr double flakeWidth = 8.5;
+constexpr double flakeShadow = 2.4;  // how far to the lower right
+
+}  // namespace
+
+// Around the tray, on the edge of the ivory field.
+void BoardPainter::PaintLaurel(QPainter& painter, Colour colour) {
+    const double side = laurelSide * layout_.Cell / boardCell * layout_.Unit;
+    PaintCentred(painter, artwork_.Pixmap("laurel", SideBySide(side)),
+                 DeviceF(layout_.DieBox(colour)).center());
+}
+
+QRect BoardPainter::FlakeArea(const BoardView::Flake& flake) const {
+    const int side = qCeil((flakeLength + flakeShadow) * layout_.Cell / boardCell * layout_.Unit) + 2;
+    QRect area(0, 0, side, side);
+    area.moveCenter(Device(flake.at).toPoint());
+    const double frame = 16 * layout_.Cell / boardCell;
+    const Box squares{layout_.Margin, layout_.Margin, ToShort(21 * layout_.Cell),
+                      ToShort(21 * layout_.Cell)};
+    return DeviceArea(squares, frame).contains(area) ? area : QRect();
+}
+
+// In the winner's colour, gold and ivory; the back is in the shade. Each of the few ways in which a
+// flake may lie is drawn once.
+void BoardPainter::PaintFlake(QPainter& painter, const QColor& paper, const BoardView::Flake& flake) {
+    constexpr double turns = 15, widths = 0.25;  // from one way to the next
+    const QColor colour = flake.width < 0 ? paper.darker(125) : paper;
+    const int turn = qRound(flake.turn / turns),
+              width = std::max(qRound(std::abs(flake.width) / widths), 1);
+    const QRect area = FlakeArea(flake);
+    const double unit = layout_.Cell / boardCell * layout_.Unit;
+    const auto draw = [&](QPainter& bit) {
+        QRectF shape(QPointF(), QSizeF(width * widths * flakeLength, flakeWidth) * unit);
+        shape.moveCenter({});
+        for (const auto& [fill, below] :
+             {std::pair(QColor(0, 0, 0, 80), flakeShadow / 2), std::pair(colour, -flakeShadow / 2)}) {
+            bit.resetTransform();
+            bit.translate(QPointF(area.width(), area.height()) / 2 + QPointF(below, below) * unit);
+            bit.rotate(turn * turns);
+            bit.fillRect(shape, fill);
+        }
+    };
+    const QString name = QStringLiteral("flake %1 %2 %3").arg(colour.rgba()).arg(turn).arg(width);
+    painter.setOpacity(flake.opacity);
+    painter.drawPixmap(area.topLeft(), CachedPixmap(name, area.size(), draw));
+}
+
+void BoardPainter::PaintConfetti(QPainter& painter, const BoardView::Confetti& confetti,
+                                 const QRect& part) {
+    const QColor papers[] = {palette::PlayerMark[confetti.winner], palette::Gold, palette::Paper};
+    std::size_t number = 0;
+    for (const BoardView::Flake& flake : confetti.flakes) {
+        const QColor& paper = papers[number++ % std::size(papers)];
+        if (FlakeArea(flake).intersects(part)) PaintFlake(painter, paper, flake);
+    }
+    painter.setOpacity(1);
+}
+
+// ------------------------------------------------------------------------------ rings of light
+
 // The ring spreads fast at first and slows down while it fades.
-void BoardPainter::PaintPulse(QPainter& painter, const BoardView::Pulse& pulse) {
+// Qt would work out the whole circle for a part that it does not touch.
+void BoardPainter::PaintPulse(QPainter& painter, const BoardView::Pulse& pulse, const QRect& part) {
     const double grown = 1 - (1 - pulse.progress) * (1 - pulse.progress);
     const double radius = (0.3 + 0.7 * grown) * pulse.reach * layout_.Unit;
     const double fade = 1 - pulse.progress;
+    const QPointF off = QRectF(part).center() - Device(pulse.at);
+    const double around = std::hypot(part.width(), part.height()) / 2 + 4 * layout_.Unit;
+    if (std::abs(std::hypot(off.x(), off.y()) - radius) > around) return;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(WithAlpha(palette::Mark, 0.5 * fade), 6 * fade * layout_.Unit));
     painter.drawEllipse(Device(pulse.at), radius, radius);

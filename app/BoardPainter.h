@@ -56,15 +56,17 @@ public:
     QRect MoveArea(const BoardView::ShownMove& move) const;
     /// The parts of the trace and the marks of the last move.
     std::vector<QRect> LastMoveAreas(const BoardView& view) const;
+    /// Empty when the flake has left the board and its frame.
+    QRect FlakeArea(const BoardView::Flake& flake) const;
     /// What the sign of BoardView covers, wherever its movement takes it.
     QRect SignArea(Colour colour) const;
 
 private:
     void PaintHouse(QPainter& painter, const BoardView& view, const Settings& settings, Colour colour,
                     const QRect& part);
+    const QPixmap& Lid(Colour colour);
     const QPixmap& Lit(Colour colour);
     std::vector<PieceCode> PiecesFromBehind(const BoardView& view, const QRect& part) const;
-    const QPixmap& Lid(Colour colour);
     const QPixmap& CachedPixmap(const QString& name, QSize size,
                                 const std::function<void(QPainter&)>& draw);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit);
@@ -87,7 +89,10 @@ private:
     void PaintPiece(QPainter& painter, const BoardView& view, PieceCode code);
     void PaintGroundShadow(QPainter& painter, QPointF at, double height);
     void PaintCount(QPainter& painter, const BoardView& view);
-    void PaintPulse(QPainter& painter, const BoardView::Pulse& pulse);
+    void PaintLaurel(QPainter& painter, Colour colour);
+    void PaintConfetti(QPainter& painter, const BoardView::Confetti& confetti, const QRect& part);
+    void PaintFlake(QPainter& painter, const QColor& paper, const BoardView::Flake& flake);
+    void PaintPulse(QPainter& painter, const BoardView::Pulse& pulse, const QRect& part);
     void PaintGlow(QPainter& painter, QPointF centre);
     void PaintRing(QPainter& painter, QPointF centre, double radius, double width, const QColor& colour);
     double PieceScale(double height) const;

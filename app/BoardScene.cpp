@@ -7,6 +7,7 @@
 #include "app/Guide.h"
 #include "app/PiecePlaces.h"
 #include "core/Board.h"
+#include "core/Ending.h"
 #include "core/Rules.h"
 
 namespace zorva {
@@ -16,6 +17,7 @@ namespace {
 constexpr int pulseMilliseconds = 900;
 constexpr int seenMilliseconds = 640;  // until everybody has seen a throw that lies at rest
 constexpr int fadeMilliseconds = 300;
+constexpr int confettiMilliseconds = 3000;  // as long as the winner's house blinks
 constexpr int tapMilliseconds = 3600;
 
 BoardView::DiePose RestingPose(const BoardView::Tray& tray) {
@@ -35,11 +37,12 @@ void Connect(QVariantAnimation& animation, const std::function<void(double)>& sh
 BoardScene::BoardScene(const GameState& state, const Settings& settings, Artwork& artwork,
                        Changed changed)
     : state_(state), settings_(settings), painter_(artwork), changed_(std::move(changed)) {
-    pulse_.setStartValue(0.0);
-    pulse_.setEndValue(1.0);
+    for (QVariantAnimation* animation : {&pulse_, &confetti_, &tap_}) {
+        animation->setStartValue(0.0);
+        animation->setEndValue(1.0);
+    }
     Connect(pulse_, [this](double progress) { ShowPulse(progress); });
-    tap_.setStartValue(0.0);
-    tap_.setEndValue(1.0);
+    Connect(confetti_, [this](double progress) { ShowConfetti(progress); });
     Connect(tap_, [this](double progress) { ShowTap(progress); });
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         Connect(fade_[colour], [this, colour](double opacity) { ShowFade(colour, opacity); });
@@ -55,7 +58,9 @@ void BoardScene::SetScreen(const Layout& layout, QSize devicePixels) {
     const Layout before = std::exchange(layout_, layout);
     painter_.SetScreen(layout, devicePixels);
     pulse_.stop();
+    confetti_.stop();
     view_.pulse = {};
+    view_.confetti = {};
     const double scale = before.Cell == 0 ? 1 : layout.Cell / static_cast<double>(before.Cell);
     const auto follow = [&](QPointF& at) {
         at =
@@ -138,6 +143,7 @@ void BoardScene::ForgetMotion() {
 void BoardScene::Clear() {
     ForgetMotion();
     pulse_.stop();
+    confetti_.stop();
     tap_.stop();
     for (QVariantAnimation& fade : fade_) fade.stop();
     view_ = BoardView{};
@@ -245,8 +251,9 @@ void BoardScene::ShowPulse(double progress) {
 
 void BoardScene::PutIntoTray(Colour colour, const BoardView::Tray& tray) {
     fade_[colour].stop();
-    const BoardView::DiePose before = std::exchange(view_.tray[colour], tray).pose;
-    Repaint(painter_.DieArea(colour, before) | painter_.DieArea(colour, tray.pose));
+    const BoardView::Tray before = std::exchange(view_.tray[colour], tray);
+    Repaint(painter_.DieArea(colour, before.pose) | painter_.DieArea(colour, tray.pose));
+    if (before.winner != tray.winner) RepaintHouse(colour);  // the laurel
     if (tray.isNews) lying_[colour].start();
 }
 
@@ -377,7 +384,10 @@ void BoardScene::ShowGuide() {
 }
 
 void BoardScene::ShowLine() {
-    const Prompt line = PromptOf(state_, settings_, view_.tape);
+    Prompt line = PromptOf(state_, settings_, view_.tape);
+    if (HasWon(state_) && !layout_.HasCards()) {
+        if (const QString others = OthersText(state_, settings_); !others.isEmpty()) line.hint = others;
+    }
     const QString latest =
         layout_.HasCards() || !state_.GameInProgress ? QString() : LatestThrowText(state_, settings_);
     if (line == view_.line && latest == view_.latest) return;
@@ -444,8 +454,36 @@ void BoardScene::ShowTap(double progress) {
 
 void BoardScene::ShowWinner(Colour colour) {
     ShowTurn(colour);
-    PutIntoTray(colour, {.winner = true});
     StartPulse(AsPointF(layout_.SquarePosition(GoalSquare[colour])), 3.0 * layout_.Cell);
+    if (view_.tray[colour].winner) return;
+    PutIntoTray(colour, {.winner = true});
+    StartConfetti(colour);
+}
+
+void BoardScene::StartConfetti(Colour winner) {
+    const int duration = AtThisSpeed(confettiMilliseconds);
+    if (duration <= 0) return;
+    confetti_.stop();
+    view_.confetti.winner = winner;
+    ShowConfetti(0);
+    confetti_.setDuration(duration);
+    confetti_.start();
+}
+
+// Only where a flake was or is: all of them together cover little of the board.
+void BoardScene::ShowConfetti(double progress) {
+    std::vector<BoardView::Flake>& flakes = view_.confetti.flakes;
+    const std::vector<BoardView::Flake> before = std::exchange(flakes, {});
+    const QPointF tray = AsPointF(layout_.DieBox(view_.confetti.winner).Centre());
+    const QPointF middle =
+        (AsPointF(layout_.SquarePosition(8)) + AsPointF(layout_.SquarePosition(42))) / 2;
+    if (progress < 1) flakes = FlakesAt(progress, tray, middle);
+    for (std::size_t flake = 0; flake < std::max(before.size(), flakes.size()); ++flake) {
+        const QRect was = flake < before.size() ? painter_.FlakeArea(before[flake]) : QRect();
+        const QRect is = flake < flakes.size() ? painter_.FlakeArea(flakes[flake]) : QRect();
+        Repaint(was.intersects(is) ? was | is : was);
+        if (!was.intersects(is)) Repaint(is);
+    }
 }
 
 void BoardScene::RepaintHouses() {

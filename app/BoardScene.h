@@ -67,7 +67,8 @@ public:
     double UnseenMilliseconds(Colour colour) const;
     /// Lights the house of that colour, 0 for none.
     void ShowTurn(Colour colour);
-    /// The same for a colour that has won, with a token in its tray and a ring of light round its goal.
+    /// The same for a colour that has won, with a medal in its tray, a laurel around it and a ring of
+    /// light round its goal. The first call for a winner throws confetti, too: for 1.5 s at speed 50.
     void ShowWinner(Colour colour);
     /// Marks the move that is about to be made or is advised: the squares it passes and where it ends. A
     /// move without a piece removes the marks.
@@ -114,6 +115,8 @@ private:
     int AtThisSpeed(int milliseconds) const;
     void StartPulse(QPointF at, double reach);
     void ShowPulse(double progress);
+    void StartConfetti(Colour winner);
+    void ShowConfetti(double progress);
     void ForgetMotion();
     void Repaint(const QRect& device);
     void RepaintHouse(Colour colour);
@@ -141,7 +144,8 @@ private:
     // The game does not wait for these:
     PerColour<QVariantAnimation> fade_;  // empties a tray
     QVariantAnimation pulse_;            // drives the ring of light
-    QVariantAnimation tap_;              // moves the sign a few times
+    QVariantAnimation confetti_;
+    QVariantAnimation tap_;  // moves the sign a few times
 };
 
 }  // namespace zorva

@@ -16,6 +16,14 @@ struct BoardView {
     static constexpr int CodeCount = 45;  ///< piece codes go up to 44
     static constexpr Colour NewGameSign = ColourCount + 1;
 
+    /// One of the bits of paper that make up the confetti.
+    struct Flake {
+        QPointF at;          ///< its middle, in layout pixels
+        double turn = 0;     ///< degrees
+        double width = 1;    ///< what is seen of its width while it tumbles, -1..1: below 0 its back
+        double opacity = 1;  ///< it fades at the end
+    };
+
     /// How a die lies in its tray.
     struct DiePose {
         double tilt = 0;  ///< degrees; 0 when it has come to rest
@@ -27,7 +35,7 @@ struct BoardView {
     struct Tray {
         Short face = 0;       ///< 1..6 of the die; 0 without one
         Short bonus = 0;      ///< 10 or 20 squares that a token gives; 0 without one
-        bool winner = false;  ///< the token of the colour that has won lies there
+        bool winner = false;  ///< the medal of the colour that has won lies there, within a laurel
         bool ready = false;   ///< the die waits to be thrown
         bool isNews = false;  ///< a throw or a bonus: everybody is to see it before it goes
         DiePose pose{};
@@ -39,6 +47,12 @@ struct BoardView {
         QPointF at;
         double reach = 0;     ///< the radius at its end, in layout pixels; 0 when there is none
         double progress = 0;  ///< 0..1
+    };
+
+    /// The confetti that bursts from the winner's tray and falls over the board.
+    struct Confetti {
+        Colour winner = 0;
+        std::vector<Flake> flakes;  ///< none when there is no confetti
     };
 
     /// A move that is shown: advised to a person or about to be made.
@@ -65,10 +79,11 @@ struct BoardView {
         Colour colour = 0;
         QString name;
         QString kind;  ///< a person, or the computer and its level
-        QString last;  ///< what it did last
+        QString last;  ///< what it did last, or how the game has ended for it
         Short home = 0;
         Short toGo = 0;  ///< squares
         bool lit = false;
+        bool won = false;
         bool operator==(const Card&) const = default;
     };
 
@@ -81,6 +96,7 @@ struct BoardView {
     PerColour<Tray> tray{};
 
     Pulse pulse;
+    Confetti confetti;
     Colour onTurn = 0;  ///< whose house is lit
     ShownMove shown;
     ShownMove preview;                      ///< where the piece under the cursor would go

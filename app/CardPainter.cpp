@@ -150,11 +150,10 @@ void PaintHome(BoxPainter& box, const BoardView::Card& card, double top) {
     }
 }
 
-void PaintMark(BoxPainter& box, Artwork& artwork, Colour colour, const QRectF& place) {
+void PaintDrawing(BoxPainter& box, Artwork& artwork, const QString& name, const QRectF& place) {
     const QRectF device = box.Device(place);
     const QSize size = device.size().toSize();
-    box.Painter().drawPixmap(device.topLeft().toPoint(),
-                             artwork.Pixmap(QStringLiteral("piece_%1").arg(colour), size));
+    box.Painter().drawPixmap(device.topLeft().toPoint(), artwork.Pixmap(name, size));
 }
 
 void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, const Layout& layout,
@@ -167,7 +166,8 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
     const QColor text = TextColour(lit), faint = FaintText(lit);
     const double width = box.Width() - 2 * padding;
     const double spread = std::clamp((box.Height() - 112) / 37.0, 0.0, 1.0);  // of the rows
-    PaintMark(box, artwork, card.colour, {padding - 5, 4 + 2 * spread, 34, 34});
+    PaintDrawing(box, artwork, QStringLiteral("piece_%1").arg(card.colour),
+                 {padding - 5, 4 + 2 * spread, 34, 34});
     box.Text({padding + 30, 6 + 2 * spread, width - 30, 26}, Qt::AlignVCenter | Qt::AlignLeft, card.name,
              17, QFont::Bold, text);
     const double kind = 32 + 6 * spread, bar = kind + 17 + 3 * spread, home = bar + 13 + 2 * spread;
@@ -179,7 +179,12 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
              card.toGo == 0 ? QStringLiteral("en casa") : QStringLiteral("faltan %1").arg(card.toGo), 13,
              QFont::Bold, text);
     const double last = home + 18 + 2 * spread;
-    box.Text({padding, last, width, box.Height() - last - 5},
+    const double side = card.won ? box.Height() - last - 6 : 0;  // of the laurel beside the text
+    const QRectF laurel(box.Width() - padding - side, last, side, side);
+    if (card.won) PaintDrawing(box, artwork, "laurel", laurel);
+    if (card.won)
+        PaintDrawing(box, artwork, "medal", laurel.adjusted(side / 4, side / 4, -side / 4, -side / 4));
+    box.Text({padding, last, width - side, box.Height() - last - 5},
              Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 13, QFont::Normal, text);
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/Sentences.h"
 #include "core/Board.h"
+#include "core/Ending.h"
 #include "core/Records.h"
 
 namespace zorva {
@@ -15,10 +16,12 @@ std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& set
         cards.push_back({.colour = colour,
                          .name = NameText(settings, colour),
                          .kind = KindText(settings, colour),
-                         .last = LastThrowText(state, settings, colour),
+                         .last = HasWon(state) ? OutcomeText(state, settings, colour)
+                                               : LastThrowText(state, settings, colour),
                          .home = state.PiecesHome[colour],
                          .toGo = ToShort(StepsOfColour - StepsWalked(state, colour)),
-                         .lit = colour == onTurn});
+                         .lit = colour == onTurn,
+                         .won = HasWon(state) && colour == state.CurrentColour});
     }
     return cards;
 }

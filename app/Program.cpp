@@ -152,7 +152,7 @@ void Program::ConnectGame() {
         keeper_.GameOver();  // even if the player is leaving: a game is appended once
     };
     runner_.GameOver = [this] { keeper_.GameOver(); };
-    runner_.Idle = [this] { mesa_.Shared().Say(TurnText(state_, settings_)); };
+    runner_.Idle = [this] { mesa_.Shared().Say(PositionText(state_, settings_)); };
     runner_.SettingsWanted = [this] { ButtonPressed(MenuButtons::Personalize); };
     runner_.Ended = [this] {
         if (Ended) Ended();

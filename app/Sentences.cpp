@@ -2,6 +2,8 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "core/Board.h"
 #include "core/Ending.h"
@@ -264,6 +266,41 @@ QString TurnText(const GameState& state, const Settings& settings) {
            ": puede tirar el dado.";
 }
 
+namespace {
+
+// 1 for the winner. Whoever has as many pieces at home and as far to go shares the place.
+int PlaceInGame(const GameState& state, const Settings& settings, Colour colour) {
+    const auto walked = [&](Colour of) {
+        return std::pair(state.PiecesHome[of], StepsWalked(state, of));
+    };
+    int place = 1;
+    for (Colour other = 1; other <= ColourCount; ++other) {
+        if (IsTakingPart(settings, other) && walked(other) > walked(colour)) ++place;
+    }
+    return place;
+}
+
+std::vector<Colour> ByPlace(const GameState& state, const Settings& settings) {
+    std::vector<Colour> colours;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (IsTakingPart(settings, colour)) colours.push_back(colour);
+    }
+    std::stable_sort(colours.begin(), colours.end(), [&](Colour one, Colour other) {
+        return PlaceInGame(state, settings, one) < PlaceInGame(state, settings, other);
+    });
+    return colours;
+}
+
+// Of the game that has ended; empty when there was none or nobody has won it.
+QString FinalText(const GameState& state, const Settings& settings) {
+    QString result;
+    for (const Colour colour : HasWon(state) ? ByPlace(state, settings) : std::vector<Colour>{})
+        result += PlayerText(settings, colour) + ": " + OutcomeText(state, settings, colour) + " ";
+    return result;
+}
+
+}  // namespace
+
 QString NoThrowAwaitedText(const Settings& settings) {
     return settings.PauseBetweenMoves == 1
                ? "solo cuando se espera la tirada."
@@ -272,7 +309,7 @@ QString NoThrowAwaitedText(const Settings& settings) {
 
 QString PositionText(const GameState& state, const Settings& settings) {
     QStringList sentences{TurnText(state, settings)};
-    if (!state.GameInProgress) return sentences.first();
+    if (!state.GameInProgress) return FinalText(state, settings) + sentences.first();
     for (Short next = 0; next < ColourCount; ++next) {
         const auto colour = static_cast<Colour>((state.CurrentColour - 1 + next) % ColourCount + 1);
         if (!IsTakingPart(settings, colour)) continue;
@@ -458,6 +495,26 @@ QString LatestThrowText(const GameState& state, const Settings& settings) {
     if (state.MoveRecordCount < 2) return {};
     const Colour colour = ColourOnTurn(state.MoveRecords[state.MoveRecordCount - 1]);
     return NameText(settings, colour) + " " + SpokenLastThrow(state, settings, colour) + ".";
+}
+
+QString OutcomeText(const GameState& state, const Settings& settings, Colour colour) {
+    if (colour == state.CurrentColour) return "¡Ganó la partida!";
+    const Short home = state.PiecesHome[colour];
+    const QString pieces = home == 0   ? QStringLiteral("sin fichas")
+                           : home == 1 ? QStringLiteral("con 1 ficha")
+                                       : QStringLiteral("con %1 fichas").arg(home);
+    return QStringLiteral("%1.º puesto, ").arg(PlaceInGame(state, settings, colour)) + pieces +
+           " en casa.";
+}
+
+QString OthersText(const GameState& state, const Settings& settings) {
+    QStringList others;
+    for (const Colour colour : ByPlace(state, settings)) {
+        if (colour != state.CurrentColour)
+            others
+                << QStringLiteral("%1 %2").arg(NameText(settings, colour)).arg(state.PiecesHome[colour]);
+    }
+    return others.isEmpty() ? QString() : "En casa: " + others.join(", ") + ".";
 }
 
 QString KindText(const Settings& settings, Colour colour) {

@@ -96,6 +96,12 @@ Prompt PromptOf(const GameState& state, const Settings& settings, Short tape);
 QString LastThrowText(const GameState& state, const Settings& settings, Colour colour);
 /// The same of the colour that played last, with its name: "Azul sacó 4 y no pudo mover".
 QString LatestThrowText(const GameState& state, const Settings& settings);
+/// How a game that is won ended for a colour: "¡Ganó la partida!", "2.º puesto, con 3 fichas en casa.".
+/// The places go by the pieces at home, then by the squares that are left; equals share one.
+QString OutcomeText(const GameState& state, const Settings& settings, Colour colour);
+/// The pieces that the others brought home, by their places: "En casa: Ana 2, Rojo 0."; empty when one
+/// colour has played alone.
+QString OthersText(const GameState& state, const Settings& settings);
 /// Who plays a colour: "Persona", "Ordenador, nivel 50".
 QString KindText(const Settings& settings, Colour colour);
 

@@ -1,5 +1,6 @@
-// How long the frames of a walk take on a real screen: from the moment a frame begins until its image
-// has been handed to the window system. Start it on a screen of the size in question:
+// How long the frames of a walk and of the winner's confetti take on a real screen: from the moment a
+// frame begins until its image has been handed to the window system. Start it on a screen of the size in
+// question:
 //
 //     xvfb-run -s "-screen 0 3840x2160x24" zorva-frames [walks]
 
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 #include "app/BoardScene.h"
@@ -60,6 +62,22 @@ public:
         scene.PutDown(piece);
     }
 
+    /// Only the passes of the event loop that move the confetti count.
+    void Win(std::vector<double>& milliseconds) {
+        settings_.Speed = 0;
+        mesa_.Scene().ShowWinner(1);
+        const BoardView::Confetti& confetti = mesa_.Scene().View().confetti;
+        QPointF before;
+        do {
+            QElapsedTimer clock;
+            clock.start();
+            QApplication::processEvents();
+            const QPointF now = confetti.flakes.empty() ? QPointF() : confetti.flakes[0].at;
+            if (std::exchange(before, now) != now)
+                milliseconds.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+        } while (!before.isNull());
+    }
+
     QSize Pixels() const { return mesa_.size() * mesa_.devicePixelRatioF(); }
 
 private:
@@ -68,20 +86,26 @@ private:
     Mesa mesa_;
 };
 
+void Print(const char* what, std::vector<double>& frames) {
+    std::sort(frames.begin(), frames.end());
+    const auto at = [&](double part) {
+        return frames[static_cast<std::size_t>(part * static_cast<double>(frames.size() - 1))];
+    };
+    std::printf("%zu frames of %s: median %.2f ms, 99th percentile %.2f ms, longest %.2f ms\n",
+                frames.size(), what, at(0.5), at(0.99), at(1));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const int walks = argc > 1 ? std::atoi(argv[1]) : 20;
     Walk walk;
-    std::vector<double> frames;
+    std::vector<double> frames, ofConfetti;
     for (int count = 0; count < walks; ++count) walk.Go(60, frames);
-    std::sort(frames.begin(), frames.end());
-    const auto at = [&](double part) {
-        return frames[static_cast<std::size_t>(part * static_cast<double>(frames.size() - 1))];
-    };
-    std::printf(
-        "%dx%d, %zu frames of a walk: median %.2f ms, 99th percentile %.2f ms, longest %.2f ms\n",
-        walk.Pixels().width(), walk.Pixels().height(), frames.size(), at(0.5), at(0.99), at(1));
+    walk.Win(ofConfetti);
+    std::printf("%dx%d\n", walk.Pixels().width(), walk.Pixels().height());
+    Print("a walk", frames);
+    Print("confetti", ofConfetti);
     return 0;
 }

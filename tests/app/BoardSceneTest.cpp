@@ -355,6 +355,29 @@ TEST(BoardPicture, LightsTheHouseOnTurnAlone) {
     }
 }
 
+TEST(BoardPicture, CrownsTheWinnerAndThrowsConfettiOnce) {
+    for (const QSize screen : {screens[1], screens[3]}) {
+        Board board(screen);
+        board.settings.Speed = 95;
+        board.state = Position("1:10 0 0 0  3:92 92 92 92");
+        board.state.CurrentColour = 3;
+        board.scene.ShowTurn(3);
+        EXPECT_EQ(board.View().line.hint.startsWith("En casa: Amarillo 0"), !board.layout.HasCards());
+        const QImage before = board.Painted();
+        board.scene.ShowWinner(3);
+        int frames = 0;
+        for (; !board.View().confetti.flakes.empty(); ++frames)
+            EXPECT_EQ(Text(Difference(board.Seen(), board.Painted())), "") << NameOf(screen);
+        EXPECT_GT(frames, 1);
+        EXPECT_EQ(Text(Difference(board.Seen(), board.Painted())), "") << "no flake is left";
+        const QRect laurel = Difference(board.Painted(), before);
+        EXPECT_GT(laurel.width(), 1.8 * board.layout.DieBox(3).width * board.layout.Unit);
+        EXPECT_TRUE(board.fresh.HouseArea(3).contains(laurel)) << NameOf(screen);
+        board.scene.ShowWinner(3);
+        EXPECT_TRUE(board.View().confetti.flakes.empty());
+    }
+}
+
 TEST(BoardPicture, ShowsRaisedPiecesLargerAndAbsentPlayersHousesClosed) {
     Board board({1024, 768});
     board.scene.Clear();

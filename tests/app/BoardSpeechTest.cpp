@@ -200,6 +200,19 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
     EXPECT_EQ(cards[0], (BoardView::Card{1, "Ana", "Persona", cards[0].last, 1, 208, false}));
     EXPECT_EQ(cards[1], (BoardView::Card{3, "Rojo", "Ordenador, nivel 50", "", 0, 263, true}));
     EXPECT_EQ(cards[2], (BoardView::Card{2, "Azul", "Ordenador, nivel 80", "", 4, 0, false}));
+
+    state.CurrentColour = 2;
+    state.GameInProgress = No;
+    EXPECT_EQ(OthersText(state, withAna), "En casa: Ana 1, Rojo 0.");
+    EXPECT_EQ(PositionText(state, withAna),
+              "Azul: ¡Ganó la partida! Ana (Amarillo): 2.º puesto, con 1 ficha en casa. Rojo: 3.º "
+              "puesto, sin fichas en casa. No hay ninguna partida en curso. Con F2 empieza una.");
+    EXPECT_EQ(CardsOf(state, withAna, 2)[2], (BoardView::Card{2, "Azul", "Ordenador, nivel 80",
+                                                              "¡Ganó la partida!", 4, 0, true, true}));
+    GameState even = test::Position("1:5 76 0 0  2:84 84 84 84  3:39 92 0 0");
+    even.CurrentColour = 2;
+    EXPECT_EQ(OutcomeText(even, withAna, 3), "2.º puesto, con 1 ficha en casa.");
+    EXPECT_EQ(OutcomeText(even, withAna, 1), OutcomeText(even, withAna, 3));
 }
 
 }  // namespace
