@@ -517,6 +517,13 @@ QString OthersText(const GameState& state, const Settings& settings) {
     return others.isEmpty() ? QString() : "En casa: " + others.join(", ") + ".";
 }
 
+// From 21 on a level looks for safe squares and wins no more than its share; from 71 on a capture itself
+// scores.
+QString StrengthText(Short level) {
+    if (level > 70) return "Juega fuerte";
+    return level > 20 ? "Juega flojo" : "Juega regular";
+}
+
 QString KindText(const Settings& settings, Colour colour) {
     if (settings.PlayerType[colour] == 2) return "Persona";
     return QStringLiteral("Ordenador, nivel %1").arg(settings.PlayerLevel[colour]);

@@ -102,6 +102,8 @@ QString OutcomeText(const GameState& state, const Settings& settings, Colour col
 /// The pieces that the others brought home, by their places: "En casa: Ana 2, Rojo 0."; empty when one
 /// colour has played alone.
 QString OthersText(const GameState& state, const Settings& settings);
+/// How strong that level plays by the measurements in docs/strength.md: "Juega flojo".
+QString StrengthText(Short level);
 /// Who plays a colour: "Persona", "Ordenador, nivel 50".
 QString KindText(const Settings& settings, Colour colour);
 

@@ -5,6 +5,7 @@
 
 #include "app/Artwork.h"
 #include "app/Palette.h"
+#include "app/Sentences.h"
 #include "dialogs/Decoration.h"
 #include "dialogs/Geometry.h"
 #include "dialogs/NameBox.h"
@@ -20,12 +21,13 @@ constexpr Short blockTop = 48;
 constexpr Short blockWidth = 143;
 constexpr Short blockHeight = 208;
 constexpr Short headerHeight = 28;
-constexpr Box nameLabel{8, 86, 51, 20};
-constexpr Box nameBox{61, 86, 74, 20};
-constexpr Box levelLabel{8, 111, 127, 17};
-constexpr Box levelSlider{8, 129, Slider::Width, Slider::Height};
-constexpr Point playerState{8, 44};
-constexpr Point playerType{8, 164};
+constexpr Box nameLabel{8, 82, 51, 20};
+constexpr Box nameBox{61, 82, 74, 20};
+constexpr Box levelLabel{8, 105, 127, 17};
+constexpr Box levelSlider{8, 122, Slider::Width, Slider::Height};
+constexpr Box strengthLine{8, 140, 127, 15};
+constexpr Point playerState{8, 42};
+constexpr Point playerType{8, 167};
 
 constexpr Box commonSheet{17, 266, 590, 104};
 constexpr Box speedLabel{418, 322, 150, 17};
@@ -115,9 +117,19 @@ void SettingsPage::AddPlayer(Colour player) {
     connect(level, &QAbstractSlider::valueChanged, this, [this, player](int value) {
         if (LevelSet) LevelSet(player, ToShort(value));
         Redraw(InBlock(player, levelLabel));  // with the number; the slider draws itself
+        ShowStrength(player, ToShort(value));
     });
     names_[player] = name;
     levels_[player] = level;
+}
+
+// Says it, too, when the player moves the slider to a level that plays otherwise.
+void SettingsPage::ShowStrength(Colour player, Short level) {
+    const QString strength = StrengthText(level);
+    if (levels_[player]->accessibleDescription() == strength) return;
+    levels_[player]->setAccessibleDescription(strength);
+    if (levels_[player]->hasFocus()) TheServices().Say(strength + ".");
+    Redraw(InBlock(player, strengthLine));
 }
 
 void SettingsPage::AddSpeed() {
@@ -136,6 +148,7 @@ void SettingsPage::ShowSettings() {
         names_[player]->ShowName(QString::fromStdString(Shown().PlayerName[player]));
         names_[player]->setVisible(active);
         levels_[player]->setValue(Shown().PlayerLevel[player]);
+        ShowStrength(player, Shown().PlayerLevel[player]);
         levels_[player]->setVisible(active);
     }
     speed_->setValue(Shown().Speed);
@@ -170,6 +183,8 @@ void SettingsPage::DrawPlayer(QPainter& painter, Colour player) {
     decoration::DrawSunkenFrame(painter, ToRect(InBlock(player, nameBox)));
     DrawSliderLabel(painter, InBlock(player, levelLabel), " Nivel de juego ",
                     Shown().PlayerLevel[player]);
+    DrawLine(painter, ToRect(InBlock(player, strengthLine)), StrengthText(Shown().PlayerLevel[player]),
+             {11.5, QFont::Normal, true});
 }
 
 // The colour's own name and a piece of it: the player may bear any other name.

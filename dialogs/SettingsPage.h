@@ -28,6 +28,7 @@ protected:
 
 private:
     void AddPlayer(Colour player);
+    void ShowStrength(Colour player, Short level);
     void AddSpeed();
     void OrderFocus();
     void DrawPlayer(QPainter& painter, Colour player);

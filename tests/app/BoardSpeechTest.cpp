@@ -213,6 +213,11 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
     even.CurrentColour = 2;
     EXPECT_EQ(OutcomeText(even, withAna, 3), "2.º puesto, con 1 ficha en casa.");
     EXPECT_EQ(OutcomeText(even, withAna, 1), OutcomeText(even, withAna, 3));
+
+    const std::pair<Short, QString> levels[] = {{0, "Juega regular"}, {20, "Juega regular"},
+                                                {21, "Juega flojo"},  {70, "Juega flojo"},
+                                                {71, "Juega fuerte"}, {100, "Juega fuerte"}};
+    for (const auto& [level, strength] : levels) EXPECT_EQ(StrengthText(level), strength) << level;
 }
 
 }  // namespace

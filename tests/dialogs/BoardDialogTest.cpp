@@ -138,7 +138,7 @@ TEST_F(BoardDialogTest, ScreenReadersFindNamesRolesAndAnswers) {
         {"Pic_Opcion_3", "Sentido del juego", "Inverso", QAccessible::CheckBox},
         {"Pic_Opcion_6_3", "Rojo: Tipo de juego", "Manual", QAccessible::CheckBox},
         {"Txt_Nombre_1", "Amarillo: Nombre", "", QAccessible::EditableText},
-        {"Pic_Nivel_2", "Azul: Nivel de juego", "", QAccessible::Slider},
+        {"Pic_Nivel_2", "Azul: Nivel de juego", "Juega flojo", QAccessible::Slider},
     };
     const auto windows = AllWindows();
     for (const auto& row : rows) {

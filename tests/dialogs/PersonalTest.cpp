@@ -203,12 +203,17 @@ TEST_F(PersonalTest, NamesAndSlidersFollowTheKeyboard) {
     const std::pair<Qt::Key, Short> steps[] = {
         {Qt::Key_PageUp, 60}, {Qt::Key_Right, 61}, {Qt::Key_Home, 0}, {Qt::Key_End, 100}};
     for (const auto& [name, field] : sliders) {
+        Find(name)->setFocus();
+        narrated.clear();
         for (const auto& [key, value] : steps) {
             applied = 0;
             QTest::keyClick(Find(name), key);
             EXPECT_EQ(*field, value) << name;
             EXPECT_EQ(applied, 1);
         }
+        const bool isLevel = field != &settings.Speed;
+        EXPECT_EQ(narrated, isLevel ? QStringList({"Juega regular.", "Juega fuerte."}) : QStringList());
+        EXPECT_EQ(Find(name)->accessibleDescription(), isLevel ? "Juega fuerte" : "");
     }
 }
 
