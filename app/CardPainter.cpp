@@ -56,17 +56,22 @@ public:
         painter_.drawRoundedRect(Device(area), radius * unit_, radius * unit_);
     }
 
-    /// Set smaller until it fits.
+    /// Set smaller until it fits; the end of what is too long even then is cut off.
     void Text(const QRectF& area, int flags, const QString& text, double size, QFont::Weight weight,
               const QColor& colour) {
         const QRectF place = Device(area);
         QFont font = TextFont(size * unit_, weight);
-        const auto needed = [&] { return QFontMetricsF(font).boundingRect(place, flags, text); };
-        while (font.pixelSize() > SmallestFont && !place.adjusted(-1, -1, 1, 1).contains(needed()))
-            font.setPixelSize(font.pixelSize() - 1);
+        const auto fits = [&](const QString& shown) {
+            const QRectF needed = QFontMetricsF(font).boundingRect(place, flags, shown);
+            return place.adjusted(-1, -1, 1, 1).contains(needed);
+        };
+        while (font.pixelSize() > SmallestFont && !fits(text)) font.setPixelSize(font.pixelSize() - 1);
+        QString shown = text;
+        for (qsizetype kept = text.size(); kept > 0 && !fits(shown); --kept)
+            shown = text.first(kept).trimmed() + QStringLiteral("…");
         painter_.setFont(font);
         painter_.setPen(colour);
-        painter_.drawText(place, flags, text);
+        painter_.drawText(place, flags, shown);
     }
 
     /// The shadow or the light that lies around the box: faint layers, a device pixel from one to the
