@@ -510,6 +510,9 @@ constexpr int handTaps = 3;
 const QPointF handTip(12.3 / 32, 3.0 / 32);  // of its drawing
 const QPointF handPlace(13, 13);             // where the tip rests, from the middle of the tray
 
+constexpr double invitationReach = 0.4;  // of the light around the new-game button, in sides of it
+constexpr std::size_t newGame = 1;
+
 }  // namespace
 
 QRect BoardPainter::SignArea(Colour colour) const {
