@@ -361,6 +361,7 @@ TEST(BoardPicture, CrownsTheWinnerAndThrowsConfettiOnce) {
         board.settings.Speed = 95;
         board.state = Position("1:10 0 0 0  3:92 92 92 92");
         board.state.CurrentColour = 3;
+        board.state.GameInProgress = Yes;
         board.scene.ShowTurn(3);
         EXPECT_EQ(board.View().line.hint.startsWith("En casa: Amarillo 0"), !board.layout.HasCards());
         const QImage before = board.Painted();
