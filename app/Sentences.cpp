@@ -529,4 +529,24 @@ QString KindText(const Settings& settings, Colour colour) {
     return QStringLiteral("Ordenador, nivel %1").arg(settings.PlayerLevel[colour]);
 }
 
+// ---------------------------------------------------------------------------- chances
+
+QString OfHundredText(const engine::Estimate& chance) {
+    const int games = qRound(100 * chance.value);
+    if (chance.error > 0 && games < 1) return QStringLiteral("menos de 1");
+    if (chance.error > 0 && games > 99) return QStringLiteral("más de 99");
+    return QString::number(games);
+}
+
+QString ChanceText(const engine::Estimate& chance) {
+    return OfHundredText(chance) + " de cada 100";
+}
+
+QString MoveChanceText(Colour colour, Square from, const engine::Estimate& chance) {
+    const QString square =
+        from <= LastRingSquare ? QStringLiteral("de la %1").arg(from) : From(colour, from);
+    const QString move = from == 0 ? QStringLiteral("Si saca una ficha") : "Si mueve la ficha " + square;
+    return move + ": gana " + ChanceText(chance) + " partidas";
+}
+
 }  // namespace zorva

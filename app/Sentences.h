@@ -3,6 +3,7 @@
 #include <QString>
 
 #include "core/GameState.h"
+#include "engine/PlayOuts.h"
 
 namespace zorva {
 
@@ -106,5 +107,14 @@ QString OthersText(const GameState& state, const Settings& settings);
 QString StrengthText(Short level);
 /// Who plays a colour: "Persona", "Ordenador, nivel 50".
 QString KindText(const Settings& settings, Colour colour);
+
+/// How many of 100 games a chance wins: "41", "menos de 1", "más de 99". Only a chance without an error
+/// is said to win none or all of them.
+QString OfHundredText(const engine::Estimate& chance);
+/// "41 de cada 100".
+QString ChanceText(const engine::Estimate& chance);
+/// What a move is worth: "Si mueve la ficha de la 22: gana 41 de cada 100 partidas". Square 0 is the
+/// waiting box.
+QString MoveChanceText(Colour colour, Square from, const engine::Estimate& chance);
 
 }  // namespace zorva
