@@ -262,6 +262,13 @@ void BoardInput::MarkNext(int direction) {
     mesa_.Shared().Say(ChoiceText(state_, settings_, marked_));
 }
 
+void BoardInput::PointAt(Short piece) {
+    if (!IsPersonsPick()) return;
+    const Short shown = piece != 0 && IsMovable(piece) ? piece : marked_;
+    mesa_.Scene().ShowMarked(shown == 0 ? PieceCode{0} : CodeOf(state_.CurrentColour, shown));
+    Preview(shown);
+}
+
 void BoardInput::ShowWhatCanBePicked() {
     marked_ = 0;
     manualKeys_.Forget();

@@ -44,6 +44,9 @@ public:
     /// Marks the next movable piece of the person on turn (direction 1) or the one before (-1), and
     /// shows where it would go. Nothing while no move of a person is awaited.
     void MarkNext(int direction);
+    /// Marks that movable piece 1..4 and shows where it would go, without choosing it; 0 shows again
+    /// what the keyboard has marked.
+    void PointAt(Short piece);
 
     /// The cursor for that point as the game stands: a die while a throw is awaited, a hand on a piece
     /// that may be picked or dragged, an open or refusing hand during a drag, else the arrow.

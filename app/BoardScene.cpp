@@ -397,11 +397,18 @@ void BoardScene::ShowLine() {
 }
 
 void BoardScene::ShowCards() {
-    const auto before = std::exchange(view_.cards, CardsOf(state_, settings_, view_.onTurn));
+    auto cards = CardsOf(state_, settings_, view_.onTurn);
+    for (BoardView::Card& card : cards) card.chance = chances_[card.colour];
+    const auto before = std::exchange(view_.cards, std::move(cards));
     for (std::size_t place = 0; layout_.HasCards() && place < layout_.Card.size(); ++place) {
         const bool was = place < before.size(), is = place < view_.cards.size();
         if (was != is || (is && before[place] != view_.cards[place])) Repaint(CardArea(layout_, place));
     }
+}
+
+void BoardScene::ShowChances(const PerColour<QString>& chances) {
+    chances_ = chances;
+    ShowCards();
 }
 
 void BoardScene::ShowLastMove(const BoardView::LastMove& move) {

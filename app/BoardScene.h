@@ -85,6 +85,9 @@ public:
     /// Shows that the recorder stands at that move, -1 that it is off.
     void ShowTape(Short move);
 
+    /// Writes a line about its chances on each card; empty lines leave it out.
+    void ShowChances(const PerColour<QString>& chances);
+
     /// Brings what the table tells beside the board up to date: the line, the players' cards, the marks
     /// of the last move, and the hand at a die that waits for a click. Repaints what has changed. Must
     /// be called when a wait or manual mode begins or ends, and when names or players have changed; a
@@ -137,6 +140,7 @@ private:
     Layout layout_;
     BoardView view_;
     Point cursor_;
+    PerColour<QString> chances_;  // the lines on the cards
     std::vector<PieceMotion> motions_;
     std::vector<DieMotion> dieMotions_;
     PerColour<int> rolls_{};

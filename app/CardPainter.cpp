@@ -189,7 +189,12 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
     if (card.won) PaintDrawing(box, artwork, "laurel", laurel);
     if (card.won)
         PaintDrawing(box, artwork, "medal", laurel.adjusted(side / 4, side / 4, -side / 4, -side / 4));
-    box.Text({padding, last, width - side, box.Height() - last - 5},
+    const double chance = card.chance.isEmpty() ? 0 : 18;
+    if (chance != 0) {
+        box.Text({padding, box.Height() - 5 - chance, width, chance}, Qt::AlignVCenter | Qt::AlignLeft,
+                 card.chance, 13, QFont::Bold, faint);
+    }
+    box.Text({padding, last, width - side, box.Height() - last - 5 - chance},
              Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 13, QFont::Normal, text);
 }
 

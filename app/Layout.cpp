@@ -16,6 +16,7 @@ Short Round(double value) {
 constexpr Short recorderWidth = 50;
 constexpr Short recorderHeight = 75;
 constexpr Short recorderTop = 220;
+constexpr Short chancesKey = 24;
 constexpr Short logWidth = 150;
 constexpr Short logTop = 304;
 constexpr Short belowLog = 4;
@@ -165,6 +166,9 @@ void PlaceButtons(Layout& layout) {
 void PlaceStrip(Layout& layout) {
     layout.Recorder = {CentredBesideBoard(layout, recorderWidth), recorderTop, recorderWidth,
                        recorderHeight};
+    // In the upper right corner of the case.
+    layout.Chances = {ToShort(layout.Recorder.x + recorderWidth + 14), recorderTop - 9, chancesKey,
+                      chancesKey};
     layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
     // Beside the board there may be less room than the log takes. On screens of 640x480 and 800x600 its
     // height reaches 4 pixels below the screen (304 + 300 = 604). The paper ends 4 pixels above the

@@ -72,6 +72,7 @@ struct Layout {
     Box Buttons;                              ///< Pic_Botones
     std::array<Box, MenuButtonCount> Button;  ///< Pic_Boton, in the order of the menu
     Box Recorder;                             ///< Pic_Grabadora
+    Box Chances;                              ///< the key of the chances, on the recorder's case
     Box Log;                                  ///< Lis_Grabadora
     Box LogPaper;  ///< what is seen of the log: the part beside the board and on the screen
 

@@ -18,6 +18,7 @@
 #include "app/MoveLog.h"
 #include "app/Palette.h"
 #include "app/RecorderStrip.h"
+#include "app/WoodenKey.h"
 
 namespace zorva {
 
@@ -52,6 +53,12 @@ Mesa::Mesa(const GameState& state, const Settings& settings)
     log_ = new MoveLog(this, services_);
     resting_.setSingleShot(true);
     connect(&resting_, &QTimer::timeout, this, [this] { FollowSize(); });
+    chances_ = new WoodenKey(this, services_, "button_chances", " Probabilidades ");
+    chances_->setObjectName("Pic_Probabilidades");
+    chances_->Explain(true);
+    chances_->Pressed = [this] {
+        if (ChancesPressed) ChancesPressed();
+    };
     largeKeys_ = std::make_unique<LargeKeys>(this, services_, [this](RecorderKey key) {
         if (strip_->Pressed) strip_->Pressed(key);
     });
@@ -96,6 +103,7 @@ void Mesa::PlaceControls() {
         key.setGeometry(LogicalRect(layout.LargeKey[index]));
         key.setVisible(layout.HasLargeKeys());
     }
+    chances_->setGeometry(LogicalRect(layout.Chances));
 }
 
 void Mesa::UseScreen(QSize devicePixels, double devicePixelRatio) {
@@ -135,6 +143,7 @@ void Mesa::FollowSize() {
     scene_->SetScreen(services_.layout, devicePixels);
     PlaceControls();
     RefreshCursor();
+    if (LaidOut) LaidOut();
     resting_.start(static_cast<int>(clock.elapsed()));
 }
 
@@ -296,6 +305,7 @@ void Mesa::RefreshCursor() {
     buttons_->Refresh();
     strip_->RefreshCursor();
     largeKeys_->Refresh(strip_->IsLive, state_.GameInProgress != No);
+    chances_->ShowLive(!IsBlocked());
     ShowCursor(*this, CursorAt && !IsBlocked() ? CursorAt(at) : QCursor(Qt::ArrowCursor));
 }
 

@@ -21,6 +21,7 @@ class LargeKeys;
 class MenuButtons;
 class MoveLog;
 class RecorderStrip;
+class WoodenKey;
 enum class RecorderKey;
 
 /// The board window. It shows the board, the menu, the recorder and the log over the whole screen
@@ -87,6 +88,10 @@ public:
     std::function<void()> BoardBack;
     /// A key was pressed on the board. Never a modifier alone or an automatic repeat.
     std::function<void(const QKeyEvent& key)> KeyPressed;
+    /// The key of the window of chances was pressed.
+    std::function<void()> ChancesPressed;
+    /// The board has got another layout.
+    std::function<void()> LaidOut;
     /// The window manager wants the window closed. It stays open unless the program ends.
     std::function<void()> CloseWanted;
     /// The cursor for a point of the board, in layout pixels, as the game stands.
@@ -154,6 +159,7 @@ private:
     std::unique_ptr<MenuButtons> buttons_;
     RecorderStrip* strip_;  // Qt deletes it with the window, as it does the log
     MoveLog* log_;
+    WoodenKey* chances_;
     std::unique_ptr<LargeKeys> largeKeys_;
 };
 

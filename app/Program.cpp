@@ -85,7 +85,8 @@ Program::Program(const std::filesystem::path& programFolder, const std::filesyst
       runner_(state_, settings_, outside_),
       keeper_(state_, settings_),
       input_(state_, settings_, recorder_, mesa_),
-      recorderControl_({state_, settings_, outside_}, recorder_, mesa_) {
+      recorderControl_({state_, settings_, outside_}, recorder_, mesa_),
+      chances_(state_, settings_, recorder_, recorderControl_, input_, mesa_) {
     mesa_.setWindowState(Qt::WindowFullScreen);
     ConnectServices();
     ConnectWindow();
@@ -131,7 +132,12 @@ void Program::ConnectWindow() {
     mesa_.KeyPressed = [this](const QKeyEvent& key) { KeyPressed(key); };
     mesa_.CloseWanted = [this] { Leave(); };
     mesa_.CursorAt = [this](Point at) { return input_.CursorAt(at); };
-    mesa_.WaitChanged = [this] { input_.ShowWhatCanBePicked(); };
+    mesa_.WaitChanged = [this] {
+        input_.ShowWhatCanBePicked();
+        if (state_.WaitingForThrow || state_.WaitingForMove) chances_.Refresh();
+    };
+    mesa_.ChancesPressed = [this] { ShowChances(); };
+    mesa_.LaidOut = [this] { chances_.LayoutChanged(); };
     mesa_.Log().RowText = [this](int row) {
         return row == 0 ? QString() : NumberedMoveText(state_, settings_, ToShort(row));
     };
@@ -145,7 +151,11 @@ void Program::ConnectWindow() {
 }
 
 void Program::ConnectGame() {
-    outside_.PositionKept = [this](const GameState& position) { keeper_.PositionReached(position); };
+    outside_.PositionKept = [this](const GameState& position) {
+        chances_.PositionReached(position);
+        keeper_.PositionReached(position);
+    };
+    outside_.TapeMoved = [this] { chances_.Refresh(); };
     outside_.PieceLifted = [this] { screenSaver_.HoldOff(); };
     outside_.ResultKept = [this](const GameResult& result) {
         keeper_.AppendResult(result);
@@ -358,6 +368,7 @@ void Program::ApplyChoices() {
     mesa_.Strip().Explain(settings_.ButtonInfo == 1);
     mesa_.RecorderKeys().Explain(settings_.ButtonInfo == 1);
     mesa_.Scene().RepaintHouses();
+    chances_.Refresh();
 }
 
 void Program::Personalize() {
@@ -372,6 +383,11 @@ void Program::Personalize() {
 
 void Program::ShowHistory() {
     ShowHistoric(&mesa_, mesa_.Shared(), ReadHistory(keeper_.Folder()));
+}
+
+void Program::ShowChances() {
+    mesa_.Shared().PlaySound(Sound::PageOpens);
+    chances_.Toggle();
 }
 
 // ---------------------------------------------------------------------------------- the keyboard
@@ -392,9 +408,11 @@ bool Program::RecorderKeyPressed(const QKeyEvent& key) {
 // What players hear on request.
 bool Program::SpokenKeyPressed(int key) {
     const Services& shared = mesa_.Shared();
+    const GameState* latest = chances_.LatestGame();
+    const GameState& game = latest != nullptr ? *latest : state_;
     switch (key) {
         case Qt::Key_F8: shared.Say(PositionText(state_, settings_)); return true;
-        case Qt::Key_F9: shared.Say(LastMovesText(state_, settings_)); return true;
+        case Qt::Key_F9: shared.Say(LastMovesText(game, settings_)); return true;
         default: return false;
     }
 }
@@ -426,6 +444,8 @@ void Program::KeyPressed(const QKeyEvent& key) {
     const int code = key.key();
     if (unmodified && code >= Qt::Key_F1 && code <= Qt::Key_F6) {
         ButtonPressed(code - Qt::Key_F1);
+    } else if (unmodified && code == Qt::Key_F7) {
+        ShowChances();
     } else if (unmodified &&
                (WindowKeyPressed(code) || SpokenKeyPressed(code) || input_.ManualKey(code))) {
         return;

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "app/BoardInput.h"
+#include "app/ChancesControl.h"
 #include "app/GameKeeper.h"
 #include "app/GameRunner.h"
 #include "app/Mesa.h"
@@ -69,6 +70,7 @@ private:
     void ApplyChoices();
     void Personalize();
     void ShowHistory();
+    void ShowChances();
 
     void AwaitPlayer();
     bool IsPlayerAwaited() const;
@@ -87,6 +89,7 @@ private:
     GameKeeper keeper_;
     BoardInput input_;
     RecorderControl recorderControl_;
+    ChancesControl chances_;
     ScreenSaver screenSaver_;
     bool wasAwaited_ = false;   // at the board, when another window came in between
     bool asksToLeave_ = false;  // the question is open or waits for the player

@@ -153,6 +153,16 @@ void RecorderControl::Restore() {
     ShowSwitchedOff();
 }
 
+void RecorderControl::GoTo(Short moves) {
+    if (IsReplaying(recorder_)) return;
+    if (!recorder_.RecorderOn) {
+        mesa_.Shared().Say("La grabadora está apagada.");
+    } else if (moves >= 0 && moves < recorder_.RecorderEnd) {
+        GoToPosition(game_, recorder_, moves);
+        mesa_.RefreshCursor();
+    }
+}
+
 void RecorderControl::TakeTapeOut() {
     if (!recorder_.RecorderOn) return;
     RecorderSwitchOff(game_, recorder_);

@@ -18,6 +18,10 @@ public:
     /// Whether the key is shown as one that can be pressed, by the hand over it.
     bool IsLive(RecorderKey key) const;
 
+    /// Goes at once to the position after that many moves, while the recorder is on and no replay runs;
+    /// else it says what to do.
+    void GoTo(Short moves);
+
     /// Stops a replay, goes to the end of the tape and switches the recorder off; nothing when it is
     /// off.
     void TakeTapeOut();

@@ -153,6 +153,7 @@ void WindowOutside::MoveBegins(const MoveRecord& record) {
 void WindowOutside::SelectLogLine(Short line) {
     mesa_.Log().Select(line);
     scene_.ShowTape(line);
+    if (TapeMoved) TapeMoved();
 }
 
 void WindowOutside::CutLogFrom(Short line) {

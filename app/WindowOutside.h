@@ -21,6 +21,8 @@ public:
     std::function<void(const GameResult&)> ResultKept;
     /// Called whenever the game is whole and can be kept.
     std::function<void(const GameState&)> PositionKept;
+    /// Called whenever the recorder shows another position, or is switched off.
+    std::function<void()> TapeMoved;
     /// Called whenever a piece sets out.
     std::function<void()> PieceLifted;
 

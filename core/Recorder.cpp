@@ -122,6 +122,15 @@ void StepBack(const GameContext& game, RecorderState& recorder) {
     ShowPosition(game, recorder);
 }
 
+void GoToPosition(const GameContext& game, RecorderState& recorder, Short moves) {
+    SilentOutside silent;
+    const GameContext unseen{game.state, game.settings, silent};
+    while (game.state.MoveRecordCount > moves + 1) TakeBack(unseen);
+    while (game.state.MoveRecordCount < moves + 1) Replay(unseen, recorder);
+    game.outside.RefreshBoard(PiecesShown::OnTheirSquares);
+    ShowPosition(game, recorder);
+}
+
 void RecorderSwitchOff(const GameContext& game, RecorderState& recorder) {
     SilentOutside silent;
     while (game.state.MoveRecordCount < recorder.RecorderEnd) {

@@ -36,6 +36,10 @@ void StepForward(const GameContext& game, RecorderState& recorder);
 /// Takes back the move before the position and lowers the position by one. The position must be above 1.
 void StepBack(const GameContext& game, RecorderState& recorder);
 
+/// Goes to the position after that many moves at once, without walk, sound or pause. The tape has at
+/// least as many.
+void GoToPosition(const GameContext& game, RecorderState& recorder, Short moves);
+
 /// Deletes the moves from the position on, as if they had never been made, and switches the recorder
 /// off. A position whose next move has TurnEnd = No cannot be restored: then it first steps back to the
 /// nearest earlier one that can. The position must not be the end of the tape.

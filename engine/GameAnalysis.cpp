@@ -313,6 +313,10 @@ Estimate GameAnalysis::CostsOf(Seat seat, const Tally& tally) const {
     return sum;
 }
 
+const Moment& GameAnalysis::MomentAfter(std::size_t record) const {
+    return games_.MomentAt(record < first_ ? 0 : records_[record - first_].after);
+}
+
 RecordWorth GameAnalysis::OfRecord(std::size_t record, const Tally& tally) const {
     const RecordFigures& figures = records_[record - first_];
     RecordWorth worth{

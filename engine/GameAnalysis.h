@@ -64,6 +64,10 @@ public:
     RecordWorth OfRecord(std::size_t record, const Tally& tally) const;
     SeatWorth OfSeat(Seat seat, const Tally& tally) const;
 
+    /// The moment after a record from `first` on, or before them all for `first` - 1. After a capture
+    /// that is the one after the captured piece's return.
+    const Moment& MomentAfter(std::size_t record) const;
+
 private:
     class Builder;
 

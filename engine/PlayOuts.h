@@ -57,6 +57,7 @@ public:
 
     const GameRules& Rules() const { return rules_; }
     std::size_t Moments() const { return moments_.size(); }
+    const Moment& MomentAt(std::size_t number) const { return moments_[number]; }
 
     /// Both return the number of what was added, from 0. A figure names moments that were added before.
     std::size_t AddMoment(const Moment& moment);

@@ -37,6 +37,7 @@ def drawings():
         for index in range(6):
             yield f"bitmaps/button_{index}{ending}", partial(keys.draw_button, index, pressed)
             yield f"bitmaps/recorder_{index}{ending}", partial(keys.draw_recorder, index, pressed)
+        yield f"bitmaps/button_chances{ending}", partial(keys.draw_chances, pressed)
         for name in ("yes", "no", "accept"):
             yield f"bitmaps/{name}{ending}", partial(keys.draw_answer, name, pressed)
     for name, draw in (*panel.drawings(), *windows.drawings(), *title.drawings()):

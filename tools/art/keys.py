@@ -182,6 +182,20 @@ def draw_recorder(index, pressed):
     return key
 
 
+def _bars(d, colour, wood):
+    for x, top in ((12, 34), (26.5, 16), (41, 26)):
+        d.rect(x, top, 10.5, 51 - top, 2, fill=colour)
+
+
+def draw_chances(pressed):
+    """The small key of the window of chances. It has no inlay: that would be too fine."""
+    state = "pressed" if pressed else "at rest"
+    key = Drawing((0, 0, 64, 64), f"Key of the chances, {state}. Drawn by tools/make_art.py.")
+    draw_key(key, 3.5, 3.5, 55.5, 55.5, 11, pressed)
+    Emblem(key, pressed).paint(_bars)
+    return key
+
+
 def _tick(d, colour, wood):
     _stroke(d, colour, "M10.5 15.2L14.8 19.6L22.4 10.2", 3)
 
