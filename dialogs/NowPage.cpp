@@ -1,6 +1,7 @@
 #include "dialogs/NowPage.h"
 
 #include <QKeyEvent>
+#include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStringList>
@@ -103,7 +104,15 @@ QString NowPage::PageText() const {
         const QString worth = WorthText(move);
         lines << MoveText(move) + (worth.isEmpty() ? "." : ", " + worth + ".");
     }
+    if (const QString source = SourceText(); !source.isEmpty()) lines << source;
     return lines.join('\n');
+}
+
+// What the numbers come from.
+QString NowPage::SourceText() const {
+    if (report_.onTurn == 0 || report_.isWon || report_.playOuts == 0) return {};
+    const QString games = QLocale(QLocale::Spanish).toString(qulonglong(report_.playOuts));
+    return QStringLiteral("De %1 partidas terminadas desde aquí por el ordenador.").arg(games);
 }
 
 // ------------------------------------------------------------------------------------ the drawing
@@ -165,6 +174,13 @@ void NowPage::paintEvent(QPaintEvent*) {
     int row = 0;
     for (const Colour colour : ColoursIn(report_)) DrawBar(painter, colour, BarRow(row++));
     for (int move = 0; move < static_cast<int>(report_.moves.size()); ++move) DrawMove(painter, move);
+    painter.setPen(faint);
+    if (report_.moves.empty() && !report_.isWon) {
+        DrawLine(painter, MoveRow(0),
+                 "Cuando una persona elija ficha, aquí verá lo que vale cada jugada.",
+                 {13, QFont::Normal, true});
+    }
+    DrawLine(painter, QRectF(edge, 296, 534, 20), SourceText(), {12});
     if (hasFocus()) {
         decoration::DrawFocus(painter, LayoutArea(*this, services_).adjusted(2, 2, -2, -2), 3);
     }

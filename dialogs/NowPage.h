@@ -36,6 +36,7 @@ private:
     void DrawMove(QPainter& painter, int move) const;
     QString MoveText(const PositionReport::Move& move) const;
     QString WorthText(const PositionReport::Move& move) const;
+    QString SourceText() const;
     QString PageText() const;
 
     const Services& services_;

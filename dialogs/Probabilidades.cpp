@@ -56,9 +56,9 @@ protected:
     void paintEvent(QPaintEvent*) override {
         LayoutPainter painter(this, services_);
         const QRectF area = LayoutArea(*this, services_);
-        const QColor dark = palette::RuledPaper.darker(underMouse() ? 118 : 135);
+        const QColor behind = underMouse() ? QColor(0xdc, 0xc4, 0x96) : QColor(0xc4, 0xa8, 0x76);
         painter.setPen(QPen(palette::DarkWood, 0.8));
-        painter.setBrush(isChecked() ? palette::Paper : dark);
+        painter.setBrush(isChecked() ? palette::Paper : behind);
         painter.drawRoundedRect(area.adjusted(0.5, isChecked() ? 0.5 : 3, -0.5, 8), 6, 6);
         painter.setPen(palette::Ink);
         DrawLine(painter, area.adjusted(8, isChecked() ? 0 : 2, -8, 0), text(),
