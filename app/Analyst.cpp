@@ -9,7 +9,6 @@
 namespace zorva {
 namespace {
 
-constexpr std::uint64_t playOutsOfGame = 3'000;
 constexpr std::chrono::milliseconds betweenReports{100};
 
 unsigned ThreadsBesideTheGame() {
@@ -25,7 +24,7 @@ engine::Moment ShownMoment(const AnalysisTask& task) {
 
 }  // namespace
 
-Analyst::Analyst() : threads_(ThreadsBesideTheGame()), game_(playOutsOfGame) {}
+Analyst::Analyst(std::uint64_t ofGame) : threads_(ThreadsBesideTheGame()), game_(ofGame) {}
 
 Analyst::~Analyst() {
     Rest();

@@ -31,8 +31,8 @@ struct AnalysisTask {
 /// threads need they get as copies.
 class Analyst : public QObject {
 public:
-    /// Leaves one processor to the game.
-    Analyst();
+    /// Of a game, `ofGame` play-outs are made from each moment. Leaves one processor to the game.
+    explicit Analyst(std::uint64_t ofGame = 3'000);
     /// Waits until the play-outs under way have broken off, which takes some milliseconds.
     ~Analyst() override;
 

@@ -80,11 +80,11 @@ struct BoardView {
         QString name;
         QString kind;  ///< a person, or the computer and its level
         QString last;  ///< what it did last, or how the game has ended for it
-        QString chance{};  ///< how often it would win; usually empty
         Short home = 0;
         Short toGo = 0;  ///< squares
         bool lit = false;
         bool won = false;
+        QString chance{};  ///< how often it would win; usually empty
         bool operator==(const Card&) const = default;
     };
 

@@ -76,11 +76,9 @@ GameState Bare(GameState state) {
     return state;
 }
 
-/// Steps once on the tape of the game that stands at `live` and compares with what the game passed
+/// Compares the position on the tape of the game that stands at `live` with what the game passed
 /// through.
-void StepAndLook(TapedGame& game, const GameState& live, RecorderState& recorder,
-                 decltype(StepBack)& step) {
-    step(game.AsGame(), recorder);
+void Look(TapedGame& game, const GameState& live) {
     const Short position = game.state.MoveRecordCount;
     const bool atEnd = position == live.MoveRecordCount;
     EXPECT_TRUE(TablesOf(game.state) == TablesOf(atEnd ? live : game.before[position])) << position;
@@ -89,6 +87,12 @@ void StepAndLook(TapedGame& game, const GameState& live, RecorderState& recorder
     EXPECT_EQ(game.face, atEnd ? ReadyFace(live) : game.thrown[position - 1]) << position;
     EXPECT_EQ(game.selected, position - 1);
     EXPECT_EQ(game.state.CaptureReport, 0);
+}
+
+void StepAndLook(TapedGame& game, const GameState& live, RecorderState& recorder,
+                 decltype(StepBack)& step) {
+    step(game.AsGame(), recorder);
+    Look(game, live);
 }
 
 /// Steps through the whole tape twice and leaves it somewhere in the middle.
@@ -106,8 +110,10 @@ void UseTape(TapedGame& game, Chance& chance) {
         EXPECT_EQ(Bare(game.state), Bare(live));
         EXPECT_FALSE(CanRestore(game.state, recorder));
     }
-    for (std::uint32_t left = chance.Below(30); left > 0 && CanStepBack(game.state, recorder); --left) {
-        StepBack(game.AsGame(), recorder);
+    const auto moves = static_cast<std::uint32_t>(live.MoveRecordCount);
+    for (int jump = 0; jump < 3; ++jump) {
+        GoToPosition(game.AsGame(), recorder, ToShort(chance.Below(moves)));
+        Look(game, live);
     }
     RecorderSwitchOff(game.AsGame(), recorder);
     EXPECT_EQ(Bare(game.state), Bare(live));

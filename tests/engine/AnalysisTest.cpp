@@ -324,6 +324,8 @@ TEST_P(GameAnalysisTest, GoesOnWithTheNewRecordsOfAGame) {
     EXPECT_EQ(two.end.value, sum.end.value);
     EXPECT_NEAR(one.own.luck.value + two.own.luck.value, sum.own.luck.value, 1e-9);
     EXPECT_NEAR(one.shift.value + two.shift.value, sum.shift.value, 1e-9);
+    EXPECT_EQ(before.MomentAfter(first - 1).position, Moment(game.middle).position);
+    EXPECT_EQ(after.MomentAfter(first - 1).seat, Moment(game.middle).seat);
     EXPECT_EQ(nothing.Records() + nothing.Games().Moments(), 1);
     EXPECT_EQ(nothing.OfSeat(2, none).start.value, sum.end.value);
 }
