@@ -101,6 +101,16 @@ bool MovesAPiece(const MoveRecord& record) {
     return record.Piece != 0 && record.From != record.To;
 }
 
+// A capture by the first piece puts a return between the two exits.
+bool FollowsByItself(const GameState& state, Short move) {
+    const MoveRecord* record = &state.MoveRecords[move];
+    if (record->OnBehalf != 0) return true;
+    const MoveRecord* first = record - 1;
+    if (first->OnBehalf != 0) --first;
+    return record->Die == ExitCount && !record->TurnEnd && first->Die == ExitCount && first->From == 0 &&
+           first->Piece != 0 && first->MoverColour == record->MoverColour;
+}
+
 bool IsBonus(const MoveRecord& record) {
     return record.Count == ArrivalBonus || record.Count == CaptureBonus;
 }

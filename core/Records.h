@@ -31,6 +31,11 @@ Colour ColourOnTurn(const MoveRecord& record);
 /// that lies in its box already because a person dragged it there.
 bool MovesAPiece(const MoveRecord& record);
 
+/// Whether the record follows from the one before it, with neither a throw nor a choice of its own: a
+/// captured piece's return, or the second piece out of the box with the five of the first. `move` is a
+/// record of the state, from 1.
+bool FollowsByItself(const GameState& state, Short move);
+
 /// Whether the move was a bonus of 10 or 20 squares, walked or passed.
 bool IsBonus(const MoveRecord& record);
 

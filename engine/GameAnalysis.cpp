@@ -39,17 +39,15 @@ Turn TurnAfter(const MoveRecord& record, const GameRules& rules) {
     return {ColourAt(rules.next[SeatOf(colour)]), 0, 0};
 }
 
-// The second piece leaves the box with the five of the first, without a decision.
-bool IsSecondExit(const MoveRecord& first, const MoveRecord& record) {
-    return record.Die == ExitCount && !record.TurnEnd && first.Die == ExitCount && first.From == 0 &&
-           first.Piece != 0 && first.MoverColour == record.MoverColour;
-}
-
 // Which of two pieces on one square moves makes no difference.
 bool IsSameMove(const Moment& moment, const MoveChoice& one, const MoveChoice& other) {
     if (one.piece == NoPiece || other.piece == NoPiece) return one.piece == other.piece;
     const Side& side = moment.position.SideOf(moment.seat);
     return side.StepOf(one.piece) == side.StepOf(other.piece) && one.to == other.to;
+}
+
+Square FromOf(const Moment& moment, const MoveChoice& move) {
+    return ToShort(SquareAt(moment.seat, moment.position.SideOf(moment.seat).StepOf(move.piece)));
 }
 
 MoveChoice MoveOf(const MoveRecord& record) {
@@ -79,7 +77,7 @@ public:
         expected_ = worths_.empty() ? TurnAtEnd() : TurnBefore(RecordNow(), {});
         Restart(MomentOf(expected_));
         for (; board_.MoveRecordCount < game_.MoveRecordCount; ++board_.MoveRecordCount) {
-            if (!FollowsByItself()) Begin(RecordNow());
+            if (!FollowsByItself(board_, board_.MoveRecordCount)) Begin(RecordNow());
             ExecuteMove({board_, settings_, outside_}, ExecutionMode::Forward, board_.MoveRecordCount);
             expected_ = TurnAfter(RecordNow(), games_.Rules());
         }
@@ -95,18 +93,11 @@ private:
 
     struct Worth {
         Figure luck, choice;
-        std::vector<Figure> better;
+        std::vector<std::pair<Figure, Square>> better;
         std::size_t after = 0;
     };
 
     const MoveRecord& RecordNow() const { return board_.MoveRecords[board_.MoveRecordCount]; }
-
-    bool FollowsByItself() const {
-        if (RecordNow().OnBehalf != 0) return true;
-        const MoveRecord* before = &RecordNow() - 1;
-        if (before->OnBehalf != 0) --before;
-        return IsSecondExit(*before, RecordNow());
-    }
 
     Turn TurnAtEnd() const {
         if (HasWon(game_)) return expected_;
@@ -151,9 +142,9 @@ private:
     Moment Reach(const Turn& turn) {
         const Moment next = MomentOf(expected_);
         if (cause_ != Cause::Nothing) AddChange(cause_, record_, games_.AddMoment(next));
-        for (const std::size_t other : others_) {
-            worths_[record_].better.push_back({});
-            worths_[record_].better.back().AddChange(here_, other);
+        for (const auto& [moment, from] : others_) {
+            worths_[record_].better.push_back({{}, from});
+            worths_[record_].better.back().first.AddChange(here_, moment);
         }
         others_.clear();
         for (; ended_ + 1 < static_cast<std::size_t>(board_.MoveRecordCount); ++ended_) {
@@ -208,7 +199,7 @@ private:
             cause_ = Cause::Choice;
         }
         if (settings_.PlayerType[record.MoverColour] != 2) return;
-        if (!isExpected) others_.push_back(here_);
+        if (!isExpected) others_.emplace_back(here_, FromOf(now, expected));
         AddOthers(game, {made, expected});
     }
 
@@ -219,7 +210,7 @@ private:
             const auto isSame = [&](const MoveChoice& other) { return IsSameMove(now, move, other); };
             if (std::any_of(known.begin(), known.end(), isSame)) continue;
             known.push_back(move);
-            others_.push_back(MomentAfter(game, move));
+            others_.emplace_back(MomentAfter(game, move), FromOf(now, move));
         }
     }
 
@@ -249,7 +240,8 @@ private:
         const Seat seat = worth.luck.seat;
         RecordFigures figures{
             seat, worth.after, AddFigure(seat, worth.luck), AddFigure(seat, worth.choice), {}};
-        for (const Figure& better : worth.better) figures.better.push_back(AddFigure(seat, better));
+        for (const auto& [figure, from] : worth.better)
+            figures.better.emplace_back(AddFigure(seat, figure), from);
         return figures;
     }
 
@@ -267,12 +259,13 @@ private:
     SilentOutside outside_;
     std::array<unsigned, SeatCount> throws_{};
 
-    Turn expected_;                    // the turn that the rules say comes next
-    std::size_t here_ = 0;             // the moment at which the step begins
-    Cause cause_ = Cause::Nothing;     // of its change
-    std::size_t record_ = 0;           // whose worth it is, counted from 0
-    std::vector<std::size_t> others_;  // the moments after other moves than the one made
-    std::size_t ended_ = 0;            // records that have their moment after
+    Turn expected_;                 // the turn that the rules say comes next
+    std::size_t here_ = 0;          // the moment at which the step begins
+    Cause cause_ = Cause::Nothing;  // of its change
+    std::size_t record_ = 0;        // whose worth it is, counted from 0
+    // The moments after other moves than the one made, and the squares from which they are made.
+    std::vector<std::pair<std::size_t, Square>> others_;
+    std::size_t ended_ = 0;  // records that have their moment after
     std::size_t latestSix_ = 0;
 
     std::vector<Worth> worths_;
@@ -291,13 +284,13 @@ Estimate GameAnalysis::ChanceAt(std::size_t moment, Seat seat, const Tally& tall
 }
 
 // The best of several estimates seems better than it is, so a cost must be more than its error.
-Estimate GameAnalysis::CostOf(const RecordFigures& record, const Tally& tally) const {
-    Estimate cost;
-    for (const std::size_t figure : record.better) {
+std::pair<Estimate, Square> GameAnalysis::CostOf(const RecordFigures& record, const Tally& tally) const {
+    std::pair<Estimate, Square> cost;
+    for (const auto& [figure, from] : record.better) {
         const Estimate better = games_.Of(tally, figure);
-        if (cost.error == 0 || better.value > cost.value) cost = better;
+        if (cost.first.error == 0 || better.value > cost.first.value) cost = {better, from};
     }
-    if (cost.value < 2 * cost.error) cost.value = 0;
+    if (cost.first.value < 2 * cost.first.error) cost.first.value = 0;
     return cost;
 }
 
@@ -306,7 +299,7 @@ Estimate GameAnalysis::CostsOf(Seat seat, const Tally& tally) const {
     Estimate sum;
     for (const RecordFigures& record : records_) {
         if (record.seat != seat) continue;
-        const Estimate cost = CostOf(record, tally);
+        const Estimate cost = CostOf(record, tally).first;
         sum.value += cost.value;
         sum.error = std::hypot(sum.error, cost.error);
     }
@@ -319,8 +312,9 @@ const Moment& GameAnalysis::MomentAfter(std::size_t record) const {
 
 RecordWorth GameAnalysis::OfRecord(std::size_t record, const Tally& tally) const {
     const RecordFigures& figures = records_[record - first_];
+    const auto [cost, better] = CostOf(figures, tally);
     RecordWorth worth{
-        {}, games_.Of(tally, figures.luck), games_.Of(tally, figures.choice), CostOf(figures, tally)};
+        {}, games_.Of(tally, figures.luck), games_.Of(tally, figures.choice), cost, better};
     for (Seat seat = 0; seat < SeatCount; ++seat) {
         worth.chances[seat] = ChanceAt(figures.after, seat, tally);
     }

@@ -10,6 +10,7 @@ struct RecordWorth {
     Estimate luck;
     Estimate choice;
     Estimate cost;
+    Square better = 0;  ///< where the piece stood that should have moved, if there is a cost; 0: the box
 };
 
 /// What the records of a whole game were worth to a seat. `own` are the sums over its own throws and
@@ -76,14 +77,16 @@ private:
         Seat seat;          ///< on turn
         std::size_t after;  ///< the moment after the record, which is no figure
         std::size_t luck, choice;
-        std::vector<std::size_t> better;  ///< another move less the one made, for each other move
+        /// Each other move less the one made, and where its piece stands.
+        std::vector<std::pair<std::size_t, Square>> better;
     };
     struct SeatFigures {
         std::size_t ownLuck, ownChoice, luck, choice, shift;
     };
 
     Estimate ChanceAt(std::size_t moment, Seat seat, const Tally& tally) const;
-    Estimate CostOf(const RecordFigures& record, const Tally& tally) const;
+    /// And where the piece of the best other move stands.
+    std::pair<Estimate, Square> CostOf(const RecordFigures& record, const Tally& tally) const;
     Estimate CostsOf(Seat seat, const Tally& tally) const;
 
     PlayOuts games_;

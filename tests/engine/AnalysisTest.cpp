@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <set>
 #include <thread>
 
 #include "core/Records.h"
@@ -181,6 +182,8 @@ public:
         const std::size_t first = 3 * (record - 1);
         return {games_.Of(tally, first), games_.Of(tally, first + 1), games_.Of(tally, first + 2)};
     }
+    /// Where a person could choose between two squares: the one that was left alone; else -1.
+    Square LeftAlone(std::size_t record) const { return worths_[record - 1].leftAlone; }
     Estimate Shift(const Tally& tally) const { return games_.Of(tally, shift_); }
     const PlayOuts& Games() const { return games_; }
     const Settings& Rules() const { return game_.kind.settings; }
@@ -204,6 +207,7 @@ private:
     struct Worth {
         Figure luck, choice;
         std::size_t after = 0;
+        Square leftAlone = -1;
     };
 
     std::size_t Add(const GameState& state) {
@@ -244,6 +248,12 @@ private:
         if (open_ != Open::Choice) return;
         GameState decided = game_.state;
         decided.WaitingForMove = Yes;
+        std::set<Square> others;
+        for (Short piece = 1; piece <= PiecesPerColour; ++piece)
+            if (decided.MovablePieces[piece])
+                others.insert(decided.PiecePosition[record.MoverColour][piece]);
+        others.erase(record.From);
+        if (others.size() == 1) worths_.back().leftAlone = *others.begin();
         const std::size_t thrown = Add(decided);
         if (record.Die != 0) worths_[first_].luck.AddChange(here_, thrown);
         here_ = thrown;
@@ -275,6 +285,7 @@ TEST_P(GameAnalysisTest, DividesTheChangesAmongDiceChoicesAndDisplacements) {
     const GameAnalysis analysis(game.end, game.Rules(), 5);
     const Tally tally = analysis.Games().Play(0, 150, 1), other = game.Games().Play(0, 150, 1);
     PerColour<double> luckOf{}, choiceOf{}, costOf{};
+    int compared = 0;
     for (std::size_t record = 1; record <= analysis.Records(); ++record) {
         const engine::RecordWorth worth = analysis.OfRecord(record, tally);
         const engine::Seat seat = game.SeatOf(record);
@@ -285,9 +296,14 @@ TEST_P(GameAnalysisTest, DividesTheChangesAmongDiceChoicesAndDisplacements) {
         luckOf[seat] += worth.luck.value;
         choiceOf[seat] += worth.choice.value;
         costOf[seat] += worth.cost.value;
+        if (worth.cost.error > 0 && game.LeftAlone(record) >= 0) {
+            EXPECT_EQ(worth.better, game.LeftAlone(record)) << record;
+            ++compared;
+        }
         EXPECT_TRUE(worth.cost.value == 0 || worth.cost.value >= 2 * worth.cost.error);
         EXPECT_GE(worth.cost.value + 2 * worth.cost.error, -worth.choice.value);
     }
+    EXPECT_GT(compared, 3);
     EXPECT_EQ(analysis.OfSeat(0, tally).shift.value, game.Shift(other).value);
     for (const engine::Seat seat : {0U, 2U}) {
         const SeatWorth worth = analysis.OfSeat(seat, tally);
