@@ -90,6 +90,14 @@ void DrawWarmLit(QPainter& painter, const QString& drawing, const QRectF& area,
     painter.drawPixmap(area, lit, lit.rect());
 }
 
+// Rounded to device pixels, so that the pixmap is copied and not blurred.
+void DrawPixmap(QPainter& painter, const QString& name, const QRectF& area, const Services& services) {
+    const double unit = services.layout.Unit;
+    const QPixmap pixmap = services.artwork.Pixmap(name, DevicePixels(area.size(), services));
+    const QPointF corner(qRound(area.left() * unit) / unit, qRound(area.top() * unit) / unit);
+    painter.drawPixmap(QRectF(corner, QSizeF(pixmap.size()) / unit), pixmap, pixmap.rect());
+}
+
 // Light over a wider dark line: it is seen on wood and on paper alike.
 void DrawFocus(QPainter& painter, const QRectF& area, double radius) {
     painter.setBrush(Qt::NoBrush);

@@ -36,6 +36,9 @@ void DrawSunkenFrame(QPainter& painter, const QRectF& area);
 void DrawWarmLit(QPainter& painter, const QString& drawing, const QRectF& area,
                  const Services& services);
 
+/// Draws a drawing of the program and keeps its pixmap: for what is drawn again and again.
+void DrawPixmap(QPainter& painter, const QString& name, const QRectF& area, const Services& services);
+
 /// Draws the mark of the control that has the focus: a lit line round the area, its corners rounded by
 /// that radius.
 void DrawFocus(QPainter& painter, const QRectF& area, double radius);

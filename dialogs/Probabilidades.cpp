@@ -23,12 +23,12 @@ namespace zorva {
 namespace {
 
 // In layout pixels.
-constexpr QSize windowSize(600, 440);
+constexpr QSize windowSize(600, 464);
 constexpr QRectF heading(0, 0, 600, 40);
-constexpr Box paper{17, 66, 566, 324};
-constexpr Box cardsSwitch{17, 395, 230, 30};
-constexpr QRectF progressLine(262, 408, 200, 4);
-constexpr Box leaveButton{487, 395, 96, 30};
+constexpr Box paper{17, 66, 566, 348};
+constexpr Box cardsSwitch{17, 419, 230, 30};
+constexpr QRectF progressLine(262, 432, 200, 4);
+constexpr Box leaveButton{487, 419, 96, 30};
 constexpr Short tabWidth = 150, tabHeight = 26;
 constexpr int aroundWindow = 8;
 constexpr int besideBoard = 20;  // with its frame
