@@ -218,8 +218,8 @@ void ChancePlot::DrawTold(QPainter& painter) const {
     DrawLine(painter, {0, 0, toldLeft - 6, high}, RecordText(record) + ". De cada 100 gana:", bold);
     double left = toldLeft;
     for (const Colour colour : ColoursOf(report_)) {
-        DrawPiece(painter, services_, colour, {left + pieceSize / 2, (toldHeight - 3) / 2});
-        DrawLine(painter, {left + pieceSize + 1, 0, slot - pieceSize - 6, toldHeight - 3},
+        DrawPiece(painter, services_, colour, {left + pieceSize / 2, high / 2});
+        DrawLine(painter, {left + pieceSize + 1, 0, slot - pieceSize - 6, high},
                  OfHundredText(ChanceAfter(report_, record, colour)), bold);
         left += slot;
     }
