@@ -23,6 +23,7 @@ constexpr double caseBelow = 13;
 constexpr double widestReel = 58;
 constexpr double smallestReel = 18;  // where there is less room, the reels are left out
 constexpr double besideReel = 6;
+constexpr double belowMiddle = 4;  // the small key lies above one of them
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double caseShadow = 10;
 constexpr double keyCaseBorder = 4;
@@ -85,7 +86,7 @@ void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const
     for (const double direction : {-1.0, 1.0}) {
         QRectF reel(0, 0, side, side);
         reel.moveCenter({body.center().x() + direction * (layout.Recorder.width + free - 3) / 2,
-                         layout.Recorder.y + layout.Recorder.height / 2.0});
+                         layout.Recorder.y + layout.Recorder.height / 2.0 + belowMiddle});
         artwork.Paint(painter, "panel_reel", OnDevice(layout, reel));
     }
 }

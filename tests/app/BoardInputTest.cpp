@@ -178,6 +178,11 @@ TEST_F(OnTheBoard, KeysThrowAcceptAndMark) {
     input.MarkNext(-1);
     input.MarkNext(-1);
     EXPECT_EQ(View().marked, 12) << "round and round";
+    input.PointAt(1);
+    EXPECT_EQ(View().preview.piece, 11) << "another window points at it";
+    input.PointAt(0);
+    EXPECT_EQ(View().marked, 12);
+    EXPECT_EQ(View().preview.piece, 12);
     input.MarkNext(1);
     EXPECT_EQ(View().marked, 11);
     Key(Qt::Key_Return);

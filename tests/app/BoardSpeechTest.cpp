@@ -85,7 +85,8 @@ TEST_F(SpokenBoard, HoldsControlsDicePiecesAndSquares) {
         }
     }
     EXPECT_EQ(squares, 100);
-    EXPECT_EQ(pressable, 4 + 16);
+    EXPECT_EQ(pressable, 4 + 16 + 1);
+    EXPECT_NE(ChildNamed("Probabilidades"), nullptr);
     EXPECT_NE(ChildNamed("Registro de jugadas"), nullptr);
     EXPECT_NE(ChildNamed("Grabadora de jugadas"), nullptr);
     EXPECT_EQ(ChildNamed("Una jugada atrás"), nullptr) << "the strip has that key";

@@ -50,6 +50,9 @@ TEST(Controls, ExplainShowAndTakePresses) {
         QTest::mouseClick(&strip, Qt::LeftButton, {}, {x, 10});
     }
     EXPECT_EQ(presses, 2);
+    mesa.ChancesPressed = [&] { ++presses; };
+    QTest::mouseClick(mesa.findChild<QWidget*>("Pic_Probabilidades"), Qt::LeftButton);
+    EXPECT_EQ(presses, 3);
 }
 
 TEST(Controls, AreExplainedBesideTheHand) {

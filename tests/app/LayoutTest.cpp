@@ -111,7 +111,7 @@ TEST(Layout, HasRoomForEverythingBesideTheBoard) {
         QRegion taken(QRect(layout.Margin, layout.Margin, 21 * layout.Cell, 21 * layout.Cell)
                           .adjusted(-edge, -edge, edge, edge));
         std::vector<Box> boxes(layout.Button.begin(), layout.Button.end());
-        boxes.insert(boxes.end(), {layout.Recorder, layout.LogPaper, layout.Line});
+        boxes.insert(boxes.end(), {layout.Recorder, layout.LogPaper, layout.Line, layout.Chances});
         if (layout.HasCards()) boxes.insert(boxes.end(), layout.Card.begin(), layout.Card.end());
         withCards += layout.HasCards() ? 1 : 0;
         const QRect band(layout.Recorder.Centre().x - layout.BandWidth / 2, 0, layout.BandWidth,
@@ -133,7 +133,8 @@ TEST(Layout, HasRoomForEverythingBesideTheBoard) {
         for (const Box& box : boxes) {
             const QRect place(box.x, box.y, box.width, box.height);
             EXPECT_TRUE(table.contains(place)) << box.x << ',' << box.y;
-            EXPECT_GE(std::min(box.width, box.height), 28) << box.x << ',' << box.y;
+            EXPECT_GE(std::min(box.width, box.height), box == layout.Chances ? 24 : 28)
+                << box.x << ',' << box.y;
             EXPECT_FALSE(taken.intersects(place)) << box.x << ',' << box.y;
             taken += place;
         }

@@ -121,6 +121,16 @@ TEST_F(WithATape, RestoreForgetsTheMovesBehindOrExplainsItself) {
     EXPECT_EQ(outside.Only({"message"}).size(), 1u);
 }
 
+TEST_F(WithATape, GoesToAMoveWhileItIsOn) {
+    control.GoTo(0);
+    EXPECT_EQ(state.MoveRecordCount, 3);
+    Press(OnOff);
+    for (const auto& [to, reached] : {std::pair<Short, Short>{0, 10}, {2, 18}, {1, 13}, {3, 13}}) {
+        control.GoTo(to);
+        EXPECT_EQ(state.PiecePosition[1][1], reached) << to;
+    }
+}
+
 TEST_F(WithATape, TakingTheTapeOutStopsAReplayAtTheEnd) {
     control.TakeTapeOut();
     EXPECT_EQ(outside.All(), Notes{}) << "the recorder is off";
