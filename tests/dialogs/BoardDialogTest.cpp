@@ -11,6 +11,7 @@
 #include "dialogs/NameBox.h"
 #include "dialogs/Personal.h"
 #include "dialogs/PictureButton.h"
+#include "dialogs/Probabilidades.h"
 #include "dialogs/mensajes.h"
 #include "tests/dialogs/WindowFixture.h"
 
@@ -28,6 +29,8 @@ protected:
         windows.push_back(std::make_unique<Ayuda>(&board, *services, "<html></html>"));
         windows.push_back(std::make_unique<Personal>(&board, *services, settings, false,
                                                      PersonalHooks{{}, [this] { ++saved; }}));
+        windows.push_back(
+            std::make_unique<Probabilidades>(&board, *services, Probabilidades::Page::Now));
         return windows;
     }
 
@@ -68,7 +71,8 @@ TEST_F(BoardDialogTest, F1OpensTheManualWhereKeysDoNotAnswer) {
             }
         }
     }
-    EXPECT_EQ(readOver, QStringList({"Historic", "Personal", "Personal", "Personal", "Personal"}));
+    EXPECT_EQ(readOver, QStringList({"Historic", "Personal", "Personal", "Personal", "Personal",
+                                     "Probabilidades"}));
 }
 
 TEST_F(BoardDialogTest, LiesOnItsScreenWithoutOverlaps) {
@@ -139,6 +143,9 @@ TEST_F(BoardDialogTest, ScreenReadersFindNamesRolesAndAnswers) {
         {"Pic_Opcion_6_3", "Rojo: Tipo de juego", "Manual", QAccessible::CheckBox},
         {"Txt_Nombre_1", "Amarillo: Nombre", "", QAccessible::EditableText},
         {"Pic_Nivel_2", "Azul: Nivel de juego", "Juega flojo", QAccessible::Slider},
+        {"Bot_Pagina_2", "La partida", "", QAccessible::RadioButton},
+        {"Bot_Tarjetas", "Mostrar en las tarjetas", "", QAccessible::CheckBox},
+        {"Pic_Ahora", "Ahora", "", QAccessible::Client},
     };
     const auto windows = AllWindows();
     for (const auto& row : rows) {
