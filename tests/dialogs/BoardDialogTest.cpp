@@ -169,7 +169,7 @@ TEST_F(BoardDialogTest, WhatTakesTheFocusHasANameAndShowsTheFocus) {
         for (QWidget* control : window->findChildren<QWidget*>()) {
             if (control->focusPolicy() == Qt::NoFocus || control->objectName() == "Pic_Focus") continue;
             SCOPED_TRACE(control->objectName().toStdString());
-            EXPECT_FALSE(control->accessibleName().isEmpty());
+            EXPECT_TRUE(control->isHidden() || !control->accessibleName().isEmpty());
             if (!control->isVisible()) continue;
             control->clearFocus();
             const QImage without = window->grab().toImage();

@@ -94,7 +94,7 @@ TEST_F(ProbabilidadesTest, PointsAtMovesByMouseAndKeyboard) {
 TEST_F(ProbabilidadesTest, TurnsItsPages) {
     Open({1366, 768});
     for (const auto& [key, modifier] : {std::pair{Qt::Key_Tab, Qt::ControlModifier},
-                                        {Qt::Key_Right, Qt::NoModifier},
+                                        {Qt::Key_Tab, Qt::ControlModifier},
                                         {Qt::Key_Right, Qt::NoModifier},
                                         {Qt::Key_Left, Qt::NoModifier},
                                         {Qt::Key_2, Qt::NoModifier}})
