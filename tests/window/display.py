@@ -161,6 +161,9 @@ class Display:
     def is_shown(self, window):
         return window.id in self._run("xdotool", "search", "--onlyvisible", "--name", "^Zorva").split()
 
+    def is_mapped(self, window):
+        return "IsViewable" in self._run("xwininfo", "-id", window.id)
+
     def is_dialog(self, window):
         return "window id" in self.property(window, "WM_TRANSIENT_FOR")
 

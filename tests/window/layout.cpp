@@ -56,6 +56,7 @@ QJsonObject Json(const Layout& layout) {
             {"trays", List(1, 4, [&](Short colour) { return Json(layout.DieBox(colour)); })},
             {"buttons", List(0, 5, [&](Short index) { return Json(layout.Button[index].Centre()); })},
             {"keys", List(0, 5, [&](Short key) { return Json(KeyCentre(layout, RecorderKey{key})); })},
+            {"chances", Json(layout.Chances.Centre())},
             {"log", Json(layout.LogPaper)}};
 }
 

@@ -33,7 +33,8 @@ class Waiting(WindowTest):
                  ("awaiting a move", lambda: (self.click_recorder("on/off"), self.click_board())),
                  ("pointing at a piece", lambda: self.point_at(self.layout.square(20))),
                  ("behind a question", lambda: (self.display.key("F2"), self.wait_for_message(ABANDON_TITLE))),
-                 ("hidden", lambda: (self.answer(ABANDON_TITLE, "no"), self.display.key("Escape"))))
+                 ("over the chances", lambda: (self.answer(ABANDON_TITLE, "no"), self.display.key("F7"))),
+                 ("hidden", lambda: (self.display.key("Escape"), self.wait_for_board(), self.display.key("Escape"))))
         for what, step in steps:
             step()
             self.assert_idle(what)

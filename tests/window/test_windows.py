@@ -105,3 +105,27 @@ class BoardAsWindow(WindowTest):
             self.board_as_drawn()
             self.display.act("mouseup 1")
         self.assertEqual(self.file_stamp(), before)
+
+
+class Chances(WindowTest):
+    """The window of chances lies beside the board, where there is room, and the game goes on."""
+    screen = (1366, 768)
+
+    def test_the_game_goes_on_beside_it(self):
+        before = game_at(POSITIONS, turn=1)
+        self.start(Settings(pause=ON, speed=100), before)
+        self.display.key("F7")
+        window = self.wait_for_message("Probabilidades")
+        self.click_board()
+        self.wait_for_moves(before.moves + 1)
+        self.wait_for_board()
+        self.assertTrue(self.display.is_mapped(window), "closed by a click on the board")
+        self.display.key("space")
+        self.wait_for_moves(before.moves + 2)
+        self.display.key("F7")
+        self.wait_until(lambda: not self.display.is_mapped(window), "the end of the window")
+        self.click(self.layout.chances)
+        self.wait_for_message("Probabilidades")
+        self.display.key("2", "Escape")
+        self.wait_for_board()
+        self.settle()  # nothing is computed behind it
