@@ -37,6 +37,9 @@ public:
     /// was none.
     const GameState* LatestGame() const;
 
+    /// Whether anything is being analysed.
+    bool IsAtWork() const { return analyst_.IsAtWork(); }
+
 private:
     void Open(Probabilidades::Page page);
     void Closed();
