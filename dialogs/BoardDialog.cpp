@@ -82,7 +82,7 @@ void BoardDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 void BoardDialog::showEvent(QShowEvent* event) {
-    MoveToMiddle();
+    MoveToPlace();
     QDialog::showEvent(event);
 }
 
@@ -94,17 +94,17 @@ void BoardDialog::closeEvent(QCloseEvent* event) {
 
 bool BoardDialog::eventFilter(QObject* watched, QEvent* event) {
     const bool hasMoved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
-    if (watched == board_ && hasMoved && isVisible()) MoveToMiddle();
+    if (watched == board_ && hasMoved && isVisible()) MoveToPlace();
     return QDialog::eventFilter(watched, event);
 }
 
-// The window places itself: a window manager does not know that it belongs into the middle. Over a board
+// The window places itself: a window manager does not know where it belongs. Over a board
 // that lies partly off the screen it keeps on the screen.
-void BoardDialog::MoveToMiddle() {
+void BoardDialog::MoveToPlace() {
     const QScreen* screen = board_ != nullptr ? board_->screen() : QGuiApplication::primaryScreen();
     const QRect room = screen->geometry();
     QRect place(QPoint(), size());
-    place.moveCenter((board_ != nullptr ? board_->geometry() : room).center());
+    place.moveCenter(CentreOver(board_ != nullptr ? board_->geometry() : room));
     move(std::max(room.left(), std::min(place.left(), room.right() + 1 - width())),
          std::max(room.top(), std::min(place.top(), room.bottom() + 1 - height())));
 }

@@ -41,6 +41,9 @@ protected:
     /// come here.
     virtual void Leave();
 
+    /// Where the window's centre belongs when the board lies there, in the screen's logical pixels.
+    virtual QPoint CentreOver(const QRect& board) const { return board.center(); }
+
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -48,7 +51,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void MoveToMiddle();
+    void MoveToPlace();
 
     const Services services_;
     const QSize layoutSize_;

@@ -254,16 +254,11 @@ void Probabilidades::Leave() {
     accept();
 }
 
-// Right of the board and below what the game says and its menu; modal in the middle as the other
-// windows.
-void Probabilidades::showEvent(QShowEvent* event) {
-    BoardDialog::showEvent(event);
-    if (isModal()) return;
-    const Layout& layout = TheServices().layout;
-    const QPointF corner(layout.ScreenWidth - aroundWindow - windowSize.width(),
-                         layout.ScreenHeight - aroundWindow - windowSize.height());
-    const QPoint board = parentWidget() ? parentWidget()->mapToGlobal(QPoint()) : QPoint();
-    move(board + (corner * TheServices().ToLogical(1)).toPoint());
+// In the lower right corner, below what the game says and its menu.
+QPoint Probabilidades::CentreOver(const QRect& board) const {
+    if (isModal()) return BoardDialog::CentreOver(board);
+    const int around = qRound(TheServices().ToLogical(aroundWindow));
+    return board.bottomRight() - QPoint(around + width() / 2, around + height() / 2);
 }
 
 // ----------------------------------------------------------------------------------- by its heading

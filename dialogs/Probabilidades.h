@@ -52,7 +52,7 @@ protected:
     void DrawGround(QPainter& painter) override;
     void KeyPressed(QKeyEvent* event) override;
     void Leave() override;
-    void showEvent(QShowEvent* event) override;
+    QPoint CentreOver(const QRect& board) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -116,6 +116,7 @@ class Chances(WindowTest):
         self.start(Settings(pause=ON, speed=100), before)
         self.display.key("F7")
         window = self.wait_for_message("Probabilidades")
+        self.assertGreater(window.x, self.layout.device((self.layout.board_extent - 20, 0))[0], "covers the board")
         self.click_board()
         self.wait_for_moves(before.moves + 1)
         self.wait_for_board()
