@@ -97,7 +97,7 @@ TEST_F(GamePageTest, GoesToAMoveByClickAndByKey) {
         SCOPED_TRACE(size.width());
         UseScreen(size);
         Open(SomeGame());
-        for (const double place : {-0.4, 0.4, 6.6, 10.1}) ClickAt(plot, At(place));
+        for (const double place : {-0.58, 0.4, 6.6, 10.1}) ClickAt(plot, At(place));
         for (const char* moment : {"Bot_Tirada_1", "Bot_Decision_2"}) {
             QTest::mouseClick(Control(*page, moment), Qt::LeftButton);
             QTest::keyClick(Control(*page, moment), Qt::Key_Return);
