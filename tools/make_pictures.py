@@ -7,7 +7,8 @@
 For the manual the screen has two pixels for each pixel of the layout, and so have the pictures; they are
 written to assets/manual/. The README and the software catalogue show docs/board.png. All have few colours,
 which keeps them small. Needs imagemagick, pngquant and what the tests with a window need, and beside the
-program zorva-sim and what those tests build. The dice fall the same way each time.
+program zorva-sim and what those tests build. The dice fall the same way each time. The drawing of the sum
+needs python3-matplotlib.
 """
 
 import os
@@ -142,10 +143,57 @@ class Pictures(driver.WindowTest):
         self.settle()
         self.keep_window("normas", window)
 
+    def test_the_chances(self):
+        self.begin()
+        self.click_board()
+        self.settle()
+        self.display.key("F7")
+        window = self.wait_for_message("Probabilidades")
+        self.display.move(2, 2)
+        self.settle(rest=2)
+        self.display.key("Down")
+        self.settle()
+        self.keep_window("probabilidades", window)
+        self.display.key("Escape")
+        self.wait_for_board()
+        self.play_moves(80)
+        self.display.key("F7")
+        window = self.wait_for_message("Probabilidades")
+        self.display.key("2")
+        self.settle(rest=2)
+        self.keep_window("partida", window)
+
     def test_a_question(self):
         self.begin()
         self.play_moves(2)
         self.open_and_keep("pregunta", "F6", driver.POSTPONE_TITLE)
+
+
+def draw_sum():
+    """suma.png: how luck and choices lead from the chance at the start to the one at the end."""
+    import matplotlib
+    matplotlib.use("Agg")
+    from matplotlib import pyplot
+
+    bars = (("Al empezar", 0, 25, "25"), ("La suerte\nde todos", 25, 83, "+83"),
+            ("Las elecciones\nde todos", 108, -8, "−8"), ("Al final", 0, 100, "100"))
+    colours = ("#e8b006", "#c79a45", "#8a4a2c", "#e8b006")
+    pyplot.rcParams.update({"font.family": ["Lato", "DejaVu Sans"], "font.size": 10})
+    figure, axes = pyplot.subplots(figsize=(4.4, 2.3), dpi=200, facecolor="#f6eed9")
+    axes.set_facecolor("#f6eed9")
+    for place, ((_, start, height, text), colour) in enumerate(zip(bars, colours)):
+        axes.bar(place, height, bottom=start, width=0.6, color=colour, edgecolor="#3e3127", linewidth=0.8,
+                 hatch="///" if height < 0 else None)
+        axes.text(place, max(start, start + height) + 2, text, ha="center", va="bottom", weight="bold")
+    for place, level in enumerate((25, 108, 100)):
+        axes.plot((place + 0.3, place + 0.7), (level, level), color="#3e3127", linewidth=0.8, linestyle=":")
+    axes.set_xticks(range(len(bars)), [name for name, *_ in bars])
+    axes.set_yticks((0, 50, 100))
+    axes.set_ylim(0, 122)
+    axes.spines[["top", "right"]].set_visible(False)
+    with tempfile.TemporaryDirectory() as folder:
+        figure.savefig(Path(folder) / "suma.png", bbox_inches="tight")
+        write_small(Path(folder) / "suma.png", FOLDER / "suma.png")
 
 
 class GameInItsMiddle(driver.WindowTest):
@@ -184,4 +232,6 @@ if __name__ == "__main__":
         sys.exit(__doc__)
     os.environ["ZORVA32"] = str(Path(sys.argv[1]).resolve())
     wanted = tuple(sys.argv[2:])
+    if not wanted or "suma".startswith(wanted):
+        draw_sum()
     unittest.main(argv=sys.argv[:1], verbosity=1)
