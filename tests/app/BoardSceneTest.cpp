@@ -42,7 +42,8 @@ struct Board : BoardWindow {
     /// A picture without what lies on the board window.
     QImage PartOf(const QPixmap& picture) const {
         QPixmap board = picture;
-        for (const Box& box : {layout.Buttons, layout.Recorder, layout.LogPaper, layout.KeyCase})
+        for (const Box& box :
+             {layout.Buttons, layout.Recorder, layout.LogPaper, layout.KeyCase, layout.Chances})
             QPainter(&board).fillRect(fresh.DeviceArea(box, 2), Qt::black);
         return board.toImage().convertToFormat(QImage::Format_RGB32);
     }
