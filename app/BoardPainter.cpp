@@ -523,8 +523,8 @@ QRect BoardPainter::SignArea(Colour colour) const {
     const double unit = layout_.Cell / boardCell;
     const int reach = qCeil((handSide + handTravel + handPlace.x()) * unit);
     const Point middle = layout_.DieBox(colour).Centre();
-    return DeviceArea(
-        {ToShort(middle.x - reach), ToShort(middle.y - reach), ToShort(2 * reach), ToShort(2 * reach)});
+    return DeviceArea({ToShort(middle.x - reach), ToShort(middle.y - reach), ToShort(2L * reach),
+                       ToShort(2L * reach)});
 }
 
 // Over the cup of the background, in warm light.
@@ -654,8 +654,8 @@ QRect BoardPainter::FlakeArea(const BoardView::Flake& flake) const {
     QRect area(0, 0, side, side);
     area.moveCenter(Device(flake.at).toPoint());
     const double frame = 16 * layout_.Cell / boardCell;
-    const Box squares{layout_.Margin, layout_.Margin, ToShort(21 * layout_.Cell),
-                      ToShort(21 * layout_.Cell)};
+    const Short board = ToShort(21L * layout_.Cell);
+    const Box squares{layout_.Margin, layout_.Margin, board, board};
     return DeviceArea(squares, frame).contains(area) ? area : QRect();
 }
 

@@ -419,7 +419,7 @@ QString DeedText(const Settings& settings, const MoveRecord& record) {
     if (record.To == 0) return "perdió una ficha";
     if (record.From == 0) return "salió con una ficha";
     const bool arrives = record.To == GoalSquare[record.MoverColour];
-    const QString counts =
+    QString counts =
         record.Count == record.Die ? QString() : QStringLiteral("contó %1").arg(record.Count);
     if (!arrives) return counts;
     return counts.isEmpty() ? QStringLiteral("llegó a la meta") : counts + " hasta la meta";
