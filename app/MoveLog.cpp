@@ -170,9 +170,9 @@ QPainterPath MoveLog::Paper() const {
         return paper;
     }
     QPolygonF edge({QPointF(width(), 0), QPointF(0, 0)});
-    double x = 0;
-    for (int point = 0; x < width(); ++point, x += tooth * unit)
-        edge << QPointF(x, end + depths[point % std::size(depths)] * unit);
+    const int teeth = static_cast<int>(width() / (tooth * unit));
+    for (int point = 0; point <= teeth; ++point)
+        edge << QPointF(point * tooth * unit, end + depths[point % std::size(depths)] * unit);
     edge << QPointF(width(), end);
     paper.addPolygon(edge);
     return paper;
