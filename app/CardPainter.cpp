@@ -195,7 +195,7 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
                  card.chance, 13, QFont::Bold, faint);
     }
     box.Text({padding, last, width - side, box.Height() - last - 5 - chance},
-             Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 13, QFont::Normal, text);
+             Qt::AlignTop | Qt::AlignLeft | Qt::TextWordWrap, card.last, 13, QFont::Normal, text);
 }
 
 }  // namespace

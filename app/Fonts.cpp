@@ -21,8 +21,4 @@ QFont TextFont(double pixelSize, QFont::Weight weight) {
     return font;
 }
 
-QFont ColumnFont(double pixelSize) {
-    return Sized(QStringList{"DejaVu Sans Mono", "Monospace"}, pixelSize);
-}
-
 }  // namespace zorva

@@ -12,7 +12,4 @@ QFont TextFont(double pixelSize, QFont::Weight weight = QFont::Normal);
 /// Texts that need room are set smaller, but not below this, in device pixels.
 inline constexpr int SmallestFont = 9;
 
-/// A font whose letters are all equally wide, for the columns of the move log.
-QFont ColumnFont(double pixelSize);
-
 }  // namespace zorva

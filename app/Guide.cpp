@@ -16,8 +16,7 @@ std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& set
         cards.push_back({.colour = colour,
                          .name = NameText(settings, colour),
                          .kind = KindText(settings, colour),
-                         .last = HasWon(state) ? OutcomeText(state, settings, colour)
-                                               : LastThrowText(state, settings, colour),
+                         .last = CardText(state, settings, colour),
                          .home = state.PiecesHome[colour],
                          .toGo = ToShort(StepsOfColour - StepsWalked(state, colour)),
                          .lit = colour == onTurn,

@@ -15,8 +15,9 @@ namespace {
 
 // In layout pixels.
 constexpr double linePitch = 16;
-constexpr double fontSize = 12;
-constexpr double padding = 6;       // between the paper's edges and its lines
+constexpr double fontSize = 12.5;
+constexpr double padding = 6;       // above and below the lines
+constexpr double indent = 9;        // beside them
 constexpr double paperWidth = 150;  // holds every line; on narrower paper the font is smaller
 constexpr double markWidth = 3;     // of the edge of the selected line
 constexpr double moverWidth = 2.6;  // of the mark in the mover's colour, beside it
@@ -48,11 +49,15 @@ public:
         if (const Colour mover = movers_[static_cast<std::size_t>(index.row())]; mover != 0)
             painter->fillRect(mark, palette::PlayerMark[mover]);
         const double size = fontSize * std::min(unit, row.width() / paperWidth);
-        // Moves stand in columns, so their font has equal widths.
-        painter->setFont(index.row() == 0 ? TextFont(size, QFont::Bold) : ColumnFont(size));
+        const QRectF text = row.adjusted(indent * unit, 0, 0, 0);
+        const QString line = index.data().toString();
+        painter->setFont(TextFont(size, index.row() == 0 ? QFont::Bold : QFont::Medium));
         painter->setPen(palette::Ink);
-        painter->drawText(row.adjusted(padding * unit, 0, 0, 0),
-                          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, index.data().toString());
+        if (index.row() == 0) {
+            painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, line);
+        } else {
+            PaintMove(*painter, text, line.trimmed());
+        }
     }
 
     // Only the height counts here: the view makes each row as wide as the paper.
@@ -61,6 +66,20 @@ public:
     }
 
 private:
+    // The number in a column of its own, so that the moves begin below one another.
+    static void PaintMove(QPainter& painter, const QRectF& text, const QString& line) {
+        const QFontMetricsF metrics(painter.font());
+        const qsizetype digits = line.indexOf(' ');
+        const QString number = line.left(digits);
+        const double column =
+            std::max(metrics.horizontalAdvance("000"), metrics.horizontalAdvance(number));
+        const int flags = Qt::AlignVCenter | Qt::TextDontClip;
+        painter.drawText(QRectF(text.topLeft(), QSizeF(column, text.height())), Qt::AlignRight | flags,
+                         number);
+        painter.drawText(text.adjusted(column + metrics.horizontalAdvance("0"), 0, 0, 0),
+                         Qt::AlignLeft | flags, line.mid(digits + 1));
+    }
+
     const Services& services_;
     const std::vector<Colour>& movers_;
 };

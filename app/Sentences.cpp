@@ -486,11 +486,6 @@ Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
     return {"Juega " + name + "…", {}, false};
 }
 
-QString LastThrowText(const GameState& state, const Settings& settings, Colour colour) {
-    const QString spoken = SpokenLastThrow(state, settings, colour);
-    return spoken.isEmpty() ? spoken : Capitalised(spoken) + ".";
-}
-
 QString LatestThrowText(const GameState& state, const Settings& settings) {
     if (state.MoveRecordCount < 2) return {};
     const Colour colour = ColourOnTurn(state.MoveRecords[state.MoveRecordCount - 1]);
@@ -505,6 +500,14 @@ QString OutcomeText(const GameState& state, const Settings& settings, Colour col
                                        : QStringLiteral("con %1 fichas").arg(home);
     return QStringLiteral("%1.º puesto, ").arg(PlaceInGame(state, settings, colour)) + pieces +
            " en casa.";
+}
+
+QString CardText(const GameState& state, const Settings& settings, Colour colour) {
+    if (HasWon(state)) return OutcomeText(state, settings, colour);
+    if (state.WaitingForMove && colour == state.CurrentColour)
+        return QStringLiteral("Tiene que contar %1.").arg(state.MoveCount);
+    const QString spoken = SpokenLastThrow(state, settings, colour);
+    return spoken.isEmpty() ? spoken : Capitalised(spoken) + ".";
 }
 
 QString OthersText(const GameState& state, const Settings& settings) {

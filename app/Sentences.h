@@ -92,10 +92,10 @@ struct Prompt {
 };
 /// `tape` is the move at which the recorder stands, -1 while it is off.
 Prompt PromptOf(const GameState& state, const Settings& settings, Short tape);
-/// What a colour did by its last throw, or by hand: "Sacó 5, capturó a Rojo y contó 20". Empty when it
-/// has not played yet.
-QString LastThrowText(const GameState& state, const Settings& settings, Colour colour);
-/// The same of the colour that played last, with its name: "Azul sacó 4 y no pudo mover".
+/// What its card says of a colour: how it ended the game, what it has to count now, or what it did by
+/// its last throw or by hand: "Sacó 5, capturó a Rojo y contó 20". Empty when it has not played yet.
+QString CardText(const GameState& state, const Settings& settings, Colour colour);
+/// What the colour that played last did, with its name: "Azul sacó 4 y no pudo mover".
 QString LatestThrowText(const GameState& state, const Settings& settings);
 /// How a game that is won ended for a colour: "¡Ganó la partida!", "2.º puesto, con 3 fichas en casa.".
 /// The places go by the pieces at home, then by the squares that are left; equals share one.

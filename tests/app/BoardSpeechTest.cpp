@@ -185,12 +185,12 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
          "Sacó 2, capturó a Rojo, contó 20 hasta la meta y no pudo contar 10."},
         {{{3, 1, 0, 0, 2, 0, 40, 0, Yes, 0, Yes}}, "Movió una ficha a mano."},
     };
-    EXPECT_EQ(LastThrowText(state, withAna, 1) + LatestThrowText(state, withAna), "");
+    EXPECT_EQ(CardText(state, withAna, 1) + LatestThrowText(state, withAna), "");
     for (const auto& [records, text] : turns) {
         for (const MoveRecord& record : records) state.MoveRecords[++state.MoveRecordCount] = record;
         GameState now = state;
         now.MoveRecordCount = ToShort(now.MoveRecordCount + 1);
-        EXPECT_EQ(LastThrowText(now, withAna, 1), text);
+        EXPECT_EQ(CardText(now, withAna, 1), text);
         EXPECT_EQ(LatestThrowText(now, withAna), "Ana " + text.left(1).toLower() + text.mid(1));
     }
 
