@@ -63,9 +63,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override {
         const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (isEnter && IsKeyStroke(*event)) return click();
-        // Not QAbstractButton's: there arrows go from button to button.
-        event->key() == Qt::Key_Space ? QAbstractButton::keyPressEvent(event)
-                                      : QWidget::keyPressEvent(event);
+        QAbstractButton::keyPressEvent(event);
     }
 
 private:

@@ -93,6 +93,7 @@ ToldMoment ChoiceMoment(const GameReport& report, int record) {
 std::vector<ToldMoment> Told(const GameReport& report, const std::vector<int>& records,
                              ToldMoment (*tell)(const GameReport&, int)) {
     std::vector<ToldMoment> moments;
+    moments.reserve(records.size());
     for (const int record : records) moments.push_back(tell(report, record));
     return moments;
 }
