@@ -132,12 +132,13 @@ void ChancesControl::Refresh() {
     analyst_.Analyse(std::move(task));
 }
 
-// The cards show what the page shows, whole numbers, so that they rarely change while it sharpens.
+// The cards show what the page shows, whole numbers, so that they rarely change while it sharpens. Those
+// of a won game tell how it has ended.
 void ChancesControl::Show(const PositionReport& report) {
     if (window_) window_->Show(report);
     if (!isOnCards_) return;
     PerColour<QString> chances;
-    for (Colour colour = 1; colour <= ColourCount; ++colour)
+    for (Colour colour = 1; colour <= ColourCount && !report.isWon; ++colour)
         chances[colour] = "gana " + ChanceText(report.chances[engine::SeatOf(colour)]);
     mesa_.Scene().ShowChances(chances);
 }

@@ -33,6 +33,12 @@ protected:
     bool Tells(const QString& start) {
         return QTest::qWaitFor([&] { return Told().startsWith(start) && !control.IsAtWork(); }, 20'000);
     }
+    GameState Won() const {
+        GameState won = state;
+        won.PiecePosition[2] = {0, 84, 84, 84, 84};
+        won.PiecesHome[2] = PiecesPerColour;
+        return won;
+    }
     void AwaitChoice() {
         state.WaitingForThrow = No;
         state.WaitingForMove = Yes;
@@ -78,10 +84,7 @@ TEST_F(ChancesControlTest, SpeaksOfTheRecorderAndOfAGameThatIsOver) {
     control.Refresh();
     EXPECT_TRUE(Tells("Tras la jugada 1, turno de Azul.")) << qPrintable(Told());
     recorderControl.TakeTapeOut();
-    GameState won = state;
-    won.PiecePosition[2] = {0, 84, 84, 84, 84};
-    won.PiecesHome[2] = PiecesPerColour;
-    control.PositionReached(won);
+    control.PositionReached(Won());
     state.GameInProgress = state.WaitingForThrow = No;
     state.MoveRecordCount = 0;  // the board gives its records up
     settings.PlayerName[2] = "Eva";
@@ -102,6 +105,8 @@ TEST_F(ChancesControlTest, WritesOnTheCardsOnlyWhileThatIsWanted) {
     control.PositionReached(state);
     EXPECT_TRUE(QTest::qWaitFor([&] { return chance().startsWith("gana "); }));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !control.IsAtWork(); }));
+    control.PositionReached(Won());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return chance().isEmpty(); })) << "the card tells who has won";
     control.Toggle();
     EXPECT_TRUE(Window()->findChild<QAbstractButton*>("Bot_Tarjetas")->isChecked());
     Window()->findChild<QAbstractButton*>("Bot_Tarjetas")->click();
