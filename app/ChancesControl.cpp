@@ -1,6 +1,6 @@
 #include "app/ChancesControl.h"
 
-#include <QTimer>
+#include <utility>
 
 #include "app/BoardInput.h"
 #include "app/Mesa.h"
@@ -10,6 +10,7 @@
 namespace zorva {
 namespace {
 
+constexpr std::chrono::milliseconds untilStill{30};
 constexpr std::uint64_t playOutsForPage = 20'000, playOutsForCards = 2'000;
 
 }  // namespace
@@ -23,9 +24,16 @@ ChancesControl::ChancesControl(const GameState& state, const Settings& settings,
       recorderControl_(recorderControl),
       input_(input),
       mesa_(mesa) {
-    analyst_.PositionTold = [this](const PositionReport& report) { Show(report); };
+    still_.setSingleShot(true);
+    still_.setInterval(untilStill);
+    still_.callOnTimeout([this] { TellNews(); });
+    analyst_.PositionTold = [this](const PositionReport& report) {
+        TellWhenStill([this, report] { Show(report); });
+    };
     analyst_.GameTold = [this](const GameReport& report) {
-        if (window_) window_->Show(report);
+        TellWhenStill([this, report] {
+            if (window_) window_->Show(report);
+        });
     };
 }
 
@@ -121,6 +129,7 @@ void ChancesControl::Refresh() {
     const bool isWanted = window_ || isOnCards_;
     if (!isWanted || reached_.MoveRecordCount < 1) {
         analyst_.Rest();
+        news_ = nullptr;
         subject_.reset();
         return;
     }
@@ -129,7 +138,23 @@ void ChancesControl::Refresh() {
     const Subject subject = SubjectOf(task);
     if (subject == subject_) return;
     subject_ = subject;
+    news_ = nullptr;
     analyst_.Analyse(std::move(task));
+}
+
+// A page takes longer to paint than a frame of a walk may: what is new waits until the walk is
+// over.
+void ChancesControl::TellWhenStill(std::function<void()> news) {
+    news_ = std::move(news);
+    if (!still_.isActive()) TellNews();
+}
+
+void ChancesControl::TellNews() {
+    if (mesa_.Waits().IsWaiting() && mesa_.Scene().HasMotion()) {
+        still_.start();
+    } else if (news_) {
+        std::exchange(news_, nullptr)();
+    }
 }
 
 // The cards show what the page shows, whole numbers, so that they rarely change while it sharpens. Those

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QPointer>
+#include <QTimer>
+#include <functional>
 
 #include "app/Analyst.h"
 #include "core/Recorder.h"
@@ -45,6 +47,8 @@ private:
     void Closed();
     AnalysisTask TaskNow() const;
     void Show(const PositionReport& report);
+    void TellWhenStill(std::function<void()> news);
+    void TellNews();
 
     /// What a task is about: the same again is no new task.
     struct Subject {
@@ -68,6 +72,8 @@ private:
     GameState reached_;        // the position handed over last
     Settings settingsOfGame_;  // those of that game, which may be over
     std::optional<Subject> subject_;
+    std::function<void()> news_;  // the latest, while something moves on the board
+    QTimer still_;
     bool isOnCards_ = false;
     Probabilidades::Page page_ = Probabilidades::Page::Now;
     QPointer<Probabilidades> window_;

@@ -18,6 +18,9 @@ public:
     /// progress 1, also when there was nothing to wait for.
     void Wait(double milliseconds, const Frame& frame = {});
 
+    /// Whether a wait is on.
+    bool IsWaiting() const { return waitsOn_ > 0; }
+
     /// Calls `called` as soon as no wait is on: now, or some hundredths of a second after the last wait
     /// has ended, unless `context` has been deleted by then. For what does not come through the queue of
     /// the mouse and the keyboard, such as a press by a screen reader. As a press of the mouse it is

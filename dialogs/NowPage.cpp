@@ -130,8 +130,8 @@ QRectF NowPage::MoveRow(int row) const {
 void NowPage::DrawBar(QPainter& painter, Colour colour, const QRectF& row) const {
     const engine::Estimate& chance = ChanceOf(report_, colour);
     const bool isOnTurn = colour == report_.onTurn;
-    services_.artwork.Paint(painter, QStringLiteral("piece_%1").arg(colour),
-                            QRectF(row.left(), row.top() + 1, 25, 25));
+    decoration::DrawPixmap(painter, QStringLiteral("piece_%1").arg(colour),
+                           {row.left(), row.top() + 1, 25, 25}, services_);
     painter.setPen(palette::Ink);
     DrawLine(painter, QRectF(row.left() + 31, row.top(), 98, row.height()),
              NameText(report_.settings, colour), {14, isOnTurn ? QFont::Bold : QFont::Normal});

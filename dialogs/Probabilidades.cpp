@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
@@ -218,6 +219,15 @@ void Probabilidades::DrawGround(QPainter& painter) {
     QRectF done = progressLine;
     done.setWidth(progressLine.width() * progress_);
     painter.fillRect(done, palette::Brass);
+}
+
+// The pages become more precise ten times a second; below them is nothing but paper.
+void Probabilidades::paintEvent(QPaintEvent* event) {
+    const double unit = TheServices().ToLogical(1);
+    const QRectF sheet(ToRect(paper).topLeft() * unit, ToRect(paper).size() * unit);
+    if (!sheet.toAlignedRect().contains(event->rect())) return BoardDialog::paintEvent(event);
+    LayoutPainter painter(this, TheServices());
+    decoration::DrawSunkenPaper(painter, ToRect(paper));
 }
 
 // A moment later, because screen readers fall silent for the focus, which comes after this event.

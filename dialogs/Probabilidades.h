@@ -53,6 +53,7 @@ protected:
     void KeyPressed(QKeyEvent* event) override;
     void Leave() override;
     QPoint CentreOver(const QRect& board) const override;
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

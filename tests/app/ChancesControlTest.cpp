@@ -63,6 +63,12 @@ TEST_F(ChancesControlTest, FollowsTheGameWhileTheWindowIsOpen) {
     EXPECT_TRUE(Tells("Turno de Azul.\n"));
     control.Refresh();
     EXPECT_FALSE(control.IsAtWork()) << "the same again is no new task";
+    state.CurrentColour = 3;
+    mesa.Scene().Lift(11);
+    control.PositionReached(state);
+    mesa.Waits().Wait(400, [&](double) { EXPECT_TRUE(Told().startsWith("Turno de Azul.")); });
+    mesa.Scene().PutDown(11);
+    EXPECT_TRUE(Tells("Turno de Rojo.")) << "it waits only for the end of a walk";
     AwaitChoice();
     ASSERT_TRUE(Tells("Turno de Amarillo: cuenta 2.\n"));
     EXPECT_TRUE(Told().contains("Si mueve la ficha de la 18: gana "));
