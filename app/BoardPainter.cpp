@@ -38,7 +38,7 @@ constexpr double glowReach = 19.9;  // of the light around a piece that may move
 // widths of the trace's dark edges and of the trace.
 constexpr RingShape dotWhereItStood{2.2, 4.4};
 constexpr RingShape movedPiece{15.2, 2};
-constexpr RingShape traceWidth{3.6, 2.2};
+constexpr RingShape traceWidth{3, 1.7};
 
 // The frame of the marked piece, in the same units: half its side, the length of each leg of its
 // corners, and the width of their dark line. Its light edges are half as wide.
@@ -407,7 +407,7 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
     PaintRing(painter, path.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
 }
 
-// White tells the piece of the shown move from the others that may move.
+// The piece of the shown move has the colour of its way; those that may move else are white.
 void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
                                const BoardView::ShownMove& shown, PieceCode code) {
     const bool isShown = shown.piece == code && shown.to != 0;
@@ -415,7 +415,7 @@ void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
     const RingShape& shape = isShown ? advisedPiece : movablePiece;
     PaintGlow(painter, view.at[code]);
     PaintRing(painter, view.at[code], shape.radius, shape.width,
-              isShown ? QColor(Qt::white) : palette::Mark);
+              isShown ? palette::Mark : QColor(Qt::white));
 }
 
 // The piece marked by the keyboard lies between four corners, dark as no ring is, and above the piece

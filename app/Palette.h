@@ -11,7 +11,7 @@ namespace zorva::palette {
 /// The four colours, by number, and the rims in which their squares are inlaid.
 inline const QColor Player[] = {{}, {255, 255, 0}, {0, 0, 255}, {255, 0, 0}, {0, 128, 0}};
 inline const QColor PlayerRim[] = {{}, {0x9a, 0x78, 0}, {0, 0, 0x60}, {0x70, 0, 0}, {0, 0x38, 0}};
-inline const QColor Line{0x3e, 0x31, 0x27};  ///< between the squares
+inline const QColor Line{0x5c, 0x48, 0x38};  ///< between the squares
 
 inline const QColor Paper{0xf6, 0xee, 0xd9};
 inline const QColor RuledPaper{0xec, 0xe0, 0xc2};

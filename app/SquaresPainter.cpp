@@ -67,7 +67,22 @@ private:
         const QRect field = square.adjusted(band, band, -band, -band);
         painter_.fillRect(field.adjusted(-edge, -edge, edge, edge), String());
         painter_.fillRect(field, base_);
+        Shade(field);
         return field;
+    }
+
+    // The lamp hangs above and left: it shines on one corner and leaves the other in the shade. Half of
+    // the square keeps the colour itself.
+    void Shade(const QRectF& field) {
+        QLinearGradient light(field.topLeft(), field.topLeft());
+        const QPointF way(field.height(), field.width());  // square to the other diagonal
+        const double far = 2 * field.width() * field.height() / (way.x() * way.x() + way.y() * way.y());
+        light.setFinalStop(field.topLeft() + way * far);
+        light.setColorAt(0, QColor(255, 255, 255, 56));
+        light.setColorAt(0.27, QColor(255, 255, 255, 0));
+        light.setColorAt(0.73, QColor(0, 0, 0, 0));
+        light.setColorAt(1, QColor(0, 0, 0, 76));
+        painter_.fillRect(field, light);
     }
 
     // Corners on the lines; each smaller triangle lies the same way from all three edges.

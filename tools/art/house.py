@@ -55,9 +55,11 @@ def draw_place(colour):
     place = Drawing((0, 0, 40, 40), "A place to stand on. Drawn by tools/make_art.py.")
     if colour:
         tones = TONES[colour]
-        place.circle(20.5, 20.6, 15.4, fill=mix(tones.base, "#ffffff", 0.35))
+        # A well: its upper left edge lies in its own shade, its lower right one in the light.
+        place.circle(20.6, 20.7, 15.4, fill=mix(tones.base, "#ffffff", 0.45))
         place.circle(20, 20, 15.5, fill=tones.deep)
-        place.circle(20.2, 20.3, 14.2, fill=tones.base)
+        place.circle(20.5, 20.6, 14.4, fill=mix(tones.base, tones.deep, 0.5))
+        place.circle(20.9, 21, 13.9, fill=tones.base)
     else:
         # Brass inlaid in the paper, with the star of the board's middle: no empty piece looks like this.
         slant = (9, 9, 31, 31)
