@@ -176,7 +176,7 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
     box.Text({padding + 30, 6 + 2 * spread, width - 30, 26}, Qt::AlignVCenter | Qt::AlignLeft, card.name,
              17, QFont::Bold, text);
     const double kind = 32 + 6 * spread, bar = kind + 17 + 3 * spread, home = bar + 13 + 2 * spread;
-    box.Text({padding, kind, width, 15}, Qt::AlignVCenter | Qt::AlignLeft, card.kind, 12, QFont::Normal,
+    box.Text({padding, kind, width, 15}, Qt::AlignVCenter | Qt::AlignLeft, card.kind, 13, QFont::Normal,
              faint);
     PaintWay(box, card, bar);
     PaintHome(box, card, home + 1.5);
@@ -195,7 +195,7 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
                  card.chance, 13, QFont::Bold, faint);
     }
     box.Text({padding, last, width - side, box.Height() - last - 5 - chance},
-             Qt::AlignTop | Qt::AlignLeft | Qt::TextWordWrap, card.last, 13, QFont::Normal, text);
+             Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 15, QFont::Normal, text);
 }
 
 }  // namespace

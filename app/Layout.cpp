@@ -166,8 +166,8 @@ void PlaceButtons(Layout& layout) {
 void PlaceStrip(Layout& layout) {
     layout.Recorder = {CentredBesideBoard(layout, recorderWidth), recorderTop, recorderWidth,
                        recorderHeight};
-    // In the upper right corner of the case.
-    const int chancesLeft = layout.Recorder.x + recorderWidth + 14;
+    // At the upper edge of the case, above its right reel.
+    const int chancesLeft = layout.Recorder.x + recorderWidth + 21;
     layout.Chances = {ToShort(std::min(chancesLeft, layout.ScreenWidth - chancesKey - 2)),
                       recorderTop - 12, chancesKey, chancesKey};
     layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
