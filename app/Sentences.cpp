@@ -459,14 +459,10 @@ QString SpokenLastThrow(const GameState& state, const Settings& settings, Colour
 }  // namespace
 
 Short FirstExitOf(const GameState& state, Short move) {
-    const MoveRecord& second = state.MoveRecords[move];
+    if (state.MoveRecords[move].OnBehalf != 0 || !FollowsByItself(state, move)) return 0;
     do --move;
-    while (move > 1 && state.MoveRecords[move].OnBehalf != 0);
-    const auto comesOut = [&](const MoveRecord& record) {
-        return record.From == 0 && record.To == ExitSquare[second.MoverColour] && !record.Manual;
-    };
-    const bool isSecond = !second.TurnEnd && comesOut(second) && comesOut(state.MoveRecords[move]);
-    return isSecond ? move : Short{0};
+    while (state.MoveRecords[move].OnBehalf != 0);
+    return move;
 }
 
 Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
