@@ -33,7 +33,11 @@ public:
           unit_(grid.CellSize() / 33) {}
 
     void PaintColours() {
-        for (int row = 13; row < 20; ++row) Grain(Inlay(4 * block, row * cell, bandWidth));
+        for (int row = 13; row < 20; ++row) {
+            const QRect field = Inlay(4 * block, row * cell, bandWidth);
+            if (unit_ >= 1) Grain(field);  // finer ones would be specks
+            Shade(field);
+        }
         Inlay(5 * block, 16 * cell, exitBandWidth);  // ring and figure leave no room for more
         Goal();
     }
@@ -67,7 +71,6 @@ private:
         const QRect field = square.adjusted(band, band, -band, -band);
         painter_.fillRect(field.adjusted(-edge, -edge, edge, edge), String());
         painter_.fillRect(field, base_);
-        Shade(field);
         return field;
     }
 
@@ -79,8 +82,8 @@ private:
         const double far = 2 * field.width() * field.height() / (way.x() * way.x() + way.y() * way.y());
         light.setFinalStop(field.topLeft() + way * far);
         light.setColorAt(0, QColor(255, 255, 255, 56));
-        light.setColorAt(0.27, QColor(255, 255, 255, 0));
-        light.setColorAt(0.73, QColor(0, 0, 0, 0));
+        light.setColorAt(0.16, QColor(255, 255, 255, 0));
+        light.setColorAt(0.84, QColor(0, 0, 0, 0));
         light.setColorAt(1, QColor(0, 0, 0, 76));
         painter_.fillRect(field, light);
     }

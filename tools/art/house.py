@@ -59,7 +59,7 @@ def draw_place(colour):
         place.circle(20.6, 20.7, 15.4, fill=mix(tones.base, "#ffffff", 0.45))
         place.circle(20, 20, 15.5, fill=tones.deep)
         place.circle(20.5, 20.6, 14.4, fill=mix(tones.base, tones.deep, 0.5))
-        place.circle(20.9, 21, 13.9, fill=tones.base)
+        place.circle(20.8, 20.9, 14.1, fill=tones.base)
     else:
         # Brass inlaid in the paper, with the star of the board's middle: no empty piece looks like this.
         slant = (9, 9, 31, 31)
