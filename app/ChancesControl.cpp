@@ -37,6 +37,13 @@ ChancesControl::ChancesControl(const GameState& state, const Settings& settings,
     };
 }
 
+// Its window would call back when the board deletes it.
+ChancesControl::~ChancesControl() {
+    if (!window_) return;
+    window_->disconnect();
+    delete window_;
+}
+
 // ------------------------------------------------------------------------------------ the window
 
 void ChancesControl::Toggle() {
@@ -100,6 +107,10 @@ const GameState* ChancesControl::LatestGame() const {
     return reached_.MoveRecordCount > 0 ? &reached_ : nullptr;
 }
 
+bool ChancesControl::Shows(Probabilidades::Page page) const {
+    return window_ && window_->CurrentPage() == page;
+}
+
 AnalysisTask ChancesControl::TaskNow() const {
     AnalysisTask task;
     task.game = reached_;
@@ -108,13 +119,13 @@ AnalysisTask ChancesControl::TaskNow() const {
     task.shown = static_cast<std::size_t>((task.onTape ? state_ : reached_).MoveRecordCount - 1);
     if (state_.WaitingForMove && state_.GameInProgress && !task.onTape)
         task.live = engine::Moment(state_);
-    const bool showsPosition = window_ && window_->CurrentPage() == Probabilidades::Page::Now;
+    const bool showsPosition = Shows(Probabilidades::Page::Now);
     task.ofPosition = showsPosition ? playOutsForPage : isOnCards_ ? playOutsForCards : 0;
-    task.ofGame = window_ && !showsPosition;
+    task.ofGame = Shows(Probabilidades::Page::Game);
     return task;
 }
 
-ChancesControl::Subject ChancesControl::SubjectOf(const AnalysisTask& task) {
+ChancesControl::Subject ChancesControl::SubjectOf(const AnalysisTask& task) const {
     return {task.shown,
             task.onTape,
             task.game.CurrentColour,
@@ -122,6 +133,7 @@ ChancesControl::Subject ChancesControl::SubjectOf(const AnalysisTask& task) {
             task.live ? ToShort(task.live->due.count) : Short{0},
             task.ofPosition,
             task.ofGame,
+            Shows(Probabilidades::Page::Dice),
             task.settings};
 }
 
@@ -139,7 +151,22 @@ void ChancesControl::Refresh() {
     if (subject == subject_) return;
     subject_ = subject;
     news_ = nullptr;
-    analyst_.Analyse(std::move(task));
+    if (subject.ofDice) ShowDice(task);
+    if (task.ofPosition != 0 || task.ofGame) {
+        analyst_.Analyse(std::move(task));
+    } else {
+        analyst_.Rest();
+    }
+}
+
+// The page of the dice only counts: there is nothing to compute.
+void ChancesControl::ShowDice(const AnalysisTask& task) {
+    GameReport report;
+    report.game = task.game;
+    report.settings = task.settings;
+    report.shown = task.shown;
+    report.progress = 1;
+    window_->Show(report);
 }
 
 // A page takes longer to paint than a frame of a walk may: what is new waits until the walk is

@@ -23,6 +23,9 @@ class ChancesControl {
 public:
     ChancesControl(const GameState& state, const Settings& settings, const RecorderState& recorder,
                    RecorderControl& recorderControl, BoardInput& input, Mesa& mesa);
+    ~ChancesControl();
+    ChancesControl(const ChancesControl&) = delete;
+    ChancesControl& operator=(const ChancesControl&) = delete;
 
     /// Opens the window, or closes it. A modal one is closed when this returns.
     void Toggle();
@@ -47,6 +50,7 @@ private:
     void Closed();
     AnalysisTask TaskNow() const;
     void Show(const PositionReport& report);
+    void ShowDice(const AnalysisTask& task);
     void TellWhenStill(std::function<void()> news);
     void TellNews();
 
@@ -57,11 +61,12 @@ private:
         Colour colour = 0;
         Short sixes = 0, count = 0;
         std::uint64_t ofPosition = 0;
-        bool ofGame = false;
+        bool ofGame = false, ofDice = false;
         Settings settings;
         bool operator==(const Subject&) const = default;
     };
-    static Subject SubjectOf(const AnalysisTask& task);
+    Subject SubjectOf(const AnalysisTask& task) const;
+    bool Shows(Probabilidades::Page page) const;
 
     const GameState& state_;
     const Settings& settings_;

@@ -200,8 +200,8 @@ void Probabilidades::Show(const PositionReport& report) {
 }
 
 void Probabilidades::Show(const GameReport& report) {
-    game_->Show(report);
-    dice_->Show(report);
+    if (page_ == Page::Game) game_->Show(report);
+    if (page_ == Page::Dice) dice_->Show(report);
     ShowProgress(report.progress);
     SayPage();
 }

@@ -43,6 +43,7 @@ public:
 
     Page CurrentPage() const { return page_; }
     void Show(const PositionReport& report);
+    /// For the page about the game, or the one about its dice, whichever is shown.
     void Show(const GameReport& report);
     /// Shows the state of the switch for the cards; without cards it is hidden.
     void ShowCardsSwitch(bool on);

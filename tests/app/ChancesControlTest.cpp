@@ -113,6 +113,8 @@ TEST_F(ChancesControlTest, WritesOnTheCardsOnlyWhileThatIsWanted) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return !control.IsAtWork(); }));
     control.PositionReached(Won());
     EXPECT_TRUE(QTest::qWaitFor([&] { return chance().isEmpty(); })) << "the card tells who has won";
+    control.PositionReached(state);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return chance().startsWith("gana "); }));
     control.Toggle();
     EXPECT_TRUE(Window()->findChild<QAbstractButton*>("Bot_Tarjetas")->isChecked());
     Window()->findChild<QAbstractButton*>("Bot_Tarjetas")->click();
@@ -122,10 +124,12 @@ TEST_F(ChancesControlTest, WritesOnTheCardsOnlyWhileThatIsWanted) {
 TEST_F(ChancesControlTest, OpensAnewOnAnotherLayout) {
     control.Toggle();
     QTest::keyClick(Window(), Qt::Key_3);
+    EXPECT_EQ(Told("Pic_Dados").isEmpty(), false);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !control.IsAtWork(); }, 1'000)) << "dice are counted";
     mesa.LaidOut = [this] { control.LayoutChanged(); };
     mesa.resize(2732, 1536);
     const int before = Window()->width();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Window() && Window()->width() > before; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Window() && Window()->width() > before; }));
     EXPECT_EQ(Window()->CurrentPage(), Probabilidades::Page::Dice);
 }
 
