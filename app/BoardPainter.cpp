@@ -31,7 +31,7 @@ struct RingShape {
 constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
-constexpr RingShape movablePiece{15.6, 3.6};
+constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
 constexpr double glowReach = 19.9;  // of the light around a piece that may move
 
 // Of the last move, in the same units: the dot where the piece stood, the ring around it now, and the
@@ -407,13 +407,15 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
     PaintRing(painter, path.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
 }
 
-// The piece of the shown move has the colour of its way; those that may move else are white.
+// The piece of the shown move has the colour of its way; those that may move else have a
+// white ring within, which stands out from yellow pieces and squares.
 void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
                                const BoardView::ShownMove& shown, PieceCode code) {
     const bool isShown = shown.piece == code && shown.to != 0;
     if (!isShown && !view.movable[code]) return;
     const RingShape& shape = isShown ? advisedPiece : movablePiece;
     PaintGlow(painter, view.at[code]);
+    PaintRing(painter, view.at[code], aroundMovable.radius, aroundMovable.width, palette::Mark);
     PaintRing(painter, view.at[code], shape.radius, shape.width,
               isShown ? palette::Mark : QColor(Qt::white));
 }

@@ -81,10 +81,10 @@ private:
         const QPointF way(field.height(), field.width());  // square to the other diagonal
         const double far = 2 * field.width() * field.height() / (way.x() * way.x() + way.y() * way.y());
         light.setFinalStop(field.topLeft() + way * far);
-        light.setColorAt(0, QColor(255, 255, 255, 56));
+        light.setColorAt(0, QColor(255, 255, 255, 46));
         light.setColorAt(0.16, QColor(255, 255, 255, 0));
         light.setColorAt(0.84, QColor(0, 0, 0, 0));
-        light.setColorAt(1, QColor(0, 0, 0, 76));
+        light.setColorAt(1, QColor(0, 0, 0, 46));
         painter_.fillRect(field, light);
     }
 

@@ -6,7 +6,6 @@ grow.
 
 import math
 
-from .dice import PIPS, draw_body, draw_pip
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT
 from .svg import Drawing, mix
 
@@ -102,8 +101,7 @@ def draw_reel():
 
 
 def draw_cup():
-    """A dice cup seen from above. The light catches one side of the die in it: nobody takes it for the die of the game,
-    and it is ready to be thrown."""
+    """An empty dice cup seen from above: the only die lies on the board."""
     cup = Drawing((0, 0, 140, 140), "A dice cup on the table. Drawn by tools/make_art.py.")
     x, y = 64, 64
     cup.soft_disc(x + 12, y + 14, 50, 10, 0.5)
@@ -121,7 +119,6 @@ def draw_cup():
     cup.circle(x, y, 41, fill=cup.linear(*slant, (0, "#170b06"), (0.6, "#3a2014"), (1, "#6b3c22")))
     cup.circle(x + 1.6, y + 2, 35,
                fill=cup.radial(x + 10, y + 13, 40, (0, "#6a3a1e"), (0.55, "#3a1d0e"), (1, "#150a05")))
-    _die_in_the_cup(cup, x + 5, y + 7)
     cup.circle(x + 1.6, y + 2, 35, fill=cup.linear(x - 25, y - 25, x + 24, y + 25, (0, "#0c0502", 0.88),
                                                    (0.5, "#0c0502", 0.5), (0.78, "#0c0502", 0.14), (1, "#0c0502", 0)))
     # The rim, polished by many hands.
@@ -130,12 +127,3 @@ def draw_cup():
     cup.path(f"M{x + 38.6} {y + 12}A40.4 40.4 0 0 1 {x + 12} {y + 38.6}", stroke="#ffcf98", stroke_width=1.6,
              stroke_opacity=0.5, stroke_linecap="round")
     return cup
-
-
-def _die_in_the_cup(drawing, x, y):
-    drawing.open_group(f"translate({x} {y}) rotate(24) scale(0.62)")
-    drawing.soft_rect(-22, -20, 50, 50, 10, 5, 0.6, layers=10)
-    draw_body(drawing, -26, -26, 52)
-    for dx, dy in PIPS[5]:
-        draw_pip(drawing, 14.2 * dx, 14.2 * dy, 5)
-    drawing.close_group()
