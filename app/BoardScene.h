@@ -17,8 +17,8 @@ namespace zorva {
 /// BoardView, repaints the part of the board that looks different, and reports that part to the window.
 ///
 /// Movements take no time here: Lift, StartStep, ShowDie and PutDown begin them, and the caller moves
-/// them on with ShowStep during its next wait. Rings of light, confetti, the hand at a die and what fades
-/// in a tray run on timers of their own.
+/// them on with ShowStep during its next wait. Rings of light, confetti, the hand at a die and what
+/// fades in a tray run on timers of their own.
 class BoardScene {
 public:
     /// Called with a rectangle of the window, in device pixels, that has been repainted.

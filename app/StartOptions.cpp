@@ -7,7 +7,8 @@ namespace {
 
 constexpr const char* usage =
     "Uso: zorva32 [--help | --version]\n"
-    "Parchís a pantalla completa o, con F11, en una ventana. Todo lo demás se elige dentro del programa.\n"
+    "Parchís a pantalla completa o, con F11, en una ventana. Todo lo demás se elige dentro del "
+    "programa.\n"
     "  --help     muestra esta ayuda\n"
     "  --version  muestra la versión\n";
 
