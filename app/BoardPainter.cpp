@@ -39,6 +39,7 @@ constexpr double glowReach = 19.9;  // of the light around a piece that may move
 constexpr RingShape dotWhereItStood{2.2, 4.4};
 constexpr RingShape movedPiece{15.2, 2};
 constexpr RingShape traceWidth{3, 1.7};
+constexpr double traceOpacity = 0.65;
 
 // The frame of the marked piece, in the same units: half its side, the length of each leg of its
 // corners, and the width of their dark line. Its light edges are half as wide.
@@ -492,11 +493,13 @@ void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const
     QPolygonF line;
     for (const QPointF& at : TraceOf(view)) line << Device(at);
     painter.setBrush(Qt::NoBrush);
+    painter.setOpacity(traceOpacity);
     for (const QPen& pen :
          {QPen(palette::DarkWood, traceWidth.radius * scale), QPen(colour, traceWidth.width * scale)}) {
         painter.setPen(QPen(pen.brush(), pen.widthF(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.drawPolyline(line);
     }
+    painter.setOpacity(1);
     PaintRing(painter, PlaceLeft(layout_, move), dotWhereItStood.radius, dotWhereItStood.width, colour);
     for (const PieceCode piece : {move.piece, move.before, move.captured})
         if (piece != 0) PaintRing(painter, view.at[piece], movedPiece.radius, movedPiece.width, colour);

@@ -35,8 +35,7 @@ public:
     void PaintColours() {
         for (int row = 13; row < 20; ++row) {
             const QRect field = Inlay(4 * block, row * cell, bandWidth);
-            if (unit_ >= 1) Grain(field);  // finer ones would be specks
-            Shade(field);
+            if (unit_ >= 1) Grain(field);  // finer streaks would be specks
         }
         Inlay(5 * block, 16 * cell, exitBandWidth);  // ring and figure leave no room for more
         Goal();
@@ -72,20 +71,6 @@ private:
         painter_.fillRect(field.adjusted(-edge, -edge, edge, edge), String());
         painter_.fillRect(field, base_);
         return field;
-    }
-
-    // The lamp hangs above and left: it shines on one corner and leaves the other in the shade. Half of
-    // the square keeps the colour itself.
-    void Shade(const QRectF& field) {
-        QLinearGradient light(field.topLeft(), field.topLeft());
-        const QPointF way(field.height(), field.width());  // square to the other diagonal
-        const double far = 2 * field.width() * field.height() / (way.x() * way.x() + way.y() * way.y());
-        light.setFinalStop(field.topLeft() + way * far);
-        light.setColorAt(0, QColor(255, 255, 255, 46));
-        light.setColorAt(0.16, QColor(255, 255, 255, 0));
-        light.setColorAt(0.84, QColor(0, 0, 0, 0));
-        light.setColorAt(1, QColor(0, 0, 0, 46));
-        painter_.fillRect(field, light);
     }
 
     // Corners on the lines; each smaller triangle lies the same way from all three edges.

@@ -2,7 +2,7 @@
 
 from .marks import draw_mark
 from .palette import (BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY_DARK, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT,
-                      PAPER_DARK, PAPER_LIGHT, TONES)
+                      PAPER, PAPER_LIGHT, TONES)
 from .svg import Drawing, mix, star
 
 SIDE = 231.0
@@ -61,13 +61,12 @@ def draw_place(colour):
         place.circle(20.5, 20.6, 14.4, fill=mix(tones.base, tones.deep, 0.5))
         place.circle(20.8, 20.9, 14.1, fill=tones.base)
     else:
-        # Brass inlaid in the paper, with the star of the board's middle: no empty piece looks like this.
-        slant = (9, 9, 31, 31)
-        place.circle(20, 20, 15.5, fill=mix(INK, PAPER_LIGHT, 0.15))
-        place.circle(20, 20, 14.8, fill=place.linear(*slant, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK)))
-        place.circle(20, 20, 12.7, fill=mix(INK, PAPER_LIGHT, 0.3))
-        place.circle(20, 20, 12.1, fill=PAPER_DARK)
-        place.path(star(20, 20, 9.5, 3.6, 8), fill=mix(BRASS, PAPER_DARK, 0.45))
+        # Printed flat, with the star of the board's middle: nobody takes it for a piece.
+        place.circle(20, 20, 15.4, fill=mix(INK, PAPER_LIGHT, 0.35))
+        place.circle(20, 20, 14.3, fill=PAPER_LIGHT)
+        place.circle(20, 20, 13.2, fill=mix(BRASS, PAPER_LIGHT, 0.35))
+        place.circle(20, 20, 12.4, fill=PAPER)
+        place.path(star(20, 20, 10.5, 4, 8), fill=mix(BRASS_DARK, PAPER, 0.55))
     return place
 
 
