@@ -62,10 +62,10 @@ def draw_place(colour):
         place.circle(20.8, 20.9, 14.1, fill=tones.base)
     else:
         # Printed flat, with the star of the board's middle: nobody takes it for a piece.
-        place.circle(20, 20, 15.4, fill=mix(INK, PAPER_LIGHT, 0.35))
-        place.circle(20, 20, 14.3, fill=PAPER_LIGHT)
-        place.circle(20, 20, 13.2, fill=mix(BRASS, PAPER_LIGHT, 0.35))
-        place.circle(20, 20, 12.4, fill=PAPER)
+        place.circle(20, 20, 15.5, fill=mix(INK, PAPER_LIGHT, 0.2))
+        place.circle(20, 20, 14, fill=PAPER_LIGHT)
+        place.circle(20, 20, 12.9, fill=mix(BRASS, PAPER_LIGHT, 0.35))
+        place.circle(20, 20, 12.1, fill=PAPER)
         place.path(star(20, 20, 10.5, 4, 8), fill=mix(BRASS_DARK, PAPER, 0.55))
     return place
 
