@@ -23,7 +23,7 @@ ROUND = 15     # seconds of nonsense before the program is left
 TO_LEAVE = 60  # seconds that may take
 KEYS = ("F1 F2 F3 F4 F5 F6 Return Escape space Tab shift+Tab Left Right Up Down Home End Prior Next BackSpace "
         "Delete Insert s n a z ntilde 0 5 9 plus minus comma quotedbl dead_acute ctrl+Home ctrl+Left ctrl+Right "
-        "ctrl+Up ctrl+Down ctrl+End ctrl+a ctrl+v ctrl+c ctrl+Return alt+F4 alt+F4 alt+Tab super F11 F12 Menu").split()
+        "ctrl+Up ctrl+Down ctrl+End ctrl+a ctrl+v ctrl+c ctrl+Return alt+F4 alt+F4 alt+Tab super F7 F7 F11 F12 Menu").split()
 SIZES = ("640 480", "800 600", "1024 768", "1280 720", "1366 768", "300 200", "1920 1080", "700 1000")
 # Escape closes a window, F6 asks to leave, Return says yes; ctrl+Home switches the recorder off, Tab and space
 # let a colour take part, without which the settings cannot be left.
