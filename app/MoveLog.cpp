@@ -3,6 +3,7 @@
 #include <QAbstractItemDelegate>
 #include <QEvent>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QScrollBar>
 #include <algorithm>
 #include <iterator>
@@ -169,7 +170,7 @@ void MoveLog::scrollContentsBy(int dx, int dy) {
 
 bool MoveLog::event(QEvent* event) {
     if (event->type() != QEvent::Paint) return QListView::event(event);
-    PaintPaper();
+    ShowPaper();
     return true;
 }
 
@@ -197,10 +198,30 @@ QPainterPath MoveLog::Paper() const {
     return paper;
 }
 
+// The paper without its lines looks the same again after two of them: it is drawn once and copied.
+void MoveLog::ShowPaper() {
+    const double ratio = devicePixelRatioF();
+    const QString name = QStringLiteral("paper %1 %2 %3 %4 %5")
+                             .arg(width())
+                             .arg(height())
+                             .arg(ratio)
+                             .arg(PrintedTo())
+                             .arg(verticalScrollBar()->value() % (2 * RowHeight(services_)));
+    QPixmap paper;
+    if (!QPixmapCache::find(name, &paper)) {
+        paper = QPixmap((QSizeF(size()) * ratio).toSize());
+        paper.setDevicePixelRatio(ratio);
+        paper.fill(Qt::transparent);
+        QPainter painter(&paper);
+        PaintPaper(painter);
+        QPixmapCache::insert(name, paper);
+    }
+    QPainter(this).drawPixmap(0, 0, paper);
+}
+
 // Every other line lies on a tint. The paper bends at its sides; its upper edge is in the shadow of the
 // slit that it comes out of.
-void MoveLog::PaintPaper() {
-    QPainter painter(this);
+void MoveLog::PaintPaper(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QPainterPath paper = Paper();
     const double unit = services_.ToLogical(1);

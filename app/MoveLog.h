@@ -59,7 +59,8 @@ private:
 
     int PrintedTo() const;
     QPainterPath Paper() const;
-    void PaintPaper();
+    void ShowPaper();
+    void PaintPaper(QPainter& painter) const;
 
     const Services& services_;
     Lines lines_;
