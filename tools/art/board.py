@@ -16,6 +16,7 @@ SIDE = 21 * CELL
 MIDDLE = SIDE / 2
 VIEW = (-16, -16, 725, 725)
 FIGURE = 12.6
+PRINT = "#4f3c2d"  # of the figures: quieter than the pieces
 ASIDE = 26.75  # from the middle of the lane to that of a figure: halfway between a piece's ring and the line
 
 
@@ -89,7 +90,7 @@ def _figures(board):
 
         for square in [*range(1, 9), *range(60, 69)]:
             board.path(number(square_number(arm, square), *_figure_place(arm, square), FIGURE, place),
-                       fill=TONES[arm + 1].ink if square == 5 else INK)
+                       fill=TONES[arm + 1].ink if square == 5 else PRINT)
 
 
 def _medallion(board):
