@@ -87,6 +87,11 @@ GamePage::GamePage(QWidget* window, const Services& services)
     Show({});
 }
 
+// Qt takes the focus from the plot when the page goes, and the plot then reads the report once more.
+GamePage::~GamePage() {
+    delete plot_;
+}
+
 GamePage::Moments GamePage::AddMoments(const char* name, Short left, Short width) {
     Moments moments{};
     Short top = listsTop + headingHeight;

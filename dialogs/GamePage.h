@@ -19,6 +19,7 @@ class GamePage : public QWidget {
 public:
     /// The services must outlive the page.
     GamePage(QWidget* window, const Services& services);
+    ~GamePage() override;
 
     /// Called when the player has chosen a move, in the plot or by its sentence: 0 is the start of the
     /// game.
