@@ -97,7 +97,7 @@ def measure_bare(program, display, screen, folder):
 
 def measure_game(program, display, screen, folder, board):
     """`board` is what the middle of the screen shows when the board is up; None to find that out."""
-    (folder / "ZORVA32.INI").write_bytes(inifile.to_bytes(inifile.Settings()))
+    (folder / "ZORVA32.INI").write_bytes(inifile.to_bytes(inifile.Settings(speed=50)))
     middle = screen.height // 2
     before = screen.row(middle)
     process, begin = start(program, display, folder)
@@ -135,7 +135,7 @@ def end_title(display, screen, board):
 
 
 def time_of_answer(display, screen):
-    """Until a key without a game makes the button for a new game glow."""
+    """Until a key without a game makes the button for a new game glow anew, which it does below speed 100 alone."""
     line = round(screen.height * 0.085)
     panel = screen.row(line, 0.65)
     asked = time.perf_counter()
