@@ -43,7 +43,7 @@ public:
     /// Breaks off what it does and takes that task. Of a game that it has analysed before it keeps what
     /// is still good.
     void Analyse(AnalysisTask task);
-    /// Breaks off what it does. Nothing is told any more, and no thread does anything.
+    /// Drops the task. The analyst calls neither function any more, and its thread waits.
     void Rest();
     /// Whether it has a task that is not finished.
     bool IsAtWork() const;

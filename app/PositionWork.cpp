@@ -37,7 +37,7 @@ PositionReport PositionWork::Report() const {
     return report;
 }
 
-// Of two pieces on one square one is told: their moves are worth the same.
+// Two pieces on one square have the same move: the report lists only one of them.
 void PositionWork::AddMoves(PositionReport& report) const {
     const std::vector<engine::MoveChoice>& moves = analysis_.Moves();
     if (settings_.PlayerType[report.onTurn] != 2 || moves.empty() || moves[0].piece == engine::NoPiece)

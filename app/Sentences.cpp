@@ -268,7 +268,8 @@ QString TurnText(const GameState& state, const Settings& settings) {
 
 namespace {
 
-// 1 for the winner. Whoever has as many pieces at home and as far to go shares the place.
+// The winner's place is 1. Two colours share a place when they have equally many pieces at home and
+// equally far to go.
 int PlaceInGame(const GameState& state, const Settings& settings, Colour colour) {
     const auto walked = [&](Colour of) {
         return std::pair(state.PiecesHome[of], StepsWalked(state, of));

@@ -35,7 +35,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    /// The move whose chances are told.
+    /// The move whose chances the page shows: the one under the hairline, else the one on the board.
     int RecordTold() const;
     void MarkRecord(int record);
     int RecordAt(QPointF position) const;

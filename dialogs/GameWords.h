@@ -7,8 +7,8 @@
 
 namespace zorva {
 
-// What the page about a game tells of a report, in Spanish. Chances, luck and costs are told in games of
-// a hundred, as whole numbers.
+// The Spanish sentences of the page about a whole game. They give chances, luck and costs as a number of
+// games out of a hundred, rounded to whole games.
 
 /// A moment of a game worth looking at.
 struct ToldMoment {

@@ -31,8 +31,8 @@ struct Estimate {
     double error = 0;
 };
 
-/// The results of some play-outs. Whole numbers only: a sum is the same whatever the order of the
-/// play-outs and however many threads made them.
+/// The results of a number of play-outs. They are whole numbers, so their sum depends neither on the
+/// order of the play-outs nor on the number of threads.
 struct Tally {
     struct Sums {
         std::int64_t values = 0;
@@ -63,9 +63,9 @@ public:
     std::size_t AddMoment(const Moment& moment);
     std::size_t AddFigure(Figure figure);
 
-    /// Makes the play-outs with the numbers `first` to `last` - 1, each from every moment. Whoever wants
-    /// estimates that grow better adds the tallies of one range after another. When a stop is requested,
-    /// returns an empty tally within some milliseconds.
+    /// Plays the play-outs numbered `first` to `last` - 1, each of them from every moment. To improve an
+    /// estimate step by step, the caller adds the tallies of successive ranges. After a stop request
+    /// this returns an empty tally within a few milliseconds.
     Tally Play(std::uint64_t first, std::uint64_t last, unsigned threads,
                const std::stop_token& stop = {}) const;
 

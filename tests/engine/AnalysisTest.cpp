@@ -151,7 +151,7 @@ TEST(PlayOuts, AreTheSameWithAnyThreadsAndInBatches) {
     });
     EXPECT_EQ(analysis.Games().Play(0, UINT64_MAX / 2, 2, later.get_token()), Tally());
     EXPECT_NE(PositionAnalysis(Moment(MiddleOfAGame()), settings, 2).Games().Play(0, 100, 1), all);
-    // A person, whatever level stands beside the name, counts as a computer of level 100.
+    // The analysis treats a person as a computer of level 100 and ignores the level in the settings.
     settings.PlayerType[3] = 2;
     const Tally person = PositionAnalysis(Moment(MiddleOfAGame()), settings, 1).Games().Play(0, 100, 1);
     settings.PlayerType[3] = 1;
