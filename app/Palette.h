@@ -16,6 +16,7 @@ inline const QColor Line{0x5c, 0x48, 0x38};  ///< between the squares
 inline const QColor Paper{0xf6, 0xee, 0xd9};
 inline const QColor RuledPaper{0xec, 0xe0, 0xc2};
 inline const QColor Ink{0x2b, 0x21, 0x18};
+inline const QColor FaintInk{0x6b, 0x56, 0x3c};  ///< of what only explains
 inline const QColor Brass{0xd9, 0xb3, 0x65};
 inline const QColor Gold{0xd8, 0x9c, 0x22};
 inline const QColor Light{0xff, 0xe9, 0xb0};  ///< glows and marks of what is live

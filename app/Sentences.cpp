@@ -1,6 +1,7 @@
 #include "app/Sentences.h"
 
 #include <QStringList>
+#include <QtMath>
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -282,10 +283,7 @@ int PlaceInGame(const GameState& state, const Settings& settings, Colour colour)
 }
 
 std::vector<Colour> ByPlace(const GameState& state, const Settings& settings) {
-    std::vector<Colour> colours;
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (IsTakingPart(settings, colour)) colours.push_back(colour);
-    }
+    std::vector<Colour> colours = ColoursTakingPart(settings);
     std::stable_sort(colours.begin(), colours.end(), [&](Colour one, Colour other) {
         return PlaceInGame(state, settings, one) < PlaceInGame(state, settings, other);
     });
@@ -540,6 +538,10 @@ QString OfHundredText(const engine::Estimate& chance) {
 
 QString ChanceText(const engine::Estimate& chance) {
     return OfHundredText(chance) + " de cada 100";
+}
+
+int MarginOfHundred(const engine::Estimate& estimate) {
+    return qMax(1, qCeil(200 * estimate.error));
 }
 
 QString MoveChanceText(Colour colour, Square from, const engine::Estimate& chance) {

@@ -113,6 +113,8 @@ QString KindText(const Settings& settings, Colour colour);
 QString OfHundredText(const engine::Estimate& chance);
 /// "41 de cada 100".
 QString ChanceText(const engine::Estimate& chance);
+/// By how many games of 100 an estimate may be wrong: 19 of 20 are closer to the truth.
+int MarginOfHundred(const engine::Estimate& estimate);
 /// What a move is worth: "Si mueve la ficha de la 22: gana 41 de cada 100 partidas". Square 0 is the
 /// waiting box.
 QString MoveChanceText(Colour colour, Square from, const engine::Estimate& chance);

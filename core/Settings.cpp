@@ -10,6 +10,14 @@ bool IsTakingPart(const Settings& settings, Colour colour) {
                        [](Short active) { return active == 2; });
 }
 
+std::vector<Colour> ColoursTakingPart(const Settings& settings) {
+    std::vector<Colour> colours;
+    for (Colour colour = 1; colour <= ColourCount; ++colour) {
+        if (IsTakingPart(settings, colour)) colours.push_back(colour);
+    }
+    return colours;
+}
+
 Short PlayDirectionOf(const Settings& settings) {
     return settings.PlayOrder == 1 ? -1 : 1;
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "core/Types.h"
 
@@ -42,6 +43,8 @@ struct Settings {
 /// Whether the colour takes part in games. If all four are switched off, as can happen for a moment
 /// while the settings are chosen, all four take part: a game without players would never end.
 bool IsTakingPart(const Settings& settings, Colour colour);
+/// The colours that take part, by number.
+std::vector<Colour> ColoursTakingPart(const Settings& settings);
 
 /// -1 for "Directo" (colours follow 4, 3, 2, 1), +1 for "Inverso".
 Short PlayDirectionOf(const Settings& settings);

@@ -24,7 +24,6 @@ constexpr double pieceSize = 22;
 constexpr double hatchPitch = 7;
 constexpr double slot = 86;  // of one colour in the line above the field
 constexpr TextStyle plain{13}, bold{14, QFont::Bold};
-const QColor faint(0x6b, 0x56, 0x3c);
 
 /// From the bottom of the field upwards: red and green, which some players see alike, do not touch.
 constexpr Colour stack[] = {1, 3, 2, 4};
@@ -194,14 +193,14 @@ void ChancePlot::DrawAxes(QPainter& painter) const {
         const double y = field.bottom() - field.height() * games / 100;
         painter.setPen(QPen(QColor(0, 0, 0, 90), 0.8));
         if (games == 50) painter.drawLine(QPointF(field.left(), y), QPointF(field.right(), y));
-        painter.setPen(faint);
+        painter.setPen(palette::FaintInk);
         DrawLine(painter,
                  {0, std::clamp(y - 10, field.top() - 4, field.bottom() - 16), axisLeft - 5, 20},
                  QString::number(games), plain, Qt::AlignRight);
     }
     const int records = RecordsOf(report_);
     for (int record = 0, step = StepFor(records, 8); record <= records; record += std::max(1, step)) {
-        painter.setPen(QPen(faint, 1));
+        painter.setPen(QPen(palette::FaintInk, 1));
         painter.drawLine(QPointF(XOf(record), field.bottom()), QPointF(XOf(record), field.bottom() + 4));
         DrawLine(painter, {XOf(record) - 25, field.bottom() + 3, 50, 18}, QString::number(record), plain,
                  Qt::AlignHCenter);

@@ -24,20 +24,16 @@ constexpr double figureWidth = 32;
 constexpr double dieSize = 22, pieceSize = 22;
 constexpr double linePitch = 17;
 constexpr TextStyle plain{13}, bold{13, QFont::Bold};
-const QColor faint(0x6b, 0x56, 0x3c);
 const QColor bandColour(0xdd, 0xc9, 0x98);
 
 const char* const rowNames[DiceOfColour::Rows] = {
     "uno", "dos", "tres", "cuatro", "cinco", "seis", "Dos seises seguidos", "Tres seises seguidos"};
 
 const char* const whyFair =
-    "El dado es el mismo para todos, personas y ordenadores. Lo tira el generador de azar del sistema, "
-    "que "
-    "nadie puede prever, y el ordenador elige cuando el dado ya está quieto: no sabe qué saldrá "
-    "después. "
-    "Una partida es poco para juzgar un dado. El programa zorva-sim lo tira millones de veces y cuenta "
-    "las "
-    "caras; el manual dice cómo.";
+    "El dado es el mismo para todos, personas y ordenadores. Lo tira el generador de azar del "
+    "sistema, que nadie puede prever, y el ordenador elige cuando el dado ya está quieto: no sabe "
+    "qué saldrá después. Una partida es poco para juzgar un dado. El programa zorva-sim lo tira "
+    "millones de veces y cuenta las caras; el manual dice cómo.";
 
 QString RangeText(const DiceCount& count) {
     const NormalRange normal = NormalRangeOf(count.tries);
@@ -124,7 +120,7 @@ void DicePage::DrawHeads(QPainter& painter) const {
         const double width = ColumnWidth() - pieceSize - 4;
         painter.setPen(palette::Ink);
         DrawLine(painter, {piece.right() + 3, 4, width, 18}, NameText(settings_, colour), bold);
-        painter.setPen(faint);
+        painter.setPen(palette::FaintInk);
         const int throws = dice_[colour].Throws();
         DrawLine(painter, {piece.right() + 3, 20, width, 18},
                  QString(throws == 1 ? "%1 tirada" : "%1 tiradas").arg(throws), plain);
@@ -141,7 +137,7 @@ QRectF DicePage::Lane(std::size_t column, std::size_t row) const {
 
 // The limits of the band of the faces stand above it.
 void DicePage::DrawLimits(QPainter& painter) const {
-    painter.setPen(faint);
+    painter.setPen(palette::FaintInk);
     DrawLine(painter, {edge, rowsTop - 18, headWidth - 8, 18}, "lo normal:", plain);
     for (std::size_t column = 0; column < colours_.size(); ++column) {
         const DiceCount& count = dice_[colours_[column]].counts[0];

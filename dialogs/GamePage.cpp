@@ -1,18 +1,15 @@
 #include "dialogs/GamePage.h"
 
-#include <QAbstractButton>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
 
-#include "app/Cursors.h"
-#include "app/KeyStrokes.h"
 #include "app/Palette.h"
 #include "app/Sentences.h"
 #include "dialogs/ChancePlot.h"
 #include "dialogs/Decoration.h"
+#include "dialogs/DrawnButton.h"
 #include "dialogs/Geometry.h"
 #include "dialogs/TextStyle.h"
 
@@ -26,19 +23,14 @@ constexpr Short rowsBottom = 264, listsTop = 270;
 constexpr double barLeft = 132, barWidth = 130, luckLeft = 274, costLeft = 420;
 constexpr Short costliestLeft = 232;  // of the list, from the edge
 constexpr TextStyle plain{13}, bold{13, QFont::Bold};
-const QColor faint(0x6b, 0x56, 0x3c);
 
 }  // namespace
 
 /// A moment of the game in one line. It acts by a click, Space or Enter.
-class MomentButton : public QAbstractButton {
+class MomentButton : public DrawnButton {
 public:
     MomentButton(QWidget* page, const Services& services, const QString& name)
-        : QAbstractButton(page), services_(services) {
-        setObjectName(name);
-        setCursor(services.cursors.Hand());
-        setAttribute(Qt::WA_Hover);  // repaints it when the mouse comes and goes
-    }
+        : DrawnButton(page, services, name, {}) {}
 
     void Show(const ToldMoment& moment) {
         moment_ = moment;
@@ -49,8 +41,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        LayoutPainter painter(this, services_);
-        const QRectF area = LayoutArea(*this, services_);
+        LayoutPainter painter(this, TheServices());
+        const QRectF area = LayoutArea(*this, TheServices());
         if (underMouse()) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(palette::Light);
@@ -60,14 +52,8 @@ protected:
         DrawLine(painter, area.adjusted(4, 0, -4, 0), moment_.line, plain);
         if (hasFocus()) decoration::DrawFocus(painter, area.adjusted(1.5, 1.5, -1.5, -1.5), 4);
     }
-    void keyPressEvent(QKeyEvent* event) override {
-        const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-        if (isEnter && IsKeyStroke(*event)) return click();
-        QAbstractButton::keyPressEvent(event);
-    }
 
 private:
-    const Services& services_;
     ToldMoment moment_;
 };
 
@@ -185,7 +171,7 @@ void GamePage::DrawLists(QPainter& painter) const {
     const double left = edge + costliestLeft, width = contentWidth - costliestLeft;
     DrawLine(painter, {left, listsTop, width, headingHeight}, "Las decisiones más caras (de cada 100)",
              bold);
-    painter.setPen(faint);
+    painter.setPen(palette::FaintInk);
     const double first = listsTop + headingHeight;
     if (luckiest_.front()->isHidden())
         DrawLine(painter, {edge, first, costliestLeft - 10, 19}, NoLuckText(report_), plain);
@@ -198,7 +184,7 @@ void GamePage::paintEvent(QPaintEvent*) {
     LayoutPainter painter(this, services_);
     double top = RowsTop();
     const double head = top - headingHeight;
-    painter.setPen(faint);
+    painter.setPen(palette::FaintInk);
     DrawLine(painter, {barLeft, head, costLeft - barLeft - 8, headingHeight},
              "lo que sus tiradas suben y bajan, sumado", plain);
     painter.setPen(palette::Ink);

@@ -1,7 +1,6 @@
 #include "dialogs/GameWords.h"
 
 #include <QStringList>
-#include <QtMath>
 #include <algorithm>
 #include <functional>
 
@@ -25,10 +24,9 @@ const MoveRecord& RecordOf(const GameReport& report, int record) {
     return report.game.MoveRecords[static_cast<std::size_t>(record)];
 }
 
-// 19 of 20 sums told are closer than that to the truth.
 QString WithMargin(const QString& sum, const Estimate& estimate) {
     if (estimate.error == 0) return sum;
-    return sum + QStringLiteral(", más o menos %1").arg(qMax(1, qCeil(200 * estimate.error)));
+    return sum + QStringLiteral(", más o menos %1").arg(MarginOfHundred(estimate));
 }
 
 // The records with the greatest values, the greatest first.
@@ -120,12 +118,7 @@ QString NoCostsText(const GameReport& report) {
 }
 
 std::vector<Colour> ColoursOf(const GameReport& report) {
-    std::vector<Colour> colours;
-    if (report.game.MoveRecordCount == 0) return colours;
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (IsTakingPart(report.settings, colour)) colours.push_back(colour);
-    }
-    return colours;
+    return report.game.MoveRecordCount != 0 ? ColoursTakingPart(report.settings) : std::vector<Colour>();
 }
 
 bool HasPersons(const GameReport& report) {

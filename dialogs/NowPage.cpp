@@ -5,7 +5,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStringList>
-#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -25,24 +24,18 @@ constexpr QRectF heading(edge, 9, 534, 22);
 constexpr double barsTop = 38, barHeight = 27;
 constexpr double movesGap = 12, moveHeight = 25;
 constexpr double barLeft = 150, barWidth = 262;
-const QColor faint(0x6b, 0x56, 0x3c);
 
 const engine::Estimate& ChanceOf(const PositionReport& report, Colour colour) {
     return report.chances[engine::SeatOf(colour)];
 }
 
-// In hundredths: 19 of 20 chances told are closer than that to the truth.
 QString MarginText(const engine::Estimate& chance) {
     if (chance.error == 0) return {};
-    return QStringLiteral("± %1").arg(qMax(1, qCeil(200 * chance.error)));
+    return QStringLiteral("± %1").arg(MarginOfHundred(chance));
 }
 
 std::vector<Colour> ColoursIn(const PositionReport& report) {
-    std::vector<Colour> colours;
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (report.onTurn != 0 && IsTakingPart(report.settings, colour)) colours.push_back(colour);
-    }
-    return colours;
+    return report.onTurn != 0 ? ColoursTakingPart(report.settings) : std::vector<Colour>();
 }
 
 QString HeadingText(const PositionReport& report) {
@@ -146,7 +139,7 @@ void NowPage::DrawBar(QPainter& painter, Colour colour, const QRectF& row) const
     painter.setPen(palette::Ink);
     const QRectF figure(groove.right() + 10, row.top(), 102, row.height());
     DrawLine(painter, figure, ChanceText(chance), {14, QFont::Bold});
-    painter.setPen(faint);
+    painter.setPen(palette::FaintInk);
     DrawLine(painter, QRectF(row.right() - 26, row.top(), 30, row.height()), MarginText(chance), {11},
              Qt::AlignRight);
 }
@@ -162,7 +155,7 @@ void NowPage::DrawMove(QPainter& painter, int move) const {
     painter.setPen(palette::Ink);
     DrawLine(painter, row.adjusted(4, 0, -96, 0), MoveText(told),
              {14, move == 0 ? QFont::Bold : QFont::Normal});
-    painter.setPen(faint);
+    painter.setPen(palette::FaintInk);
     DrawLine(painter, row.adjusted(row.width() - 90, 0, 0, 0), WorthText(told),
              {13, QFont::Normal, true}, Qt::AlignRight);
 }
@@ -174,7 +167,7 @@ void NowPage::paintEvent(QPaintEvent*) {
     int row = 0;
     for (const Colour colour : ColoursIn(report_)) DrawBar(painter, colour, BarRow(row++));
     for (int move = 0; move < static_cast<int>(report_.moves.size()); ++move) DrawMove(painter, move);
-    painter.setPen(faint);
+    painter.setPen(palette::FaintInk);
     if (report_.moves.empty() && !report_.isWon) {
         DrawLine(painter, MoveRow(0),
                  "Cuando una persona elija ficha, aquí verá lo que vale cada jugada.",

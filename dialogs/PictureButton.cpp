@@ -1,11 +1,8 @@
 #include "dialogs/PictureButton.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 #include "app/Artwork.h"
-#include "app/Cursors.h"
-#include "app/KeyStrokes.h"
 #include "app/WarmLight.h"
 #include "dialogs/Decoration.h"
 #include "dialogs/Geometry.h"
@@ -22,12 +19,7 @@ constexpr double emblemWidth = 28;
 
 PictureButton::PictureButton(QWidget* parent, const Services& services, const char* objectName,
                              const QString& drawing, const QString& caption)
-    : QAbstractButton(parent), services_(services), drawing_(drawing) {
-    setObjectName(objectName);
-    setText(caption);
-    setAccessibleName(caption);
-    setCursor(services.cursors.Hand());
-    setAttribute(Qt::WA_Hover);  // painted when the mouse comes and when it goes
+    : DrawnButton(parent, services, objectName, caption), drawing_(drawing) {
     connect(this, &QAbstractButton::pressed, this, [this] { look_.Show(*this, true); });
     connect(this, &QAbstractButton::released, this, [this] { look_.Show(*this, false); });
 }
@@ -36,31 +28,20 @@ void PictureButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const bool isPressed = look_.IsPressed();
-    const double ratio = services_.devicePixelRatio;
+    const double ratio = TheServices().devicePixelRatio;
     // In device pixels, so that the pixmap is copied and never stretched.
-    QPixmap pixmap = services_.artwork.Pixmap(isPressed ? drawing_ + "_pressed" : drawing_,
-                                              (QSizeF(size()) * ratio).toSize());
+    QPixmap pixmap = TheServices().artwork.Pixmap(isPressed ? drawing_ + "_pressed" : drawing_,
+                                                  (QSizeF(size()) * ratio).toSize());
     if (underMouse()) pixmap = WarmLit(pixmap);
     pixmap.setDevicePixelRatio(ratio);
     painter.drawPixmap(QPointF(), pixmap);
-    painter.scale(services_.ToLogical(1), services_.ToLogical(1));
-    const QRectF area = LayoutArea(*this, services_);
+    painter.scale(TheServices().ToLogical(1), TheServices().ToLogical(1));
+    const QRectF area = LayoutArea(*this, TheServices());
     painter.setPen(isPressed ? ivory.darker(125) : ivory);
     const double shift = isPressed ? 1.2 : 0;  // the caption goes down with the button
     DrawLine(painter, area.adjusted(emblemWidth, 0, -10, -3).translated(shift, shift), text(),
              {14, QFont::DemiBold}, Qt::AlignHCenter);
     if (hasFocus()) decoration::DrawFocus(painter, area.adjusted(2, 2, -2, -2), 6);
-}
-
-// In Qt only Space presses a button; Enter is for the default button of a dialog, which these windows
-// have not.
-void PictureButton::keyPressEvent(QKeyEvent* event) {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && IsKeyStroke(*event)) {
-        click();
-    } else {
-        QAbstractButton::keyPressEvent(event);
-    }
 }
 
 }  // namespace zorva

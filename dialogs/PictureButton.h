@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QAbstractButton>
-
 #include "app/PressedLook.h"
-#include "app/Services.h"
+#include "dialogs/DrawnButton.h"
 
 namespace zorva {
 
@@ -11,7 +9,7 @@ namespace zorva {
 /// caption stands right of the emblem that each of them has at its left. It acts when it was pressed and
 /// released inside, or by Space or Enter, has a warm light while the cursor is over it, and is seen
 /// pressed as long as PressedLook says, unless its window closes.
-class PictureButton : public QAbstractButton {
+class PictureButton : public DrawnButton {
 public:
     /// `caption` is also its name for screen readers. The services must outlive the button.
     PictureButton(QWidget* parent, const Services& services, const char* objectName,
@@ -19,10 +17,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    const Services& services_;
     const QString drawing_;
     PressedLook look_;
 };

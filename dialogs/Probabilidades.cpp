@@ -1,6 +1,5 @@
 #include "dialogs/Probabilidades.h"
 
-#include <QAbstractButton>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -8,12 +7,10 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "app/Artwork.h"
-#include "app/Cursors.h"
-#include "app/KeyStrokes.h"
 #include "app/Palette.h"
 #include "dialogs/Decoration.h"
 #include "dialogs/DicePage.h"
+#include "dialogs/DrawnButton.h"
 #include "dialogs/GamePage.h"
 #include "dialogs/Geometry.h"
 #include "dialogs/NowPage.h"
@@ -39,24 +36,19 @@ const char* const pageNames[] = {"Ahora", "La partida", "Los dados"};
 }  // namespace
 
 /// The tab of one page: a piece of the same paper that stands out above it.
-class PageTab : public QAbstractButton {
+class PageTab : public DrawnButton {
 public:
     PageTab(QWidget* window, const Services& services, int page)
-        : QAbstractButton(window), services_(services) {
-        setObjectName(QStringLiteral("Bot_Pagina_%1").arg(page + 1));
-        setText(QString::fromUtf8(pageNames[page]));
-        setAccessibleName(text());
+        : DrawnButton(window, services, QStringLiteral("Bot_Pagina_%1").arg(page + 1), pageNames[page]) {
         setCheckable(true);
         setAutoExclusive(true);
         setFocusPolicy(Qt::TabFocus);
-        setCursor(services.cursors.Hand());
-        setAttribute(Qt::WA_Hover);  // repaints it when the mouse comes and goes
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        LayoutPainter painter(this, services_);
-        const QRectF area = LayoutArea(*this, services_);
+        LayoutPainter painter(this, TheServices());
+        const QRectF area = LayoutArea(*this, TheServices());
         const QColor behind = underMouse() ? QColor(0xdc, 0xc4, 0x96) : QColor(0xc4, 0xa8, 0x76);
         painter.setPen(QPen(palette::DarkWood, 0.8));
         painter.setBrush(isChecked() ? palette::Paper : behind);
@@ -66,41 +58,26 @@ protected:
                  {14, isChecked() ? QFont::Bold : QFont::Normal}, Qt::AlignHCenter);
         if (hasFocus()) decoration::DrawFocus(painter, area.adjusted(3, 4, -3, -2), 5);
     }
-
-private:
-    const Services& services_;
 };
 
 /// A switch with a lamp, its text beside it.
-class SwitchButton : public QAbstractButton {
+class SwitchButton : public DrawnButton {
 public:
     SwitchButton(QWidget* window, const Services& services, const char* name, const QString& text)
-        : QAbstractButton(window), services_(services) {
-        setObjectName(name);
-        setText(text);
-        setAccessibleName(text);
+        : DrawnButton(window, services, name, text) {
         setCheckable(true);
-        setCursor(services.cursors.Hand());
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        LayoutPainter painter(this, services_);
-        const QRectF area = LayoutArea(*this, services_);
-        services_.artwork.Paint(painter, isChecked() ? "personal_switch_on" : "personal_switch_off",
-                                QRectF(2, (area.height() - 21) / 2, 30, 21));
+        LayoutPainter painter(this, TheServices());
+        const QRectF area = LayoutArea(*this, TheServices());
+        decoration::DrawPixmap(painter, isChecked() ? "personal_switch_on" : "personal_switch_off",
+                               QRectF(2, (area.height() - 21) / 2, 30, 21), TheServices());
         painter.setPen(palette::Light);
         DrawLine(painter, area.adjusted(40, 0, -4, 0), text(), {13});
         if (hasFocus()) decoration::DrawFocus(painter, area.adjusted(1, 1, -1, -1), 6);
     }
-    void keyPressEvent(QKeyEvent* event) override {
-        const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-        if (isEnter && IsKeyStroke(*event)) return click();
-        QAbstractButton::keyPressEvent(event);
-    }
-
-private:
-    const Services& services_;
 };
 
 Probabilidades::Probabilidades(QWidget* parent, const Services& services, Page page)

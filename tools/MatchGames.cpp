@@ -48,14 +48,6 @@ private:
     GameTotals& totals_;
 };
 
-std::vector<Colour> ColoursTakingPart(const Settings& settings) {
-    std::vector<Colour> colours;
-    for (Colour colour = 1; colour <= ColourCount; ++colour) {
-        if (IsTakingPart(settings, colour)) colours.push_back(colour);
-    }
-    return colours;
-}
-
 }  // namespace
 
 MatchGames::MatchGames(const GamesPlan& plan)
