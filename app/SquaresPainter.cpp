@@ -34,10 +34,10 @@ public:
 
     void PaintColours() {
         for (int row = 13; row < 20; ++row) {
-            const QRect field = Inlay(4 * block, row * cell, bandWidth);
+            const QRect field = Inlay(4 * block, row * cell, bandWidth, softWidth);
             if (unit_ >= 1) Grain(field);  // finer streaks would be specks
         }
-        Inlay(5 * block, 16 * cell, exitBandWidth);  // ring and figure leave no room for more
+        Inlay(5 * block, 16 * cell, exitBandWidth, 0);  // ring and figure leave no room for more
         Goal();
     }
 
@@ -58,19 +58,25 @@ private:
         painter_.fillRect(grid_.Line(At(from.x(), from.y()), At(to.x(), to.y())), palette::Line);
     }
 
-    // As the houses have it: a band of deeper lacquer, lit from above and left, and a light string
-    // around the colour itself. Returns what has the colour itself.
-    QRect Inlay(int x, int y, double width) {
+    // Enamel in a rim of deeper lacquer, with a string of brass between: darker where it meets the
+    // brass, as enamel is that has run together in the middle. Returns what has the colour itself.
+    QRect Inlay(int x, int y, double width, double softening) {
         const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
         const int band = std::max(2, qFloor(width * unit_));
         const int edge = std::max(1, qRound(stringWidth * unit_));
-        painter_.fillRect(square, Mixed(base_, rim_, 0.25));
-        painter_.fillRect(square.adjusted(edge, edge, 0, 0), Mixed(base_, rim_, 0.8));
+        painter_.fillRect(square, Mixed(base_, rim_, 0.45));
+        painter_.fillRect(square.adjusted(edge, edge, 0, 0), Mixed(base_, rim_, 1));
         painter_.fillRect(square.adjusted(edge, edge, -edge, -edge), Band());
         const QRect field = square.adjusted(band, band, -band, -band);
         painter_.fillRect(field.adjusted(-edge, -edge, edge, edge), String());
-        painter_.fillRect(field, base_);
-        return field;
+        const int soft = qFloor(softening * unit_);
+        for (int in = 0; in < soft; ++in) {
+            const double left = static_cast<double>(soft - in) / soft;
+            painter_.fillRect(field.adjusted(in, in, -in, -in), Mixed(base_, rim_, 0.45 * left));
+        }
+        const QRect pure = field.adjusted(soft, soft, -soft, -soft);
+        painter_.fillRect(pure, base_);
+        return pure;
     }
 
     // Corners on the lines; each smaller triangle lies the same way from all three edges.
@@ -94,8 +100,8 @@ private:
         triangle(bandWidth, base_);
     }
 
-    QColor Band() const { return Mixed(base_, rim_, 0.5); }
-    QColor String() const { return Mixed(base_, palette::Light, 0.4); }
+    QColor Band() const { return Mixed(base_, rim_, 0.7); }
+    QColor String() const { return Mixed(palette::Brass, base_, 0.1); }
 
     // Faint streaks along the square, as wood has them under lacquer.
     void Grain(const QRectF& area) {
@@ -119,8 +125,9 @@ private:
     }
 
     // In units of which a cell has 33.
-    static constexpr double bandWidth = 4.2, exitBandWidth = 3.4;
-    static constexpr double stringWidth = 0.8;
+    static constexpr double bandWidth = 3.9, exitBandWidth = 3.2;
+    static constexpr double stringWidth = 0.9;
+    static constexpr double softWidth = 1.5;
 
     QPainter& painter_;
     const BoardGrid& grid_;

@@ -170,7 +170,7 @@ TEST(Background, HasItsRingsUnderThePieces) {
         const QSize size = PieceDrawing(layout, {}).size();
         const QImage piece = artwork.Pixmap("piece_3", size).toImage();
         const int body = TwiceTheMiddle(piece, {0, size.height() / 2, size.width(), 1},
-                                        [](QColor c) { return c.red() > 60 && c.red() > 2 * c.blue(); });
+                                        [](QColor c) { return c.alpha() > 250; });
         for (const Square square : {12, 29, 46, 63}) {
             const QRect place = PieceDrawing(layout, AsPointF(layout.SquarePosition(ToShort(square))));
             const int beside = qRound(4.3 * PieceUnit(layout));  // there lie lines and figures

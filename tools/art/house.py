@@ -56,10 +56,11 @@ def draw_place(colour):
     if colour:
         tones = TONES[colour]
         # A well: its upper left edge lies in its own shade, its lower right one in the light.
-        place.circle(20.6, 20.7, 15.4, fill=mix(tones.base, "#ffffff", 0.45))
-        place.circle(20, 20, 15.5, fill=tones.deep)
-        place.circle(20.5, 20.6, 14.4, fill=mix(tones.base, tones.deep, 0.5))
-        place.circle(20.8, 20.9, 14.1, fill=tones.base)
+        place.circle(20.7, 20.8, 15.3, fill=mix(tones.base, "#ffffff", 0.5))
+        place.circle(20, 20, 15.5, fill=mix(tones.deep, tones.base, 0.15))
+        place.circle(20.5, 20.5, 14.6, fill=mix(tones.base, tones.deep, 0.5))
+        place.circle(20.7, 20.7, 14.3, fill=mix(tones.base, tones.deep, 0.25))
+        place.circle(20.9, 20.9, 14.1, fill=tones.base)
     else:
         # Printed flat, with the star of the board's middle: nobody takes it for a piece.
         place.circle(20, 20, 15.5, fill=mix(INK, PAPER_LIGHT, 0.2))

@@ -12,6 +12,10 @@ LACQUER = {
     4: ("#a4e4a8", "#2ca63c", TONES[4].base, "#004a06", "#001a04", IVORY_LIGHT),
 }
 
+# The rim of the top: ivory, which stands out from the squares of the same colour, and bronze on yellow.
+IVORY_RIM = (0, "#fffdf2"), (0.4, "#f6e8c4"), (1, "#b98f4a")
+RIM = {1: ((0, "#e2b850"), (0.4, "#a8741a"), (1, "#5c3a08")), 2: IVORY_RIM, 3: IVORY_RIM, 4: IVORY_RIM}
+
 
 def draw(colour):
     gleam, lit, body, shade, dark, inlay = LACQUER[colour]
@@ -23,10 +27,10 @@ def draw(colour):
     # The top, 28 wide: a rounded rim, and in it a flat face in the colour itself.
     cy = 18.1
     piece.ellipse(20, cy, 13.5, 11.7,
-                  fill=piece.linear(10, 8, 30, 29, (0, gleam), (0.35, lit), (0.6, body), (1, shade)))
-    piece.ellipse(20, cy, 12.3, 10.5, fill=piece.linear(11, 9, 29, 27, (0, shade), (0.5, body), (1, gleam)))
-    piece.ellipse(20, cy + 0.1, 11.8, 10.1, fill=body)
-    draw_mark(piece, colour, 20, cy + 0.1, {1: 12.4, 2: 13, 3: 14, 4: 12.6}[colour], fill=inlay)
+                  fill=piece.linear(10, 8, 30, 29, *RIM[colour]))
+    piece.ellipse(20, cy, 11.6, 9.8, fill=piece.linear(11, 9, 29, 27, (0, dark), (0.5, shade), (1, lit)))
+    piece.ellipse(20, cy + 0.1, 11, 9.3, fill=body)
+    draw_mark(piece, colour, 20, cy + 0.1, {1: 11.4, 2: 12, 3: 13, 4: 11.6}[colour], fill=inlay)
     piece.path("M8.4 14.6C10.4 10.2 14.6 7.4 19.6 7.1C15.4 8.5 12 11 9.6 15.2C9 16.1 8 15.6 8.4 14.6Z",
                fill="#ffffff", fill_opacity=0.6)
     return piece
