@@ -21,4 +21,10 @@ QFont TextFont(double pixelSize, QFont::Weight weight) {
     return font;
 }
 
+QFont DisplayFont(double pixelSize) {
+    QFont font = Sized(QStringList{"Vollkorn", "Lato", "DejaVu Sans"}, pixelSize);
+    font.setWeight(QFont::Bold);
+    return font;
+}
+
 }  // namespace zorva

@@ -1,7 +1,7 @@
 # Functions for play, check and other scripts, which source this file. They install missing Debian packages and
 # build presets, and end the script with a clear message if that fails.
 
-to_build="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libgl-dev libsdl2-dev fonts-lato fonts-dejavu-core"
+to_build="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libgl-dev libsdl2-dev fonts-lato fonts-vollkorn fonts-dejavu-core"
 to_watch="xvfb xauth xdotool openbox x11-utils x11-xserver-utils python3"
 to_test="$to_watch libgtest-dev libbenchmark-dev dbus-daemon orca clang libclang-rt-14-dev"
 to_serve="tigervnc-standalone-server tigervnc-tools novnc websockify openbox xauth x11-utils x11-xserver-utils tk python3"
