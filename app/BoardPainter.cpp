@@ -34,12 +34,11 @@ constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
 constexpr double glowReach = 19.9;  // of the light around a piece that may move
 
-// Of the last move, in the same units: the dot where the piece stood, the ring around it now, and the
-// widths of the trace's dark edges and of the trace.
-constexpr RingShape dotWhereItStood{2.2, 4.4};
+// Of the last move, in the same units: the ring where the piece stood, the first and the last of the
+// dots on the squares that it passed, and the ring around it now.
+constexpr RingShape placeLeft{11.5, 1.8};
+constexpr double firstFootprint = 2, lastFootprint = 3.6;  // their radius
 constexpr RingShape movedPiece{15.2, 2};
-constexpr RingShape traceWidth{3, 1.7};
-constexpr double traceOpacity = 0.65;
 
 // The frame of the marked piece, in the same units: half its side, the length of each leg of its
 // corners, and the width of their dark line. Its light edges are half as wide.
@@ -285,13 +284,17 @@ const QPixmap& BoardPainter::Lit(Colour colour) {
 void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colour, bool lit) {
     const double unit = layout_.Unit * layout_.Cell / boardCell;
     const QRectF plate = DeviceF(layout_.NamePlate(colour));
-    QFont font = TextFont((lit ? 17 : 15) * unit, lit ? QFont::Black : QFont::DemiBold);
+    QFont font = DisplayFont((lit ? 19.5 : 18) * unit);
     const double room = plate.width() - 12 * unit;
     const auto isTooWide = [&] {
         const QFontMetricsF metrics(font);
         return std::max(metrics.horizontalAdvance(name), metrics.boundingRect(name).width()) > room;
     };
-    while (font.pixelSize() > SmallestFont && isTooWide()) font.setPixelSize(font.pixelSize() - 1);
+    const auto isTooHigh = [&] {
+        return QFontMetricsF(font).tightBoundingRect(name).height() > plate.height() - 4;
+    };
+    while (font.pixelSize() > SmallestFont && (isTooWide() || isTooHigh()))
+        font.setPixelSize(font.pixelSize() - 1);
     painter.setFont(font);
     painter.setPen(palette::Ink);
     painter.drawText(plate, Qt::AlignCenter,
@@ -481,26 +484,21 @@ std::vector<QRect> BoardPainter::LastMoveAreas(const BoardView& view) const {
     return areas;
 }
 
-// A thin line and a dot in the mover's colour lead to a ring around the piece; rings around the piece
-// that it has sent home and around one that came out with it.
+// A ring where the piece stood and footprints, larger and larger, lead to a ring around it, all in its
+// colour; rings around the piece that it has sent home and around one that came out with it.
 void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const QRect& part) {
     const BoardView::LastMove& move = view.lastMove;
     const std::vector<QRect> areas = LastMoveAreas(view);
     const auto isSeen = [&](const QRect& area) { return area.intersects(part); };
     if (std::none_of(areas.begin(), areas.end(), isSeen)) return;
     const QColor colour = palette::PlayerMark[ColourOf(move.piece)];
-    const double scale = PieceUnit(layout_);
-    QPolygonF line;
-    for (const QPointF& at : TraceOf(view)) line << Device(at);
-    painter.setBrush(Qt::NoBrush);
-    painter.setOpacity(traceOpacity);
-    for (const QPen& pen :
-         {QPen(palette::DarkWood, traceWidth.radius * scale), QPen(colour, traceWidth.width * scale)}) {
-        painter.setPen(QPen(pen.brush(), pen.widthF(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPolyline(line);
+    const std::vector<QPointF> trace = TraceOf(view);
+    for (std::size_t step = 1; step + 1 < trace.size(); ++step) {
+        const double done = static_cast<double>(step) / static_cast<double>(trace.size() - 1);
+        const double radius = firstFootprint + (lastFootprint - firstFootprint) * done;
+        PaintRing(painter, trace[step], radius / 2, radius, colour);
     }
-    painter.setOpacity(1);
-    PaintRing(painter, PlaceLeft(layout_, move), dotWhereItStood.radius, dotWhereItStood.width, colour);
+    PaintRing(painter, PlaceLeft(layout_, move), placeLeft.radius, placeLeft.width, colour);
     for (const PieceCode piece : {move.piece, move.before, move.captured})
         if (piece != 0) PaintRing(painter, view.at[piece], movedPiece.radius, movedPiece.width, colour);
 }

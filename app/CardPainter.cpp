@@ -30,6 +30,25 @@ QRect AreaAround(const Layout& layout, const Box& box) {
     return OnDevice(layout, box).adjusted(-edge, -edge, edge, edge).toAlignedRect();
 }
 
+/// What a plate is made of: `width` is that of its edge, in layout pixels.
+struct PlateLook {
+    bool lit;
+    QColor above, below, edge;
+    double width;
+};
+
+/// Ivory where something goes on, else dark leather.
+PlateLook CardLook(bool lit) {
+    if (lit) return {true, {0xff, 0xf3, 0xd2}, {0xf3, 0xdf, 0xb2}, palette::Mark, 1.6};
+    return {false, {0x3b, 0x25, 0x17}, {0x28, 0x18, 0x0e}, {0x9a, 0x7a, 0x4c}, 0.9};
+}
+
+/// Enamel in the colour of whoever is asked.
+PlateLook EnamelLook(Colour who) {
+    const auto& [above, below] = palette::Enamel[who];
+    return {true, above, below, palette::Light, 1.4};
+}
+
 /// Paints one box, from its corner and in layout pixels, of which each is `scale` times as large.
 class BoxPainter {
 public:
@@ -59,8 +78,10 @@ public:
     /// Set smaller until it fits; the end of what is too long even then is cut off.
     void Text(const QRectF& area, int flags, const QString& text, double size, QFont::Weight weight,
               const QColor& colour) {
+        Text(area, flags, text, TextFont(size * unit_, weight), colour);
+    }
+    void Text(const QRectF& area, int flags, const QString& text, QFont font, const QColor& colour) {
         const QRectF place = Device(area);
-        QFont font = TextFont(size * unit_, weight);
         const auto fits = [&](const QString& shown) {
             const QRectF needed = QFontMetricsF(font).boundingRect(place, flags, shown);
             return place.adjusted(-1, -1, 1, 1).contains(needed);
@@ -86,20 +107,19 @@ public:
         }
     }
 
-    /// A plate: light where something goes on, else of dark leather.
-    void Plate(bool lit) {
-        const QColor edge = lit ? palette::Mark : QColor(0x9a, 0x7a, 0x4c);
-        if (lit) {
+    /// A plate in its shadow or in the light around it.
+    void Plate(const PlateLook& look) {
+        if (look.lit) {
             Halo(QColor(0xff, 0xdf, 0x9a), 0.42, {});
         } else {
             Halo(Qt::black, 0.5, {0, 1});
         }
-        QLinearGradient leather(0, 0, 0, Height() * unit_);
-        leather.setColorAt(0, lit ? QColor(0xff, 0xf3, 0xd2) : QColor(0x3b, 0x25, 0x17));
-        leather.setColorAt(1, lit ? QColor(0xf3, 0xdf, 0xb2) : QColor(0x28, 0x18, 0x0e));
-        Round(Whole(), corner, leather, QPen(palette::DarkWood, 1.4));
+        QLinearGradient face(0, 0, 0, Height() * unit_);
+        face.setColorAt(0, look.above);
+        face.setColorAt(1, look.below);
+        Round(Whole(), corner, face, QPen(palette::DarkWood, 1.4));
         Round(Whole().adjusted(2.5, 2.5, -2.5, -2.5), corner - 2, Qt::NoBrush,
-              QPen(edge, lit ? 1.6 : 0.9));
+              QPen(look.edge, look.width));
     }
 
 private:
@@ -111,13 +131,14 @@ private:
 
 // The plate of a box with the shadow or the light around it, drawn once for each size.
 void PaintPlate(QPainter& painter, const PixmapCache& cache, const Layout& layout, const Box& box,
-                double scale, bool lit) {
+                double scale, const PlateLook& look) {
     const QRect area = AreaAround(layout, box);
     const QRectF inArea = OnDevice(layout, box).translated(-area.topLeft());
-    const QString name = QStringLiteral("plate %1 %2 %3").arg(lit).arg(inArea.x()).arg(inArea.y());
+    const QString name =
+        QStringLiteral("plate %1 %2 %3").arg(look.above.rgb()).arg(inArea.x()).arg(inArea.y());
     const QString sized = name + QStringLiteral(" %1 %2").arg(box.width).arg(box.height);
     painter.drawPixmap(area.topLeft(), cache(sized, area.size(), [&](QPainter& plate) {
-                           BoxPainter(plate, inArea, layout.Unit, scale).Plate(lit);
+                           BoxPainter(plate, inArea, layout.Unit, scale).Plate(look);
                        }));
 }
 
@@ -147,10 +168,10 @@ void PaintWay(BoxPainter& box, const BoardView::Card& card, double top) {
 // Four wells, of which those of the pieces at home are filled.
 void PaintHome(BoxPainter& box, const BoardView::Card& card, double top) {
     for (int piece = 0; piece < PiecesPerColour; ++piece) {
-        const QRectF well(padding + 15 * piece, top, 11, 11);
+        const QRectF well(padding + 16 * piece, top, 13, 13);
         const bool isHome = piece < card.home;
         const QColor empty = card.lit ? QColor(0xcd, 0xb4, 0x83) : QColor(0x12, 0x0a, 0x05);
-        box.Round(well, 5.5, isHome ? palette::PlayerMark[card.colour] : empty,
+        box.Round(well, 6.5, isHome ? palette::PlayerMark[card.colour] : empty,
                   QPen(isHome ? TextColour(card.lit) : FaintText(card.lit), isHome ? 1.4 : 0.8));
     }
 }
@@ -166,35 +187,38 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
     const double scale =
         std::clamp(std::min(place.width / 172.0, place.height / 146.0), 1.0, largestScale);
     const bool lit = card.lit;
-    PaintPlate(painter, cache, layout, place, scale, lit);
+    PaintPlate(painter, cache, layout, place, scale, CardLook(lit));
     BoxPainter box(painter, OnDevice(layout, place), layout.Unit, scale);
     const QColor text = TextColour(lit), faint = FaintText(lit);
     const double width = box.Width() - 2 * padding;
-    const double spread = std::clamp((box.Height() - 112) / 37.0, 0.0, 1.0);  // of the rows
+    const double spread = std::clamp((box.Height() - 112) / 34.0, 0.0, 1.0);  // of the rows
+    const double piece = 38 + 4 * spread, beside = padding + piece - 6;
     PaintDrawing(box, artwork, QStringLiteral("piece_%1").arg(card.colour),
-                 {padding - 5, 4 + 2 * spread, 34, 34});
-    box.Text({padding + 30, 6 + 2 * spread, width - 30, 26}, Qt::AlignVCenter | Qt::AlignLeft, card.name,
-             17, QFont::Bold, text);
-    const double kind = 32 + 6 * spread, bar = kind + 17 + 3 * spread, home = bar + 13 + 2 * spread;
-    box.Text({padding, kind, width, 15}, Qt::AlignVCenter | Qt::AlignLeft, card.kind, 13, QFont::Normal,
-             faint);
-    PaintWay(box, card, bar);
-    PaintHome(box, card, home + 1.5);
-    box.Text({padding + 60, home - 1, width - 60, 16}, Qt::AlignVCenter | Qt::AlignRight,
-             card.toGo == 0 ? QStringLiteral("en casa") : QStringLiteral("faltan %1").arg(card.toGo), 13,
+                 {padding - 6, 3 + 2 * spread, piece, piece});
+    box.Text({beside, 5 + 2 * spread, box.Width() - beside - padding, 24},
+             Qt::AlignVCenter | Qt::AlignLeft, card.name, DisplayFont(20 * layout.Unit * scale), text);
+    box.Text({beside, 27 + 2 * spread, box.Width() - beside - padding, 15},
+             Qt::AlignVCenter | Qt::AlignLeft, card.kind, 13, QFont::Normal, faint);
+    PaintWay(box, card, 44 + 5 * spread);
+    const double home = 57 + 9 * spread;
+    PaintHome(box, card, home);
+    box.Text({padding + 66, home - 2, width - 66, 17}, Qt::AlignVCenter | Qt::AlignRight,
+             card.toGo == 0 ? QStringLiteral("en casa") : QStringLiteral("faltan %1").arg(card.toGo), 14,
              QFont::Bold, text);
-    const double last = home + 18 + 2 * spread;
-    const double side = card.won ? box.Height() - last - 6 : 0;  // of the laurel beside the text
-    const QRectF laurel(box.Width() - padding - side, last, side, side);
+    const double last = home + 18 + 4 * spread;
+    const QRectF foot(4.5, last, box.Width() - 9, box.Height() - last - 4.5);
+    box.Round(foot, corner - 3, lit ? QColor(0xa0, 0x6a, 0x20, 0x2c) : QColor(0, 0, 0, 0x58));
+    const double side = card.won ? foot.height() - 4 : 0;  // of the laurel beside the text
+    const QRectF laurel(box.Width() - padding - side, last + 2, side, side);
     if (card.won) PaintDrawing(box, artwork, "laurel", laurel);
     if (card.won)
         PaintDrawing(box, artwork, "medal", laurel.adjusted(side / 4, side / 4, -side / 4, -side / 4));
     const double chance = card.chance.isEmpty() ? 0 : 18;
     if (chance != 0) {
-        box.Text({padding, box.Height() - 5 - chance, width, chance}, Qt::AlignVCenter | Qt::AlignLeft,
+        box.Text({padding, foot.bottom() - chance - 1, width, chance}, Qt::AlignVCenter | Qt::AlignLeft,
                  card.chance, 13, QFont::Bold, faint);
     }
-    box.Text({padding, last, width - side, box.Height() - last - 5 - chance},
+    box.Text({padding, last, width - side, foot.height() - chance},
              Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 15, QFont::Normal, text);
 }
 
@@ -218,20 +242,17 @@ void PaintCards(QPainter& painter, Artwork& artwork, const PixmapCache& cache, c
 }
 
 LineSizes LineSizesFor(const QString& what, const QString& more, QSizeF room, double unit) {
-    const auto heightOf = [&](const QString& text, double size, QFont::Weight weight) {
+    const auto heightOf = [&](const QString& text, const QFont& font) {
         const QRectF endless(0, 0, room.width() * unit, 1e4);
-        return QFontMetricsF(TextFont(size * unit, weight))
-                   .boundingRect(endless, Qt::TextWordWrap, text)
-                   .height() /
-               unit;
+        return QFontMetricsF(font).boundingRect(endless, Qt::TextWordWrap, text).height() / unit;
     };
     constexpr double between = 3;
     const double least = std::max(11.0, 10 / unit);
-    LineSizes sizes{std::min(20.0, room.width() / 7.5), std::max(13.0, least), room.height()};
+    LineSizes sizes{std::min(21.0, room.width() / 7.3), std::max(13.0, least), room.height()};
     if (more.isEmpty()) return sizes;
     for (;;) {
-        sizes.above = heightOf(what, sizes.what, QFont::Bold);
-        sizes.below = heightOf(more, sizes.more, QFont::Normal);
+        sizes.above = heightOf(what, DisplayFont(sizes.what * unit));
+        sizes.below = heightOf(more, TextFont(sizes.more * unit));
         if (sizes.above + between + sizes.below <= room.height() || sizes.what <= least) return sizes;
         double& next = sizes.more > least ? sizes.more : sizes.what;
         next = std::max(least, next - 1);
@@ -244,14 +265,18 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     if (!LineArea(layout).intersects(part)) return;
     const bool isFlat = layout.Line.width > 8 * layout.Line.height;
     const double scale = isFlat ? largestScale : 1;
-    const bool lit = view.line.waits;
-    PaintPlate(painter, cache, layout, layout.Line, scale, lit);
+    const bool lit = view.line.waits, enamelled = lit && view.line.who != 0;
+    PaintPlate(painter, cache, layout, layout.Line, scale,
+               enamelled ? EnamelLook(view.line.who) : CardLook(lit));
+    const QColor ink = enamelled ? palette::EnamelInk[view.line.who] : TextColour(lit);
+    const QColor faint = enamelled ? ink : FaintText(lit);
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
     const QRectF inside = box.Whole().adjusted(6, 5, -6, -5);
     const double unit = layout.Unit * scale;
     const bool below = !isFlat && !more.isEmpty();
-    const LineSizes sizes = LineSizesFor(view.line.what, below ? more : QString(), inside.size(), unit);
+    const QString what = isFlat ? QString(view.line.what).replace('\n', ' ') : view.line.what;
+    const LineSizes sizes = LineSizesFor(what, below ? more : QString(), inside.size(), unit);
     QRectF upper = inside, lower = inside;
     if (isFlat && !more.isEmpty()) {
         upper.setRight(inside.center().x());
@@ -261,8 +286,8 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
         lower.setTop(upper.bottom());
     }
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;
-    box.Text(upper, flags, view.line.what, sizes.what, QFont::Bold, TextColour(lit));
-    if (!more.isEmpty()) box.Text(lower, flags, more, sizes.more, QFont::Normal, FaintText(lit));
+    box.Text(upper, flags, what, DisplayFont(sizes.what * unit), ink);
+    if (!more.isEmpty()) box.Text(lower, flags, more, sizes.more, QFont::Normal, faint);
 }
 
 }  // namespace zorva

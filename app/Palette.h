@@ -11,6 +11,14 @@ namespace zorva::palette {
 /// The four colours, by number, and the rims in which their squares are inlaid.
 inline const QColor Player[] = {{}, {255, 255, 0}, {0, 0, 255}, {255, 0, 0}, {0, 128, 0}};
 inline const QColor PlayerRim[] = {{}, {0x9a, 0x78, 0}, {0, 0, 0x60}, {0x70, 0, 0}, {0, 0x38, 0}};
+/// Enamelled plates, from above to below, and the ink on them.
+inline const QColor Enamel[][2] = {{},
+                                   {{0xff, 0xdf, 0x38}, {0xe6, 0xb4, 0x0a}},
+                                   {{0x1c, 0x20, 0xb4}, {0x0a, 0x0a, 0x7c}},
+                                   {{0xac, 0x12, 0x10}, {0x78, 0x06, 0x06}},
+                                   {{0x05, 0x5a, 0x0e}, {0x03, 0x40, 0x08}}};
+inline const QColor EnamelInk[] = {
+    {}, {0x2b, 0x1c, 0x08}, {0xff, 0xf6, 0xe2}, {0xff, 0xf6, 0xe2}, {0xff, 0xf6, 0xe2}};
 inline const QColor Line{0x5c, 0x48, 0x38};  ///< between the squares
 
 inline const QColor Paper{0xf6, 0xee, 0xd9};

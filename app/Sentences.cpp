@@ -369,7 +369,7 @@ Prompt PromptWithoutGame(const GameState& state, const Settings& settings) {
     const QString start = "Pulse el botón de los dados para ";
     if (!HasWon(state)) return {start + "empezar", HintAboutPlayers(settings), true};
     return {"¡Ha ganado " + NameText(settings, state.CurrentColour) + "!", start + "jugar otra vez.",
-            true};
+            true, state.CurrentColour};
 }
 
 Prompt PromptForThrow(const GameState& state, const Settings& settings) {
@@ -379,18 +379,18 @@ Prompt PromptForThrow(const GameState& state, const Settings& settings) {
     }
     const bool byPerson = settings.PlayerType[state.CurrentColour] == 2;
     const QString repeats = state.RepeatTurn ? QStringLiteral("repite, ") : QString();
-    return {byPerson ? name + ": " + repeats + "pulse para tirar"
-                     : (state.RepeatTurn ? "Pulse y repite " : "Pulse y tira ") + name,
-            HintAboutPlayers(settings), true};
+    return {name + ":\n" + repeats + (byPerson ? "pulse para tirar" : "pulse para que tire"),
+            HintAboutPlayers(settings), true, state.CurrentColour};
 }
 
 Prompt PromptForMove(const GameState& state, const Settings& settings) {
     return {NameText(settings, state.CurrentColour) +
-                QStringLiteral(": cuente %1 con una de las %2 fichas marcadas")
+                QStringLiteral(":\ncuente %1 con una de las %2 fichas marcadas")
                     .arg(state.MoveCount)
                     .arg(state.LegalMoveCount),
             {},
-            true};
+            true,
+            state.CurrentColour};
 }
 
 // The move that was made with a colour's last throw, or by hand; 0 when there is none. What follows from
@@ -473,12 +473,12 @@ Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
                 "Apáguela para seguir jugando.", true};
     }
     if (state.WaitingForThrow) return PromptForThrow(state, settings);
-    if (HasWon(state)) return {"¡Ha ganado " + name + "!", {}, true};
+    if (HasWon(state)) return {"¡Ha ganado " + name + "!", {}, true, state.CurrentColour};
     if (state.WaitingForMove && settings.PlayerType[state.CurrentColour] == 2) {
         return PromptForMove(state, settings);
     }
     if (state.MoveRecordCount == 0) return {"Sorteo de quién empieza", {}, false};
-    return {"Juega " + name + "…", {}, false};
+    return {"Juega " + name + "…", {}, false, state.CurrentColour};
 }
 
 QString LatestThrowText(const GameState& state, const Settings& settings) {

@@ -84,9 +84,10 @@ Short FirstExitOf(const GameState& state, Short move);
 
 /// What the game waits for, as the line on the table says it.
 struct Prompt {
-    QString what;        ///< "María: pulse para tirar"
+    QString what;        ///< "María:\npulse para tirar": the new line may be shown as a blank
     QString hint;        ///< how to get on otherwise, often empty
     bool waits = false;  ///< for the player; else for a walk, a throw or nothing
+    Colour who = 0;      ///< the colour that is to throw or move, or has won; 0 for none
 
     bool operator==(const Prompt&) const = default;
 };

@@ -227,7 +227,7 @@ TEST_F(OnTheBoard, TheRightButtonTurnsManualModeOnAndOff) {
     EXPECT_EQ(state.WaitingForThrow, Yes) << "in manual mode a click does not throw";
     Click(PlaceOfSquare(50), Qt::RightButton);
     EXPECT_EQ(state.ManualMode, No);
-    EXPECT_EQ(View().line.what, "Amarillo: pulse para tirar");
+    EXPECT_EQ(View().line.what, "Amarillo:\npulse para tirar");
     Click(PlaceOfSquare(50), Qt::RightButton);
     Key(Qt::Key_Space, " ");
     EXPECT_EQ(state.ManualMode, No) << "a key leaves manual mode";
