@@ -142,13 +142,13 @@ void BoardInput::Throw() {
 void BoardInput::Preview(Short piece) {
     if (piece == previewed_) return;
     previewed_ = piece;
-    BoardView::ShownMove move;
-    if (piece != 0) {
-        move.piece = CodeOf(state_.CurrentColour, piece);
-        move.from = state_.PiecePosition[state_.CurrentColour][piece];
-        move.to = DestinationOf(state_.CurrentColour, state_.MoveCount, move.from);
-    }
-    mesa_.Scene().ShowPreview(move);
+    mesa_.Scene().ShowPreview(piece == 0 ? BoardView::ShownMove{} : MoveOf(piece));
+}
+
+BoardView::ShownMove BoardInput::MoveOf(Short piece) const {
+    const Colour colour = state_.CurrentColour;
+    const Square from = state_.PiecePosition[colour][piece];
+    return {CodeOf(colour, piece), from, DestinationOf(colour, state_.MoveCount, from)};
 }
 
 // ----------------------------------------------------------------------------------- manual mode
@@ -273,11 +273,10 @@ void BoardInput::ShowWhatCanBePicked() {
     marked_ = 0;
     manualKeys_.Forget();
     Preview(0);
-    std::array<bool, BoardView::CodeCount> movable{};
-    for (Short piece = 1; piece <= PiecesPerColour && IsPersonsPick(); ++piece) {
-        movable[CodeOf(state_.CurrentColour, piece)] = IsMovable(piece);
-    }
-    mesa_.Scene().ShowMovable(movable);
+    std::vector<BoardView::ShownMove> choices;
+    for (Short piece = 1; piece <= PiecesPerColour && IsPersonsPick(); ++piece)
+        if (IsMovable(piece)) choices.push_back(MoveOf(piece));
+    mesa_.Scene().ShowChoices(choices);
 }
 
 // ----------------------------------------------------------------------------------- the cursor

@@ -2,6 +2,7 @@
 
 #include <QCursor>
 
+#include "app/BoardView.h"
 #include "app/Layout.h"
 #include "app/ManualKeys.h"
 #include "core/GameState.h"
@@ -77,6 +78,7 @@ private:
     void EndDrag(Point at);
     void LetGlideBack(PieceCode piece);
     void Preview(Short piece);
+    BoardView::ShownMove MoveOf(Short piece) const;
     void AcceptMove();
     void InviteToBegin();
 

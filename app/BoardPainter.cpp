@@ -32,6 +32,7 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
+constexpr RingShape placeOfChoice{11.5, 2};
 constexpr double glowReach = 19.9;  // of the light around a piece that may move
 
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the
@@ -164,8 +165,8 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
 // -------------------------------------------------------------------------------- what changes
 
 // From below to above: background, houses with their trays, the light round the new-game button, cards
-// and line, the cup in warm light, the sign at a die, pulse, marks of the last move and of a shown one,
-// rings, pieces, the frame of the marked one, the piece in the air and the confetti.
+// and line, the cup in warm light, the sign at a die, pulse, marks of the last move, of the choices and
+// of a shown move, rings, pieces, the frame of the marked one, the piece in the air and the confetti.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
@@ -187,6 +188,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     if (view.sign != BoardView::NewGameSign) PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse, part);
     PaintLastMove(painter, view, part);
+    PaintChoices(painter, view, part);
     const BoardView::ShownMove& shown = view.preview.piece != 0 ? view.preview : view.shown;
     PaintShownMove(painter, view, shown, part);
     const std::vector<PieceCode> pieces = PiecesFromBehind(view, part);
@@ -409,6 +411,15 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
             PaintRing(painter, path[step], dotOnThePath.radius, dotOnThePath.width, palette::Mark);
     }
     PaintRing(painter, path.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
+}
+
+// Quiet rings: the way itself is shown for the piece under the cursor alone.
+void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const QRect& part) {
+    for (const BoardView::ShownMove& move : view.choices) {
+        const std::vector<QPointF> path = PathOf(layout_, move);
+        if (path.empty() || !PieceArea(path.back()).intersects(part)) continue;
+        PaintRing(painter, path.back(), placeOfChoice.radius, placeOfChoice.width, palette::Mark);
+    }
 }
 
 // The piece of the shown move has the colour of its way; those that may move else have a

@@ -78,6 +78,7 @@ private:
                           const BoardView::DiePose& pose);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
                         const QRect& part);
+    void PaintChoices(QPainter& painter, const BoardView& view, const QRect& part);
     void PaintRingOf(QPainter& painter, const BoardView& view, const BoardView::ShownMove& shown,
                      PieceCode code);
     void PaintFrame(QPainter& painter, QPointF centre);

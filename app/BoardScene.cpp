@@ -78,6 +78,7 @@ void BoardScene::SetScreen(const Layout& layout, QSize devicePixels) {
     ShowGuide();
     view_.shown.place = EndOf(view_.shown);
     view_.preview.place = EndOf(view_.preview);
+    for (BoardView::ShownMove& move : view_.choices) move.place = EndOf(move);
     Repaint(painter_.Picture().rect());
 }
 
@@ -354,10 +355,16 @@ void BoardScene::ShowPreview(const BoardView::ShownMove& move) {
     RepaintMove(view_.preview);
 }
 
-void BoardScene::ShowMovable(const std::array<bool, BoardView::CodeCount>& movable) {
-    const auto before = std::exchange(view_.movable, movable);
-    for (PieceCode piece = 1; piece < BoardView::CodeCount; ++piece) {
-        if (before[piece] != movable[piece]) RepaintPiece(piece);
+void BoardScene::ShowChoices(std::vector<BoardView::ShownMove> choices) {
+    for (BoardView::ShownMove& move : choices) move.place = EndOf(move);
+    const auto before = std::exchange(view_.choices, std::move(choices));
+    view_.movable.fill(false);
+    for (const BoardView::ShownMove& move : view_.choices) view_.movable[move.piece] = true;
+    for (const auto& moves : {before, view_.choices}) {
+        for (const BoardView::ShownMove& move : moves) {
+            RepaintPiece(move.piece);
+            RepaintMove(move);
+        }
     }
 }
 

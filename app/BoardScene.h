@@ -75,8 +75,8 @@ public:
     void ShowMove(const BoardView::ShownMove& move);
     /// Marks where the piece under the cursor would go, in place of the marks of ShowMove.
     void ShowPreview(const BoardView::ShownMove& move);
-    /// Rings the pieces that a person may pick.
-    void ShowMovable(const std::array<bool, BoardView::CodeCount>& movable);
+    /// Rings the pieces that a person may pick and, quietly, the places where they would go.
+    void ShowChoices(std::vector<BoardView::ShownMove> choices);
     /// Tells where the cursor is over the board, in layout pixels: the cup is lit under it while a click
     /// throws.
     void PointAt(Point at);

@@ -102,6 +102,7 @@ struct BoardView {
     ShownMove shown;
     ShownMove preview;                      ///< where the piece under the cursor would go
     std::array<bool, CodeCount> movable{};  ///< pieces that a person may pick now
+    std::vector<ShownMove> choices;         ///< where each of them would go
     PieceCode marked = 0;                   ///< the one marked by the keyboard
 
     Short tape = -1;  ///< the move at which the recorder stands, -1 while it is off

@@ -202,6 +202,7 @@ TEST_F(OnTheBoard, ShowsWhatCanBePickedAndWhereItWouldGo) {
     AwaitMove();
     EXPECT_TRUE(View().movable[11] && View().movable[12]);
     EXPECT_FALSE(View().movable[13] || View().movable[21]);
+    EXPECT_EQ(View().choices.at(0).to, 13);
     input.Move(PlaceOf(11));
     EXPECT_EQ(View().preview.piece, 11);
     EXPECT_EQ(View().preview.to, 13);
