@@ -286,7 +286,7 @@ const QPixmap& BoardPainter::Lit(Colour colour) {
 void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colour, bool lit) {
     const double unit = layout_.Unit * layout_.Cell / boardCell;
     const QRectF plate = DeviceF(layout_.NamePlate(colour));
-    QFont font = DisplayFont((lit ? 19.5 : 18) * unit);
+    QFont font = DisplayFont((lit ? 19.5 : 18) * unit, name);
     const double room = plate.width() - 12 * unit;
     const auto isTooWide = [&] {
         const QFontMetricsF metrics(font);

@@ -196,7 +196,8 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
     PaintDrawing(box, artwork, QStringLiteral("piece_%1").arg(card.colour),
                  {padding - 6, 3 + 2 * spread, piece, piece});
     box.Text({beside, 5 + 2 * spread, box.Width() - beside - padding, 24},
-             Qt::AlignVCenter | Qt::AlignLeft, card.name, DisplayFont(20 * layout.Unit * scale), text);
+             Qt::AlignVCenter | Qt::AlignLeft, card.name,
+             DisplayFont(20 * layout.Unit * scale, card.name), text);
     box.Text({beside, 27 + 2 * spread, box.Width() - beside - padding, 15},
              Qt::AlignVCenter | Qt::AlignLeft, card.kind, 13, QFont::Normal, faint);
     PaintWay(box, card, 44 + 5 * spread);
@@ -222,6 +223,15 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
              Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 15, QFont::Normal, text);
 }
 
+// The first of two lines: the name of who is asked, without the new line.
+QString HeadOf(const QString& what) {
+    return what.left(std::max<qsizetype>(what.indexOf('\n'), 0));
+}
+
+QFont HeadFont(double size, const QString& head) {
+    return DisplayFont(1.2 * size, head);
+}
+
 }  // namespace
 
 QRect CardArea(const Layout& layout, std::size_t place) {
@@ -244,14 +254,16 @@ void PaintCards(QPainter& painter, Artwork& artwork, const PixmapCache& cache, c
 LineSizes LineSizesFor(const QString& what, const QString& more, QSizeF room, double unit) {
     const auto heightOf = [&](const QString& text, const QFont& font) {
         const QRectF endless(0, 0, room.width() * unit, 1e4);
+        if (text.isEmpty()) return 0.0;
         return QFontMetricsF(font).boundingRect(endless, Qt::TextWordWrap, text).height() / unit;
     };
     constexpr double between = 3;
     const double least = std::max(11.0, 10 / unit);
-    LineSizes sizes{std::min(21.0, room.width() / 7.3), std::max(13.0, least), room.height()};
-    if (more.isEmpty()) return sizes;
+    const QString head = HeadOf(what), task = what.mid(head.size());
+    LineSizes sizes{std::min(20.0, room.width() / 7.5), more.isEmpty() ? least : std::max(13.0, least)};
     for (;;) {
-        sizes.above = heightOf(what, DisplayFont(sizes.what * unit));
+        sizes.head = heightOf(head, HeadFont(sizes.what * unit, head));
+        sizes.above = sizes.head + heightOf(task.trimmed(), TextFont(sizes.what * unit, QFont::Bold));
         sizes.below = heightOf(more, TextFont(sizes.more * unit));
         if (sizes.above + between + sizes.below <= room.height() || sizes.what <= least) return sizes;
         double& next = sizes.more > least ? sizes.more : sizes.what;
@@ -286,7 +298,15 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
         lower.setTop(upper.bottom());
     }
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;
-    box.Text(upper, flags, what, DisplayFont(sizes.what * unit), ink);
+    const QString head = HeadOf(what);
+    if (!head.isEmpty()) {
+        upper.setTop(upper.center().y() - sizes.above / 2);
+        const QRectF above(upper.topLeft(), QSizeF(upper.width(), sizes.head));
+        box.Text(above, flags, head, HeadFont(sizes.what * unit, head), ink);
+        upper.setTop(above.bottom());
+        upper.setHeight(sizes.above - sizes.head);
+    }
+    box.Text(upper, flags, what.mid(head.size()).trimmed(), sizes.what, QFont::Bold, ink);
     if (!more.isEmpty()) box.Text(lower, flags, more, sizes.more, QFont::Normal, faint);
 }
 

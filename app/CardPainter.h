@@ -20,8 +20,9 @@ struct Layout;
 struct LineSizes {
     double what;       ///< of what the game waits for
     double more;       ///< of the text below it: never less than 11, and 10 device pixels
-    double above;      ///< the height that the upper text takes
-    double below = 0;  ///< and the lower
+    double head = 0;   ///< the height that the first line of the upper text takes, 0 without one
+    double above = 0;  ///< the height of all of the upper text
+    double below = 0;  ///< and of the lower
 };
 
 /// The largest sizes at which both texts fit one below the other, the lower smaller first. `room` is in

@@ -1,6 +1,7 @@
 #include "app/Fonts.h"
 
 #include <QStringList>
+#include <algorithm>
 
 namespace zorva {
 namespace {
@@ -21,7 +22,9 @@ QFont TextFont(double pixelSize, QFont::Weight weight) {
     return font;
 }
 
-QFont DisplayFont(double pixelSize) {
+QFont DisplayFont(double pixelSize, const QString& text) {
+    if (std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); }))
+        return TextFont(pixelSize, QFont::Bold);
     QFont font = Sized(QStringList{"Vollkorn", "Lato", "DejaVu Sans"}, pixelSize);
     font.setWeight(QFont::Bold);
     return font;

@@ -14,6 +14,8 @@ inline constexpr int SmallestFont = 9;
 
 /// The bold font of names and headlines, in keeping with the figures on the board: Vollkorn, or the font
 /// of all else where that is not installed.
-QFont DisplayFont(double pixelSize);
+/// Its figures hang below the line and its 1 looks like an I: for a text with figures, too, the font of
+/// all else.
+QFont DisplayFont(double pixelSize, const QString& text);
 
 }  // namespace zorva

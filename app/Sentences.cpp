@@ -375,7 +375,7 @@ Prompt PromptWithoutGame(const GameState& state, const Settings& settings) {
 Prompt PromptForThrow(const GameState& state, const Settings& settings) {
     const QString name = NameText(settings, state.CurrentColour);
     if (state.ManualMode) {
-        return {"Modo manual: arrastre una ficha", "El botón derecho o F10 lo dejan.", true};
+        return {"Modo manual:\narrastre una ficha", "El botón derecho o F10 lo dejan.", true};
     }
     const bool byPerson = settings.PlayerType[state.CurrentColour] == 2;
     const QString repeats = state.RepeatTurn ? QStringLiteral("repite, ") : QString();
@@ -468,8 +468,8 @@ Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
     if (!state.GameInProgress) return PromptWithoutGame(state, settings);
     const QString name = NameText(settings, state.CurrentColour);
     if (tape >= 0) {
-        return {tape == 0 ? QStringLiteral("Grabadora: principio de la partida")
-                          : QStringLiteral("Grabadora: jugada %1").arg(tape),
+        return {tape == 0 ? QStringLiteral("Grabadora:\nprincipio de la partida")
+                          : QStringLiteral("Grabadora:\njugada %1").arg(tape),
                 "Apáguela para seguir jugando.", true};
     }
     if (state.WaitingForThrow) return PromptForThrow(state, settings);

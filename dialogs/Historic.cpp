@@ -59,7 +59,7 @@ void Historic::DrawGround(QPainter& painter) {
     painter.setPen(palette::Ink);
     const QRectF label = ToRect(labelBox);
     const QSizeF half(label.width(), label.height() / 2);
-    DrawLine(painter, QRectF(label.topLeft(), half), "Histórico", {17, QFont::Bold}, Qt::AlignHCenter);
+    DrawLine(painter, QRectF(label.topLeft(), half), "Histórico", Headline(19), Qt::AlignHCenter);
     DrawLine(painter, QRectF(label.topLeft() + QPointF(0, half.height()), half), "de partidas",
              {14, QFont::Normal, true}, Qt::AlignHCenter);
     painter.setPen(QColor(0x5d, 0x3f, 0x12));

@@ -31,6 +31,7 @@ constexpr double imageDensity = 2;  // pixels of the manual's images for one lay
 
 // Style sheets in which "8u" means a length of 8 layout pixels.
 constexpr const char* pageStyle = R"(
+    h1, h2, h3 { font-family: Vollkorn, Lato, "DejaVu Sans"; }
     h1 { color: #7a2318; margin-top: 4u; margin-bottom: 10u; }
     h2 { color: #7a2318; margin-top: 30u; margin-bottom: 8u; }
     h3 { color: #4f3117; margin-top: 18u; margin-bottom: 5u; }

@@ -126,7 +126,7 @@ const OptionPlace* OptionPage::OptionAt(Point point) const {
 // The width of a blank is given, not that of the font: between spaced letters the font's would be too
 // narrow.
 void OptionPage::DrawHeading(QPainter& painter, const QString& heading) const {
-    constexpr TextStyle style{15, QFont::Bold};
+    constexpr TextStyle style = Headline(16);
     constexpr double blank = 6;
     const double windowWidth = width() / services_.ToLogical(1);
     const double headingWidth =

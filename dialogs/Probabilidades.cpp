@@ -188,8 +188,7 @@ void Probabilidades::Show(const GameReport& report) {
 void Probabilidades::DrawGround(QPainter& painter) {
     BoardDialog::DrawGround(painter);
     painter.setPen(palette::Light);
-    DrawLine(painter, heading.adjusted(20, 8, -20, -4), windowTitle(), {18, QFont::Bold},
-             Qt::AlignHCenter);
+    DrawLine(painter, heading.adjusted(20, 8, -20, -4), windowTitle(), Headline(20), Qt::AlignHCenter);
     decoration::DrawSunkenPaper(painter, ToRect(paper));
     if (progress_ >= 1) return;
     painter.fillRect(progressLine, palette::DarkWood);

@@ -202,7 +202,7 @@ void SettingsPage::DrawHeader(QPainter& painter, Colour player) {
                                 QRectF(header.left() + 4, header.top(), headerHeight, headerHeight));
     painter.setPen(colours.ink);
     DrawLine(painter, header.adjusted(38, 0, -4, 0), QString::fromStdString(DefaultName(player)),
-             {14, QFont::Bold});
+             Headline(16));
 }
 
 void SettingsPage::DrawSliderLabel(QPainter& painter, const Box& box, const QString& label,

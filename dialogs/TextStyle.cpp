@@ -13,6 +13,7 @@ namespace {
 constexpr double fine = 16;
 
 QFont FineFont(const TextStyle& style) {
+    if (style.display) return DisplayFont(style.size * fine, QString());
     QFont font = TextFont(style.size * fine, style.weight);
     font.setItalic(style.italic);
     return font;

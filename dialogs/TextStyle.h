@@ -19,7 +19,12 @@ struct TextStyle {
     double size = 12;  ///< of the font
     QFont::Weight weight = QFont::Normal;
     bool italic = false;
+    bool display = false;  ///< in the font of names and headlines, which is always bold
 };
+
+constexpr TextStyle Headline(double size) {
+    return {.size = size, .display = true};
+}
 
 /// A text wrapped into lines of a given width. Runs of blanks are kept as they are, a line feed begins a
 /// new line, and a word wider than a line is broken anywhere.
