@@ -25,6 +25,10 @@ constexpr double moverWidth = 2.6;  // of the mark in the mover's colour, beside
 constexpr double shadowHeight = 9;  // of the slit
 constexpr double unprinted = 20;    // below the last line, to the torn edge
 constexpr double tooth = 5;         // of the torn edge: its width; it is less deep
+constexpr double foldHeight = 10;   // where paper that reaches the log's end bends away
+
+// Of the lines above the newest; its contrast is at least 4.5 in the deepest shade.
+const QColor oldInk(0x3e, 0x2d, 0x1c);
 
 // In logical pixels, of which rows of a list view take whole ones.
 int RowHeight(const Services& services) {
@@ -53,7 +57,9 @@ public:
         const QRectF text = row.adjusted(indent * unit, 0, 0, 0);
         const QString line = index.data().toString();
         painter->setFont(TextFont(size, index.row() == 0 ? QFont::Bold : QFont::Medium));
-        painter->setPen(palette::Ink);
+        const bool isNewest = index.row() == index.model()->rowCount() - 1;
+        const bool isStrong = isNewest || option.state.testFlag(QStyle::State_Selected);
+        painter->setPen(isStrong ? palette::Ink : oldInk);
         if (index.row() == 0) {
             painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, line);
         } else {
@@ -219,8 +225,9 @@ void MoveLog::ShowPaper() {
     QPainter(this).drawPixmap(0, 0, paper);
 }
 
-// Every other line lies on a tint. The paper bends at its sides; its upper edge is in the shadow of the
-// slit that it comes out of.
+// Every other line lies on a tint. The lamp falls on the newest line; above it the paper lies in the
+// shade of the recorder, and its upper edge in the shadow of the slit that it comes out of. It bends at
+// its sides, and at its end when it is longer than the log.
 void MoveLog::PaintPaper(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QPainterPath paper = Paper();
@@ -233,6 +240,20 @@ void MoveLog::PaintPaper(QPainter& painter) const {
     int top = ruled.top() - verticalScrollBar()->value() % (2 * rowHeight);
     for (; top < ruled.bottom(); top += 2 * rowHeight) {
         painter.fillRect(QRect(0, top, width(), rowHeight) & ruled, palette::RuledPaper);
+    }
+    const double end = std::min<double>(paper.boundingRect().bottom(), height());
+    QLinearGradient shade(0, 0, 0, end);
+    shade.setColorAt(0, QColor(116, 62, 8, 116));
+    shade.setColorAt(0.4, QColor(130, 74, 12, 66));
+    shade.setColorAt(0.9, QColor(140, 84, 16, 0));
+    painter.fillPath(paper, shade);
+    if (end >= height()) {
+        const double fold = services_.ToLogical(foldHeight);
+        QLinearGradient away(0, end - fold, 0, end);
+        away.setColorAt(0, QColor(40, 18, 4, 0));
+        away.setColorAt(0.6, QColor(40, 18, 4, 50));
+        away.setColorAt(1, QColor(40, 18, 4, 190));
+        painter.fillRect(QRectF(0, end - fold, width(), fold), away);
     }
     QLinearGradient bend(0, 0, width(), 0);
     bend.setColorAt(0, QColor(70, 40, 10, 40));
