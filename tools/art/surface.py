@@ -1,12 +1,14 @@
-"""The table top: planks of dark walnut, oiled, lit from the top left."""
+"""The table top: wide planks of oiled walnut under one lamp, which hangs at the top left."""
 
+import math
 import random
 
 from .svg import Drawing, mix, num
 
 WIDTH, HEIGHT = 1920, 1080
-PLANKS = ((0, 168), (168, 196), (364, 172), (536, 208), (744, 160), (904, 176))
-DARK, BODY, LIGHT = "#321c0f", "#4a2d19", "#5e3b22"
+PLANKS = ((0, 262), (262, 274), (536, 278), (814, 266))
+DARK, BODY, LIGHT = "#2b170c", "#58361e", "#85582f"
+STEP = 150  # between the points of a line of the grain, about
 
 
 def draw():
@@ -14,45 +16,81 @@ def draw():
     chance = random.Random(1492)
     for top, height in PLANKS:
         _plank(table, chance, top, height)
-    # One lamp hangs over all that lies on the table.
-    lamp = table.radial(960, 480, 1300, (0, "#ffcd82", 0.34), (0.45, "#ffc478", 0.24), (0.75, "#c07838", 0.12),
-                        (1, "#000000", 0.3))
-    table.rect(0, 0, WIDTH, HEIGHT, fill=lamp)
+    for top, _ in PLANKS[1:]:
+        _seam(table, top)
+    _lamp(table)
     return table
 
 
 def _plank(table, chance, top, height):
-    body = mix(BODY, chance.choice((DARK, LIGHT)), chance.uniform(0.05, 0.4))
-    stops = [(0, mix(body, DARK, 0.5)), (0.03, body)]
-    stops += [(0.12 + 0.16 * i, mix(body, chance.choice((DARK, LIGHT)), chance.uniform(0, 0.3))) for i in range(5)]
-    stops += [(0.97, body), (1, mix(body, "#000000", 0.35))]
-    table.rect(0, top, WIDTH, height, fill=table.linear(0, top, 0, top + height, *stops))
-    _figure(table, chance, body, top, height)
-    _fibres(table, chance, body, top, height)
-    table.rect(0, top, WIDTH, 1.2, fill=mix(body, "#000000", 0.75))
-    table.rect(0, top + 1.2, WIDTH, 0.8, fill=mix(body, "#ffcf9a", 0.1))
+    body = mix(BODY, chance.choice((DARK, LIGHT)), chance.uniform(0, 0.08))
+    table.rect(0, top, WIDTH, height + 1, fill=body)
+    flow = _flow(chance, top, height)
+    # The board hides most of the left half, and windows, which are of this wood, have texts on it.
+    for lines, left, right in ((5, -200, 1020), (26, 980, WIDTH)):
+        for line in range(lines):
+            start = (line + chance.uniform(0.1, 0.9)) / lines
+            tone, share = chance.choice(((DARK, chance.uniform(0.15, 0.6)), (LIGHT, chance.uniform(0.1, 0.5))))
+            width = chance.choice((1.2, 1.6, 2.2, 3.4, 8, 15))
+            first = chance.uniform(left, left + (right - left) * 0.6)
+            last = min(first + chance.uniform(0.4, 0.95) * (right - left), right + 200)
+            _grain(table, flow, start, width, (first, last), fill=mix(body, tone, share / (1 + width * 0.1)))
 
 
-def _figure(table, chance, body, top, height):
-    # The cathedral pattern of a flat-sawn plank: long tongues within one another.
-    tip, foot = chance.uniform(300, 1600), chance.choice((-200, WIDTH + 200))
-    middle = top + height * chance.uniform(0.4, 0.6)
-    for ring in range(7, 0, -1):
-        spread = height * 0.055 * ring
-        nose = tip + (90 * ring if foot < tip else -90 * ring)
-        sway = chance.uniform(-5, 5)
-        data = (f"M{num(foot)} {num(middle - spread)}C{num((foot + nose) / 2)} {num(middle - spread - sway)} "
-                f"{num(nose)} {num(middle - spread * 0.7)} {num(nose)} {num(middle + sway)}"
-                f"C{num(nose)} {num(middle + spread * 0.7)} {num((foot + nose) / 2)} {num(middle + spread - sway)} "
-                f"{num(foot)} {num(middle + spread)}Z")
-        table.path(data, fill=mix(body, DARK if ring % 2 else LIGHT, 0.12 + 0.02 * ring))
+def _flow(chance, top, height):
+    """Where a line of the grain lies at x, by where it starts (0..1 of the plank's height).
+
+    The lines part around two hearts, as they do where the saw has cut a plank flat, and sway a little.
+    """
+    hearts = ((chance.uniform(200, 700), chance.uniform(260, 420)),
+              (chance.uniform(1500, 1800), chance.uniform(150, 260)))
+    middle, swing = chance.uniform(0.35, 0.65), chance.uniform(0, 6)
+
+    def height_at(start, x):
+        away = start - middle
+        parted = sum(math.exp(-((x - heart) / length) ** 2) for heart, length in hearts)
+        push = 0.16 * parted * math.copysign(math.exp(-(away / 0.2) ** 2), away)
+        sway = 0.03 * math.sin(x / 310 + swing + 2 * start) + 0.014 * math.sin(x / 127 + 3 * swing)
+        place = start + push * (0.4 + abs(away)) + sway * (1 - 2 * abs(start - 0.5))
+        return top + height * min(max(place, 0.004), 0.996)
+
+    return height_at
 
 
-def _fibres(table, chance, body, top, height):
-    # One element each: Qt's renderer takes several times as long for many strokes in one path.
-    for tone, share in 6 * ((DARK, 0.55), (LIGHT, 0.4)):
-        x, length = chance.uniform(-100, WIDTH - 100), chance.uniform(200, 800)
-        y, drift = top + chance.uniform(5, height - 5), chance.uniform(-3, 3)
-        table.path(f"M{num(x)} {num(y)}C{num(x + length / 3)} {num(y + drift)} {num(x + 2 * length / 3)} "
-                   f"{num(y - drift)} {num(x + length)} {num(y + drift / 2)}",
-                   stroke=mix(body, tone, share), stroke_width=chance.choice((0.8, 1.1, 1.6)))
+def _grain(table, flow, start, width, ends, **style):
+    """A line of the grain that swells and thins out. Its cost for Qt is that of its length."""
+    pieces = max(2, round((ends[1] - ends[0]) / STEP))
+    upper, lower = [], []
+    for piece in range(pieces + 1):
+        x = ends[0] + (ends[1] - ends[0]) * piece / pieces
+        swell = width / 2 * math.sin(math.pi * piece / pieces) ** 0.6
+        upper.append((x, flow(start, x) - swell))
+        lower.append((x, flow(start, x) + swell))
+    table.path(_curve("M", upper) + _curve("L", lower[::-1]) + "Z", **style)
+
+
+def _curve(begin, points):
+    """Path data of a smooth curve through points of the same distance."""
+    data = f"{begin}{num(points[0][0])} {num(points[0][1])}"
+    for i in range(len(points) - 1):
+        (x0, y0), (x1, y1), (x2, y2), (x3, y3) = (points[max(0, min(i + k, len(points) - 1))] for k in (-1, 0, 1, 2))
+        data += (f"C{num(x1 + (x2 - x0) / 6)} {num(y1 + (y2 - y0) / 6)} {num(x2 - (x3 - x1) / 6)} "
+                 f"{num(y2 - (y3 - y1) / 6)} {num(x2)} {num(y2)}")
+    return data
+
+
+def _seam(table, y):
+    """A fine joint with rounded edges."""
+    table.rect(0, y - 5, WIDTH, 5, fill=table.linear(0, y - 5, 0, y, (0, "#1c0e06", 0), (1, "#1c0e06", 0.34)))
+    table.rect(0, y, WIDTH, 1, fill=mix(BODY, "#000000", 0.5))
+    table.rect(0, y + 1, WIDTH, 4, fill=table.linear(0, y + 1, 0, y + 5, (0, "#ffd9a8", 0.09), (1, "#ffd9a8", 0)))
+
+
+def _lamp(table):
+    # Its pool is wider than high, so that the light falls off down the table, too.
+    across = 1.4
+    table.open_group(f"scale({across} 1)")
+    light = table.radial(330, 60, 1500, (0, "#ffc880", 0.4), (0.2, "#ffc47a", 0.33), (0.42, "#ffbc70", 0.18),
+                         (0.64, "#ffb468", 0), (0.64, "#140803", 0), (0.82, "#140803", 0.4), (1, "#140803", 0.7))
+    table.rect(0, 0, WIDTH / across, HEIGHT, fill=light)
+    table.close_group()
