@@ -44,7 +44,7 @@ void WoodenKey::paintEvent(QPaintEvent*) {
     QPixmap pixmap = services_.artwork.Pixmap(drawing, (QSizeF(size()) * ratio).toSize());
     if (isLive_ && underMouse()) pixmap = WarmLit(pixmap);
     pixmap.setDevicePixelRatio(ratio);
-    if (isDimmed_) painter.setOpacity(0.5);
+    if (isDimmed_) painter.setOpacity(0.34);
     painter.drawPixmap(QPointF(), pixmap);
 }
 

@@ -1,9 +1,10 @@
 """The wooden keys: six menu buttons, the six large keys of the recorder and the buttons of the message window."""
 
-from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, IVORY, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT
+from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, IVORY
 from .svg import Drawing, mix, num
 
 SHADE = "#241007"
+LIT, FACE, DEEP = "#a4532c", "#7a3418", "#4c1c0b"  # the polished mahogany of a key, redder than the leather under it
 
 
 def draw_key(drawing, x, y, width, height, rx, pressed):
@@ -14,14 +15,11 @@ def draw_key(drawing, x, y, width, height, rx, pressed):
         drawing.soft_rect(x + 1.4, y + 2, width, height, rx, 2.2, 0.6, layers=8)
     drawing.rect(x - 0.8, y - 0.8, width + 1.6, height + 1.6, rx + 0.8, fill="#150904")
     if pressed:
-        edge = drawing.linear(x, y, x, end_y, (0, "#1c0c05"), (0.5, MAHOGANY_DARK),
-                              (1, mix(MAHOGANY, "#000000", 0.2)))
-        face = drawing.linear(x, y, slant, end_y, (0, mix(MAHOGANY_DARK, "#000000", 0.25)),
-                              (1, mix(MAHOGANY, "#000000", 0.12)))
+        edge = drawing.linear(x, y, x, end_y, (0, "#1c0c05"), (0.5, DEEP), (1, mix(FACE, "#000000", 0.2)))
+        face = drawing.linear(x, y, slant, end_y, (0, mix(DEEP, "#000000", 0.25)), (1, mix(FACE, "#000000", 0.12)))
     else:
-        edge = drawing.linear(x, y, x, end_y, (0, "#d08a58"), (0.3, MAHOGANY_LIGHT), (1, MAHOGANY_DARK))
-        face = drawing.linear(x, y, slant, end_y, (0, mix(MAHOGANY_LIGHT, MAHOGANY, 0.25)), (0.55, MAHOGANY),
-                              (1, mix(MAHOGANY, MAHOGANY_DARK, 0.7)))
+        edge = drawing.linear(x, y, x, end_y, (0, "#e09a64"), (0.3, LIT), (1, DEEP))
+        face = drawing.linear(x, y, slant, end_y, (0, LIT), (0.5, FACE), (1, mix(FACE, DEEP, 0.8)))
     bevel = min(width, height) * 0.045
     drawing.rect(x, y, width, height, rx, fill=edge)
     drawing.rect(x + bevel, y + bevel, width - 2 * bevel, height - 2 * bevel, rx - bevel, fill=face)
@@ -44,13 +42,13 @@ class Emblem:
     def __init__(self, drawing, pressed, colour=None):
         self.drawing = drawing
         shift = 1.2 if pressed else 0
-        ivory = colour or (mix(IVORY, MAHOGANY, 0.3) if pressed else "#fdf4df")
+        ivory = colour or (mix(IVORY, FACE, 0.3) if pressed else "#fdf4df")
         self.passes = ((shift + 0.9, shift + 1.1, SHADE), (shift, shift, ivory))
 
     def paint(self, shape):
         for dx, dy, colour in self.passes:
             self.drawing.open_group(f"translate({num(dx)} {num(dy)})")
-            shape(self.drawing, colour, MAHOGANY_DARK if colour != SHADE else SHADE)
+            shape(self.drawing, colour, DEEP if colour != SHADE else SHADE)
             self.drawing.close_group()
 
 

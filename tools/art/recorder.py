@@ -25,7 +25,7 @@ def draw():
 
 
 def _body(strip, x):
-    case = strip.linear(x, 0, x, 75, (0, "#4a2f20"), (0.04, "#2b1a11"), (0.9, "#20120b"), (1, "#120905"))
+    case = strip.linear(x, 0, x, 75, (0, "#1a0d06"), (0.06, "#2e1a0f"), (0.9, "#3a2214"), (1, "#4e301d"))
     metal = strip.linear(x, 0, x + 50, 75, (0, BRASS_LIGHT), (0.4, BRASS), (0.6, BRASS_LIGHT), (1, BRASS_DARK))
     strip.rect(x, 0, 50, 75, 4, fill="#0d0603")
     strip.rect(x + 0.5, 0.5, 49, 74, 3.6, fill=metal)
