@@ -11,9 +11,10 @@ namespace zorva {
 namespace {
 
 // Measures in layout pixels.
-constexpr double beyondBand = 16;  // how far the band reaches over the log's ends where there is room
-constexpr double bandCorner = 24;  // the corner of the drawing, which is not stretched
-constexpr double opaqueBand = 8;   // the part of that which is round and not opaque
+constexpr double beyondBand = 16;   // how far the band reaches over the log's ends where there is room
+constexpr double bandCorner = 24;   // the corner of the drawing, which is not stretched
+constexpr double tooledEdge = 9.5;  // the part of that up to the inner line of gold
+constexpr double opaqueBand = 8;    // the part of that which is round and not opaque
 constexpr double caseCorner = 14;
 constexpr double widestCase = 196;
 constexpr double besideCase = 12;
@@ -25,8 +26,12 @@ constexpr double smallestReel = 18;  // where there is less room, the reels are 
 constexpr double besideReel = 6;
 constexpr double belowMiddle = 4;    // the small key lies above one of them
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
-constexpr double caseShadow = 10;
-constexpr double keyCaseBorder = 4;
+constexpr double shadowReach = 11;
+constexpr QPointF shadowFall(2.5, 3.5);
+constexpr double aroundKeyCase = 4;
+constexpr double keyPadBorder = 0.6;
+constexpr double paperShadow = 0.35;  // its opacity: it lies flatter than a pad does
+constexpr double grainSide = 48;
 
 QRectF AsRect(const Box& box) {
     return QRectF(box.x, box.y, box.width, box.height);
@@ -97,17 +102,48 @@ double BorderScale(const Layout& layout, const QRectF& band) {
     return std::clamp((band.width() - held) / (2 * widestBorder), 0.3, 1.0);
 }
 
-// The large keys lie in a case of the band's wood and leather.
-void PaintFreeTable(QPainter& painter, Artwork& artwork, const Layout& layout) {
-    constexpr double border = 0.6;  // of the band's
-    const QRectF body =
-        AsRect(layout.KeyCase).adjusted(-keyCaseBorder, -keyCaseBorder, keyCaseBorder, keyCaseBorder);
-    const QRectF shadow =
-        body.adjusted(-caseShadow, -caseShadow, caseShadow, caseShadow).translated(1, 2);
-    PaintStretched(painter, artwork, "panel_shadow", OnDevice(layout, shadow), 2 * caseShadow,
-                   layout.Unit);
-    PaintStretched(painter, artwork, "panel_band", OnDevice(layout, body), bandCorner,
+// Softly around what lies on the table or on a pad.
+void PaintShadow(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& object) {
+    const QRectF shadow = object.adjusted(-shadowReach, -shadowReach, shadowReach, shadowReach);
+    PaintStretched(painter, artwork, "panel_shadow", OnDevice(layout, shadow.translated(shadowFall)),
+                   2 * shadowReach, layout.Unit);
+}
+
+// A tile of the leather's grain.
+QImage Grain(Artwork& artwork, double unit) {
+    const int side = qRound(grainSide * unit);
+    QImage grain(side, side, QImage::Format_ARGB32_Premultiplied);
+    grain.fill(Qt::transparent);
+    QPainter painter(&grain);
+    artwork.PaintPart(painter, "panel_grain", {0, 0, grainSide, grainSide}, grain.rect());
+    return grain;
+}
+
+// The lamp hangs above: what lies lower on the table is darker.
+QLinearGradient Lamp(const Layout& layout) {
+    QLinearGradient lamp(0, layout.DeviceTop, 0, layout.DeviceTop + layout.ScreenHeight * layout.Unit);
+    lamp.setColorAt(0, QColor(0xff, 0xd0, 0x90, 24));
+    lamp.setColorAt(0.2, QColor(0x1c, 0x0c, 0x04, 0));
+    lamp.setColorAt(1, QColor(0x1c, 0x0c, 0x04, 150));
+    return lamp;
+}
+
+// A pad of leather with its border at that scale.
+void PaintPad(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& pad,
+              double border, const QImage& grain) {
+    PaintShadow(painter, artwork, layout, pad);
+    PaintStretched(painter, artwork, "panel_band", OnDevice(layout, pad), bandCorner,
                    border * layout.Unit);
+    const double edge = tooledEdge * border;
+    painter.fillRect(OnDevice(layout, pad.adjusted(edge, edge, -edge, -edge)), grain);
+    painter.fillRect(OnDevice(layout, pad.adjusted(1, 1, -1, -1)), Lamp(layout));
+}
+
+// The large keys lie on a pad of their own.
+void PaintFreeTable(QPainter& painter, Artwork& artwork, const Layout& layout, const QImage& grain) {
+    constexpr double around = aroundKeyCase;
+    const QRectF pad = AsRect(layout.KeyCase).adjusted(-around, -around, around, around);
+    PaintPad(painter, artwork, layout, pad, keyPadBorder, grain);
     artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
 }
 
@@ -120,14 +156,16 @@ QRect HiddenByPanel(const Layout& layout) {
 }
 
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
-    const double unit = layout.Unit;
     const QRectF band = Band(layout);
-    const double border = BorderScale(layout, band);
-    PaintStretched(painter, artwork, "panel_band", OnDevice(layout, band), bandCorner, border * unit);
+    const QImage grain = Grain(artwork, layout.Unit);
+    PaintPad(painter, artwork, layout, band, BorderScale(layout, band), grain);
+    painter.setOpacity(paperShadow);
+    PaintShadow(painter, artwork, layout, AsRect(layout.LogPaper));
+    painter.setOpacity(1);
     const QRectF body = Case(layout, band);
-    PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, unit);
+    PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, layout.Unit);
     PaintReels(painter, artwork, layout, body);
-    if (layout.HasLargeKeys()) PaintFreeTable(painter, artwork, layout);
+    if (layout.HasLargeKeys()) PaintFreeTable(painter, artwork, layout, grain);
 }
 
 }  // namespace zorva

@@ -9,12 +9,13 @@ namespace zorva {
 class Artwork;
 struct Layout;
 
-/// Paints what lies under the buttons, the recorder and the log: a band of leather let into the table
-/// right of the board, and on it the case of the recorder, out of which the log's paper comes. A dice
-/// cup stands beside it where there is room. The painter's pixels are the window's device pixels.
+/// Paints what lies under the buttons, the recorder and the log: a pad of leather on the table right of
+/// the board, and on it the case of the recorder, out of which the log's paper comes. Where there is
+/// room the large keys lie beside it on a pad of their own, and a dice cup stands there. The painter's
+/// pixels are the window's device pixels.
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
 
-/// The device pixels of the window where the opaque middle of the band hides the table.
+/// The device pixels of the window where the opaque middle of the pad hides the table.
 QRect HiddenByPanel(const Layout& layout);
 
 }  // namespace zorva

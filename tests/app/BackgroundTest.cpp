@@ -41,7 +41,9 @@ TEST(Background, HasNoGapsOnAnyShapeOfScreen) {
 
 TEST(Background, HasItsPartsAtTheirPlaces) {
     const std::tuple<const char*, int, int, QColor> rows[] = {
-        {"the table", 10, 384, {0x66, 0x40, 0x27}},
+        {"the table", 10, 384, {0x7a, 0x53, 0x30}},
+        {"the pad under the lamp", 800, 190, {0x8a, 0x55, 0x2f}},
+        {"the pad far below the lamp", 800, 740, {0x4b, 0x2b, 0x17}},
         {"the shadow right of the board", 745, 400, {0x23, 0x14, 0x0b}},
         {"the frame", 31, 300, {0x74, 0x41, 0x27}},
         {"the red house, two pixels from its edge", 39, 100, {0xa1, 0x16, 0x16}},

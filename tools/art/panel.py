@@ -1,21 +1,25 @@
-"""The leather band beside the board and the recorder's case on it.
+"""The leather pads beside the board, the recorder's case and the cup.
 
-The program stretches all of them but the reel and the cup: the corners keep their size, the 16 units between them
-grow.
+The program stretches all of them but the grain, the reel and the cup: the corners keep their size, the 16 units
+between them grow.
 """
 
 import math
+import random
 
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT
-from .svg import Drawing, mix
+from .svg import Drawing, mix, num
 
 MIDDLE = 16
-LEATHER_LIGHT, LEATHER, LEATHER_DARK = "#35200f", "#28170a", "#190d06"
+GRAIN, PEBBLE = 48, 4
+LEATHER_LIGHT, LEATHER, LEATHER_DARK = "#9a6136", "#7c4a27", "#5c361b"
+GOLD = "#c9a055"
 
 
 def drawings():
     """Yields the name of each image of the panel and the function that draws it."""
     yield "panel_band", draw_band
+    yield "panel_grain", draw_grain
     yield "panel_shadow", draw_shadow
     yield "panel_case", draw_case
     yield "panel_reel", draw_reel
@@ -29,31 +33,58 @@ def _stretchable(corner, note):
 
 
 def draw_band():
-    band, side = _stretchable(24, "The band of leather under the instruments")
-    band.rect(0, 0, side, side, 7, fill="#000000", fill_opacity=0.28)
-    band.rect(1, 1, side - 2, side - 2, 6.4, fill="#140904")
-    wood = band.linear(0, 0, side, 0, (0, MAHOGANY_LIGHT), (0.06, MAHOGANY), (0.5, MAHOGANY), (0.94, MAHOGANY),
-                       (1, MAHOGANY_DARK))
-    band.rect(1.6, 1.6, side - 3.2, side - 3.2, 6, fill=wood)
-    band.rect(2.4, 2.4, side - 4.8, side - 4.8, 5.4, stroke=mix(MAHOGANY_LIGHT, "#ffd9a0", 0.15), stroke_width=0.7)
-    band.rect(5.6, 5.6, side - 11.2, side - 11.2, 3.6, fill="#1c0c05")
-    band.rect(6.2, 6.2, side - 12.4, side - 12.4, 3.2, fill=BRASS)
-    band.rect(7.2, 7.2, side - 14.4, side - 14.4, 2.8, fill="#120a05")
-    hide = band.linear(0, 0, side, 0, (0, LEATHER_DARK), (0.3, LEATHER), (0.44, LEATHER_LIGHT), (0.56, LEATHER_LIGHT),
-                       (0.72, LEATHER), (1, LEATHER_DARK))
-    band.rect(7.8, 7.8, side - 15.6, side - 15.6, 2.4, fill=hide)
-    for x, width, left, right in ((7.8, 9, 0.6, 0), (side - 12.8, 5, 0, 0.35)):
-        band.rect(x, 7.8, width, side - 15.6,
-                  fill=band.linear(x, 0, x + width, 0, (0, "#000000", left), (1, "#000000", right)))
-    # Two lines of gold, as a bookbinder presses them.
-    for inset, weight, tone in ((12.5, 0.9, mix(BRASS, LEATHER, 0.35)), (14.6, 0.5, mix(BRASS, LEATHER, 0.55))):
-        band.rect(inset, inset, side - 2 * inset, side - 2 * inset, 4, stroke=tone, stroke_width=weight)
+    """A pad of cognac leather with an edge of brass. The program darkens it down the table."""
+    band, side = _stretchable(24, "The pad of leather under the instruments")
+    band.rect(0.6, 0.6, side - 1.2, side - 1.2, 5, fill="#1a0d05")
+    band.rect(1.2, 1.2, side - 2.4, side - 2.4, 4.6, fill=mix(BRASS, LEATHER, 0.25))
+    band.rect(2.2, 2.2, side - 4.4, side - 4.4, 3.8, fill="#22130a")
+    band.rect(2.8, 2.8, side - 5.6, side - 5.6, 3.4,
+              fill=band.linear(0, 0, side, 0, (0, LEATHER), (0.4, mix(LEATHER_LIGHT, LEATHER, 0.3)), (0.6, LEATHER),
+                               (1, LEATHER_DARK)))
+    # The padding falls off towards the edge, and more so on the side away from the lamp.
+    for x, width, left, right in ((2.8, 13, 0.34, 0), (side - 22.8, 20, 0, 0.36)):
+        band.rect(x, 2.8, width, side - 5.6,
+                  fill=band.linear(x, 0, x + width, 0, (0, "#1a0d05", left), (1, "#1a0d05", right)))
+    # Two lines of gold, as a bookbinder presses them: each lies in a groove. Qt is slower with one stroke.
+    for inset, weight, share in ((5.8, 1.1, 0.1), (8.2, 0.6, 0.25)):
+        for shift, tone in ((0.4, mix(LEATHER, "#20120a", 0.55)), (0, mix(GOLD, LEATHER, share))):
+            near, far, length = inset + shift, side - inset - weight + shift, side - 2 * inset
+            for x, y, width, height in ((near, near, length, weight), (near, far, length, weight),
+                                        (near, near, weight, length), (far, near, weight, length)):
+                band.rect(x, y, width, height, fill=tone)
     return band
 
 
+def draw_grain():
+    """The creases of leather; the program lays the tile over the pads again and again."""
+    tile = Drawing((0, 0, GRAIN, GRAIN), "The grain of leather, a tile. Drawn by tools/make_art.py.")
+    chance = random.Random()
+    count = GRAIN // PEBBLE
+    for row in range(-1, count + 1):
+        for column in range(-1, count + 1):
+            # What reaches over an edge of the tile comes in again at the other.
+            chance.seed(f"{row % count} {column % count}")
+            x, y = ((at + 0.5 + chance.uniform(-0.3, 0.3)) * PEBBLE for at in (column, row))
+            wide, high = (PEBBLE * chance.uniform(0.4, 0.62) for _ in range(2))
+            tile.ellipse(x + 0.5, y + 0.6, wide, high, stroke="#1a0a02", stroke_opacity=0.13, stroke_width=0.7)
+            tile.ellipse(x - 0.3, y - 0.4, wide * 0.6, high * 0.6, fill="#ffd8a8", fill_opacity=0.07)
+    return tile
+
+
 def draw_shadow():
-    shadow, side = _stretchable(20, "The shadow of the case with the large keys")
-    shadow.soft_rect(11, 12, side - 21, side - 21, 4, 7, 0.75, layers=12)
+    """The shadow of a pad: gradients side by side, which Qt paints sooner than a pile of shapes."""
+    shadow, side = _stretchable(20, "The shadow of a pad or of the paper")
+    fall = [(0, "#000000", 0)] + [(share, "#000000", 0.72 * left) for share, left in
+                                  ((0.25, 0.08), (0.45, 0.32), (0.7, 0.75), (1, 1))]
+    corner, far = 20, 20 + MIDDLE
+    for x, y in ((0, 0), (far, 0), (0, far), (far, far)):
+        middle = (max(corner, x), max(corner, y))
+        shadow.rect(x, y, corner, corner, fill=shadow.radial(
+            *middle, corner, *[(1 - place, colour, opacity) for place, colour, opacity in reversed(fall)]))
+    for outer, inner, at in ((0, corner, 0), (side, far, far)):
+        shadow.rect(corner, at, MIDDLE, corner, fill=shadow.linear(0, outer, 0, inner, *fall))
+        shadow.rect(at, corner, corner, MIDDLE, fill=shadow.linear(outer, 0, inner, 0, *fall))
+    shadow.rect(corner, corner, MIDDLE, MIDDLE, fill="#000000", fill_opacity=0.72)
     return shadow
 
 
@@ -64,10 +95,10 @@ def draw_case():
     edge = case.linear(0, 1, 0, side - 3, (0, mix(MAHOGANY_LIGHT, "#ffd9a0", 0.35)), (0.5, MAHOGANY),
                        (1, MAHOGANY_DARK))
     case.rect(2.6, 1.6, side - 5.2, side - 5.2, 5.5, fill=edge)
-    face = case.linear(0, 2, 0, side - 4, (0, mix(MAHOGANY_LIGHT, MAHOGANY, 0.45)), (0.5, MAHOGANY),
-                       (1, mix(MAHOGANY, MAHOGANY_DARK, 0.6)))
+    face = case.linear(0, 2, 0, side - 4, (0, mix(MAHOGANY_LIGHT, MAHOGANY, 0.15)), (0.45, MAHOGANY),
+                       (1, mix(MAHOGANY, MAHOGANY_DARK, 0.75)))
     case.rect(3.8, 2.8, side - 7.6, side - 7.6, 4.4, fill=face)
-    case.rect(6.2, 5.2, side - 12.4, side - 12.4, 2.8, stroke=mix(BRASS, MAHOGANY, 0.25), stroke_width=0.7)
+    case.rect(6.2, 5.2, side - 12.4, side - 12.4, 2.8, stroke=mix(BRASS_LIGHT, BRASS, 0.7), stroke_width=0.7)
     # The slit that the paper comes out of.
     top = side - 6.4
     case.rect(8, top - 1.6, side - 16, 4.4, 1.2,
@@ -101,29 +132,28 @@ def draw_reel():
 
 
 def draw_cup():
-    """An empty dice cup seen from above: the only die lies on the board."""
+    """An empty dice cup of the pad's leather, seen from above: the only die lies on the board."""
     cup = Drawing((0, 0, 140, 140), "A dice cup on the table. Drawn by tools/make_art.py.")
     x, y = 64, 64
-    cup.soft_disc(x + 12, y + 14, 50, 10, 0.5)
-    cup.soft_disc(x + 3, y + 4, 52, 4, 0.6)
-    cup.circle(x, y, 53, fill="#1a0b05")
+    cup.soft_disc(x + 13, y + 15, 50, 11, 0.5)
+    cup.soft_disc(x + 3, y + 4, 52, 4, 0.55)
+    cup.circle(x, y, 53, fill="#1a0d05")
     slant = (x - 38, y - 40, x + 38, y + 40)
-    cup.circle(x, y, 52, fill=cup.linear(*slant, (0, "#c8804a"), (0.5, "#94562e"), (1, "#5c2f18")))
-    cup.circle(x, y, 49.4, fill=cup.linear(*slant, (0, "#a8653a"), (0.5, "#8a4e2a"), (1, "#6c3c20")))
-    for stitch in range(44):
-        angle = math.radians(360 / 44 * stitch)
-        half = math.radians(2.6)
-        ends = [(x + 45.6 * math.cos(angle + way * half), y + 45.6 * math.sin(angle + way * half)) for way in (-1, 1)]
-        cup.line(*ends[0], *ends[1], stroke="#e0b888", stroke_width=1.5, stroke_linecap="round")
-    cup.circle(x, y, 41.6, fill="#1a0b05")
-    cup.circle(x, y, 41, fill=cup.linear(*slant, (0, "#170b06"), (0.6, "#3a2014"), (1, "#6b3c22")))
-    cup.circle(x + 1.6, y + 2, 35,
-               fill=cup.radial(x + 10, y + 13, 40, (0, "#6a3a1e"), (0.55, "#3a1d0e"), (1, "#150a05")))
-    cup.circle(x + 1.6, y + 2, 35, fill=cup.linear(x - 25, y - 25, x + 24, y + 25, (0, "#0c0502", 0.88),
-                                                   (0.5, "#0c0502", 0.5), (0.78, "#0c0502", 0.14), (1, "#0c0502", 0)))
-    # The rim, polished by many hands.
-    cup.path(f"M{x - 46} {y - 16}A48.6 48.6 0 0 1 {x - 16} {y - 46}", stroke="#ffdca8", stroke_width=2.4,
-             stroke_opacity=0.55, stroke_linecap="round")
-    cup.path(f"M{x + 38.6} {y + 12}A40.4 40.4 0 0 1 {x + 12} {y + 38.6}", stroke="#ffcf98", stroke_width=1.6,
-             stroke_opacity=0.5, stroke_linecap="round")
+    cup.circle(x, y, 52.2, fill=cup.linear(*slant, (0, "#b27a48"), (0.3, LEATHER_LIGHT), (0.7, LEATHER),
+                                           (1, LEATHER_DARK)))
+    cup.circle(x, y, 50, fill=cup.linear(*slant, (0, "#94603a"), (0.45, mix(LEATHER_LIGHT, LEATHER, 0.4)),
+                                         (1, mix(LEATHER, LEATHER_DARK, 0.6))))
+    gold = cup.linear(*slant, (0, "#ecc77c"), (0.5, mix(GOLD, LEATHER, 0.35)), (1, mix(GOLD, LEATHER_DARK, 0.6)))
+    cup.circle(x + 0.5, y + 0.6, 46.6, stroke="#20120a", stroke_width=1.5, stroke_opacity=0.6)
+    cup.circle(x, y, 46.6, stroke=gold, stroke_width=1.4)
+    # The rim, and the wall within: it is dark under the lamp and lit across from it.
+    cup.circle(x, y, 42.4, fill=cup.linear(*slant, (0, "#5a3519"), (0.5, "#7e5230"), (1, "#b07c4c")))
+    cup.circle(x, y, 41, fill=cup.linear(*slant, (0, "#120904"), (0.55, "#2c190e"), (0.85, "#5c391f"), (1, "#714827")))
+    cup.circle(x + 2.4, y + 2.8, 34,
+               fill=cup.radial(x + 13, y + 16, 42, (0, "#744522"), (0.5, "#43250f"), (1, "#1a0c05")))
+    cup.circle(x + 2.4, y + 2.8, 34, fill=cup.linear(x - 25, y - 25, x + 26, y + 27, (0, "#0c0502", 0.85),
+                                                     (0.5, "#0c0502", 0.45), (0.8, "#0c0502", 0.1), (1, "#0c0502", 0)))
+    for radius, weight, stops in ((51.2, 1.5, ((0, 0.75), (0.4, 0))), (41.7, 1.3, ((0.6, 0), (1, 0.6)))):
+        shine = cup.linear(*slant, *((place, "#ffe2b4", opacity) for place, opacity in stops))
+        cup.circle(x, y, radius, stroke=shine, stroke_width=weight)
     return cup
