@@ -7,7 +7,7 @@ player on that side. Coordinates are in units of the drawing from the top left c
 
 from . import frame, house
 from .digits import number
-from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, INK, PAPER, PAPER_DARK, PAPER_LIGHT, TONES
+from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, INK, PAPER, TONES
 from .svg import Drawing, star
 
 CELL = 33.0
@@ -16,6 +16,7 @@ SIDE = 21 * CELL
 MIDDLE = SIDE / 2
 VIEW = (-16, -16, 725, 725)
 FIGURE = 12.6
+SHADE = "#6b4a1e"  # of the paper, far from the lamp
 PRINT = "#4f3c2d"  # of the figures: quieter than the pieces
 ASIDE = 26.75  # from the middle of the lane to that of a figure: halfway between a piece's ring and the line
 
@@ -63,9 +64,14 @@ def draw_print():
 
 
 def _paper(board):
-    # Shaded downwards only: a slanting gradient of this size takes ten times as long to paint.
-    sheet = board.linear(0, 0, 0, SIDE, (0, PAPER_LIGHT), (0.5, PAPER), (1, PAPER_DARK))
-    board.rect(0, 0, SIDE, SIDE, fill=sheet)
+    """Two sheets that cross, where no house lies on them. The lamp lights them from the top left."""
+    # Two upright gradients: one that slants takes many times as long to paint.
+    down = board.linear(0, 0, 0, SIDE, (0, "#fffaea"), (0.35, PAPER), (1, "#dfcda3"))
+    across = board.linear(0, 0, SIDE, 0, (0, SHADE, 0), (0.4, SHADE, 0.03), (1, SHADE, 0.2))
+    for fill in (down, across):
+        for x, y, width, height in ((3 * BLOCK, 0, 3 * BLOCK, 3 * BLOCK), (0, 3 * BLOCK, SIDE, 3 * BLOCK),
+                                    (3 * BLOCK, 6 * BLOCK, 3 * BLOCK, 3 * BLOCK)):
+            board.rect(x, y, width, height, fill=fill)
 
 
 def _figure_place(arm, square):

@@ -31,11 +31,10 @@ def _moulding(board, outer, inner, light):
 
 
 def _inlay(board, side):
-    # Solid squares, each covering all but a narrow edge of the one below.
     metal = board.linear(0, 0, 0, side, (0, BRASS_LIGHT), (0.3, BRASS), (0.5, BRASS_LIGHT), (0.75, BRASS),
                          (1, BRASS_DARK))
-    for grow, fill in ((4.6, "#241008"), (4, metal), (2.4, "#241008")):
-        board.rect(-grow, -grow, side + 2 * grow, side + 2 * grow, fill=fill)
+    for grow, fill, width in ((2.3, "#241008", 4.8), (3.2, metal, 1.6)):
+        board.rect(-grow, -grow, side + 2 * grow, side + 2 * grow, stroke=fill, stroke_width=width)
 
 
 def draw_inner_edge(board, side):

@@ -1,52 +1,140 @@
-"""A player's house: a trough for the waiting pieces, the die's tray and the name plate, or a lid over all of it."""
+"""A player's house: a trough for the waiting pieces, the die's tray and the name plate, or a lid over all of it.
+
+Its ground is lacquer over a veneer whose rays run from the tray. A brass string runs along the edge, with a fan of shaded
+ivory in each corner, and the tray lies in the middle of an eight-pointed star.
+"""
+
+import math
 
 from .marks import draw_mark
-from .palette import (BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY_DARK, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT,
+from .palette import (BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY, IVORY_DARK, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT,
                       PAPER, PAPER_LIGHT, TONES)
-from .svg import Drawing, mix, star
+from .svg import Drawing, mix, num, points, star
 
 SIDE = 231.0
+EDGE = 5.0  # of the brass string, from the house's edge
+FAN = 19.0  # the radius of a corner's fan
+ROSETTE = (140, 128)  # its middle, which is the tray's
+PANEL = 10.0  # of the field with the rays, from the house's edge
+RAYS = 32  # of the veneer around the tray, every other one dark
+IVORY_LIT, IVORY_SHADE = "#ead9b2", "#a5854f"  # of inlays: each is split along its middle
+DARK = "#140a05"
 
 
 def draw_house(board, colour, x, y):
     """Draws the house with its corner at (x, y)."""
     tones = TONES[colour]
     _ground(board, tones, x, y)
+    _fans(board, tones, x, y)
     _trough(board, tones, x + 33, y + SIDE / 2)
-    _disc(board, tones, x + 140, y + 128)
+    _rosette(board, tones, x + ROSETTE[0], y + ROSETTE[1])
     _plate(board, tones, x + 62, y + 35)
     _tray(board, tones, x + 104, y + 92)
-    draw_mark(board, colour, x + 140.6, y + 128.8, 34, fill="#ffffff", fill_opacity=0.16)
-    draw_mark(board, colour, x + 140, y + 128, 34, fill=mix(tones.deep, "#000000", 0.25))
+    _inlaid_mark(board, colour, x + ROSETTE[0], y + ROSETTE[1])
 
 
 def _ground(board, tones, x, y):
-    shade = board.linear(x, y, x + SIDE, y + SIDE, (0, mix(tones.house, tones.light, 0.35)), (0.45, tones.house),
-                         (1, mix(tones.house, tones.deep, 0.22)))
-    board.rect(x, y, SIDE, SIDE, fill=shade)
+    # Two upright gradients are painted quicker than one that slants.
+    lacquer = board.linear(0, y, 0, y + SIDE, (0, mix(tones.house, tones.light, 0.42)),
+                           (0.16, mix(tones.house, tones.light, 0.3)), (0.55, tones.house),
+                           (1, mix(tones.house, tones.deep, 0.4)))
+    board.rect(x, y, SIDE, SIDE, fill=lacquer)
+    board.rect(x, y, SIDE, SIDE, fill=board.linear(x, 0, x + SIDE, 0, (0, tones.deep, 0), (0.25, tones.deep, 0),
+                                                   (0.6, tones.deep, 0.14), (1, tones.deep, 0.5)))
+    for ray in _rays(x, y):
+        board.path(ray, fill=tones.deep, fill_opacity=0.13)
     # Two opaque lines, one dark and one lit, read as a groove.
-    board.rect(x + 6.5, y + 6.5, SIDE - 12, SIDE - 12, 7, stroke=mix(tones.house, tones.light, 0.6), stroke_width=1)
-    board.rect(x + 5.5, y + 5.5, SIDE - 12, SIDE - 12, 7, stroke=mix(tones.house, tones.deep, 0.55), stroke_width=1)
+    for off, tone, share in ((0.7, tones.light, 0.45), (0, tones.deep, 0.6)):
+        board.path(_panel(x + off, y + off), stroke=mix(tones.house, tone, share), stroke_width=0.9)
+    metal = board.linear(x, y, x, y + SIDE, (0, mix(BRASS_LIGHT, BRASS, 0.35)), (0.5, BRASS), (1, BRASS_DARK))
+    for grow, fill, width in ((0.2, mix(tones.deep, "#000000", 0.3), 2.6), (0, metal, 1.3)):
+        board.rect(x + EDGE - grow, y + EDGE - grow, SIDE - 2 * EDGE + 2 * grow, SIDE - 2 * EDGE + 2 * grow,
+                   stroke=fill, stroke_width=width)
+
+
+def _panel(x, y):
+    """The outline of the field within the string, hollowed at the corners around their fans."""
+    near, far, reach = PANEL, SIDE - PANEL, EDGE + math.sqrt((FAN + 4) ** 2 - (PANEL - EDGE) ** 2)
+    arc = f"A{num(FAN + 4)} {num(FAN + 4)} 0 0 0"
+    corners = (((reach, near), (SIDE - reach, near)), ((far, reach), (far, SIDE - reach)),
+               ((SIDE - reach, far), (reach, far)), ((near, SIDE - reach), (near, reach)))
+    data = ""
+    for start, end in corners:
+        joint = f"{arc} " if data else "M"
+        data += f"{joint}{num(x + start[0])} {num(y + start[1])}L{num(x + end[0])} {num(y + end[1])}"
+    return f"{data}{arc} {num(x + reach)} {num(y + near)}Z"
+
+
+def _rays(x, y):
+    """Every other ray of the veneer, from the rosette to the edge of its field, one path each."""
+    def end(turn):
+        c, s = math.cos(turn), math.sin(turn)
+        reach = min((SIDE - PANEL - ROSETTE[0] if c > 0 else ROSETTE[0] - PANEL) / max(abs(c), 1e-9),
+                    (SIDE - PANEL - ROSETTE[1] if s > 0 else ROSETTE[1] - PANEL) / max(abs(s), 1e-9))
+        while any(math.hypot(ROSETTE[0] + reach * c - cx, ROSETTE[1] + reach * s - cy) < FAN + 4
+                  for cx in (EDGE, SIDE - EDGE) for cy in (EDGE, SIDE - EDGE)):
+            reach -= 0.25
+        return x + ROSETTE[0] + reach * c, y + ROSETTE[1] + reach * s
+
+    for i in range(0, RAYS, 2):
+        turns = [2 * math.pi * (i + share) / RAYS for share in (0.5, 0.75, 1, 1.25, 1.5)]
+        foot = [(x + ROSETTE[0] + 60 * math.cos(turn), y + ROSETTE[1] + 60 * math.sin(turn))
+                for turn in (turns[-1], turns[0])]
+        yield points([*map(end, turns), *foot])
+
+
+def _facet(x, y, turn, outline):
+    """A figure that is drawn along the x axis around the origin, turned by `turn` degrees and put at (x, y)."""
+    c, s = math.cos(math.radians(turn)), math.sin(math.radians(turn))
+    return points([(x + c * a - s * b, y + s * a + c * b) for a, b in outline])
+
+
+def _inlays(board, inlays):
+    """Inlays of ivory: each a place, a direction and half its outline, from the axis to the right. One half of
+    each lies in the light of the lamp, the other is shaded; all that are alike make one path."""
+    lit, shaded = "", ""
+    for x, y, turn, half in inlays:
+        for side in (1, -1):
+            data = _facet(x, y, turn, [(a, side * b) for a, b in half])
+            if math.cos(math.radians(turn + 90 * side + 135)) > 0:
+                lit += data
+            else:
+                shaded += data
+    board.path(shaded, fill=IVORY_SHADE)
+    board.path(lit, fill=IVORY_LIT)
+
+
+def _fans(board, tones, x, y):
+    petal = ((3.5, 0), (13.2, 1.75), (15.4, 1.7), (16.8, 0.9), (17.2, 0))
+    for cx, cy, first in ((x + EDGE, y + EDGE, 0), (x + SIDE - EDGE, y + EDGE, 90),
+                          (x + SIDE - EDGE, y + SIDE - EDGE, 180), (x + EDGE, y + SIDE - EDGE, 270)):
+        (ax, ay), (bx, by) = ((math.cos(math.radians(turn)), math.sin(math.radians(turn))) for turn in (first, first + 90))
+        for radius, fill in ((FAN + 0.9, BRASS), (FAN - 0.3, mix(tones.deep, "#000000", 0.25))):
+            board.path(f"M{num(cx)} {num(cy)}L{num(cx + radius * ax)} {num(cy + radius * ay)}"
+                       f"A{num(radius)} {num(radius)} 0 0 1 {num(cx + radius * bx)} {num(cy + radius * by)}Z",
+                       fill=fill)
+        _inlays(board, [(cx, cy, first + 9 + 18 * i, petal) for i in range(5)])
 
 
 def _trough(board, tones, cx, cy):
-    # A recess: dark under its upper left edge, a line of light on the lower right one.
+    # Mahogany let into the lacquer within a brass string.
     left, top, width, height = cx - 20, cy - 68, 40, 136
-    board.rect(left + 0.5, top + 0.6, width + 0.6, height + 0.6, 20, fill=mix(tones.house, tones.light, 0.6))
-    board.rect(left - 1, top - 1, width + 1.4, height + 1.4, 20.6, fill=mix(tones.house, tones.deep, 0.75))
-    floor = board.linear(left, top, left + width, top + height, (0, mix(tones.deep, tones.house, 0.35)),
-                         (1, mix(tones.deep, tones.house, 0.7)))
-    board.rect(left, top, width, height, 20, fill=floor)
+    for grow, fill in ((1.5, mix(tones.house, tones.deep, 0.8)), (0.9, BRASS), (-0.3, DARK)):
+        board.rect(left - grow, top - grow, width + 2 * grow, height + 2 * grow, 20 + grow, fill=fill)
+    wood = board.linear(left, 0, left + width, 0, (0, "#532a17"), (0.4, "#66351d"), (1, "#43210f"))
+    board.rect(left + 0.9, top + 0.9, width - 1.8, height - 1.8, 19.1, fill=wood)
 
 
 def draw_rest(colour):
     """The hollow in which a waiting piece lies, in the units of a piece's drawing."""
     tones = TONES[colour]
     rest = Drawing((0, 0, 40, 40), "The place of a waiting piece. Drawn by tools/make_art.py.")
-    rest.circle(20.5, 20.7, 15.2, fill=mix(tones.deep, tones.light, 0.55))
-    rest.circle(20, 20, 15.2, fill=mix(tones.deep, "#000000", 0.45))
-    rest.circle(20.6, 20.8, 13.8, fill=rest.linear(10, 9, 30, 31, (0, mix(tones.deep, "#000000", 0.15)),
-                                                   (1, mix(tones.deep, tones.house, 0.5))))
+    # The edge is turned round: in its own shade above and left, in the light below and right.
+    rest.circle(20, 20, 16, fill=rest.linear(9, 9, 31, 31, (0, "#2a1208"), (0.45, "#5a2e18"), (1, "#b9794a")))
+    rest.circle(20, 20, 14.9, fill=DARK)
+    floor = mix(tones.deep, tones.house, 0.35)
+    rest.circle(20.2, 20.3, 14.5, fill=rest.radial(22.6, 23.4, 17, (0, floor), (0.45, mix(floor, DARK, 0.3)),
+                                                   (0.8, mix(floor, DARK, 0.72)), (1, DARK)))
     return rest
 
 
@@ -89,36 +177,54 @@ def draw_lid(colour):
     return lid
 
 
-def _disc(board, tones, cx, cy):
-    # The round ivory field of a traditional house, printed with two rings in the colour.
-    board.circle(cx + 0.7, cy + 0.8, 64.6, fill=mix(tones.house, tones.light, 0.6))
-    board.circle(cx - 0.5, cy - 0.6, 64.6, fill=mix(tones.house, tones.deep, 0.75))
-    ivory = board.linear(cx - 45, cy - 45, cx + 45, cy + 45, (0, mix(tones.tint, "#ffffff", 0.25)),
-                         (1, mix(tones.tint, IVORY_DARK, 0.35)))
-    board.circle(cx, cy, 64, fill=ivory)
-    ring = mix(tones.house, tones.deep, 0.2)
-    board.circle(cx, cy, 60.6, stroke=ring, stroke_width=1.6)
-    board.circle(cx, cy, 57.8, stroke=ring, stroke_width=0.7)
+def _rosette(board, tones, cx, cy):
+    """The star in which the tray lies: its square is one of the two that make the star."""
+    field = mix(tones.deep, tones.house, 0.3)
+    board.circle(cx + 0.5, cy + 0.6, 64.9, fill=mix(tones.house, tones.light, 0.5))
+    board.circle(cx, cy, 64.6, fill=mix(tones.deep, "#000000", 0.3))
+    metal = board.linear(cx, cy - 64, cx, cy + 64, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK))
+    board.circle(cx, cy, 64, fill=metal)
+    board.circle(cx, cy, 62.5, fill=mix(tones.deep, "#000000", 0.3))
+    board.circle(cx, cy, 61.9, fill=board.radial(cx - 20, cy - 26, 92, (0, mix(tones.house, tones.light, 0.25)),
+                                                 (0.6, mix(tones.house, tones.deep, 0.45)), (1, field)))
+    tip = ((36, 0), (36, 22), (58, 0))
+    kite = ((47.5, 0), (53, 3.1), (59.5, 0))
+    for quarter in range(0, 360, 90):
+        _inlays(board, [(cx, cy, quarter, tip), (cx, cy, quarter + 22.5, kite), (cx, cy, quarter - 22.5, kite)])
 
 
 def _plate(board, tones, x, y):
     # Ivory let into the ground: all outlines have the same centres of their corners.
-    for grow, fill in ((1.6, mix(tones.house, tones.deep, 0.7)), (0.9, BRASS_DARK)):
+    metal = board.linear(0, y, 0, y + 26, (0, BRASS_LIGHT), (0.4, BRASS), (1, BRASS_DARK))
+    for grow, fill in ((2.4, mix(tones.house, tones.deep, 0.8)), (1.7, metal), (0.4, "#5a3c12")):
         board.rect(x - grow, y - grow, 156 + 2 * grow, 26 + 2 * grow, 5 + grow, fill=fill)
-    board.rect(x, y, 156, 26, 5, fill=board.linear(x, y, x, y + 26, (0, "#e9dcc0"), (0.2, "#f5ecd8"), (1, "#faf3e3")))
+    board.rect(x, y, 156, 26, 5, fill=board.linear(0, y, 0, y + 26, (0, "#d9c9a6"), (0.16, "#eadfc6"),
+                                                   (1, "#f3e9d3")))
 
 
 def _tray(board, tones, x, y):
-    side = 72
-    rim = board.linear(x - 5, y - 5, x + side + 5, y + side + 5, (0, "#8a5432"), (0.5, "#6b3c22"), (1, "#43210f"))
-    board.soft_rect(x - 4, y - 3.6, side + 9, side + 9, 11, 1.2, 0.3, layers=2)
-    board.rect(x - 5, y - 5, side + 10, side + 10, 11, fill=rim)
-    board.rect(x - 4.5, y - 4.5, side + 9, side + 9, 10.5, stroke="#a87a4a", stroke_width=0.8)
-    felt = board.radial(x + side / 2, y + side / 2, 52, (0, mix(tones.deep, tones.house, 0.6)),
-                        (1, mix(tones.deep, tones.house, 0.2)))
-    board.rect(x, y, side, side, 7, fill="#140a05")
-    board.rect(x + 0.6, y + 0.6, side - 0.8, side - 0.8, 6.5, fill=felt)
-    fall = ((0, "#000000", 0.5), (1, "#000000", 0))
-    board.rect(x + 0.6, y + 0.6, side - 0.8, 9, 6, fill=board.linear(x, y, x, y + 9, *fall))
-    board.rect(x + 0.6, y + 0.6, 9, side - 0.8, 6, fill=board.linear(x, y, x + 9, y, *fall))
-    board.rect(x + 0.4, y + 0.4, side - 0.4, side - 0.4, 6.6, stroke=INK, stroke_width=0.8)
+    side, m = 72, 36
+    board.soft_rect(x - 2.2, y - 1.6, side + 6, side + 6, 9, 1.6, 0.34, layers=3)
+    board.rect(x - 4.4, y - 4.4, side + 8.8, side + 8.8, 9.4, fill="#2a1208")
+    wood = board.linear(x - 4, y - 4, x + side + 4, y + side + 4, (0, MAHOGANY_LIGHT), (0.5, MAHOGANY),
+                        (1, MAHOGANY_DARK))
+    board.rect(x - 3.9, y - 3.9, side + 7.8, side + 7.8, 8.9, fill=wood)
+    metal = board.linear(x, y, x, y + side, (0, BRASS_DARK), (0.5, BRASS), (1, BRASS_LIGHT))
+    board.rect(x - 1, y - 1, side + 2, side + 2, 7, fill=metal)
+    board.rect(x, y, side, side, 6.2, fill=mix(tones.deep, DARK, 0.7))
+    felt = board.radial(x + m + 4, y + m + 5, 54, (0, mix(tones.house, tones.deep, 0.22)),
+                        (0.6, mix(tones.house, tones.deep, 0.5)), (1, mix(tones.house, tones.deep, 0.85)))
+    board.rect(x + 0.5, y + 0.5, side - 1, side - 1, 5.8, fill=felt)
+    fall = ((0, "#000000", 0.45), (0.4, "#000000", 0.16), (1, "#000000", 0))
+    board.rect(x + 0.5, y + 0.5, side - 1, 11, 5.5, fill=board.linear(x, y, x, y + 11, *fall))
+    board.rect(x + 0.5, y + 0.5, 11, side - 1, 5.5, fill=board.linear(x, y, x + 11, y, *fall))
+
+
+def _inlaid_mark(board, colour, cx, cy):
+    """The player's mark in brass, let into the felt: quiet, for the die lies on it."""
+    tones = TONES[colour]
+    felt = mix(tones.house, tones.deep, 0.3)
+    draw_mark(board, colour, cx - 0.5, cy - 0.6, 33, fill=mix(tones.deep, DARK, 0.4))
+    draw_mark(board, colour, cx + 0.5, cy + 0.6, 33, fill=mix(felt, BRASS_LIGHT, 0.4))
+    brass = board.linear(0, cy - 17, 0, cy + 17, (0, mix(BRASS, felt, 0.3)), (1, mix(BRASS_DARK, felt, 0.15)))
+    draw_mark(board, colour, cx, cy, 32.4, fill=brass)
