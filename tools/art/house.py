@@ -16,7 +16,7 @@ EDGE = 5.0  # of the brass string, from the house's edge
 FAN = 19.0  # the radius of a corner's fan
 ROSETTE = (140, 128)  # its middle, which is the tray's
 PANEL = 10.0  # of the field with the rays, from the house's edge
-RAYS = 32  # of the veneer around the tray, every other one dark
+RAYS = 28  # of the veneer around the tray, every other one dark
 IVORY_LIT, IVORY_SHADE = "#ead9b2", "#a5854f"  # of inlays: each is split along its middle
 DARK = "#140a05"
 
@@ -34,18 +34,17 @@ def draw_house(board, colour, x, y):
 
 
 def _ground(board, tones, x, y):
-    # Two upright gradients are painted quicker than one that slants.
-    lacquer = board.linear(0, y, 0, y + SIDE, (0, mix(tones.house, tones.light, 0.42)),
-                           (0.16, mix(tones.house, tones.light, 0.3)), (0.55, tones.house),
-                           (1, mix(tones.house, tones.deep, 0.4)))
-    board.rect(x, y, SIDE, SIDE, fill=lacquer)
+    # Upright gradients, the second over all, are painted quicker than one that slants.
+    def lacquer(darker):
+        tints = ((0, tones.light, 0.42), (0.16, tones.light, 0.3), (0.55, tones.deep, 0), (1, tones.deep, 0.4))
+        return board.linear(0, y, 0, y + SIDE, *((at, mix(mix(tones.house, tint, share), tones.deep, darker))
+                                                 for at, tint, share in tints))
+    board.rect(x, y, SIDE, SIDE, fill=lacquer(0))
+    for ray in _rays(x, y):
+        board.path(ray, fill=lacquer(0.13))
+    board.path(_panel(x, y), stroke=mix(tones.house, tones.deep, 0.55), stroke_width=1)
     board.rect(x, y, SIDE, SIDE, fill=board.linear(x, 0, x + SIDE, 0, (0, tones.deep, 0), (0.25, tones.deep, 0),
                                                    (0.6, tones.deep, 0.14), (1, tones.deep, 0.5)))
-    for ray in _rays(x, y):
-        board.path(ray, fill=tones.deep, fill_opacity=0.13)
-    # Two opaque lines, one dark and one lit, read as a groove.
-    for off, tone, share in ((0.7, tones.light, 0.45), (0, tones.deep, 0.6)):
-        board.path(_panel(x + off, y + off), stroke=mix(tones.house, tone, share), stroke_width=0.9)
     metal = board.linear(x, y, x, y + SIDE, (0, mix(BRASS_LIGHT, BRASS, 0.35)), (0.5, BRASS), (1, BRASS_DARK))
     for grow, fill, width in ((0.2, mix(tones.deep, "#000000", 0.3), 2.6), (0, metal, 1.3)):
         board.rect(x + EDGE - grow, y + EDGE - grow, SIDE - 2 * EDGE + 2 * grow, SIDE - 2 * EDGE + 2 * grow,
@@ -54,15 +53,14 @@ def _ground(board, tones, x, y):
 
 def _panel(x, y):
     """The outline of the field within the string, hollowed at the corners around their fans."""
-    near, far, reach = PANEL, SIDE - PANEL, EDGE + math.sqrt((FAN + 4) ** 2 - (PANEL - EDGE) ** 2)
-    arc = f"A{num(FAN + 4)} {num(FAN + 4)} 0 0 0"
-    corners = (((reach, near), (SIDE - reach, near)), ((far, reach), (far, SIDE - reach)),
-               ((SIDE - reach, far), (reach, far)), ((near, SIDE - reach), (near, reach)))
-    data = ""
-    for start, end in corners:
-        joint = f"{arc} " if data else "M"
-        data += f"{joint}{num(x + start[0])} {num(y + start[1])}L{num(x + end[0])} {num(y + end[1])}"
-    return f"{data}{arc} {num(x + reach)} {num(y + near)}Z"
+    first = math.asin((PANEL - EDGE) / (FAN + 4))
+    hollow = [(EDGE + (FAN + 4) * math.sin(turn), EDGE + (FAN + 4) * math.cos(turn))
+              for turn in (first + i * (math.pi / 2 - 2 * first) / 6 for i in range(7))]
+    outline = []
+    for _ in range(4):
+        outline += hollow
+        hollow = [(SIDE - b, a) for a, b in hollow]
+    return points([(x + a, y + b) for a, b in outline])
 
 
 def _rays(x, y):
@@ -179,14 +177,13 @@ def draw_lid(colour):
 
 def _rosette(board, tones, cx, cy):
     """The star in which the tray lies: its square is one of the two that make the star."""
-    field = mix(tones.deep, tones.house, 0.3)
     board.circle(cx + 0.5, cy + 0.6, 64.9, fill=mix(tones.house, tones.light, 0.5))
     board.circle(cx, cy, 64.6, fill=mix(tones.deep, "#000000", 0.3))
     metal = board.linear(cx, cy - 64, cx, cy + 64, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK))
     board.circle(cx, cy, 64, fill=metal)
     board.circle(cx, cy, 62.5, fill=mix(tones.deep, "#000000", 0.3))
-    board.circle(cx, cy, 61.9, fill=board.radial(cx - 20, cy - 26, 92, (0, mix(tones.house, tones.light, 0.25)),
-                                                 (0.6, mix(tones.house, tones.deep, 0.45)), (1, field)))
+    board.circle(cx, cy, 61.9, fill=board.linear(0, cy - 62, 0, cy + 62, (0, mix(tones.house, tones.deep, 0.2)),
+                                                 (1, mix(tones.house, tones.deep, 0.7))))
     tip = ((36, 0), (36, 22), (58, 0))
     kite = ((47.5, 0), (53, 3.1), (59.5, 0))
     for quarter in range(0, 360, 90):
@@ -203,17 +200,16 @@ def _plate(board, tones, x, y):
 
 
 def _tray(board, tones, x, y):
-    side, m = 72, 36
-    board.soft_rect(x - 2.2, y - 1.6, side + 6, side + 6, 9, 1.6, 0.34, layers=3)
+    side = 72
+    board.soft_rect(x - 2.2, y - 1.6, side + 6, side + 6, 9, 1.4, 0.34, layers=2)
     board.rect(x - 4.4, y - 4.4, side + 8.8, side + 8.8, 9.4, fill="#2a1208")
-    wood = board.linear(x - 4, y - 4, x + side + 4, y + side + 4, (0, MAHOGANY_LIGHT), (0.5, MAHOGANY),
-                        (1, MAHOGANY_DARK))
+    wood = board.linear(0, y - 4, 0, y + side + 4, (0, MAHOGANY_LIGHT), (0.4, MAHOGANY), (1, MAHOGANY_DARK))
     board.rect(x - 3.9, y - 3.9, side + 7.8, side + 7.8, 8.9, fill=wood)
     metal = board.linear(x, y, x, y + side, (0, BRASS_DARK), (0.5, BRASS), (1, BRASS_LIGHT))
     board.rect(x - 1, y - 1, side + 2, side + 2, 7, fill=metal)
     board.rect(x, y, side, side, 6.2, fill=mix(tones.deep, DARK, 0.7))
-    felt = board.radial(x + m + 4, y + m + 5, 54, (0, mix(tones.house, tones.deep, 0.22)),
-                        (0.6, mix(tones.house, tones.deep, 0.5)), (1, mix(tones.house, tones.deep, 0.85)))
+    felt = board.linear(0, y, 0, y + side, (0, mix(tones.house, tones.deep, 0.8)),
+                        (0.3, mix(tones.house, tones.deep, 0.5)), (1, mix(tones.house, tones.deep, 0.2)))
     board.rect(x + 0.5, y + 0.5, side - 1, side - 1, 5.8, fill=felt)
     fall = ((0, "#000000", 0.45), (0.4, "#000000", 0.16), (1, "#000000", 0))
     board.rect(x + 0.5, y + 0.5, side - 1, 11, 5.5, fill=board.linear(x, y, x, y + 11, *fall))
