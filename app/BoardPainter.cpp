@@ -47,6 +47,9 @@ constexpr double frameReach = 17;
 constexpr double frameLeg = 8;
 constexpr double frameWidth = 2.6;
 
+// Of a house's drawing, in its units: its side, and how far from its edge the brass string lies.
+constexpr double houseSide = 231, stringFromEdge = 5;
+
 constexpr double dieOfTray = 64.0 / 72;  // the side of the die's drawing, of the tray's
 
 QSize SideBySide(double side) {
@@ -259,13 +262,13 @@ const QPixmap& BoardPainter::Lid(Colour colour) {
     });
 }
 
-// The house under a lamp that hangs above and left of its middle: it shines on the colour, and its own
-// warm white shows on the lacquer.
+// The house under a lamp that hangs above and left of its middle: it shines on the colour, its own
+// warm white shows on the lacquer, and the brass string along the edge glows.
 const QPixmap& BoardPainter::Lit(Colour colour) {
     const QRect house = HouseArea(colour);
     return CachedPixmap(QStringLiteral("lit %1").arg(colour), house.size(), [&](QPainter& lamp) {
         lamp.drawPixmap(QPoint(), Pic_TableroVacio, house);
-        QRadialGradient light(QPointF(0.44, 0.4) * house.width(), 0.9 * house.width());
+        QRadialGradient light(QPointF(0.44, 0.4) * house.width(), 0.95 * house.width());
         const auto shine = [&](QPainter::CompositionMode mode, const QColor& white) {
             for (const double far : {0.0, 0.15, 0.3, 0.45, 0.6, 0.8, 1.0}) {
                 const double left = (1 + std::cos(M_PI * far)) / 2;
@@ -277,8 +280,15 @@ const QPixmap& BoardPainter::Lit(Colour colour) {
         };
         // Yellow is light already: more would make it as pure as the yellow squares.
         const bool isYellow = colour == 1;
-        shine(QPainter::CompositionMode_ColorDodge, isYellow ? QColor(48, 28, 20) : QColor(100, 90, 72));
-        shine(QPainter::CompositionMode_Screen, isYellow ? QColor(52, 40, 46) : QColor(36, 33, 28));
+        shine(QPainter::CompositionMode_ColorDodge,
+              isYellow ? QColor(64, 40, 24) : QColor(108, 92, 72));
+        shine(QPainter::CompositionMode_Screen, isYellow ? QColor(52, 46, 30) : QColor(30, 24, 14));
+        lamp.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        const double unit = house.width() / houseSide, edge = stringFromEdge * unit;
+        for (const auto& [width, alpha] : {std::pair(7.0, 0.16), {4.4, 0.24}, {2.6, 0.4}, {1.5, 1.0}}) {
+            lamp.setPen(QPen(WithAlpha(palette::Light, alpha), width * unit));
+            lamp.drawRect(QRectF(QPointF(), house.size()).adjusted(edge, edge, -edge, -edge));
+        }
     });
 }
 

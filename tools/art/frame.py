@@ -66,12 +66,12 @@ def _fitting(board, side, corner):
 
 
 _METAL = (
-    ((0, BRASS), (0.35, "#fff0c0"), (0.6, BRASS), (1, mix(BRASS, BRASS_DARK, 0.45))),
+    ((0, BRASS), (0.35, "#f3d795"), (0.6, BRASS), (1, mix(BRASS, BRASS_DARK, 0.45))),
     ((0, BRASS), (0.35, mix(BRASS, BRASS_LIGHT, 0.7)), (0.7, BRASS), (1, mix(BRASS, BRASS_DARK, 0.6))),
     ((0, mix(BRASS, BRASS_DARK, 0.7)), (0.4, mix(BRASS, BRASS_LIGHT, 0.25)), (0.7, BRASS), (1, BRASS_DARK)),
     ((0, BRASS), (0.35, mix(BRASS, BRASS_LIGHT, 0.6)), (0.7, BRASS), (1, mix(BRASS, BRASS_DARK, 0.6))),
 )
-_EDGE = ("#fff3cc", BRASS_LIGHT, BRASS_DARK, BRASS_LIGHT)
+_EDGE = ("#fbe6b0", BRASS_LIGHT, BRASS_DARK, BRASS_LIGHT)
 
 
 def _engraving(board, at):

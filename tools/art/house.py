@@ -4,10 +4,11 @@ Its ground is lacquer over a veneer whose rays run from the tray. A brass string
 ivory in each corner, and the tray lies in the middle of an eight-pointed star.
 """
 
+import copy
 import math
 
 from .marks import draw_mark
-from .palette import (BRASS, BRASS_DARK, BRASS_LIGHT, INK, IVORY, IVORY_DARK, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT,
+from .palette import (BRASS, BRASS_DARK, BRASS_LIGHT, INK, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT,
                       PAPER, PAPER_LIGHT, TONES)
 from .svg import Drawing, mix, num, points, star
 
@@ -17,20 +18,27 @@ FAN = 19.0  # the radius of a corner's fan
 ROSETTE = (140, 128)  # its middle, which is the tray's
 PANEL = 10.0  # of the field with the rays, from the house's edge
 RAYS = 28  # of the veneer around the tray, every other one dark
-IVORY_LIT, IVORY_SHADE = "#ead9b2", "#a5854f"  # of inlays: each is split along its middle
+IVORY_LIT, IVORY_SHADE = "#e4d2a8", "#9c7c48"  # of inlays: each is split along its middle
 DARK = "#140a05"
 
 
 def draw_house(board, colour, x, y):
     """Draws the house with its corner at (x, y)."""
-    tones = TONES[colour]
-    _ground(board, tones, x, y)
+    tones = _lacquer(colour)
+    _ground(board, TONES[colour], x, y)
     _fans(board, tones, x, y)
     _trough(board, tones, x + 33, y + SIDE / 2)
     _rosette(board, tones, x + ROSETTE[0], y + ROSETTE[1])
     _plate(board, tones, x + 62, y + 35)
     _tray(board, tones, x + 104, y + 92)
-    _inlaid_mark(board, colour, x + ROSETTE[0], y + ROSETTE[1])
+    _inlaid_mark(board, tones, colour, x + ROSETTE[0], y + ROSETTE[1])
+
+
+def _lacquer(colour):
+    tones = copy.copy(TONES[colour])
+    if colour == 1:
+        tones.deep = "#6e4200"  # inlays must stand out from gold, too
+    return tones
 
 
 def _ground(board, tones, x, y):
@@ -125,7 +133,7 @@ def _trough(board, tones, cx, cy):
 
 def draw_rest(colour):
     """The hollow in which a waiting piece lies, in the units of a piece's drawing."""
-    tones = TONES[colour]
+    tones = _lacquer(colour)
     rest = Drawing((0, 0, 40, 40), "The place of a waiting piece. Drawn by tools/make_art.py.")
     # The edge is turned round: in its own shade above and left, in the light below and right.
     rest.circle(20, 20, 16, fill=rest.linear(9, 9, 31, 31, (0, "#2a1208"), (0.45, "#5a2e18"), (1, "#b9794a")))
@@ -182,8 +190,8 @@ def _rosette(board, tones, cx, cy):
     metal = board.linear(cx, cy - 64, cx, cy + 64, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK))
     board.circle(cx, cy, 64, fill=metal)
     board.circle(cx, cy, 62.5, fill=mix(tones.deep, "#000000", 0.3))
-    board.circle(cx, cy, 61.9, fill=board.linear(0, cy - 62, 0, cy + 62, (0, mix(tones.house, tones.deep, 0.2)),
-                                                 (1, mix(tones.house, tones.deep, 0.7))))
+    board.circle(cx, cy, 61.9, fill=board.linear(0, cy - 62, 0, cy + 62, (0, mix(tones.house, tones.deep, 0.3)),
+                                                 (1, mix(tones.house, tones.deep, 0.75))))
     tip = ((36, 0), (36, 22), (58, 0))
     kite = ((47.5, 0), (53, 3.1), (59.5, 0))
     for quarter in range(0, 360, 90):
@@ -209,18 +217,18 @@ def _tray(board, tones, x, y):
     board.rect(x - 1, y - 1, side + 2, side + 2, 7, fill=metal)
     board.rect(x, y, side, side, 6.2, fill=mix(tones.deep, DARK, 0.7))
     felt = board.linear(0, y, 0, y + side, (0, mix(tones.house, tones.deep, 0.8)),
-                        (0.3, mix(tones.house, tones.deep, 0.5)), (1, mix(tones.house, tones.deep, 0.2)))
+                        (0.3, mix(tones.house, tones.deep, 0.55)), (1, mix(tones.house, tones.deep, 0.3)))
     board.rect(x + 0.5, y + 0.5, side - 1, side - 1, 5.8, fill=felt)
     fall = ((0, "#000000", 0.45), (0.4, "#000000", 0.16), (1, "#000000", 0))
     board.rect(x + 0.5, y + 0.5, side - 1, 11, 5.5, fill=board.linear(x, y, x, y + 11, *fall))
     board.rect(x + 0.5, y + 0.5, 11, side - 1, 5.5, fill=board.linear(x, y, x + 11, y, *fall))
 
 
-def _inlaid_mark(board, colour, cx, cy):
-    """The player's mark in brass, let into the felt: quiet, for the die lies on it."""
-    tones = TONES[colour]
-    felt = mix(tones.house, tones.deep, 0.3)
+def _inlaid_mark(board, tones, colour, cx, cy):
+    """The player's mark in brass, let into the felt: quiet, for the die lies on it. Yellow's is of dark wood."""
+    felt = mix(tones.house, tones.deep, 0.35)
+    upper, lower = (tones.deep, mix(tones.deep, felt, 0.2)) if colour == 1 else (
+        mix(BRASS, felt, 0.25), mix(BRASS_DARK, felt, 0.1))
     draw_mark(board, colour, cx - 0.5, cy - 0.6, 33, fill=mix(tones.deep, DARK, 0.4))
     draw_mark(board, colour, cx + 0.5, cy + 0.6, 33, fill=mix(felt, BRASS_LIGHT, 0.4))
-    brass = board.linear(0, cy - 17, 0, cy + 17, (0, mix(BRASS, felt, 0.3)), (1, mix(BRASS_DARK, felt, 0.15)))
-    draw_mark(board, colour, cx, cy, 32.4, fill=brass)
+    draw_mark(board, colour, cx, cy, 32.4, fill=board.linear(0, cy - 17, 0, cy + 17, (0, upper), (1, lower)))
