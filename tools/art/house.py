@@ -1,7 +1,7 @@
 """A player's house: a trough for the waiting pieces, the die's tray and the name plate, or a lid over all of it.
 
-Its ground is lacquer over a veneer whose rays run from the tray. A brass string runs along the edge, with a fan of shaded
-ivory in each corner, and the tray lies in the middle of an eight-pointed star.
+Its ground is lacquer over a veneer whose rays run from the tray. A brass string runs along the edge, with a fan of
+shaded ivory in each corner, and the tray lies in the middle of an eight-pointed star.
 """
 
 import copy
@@ -114,10 +114,11 @@ def _fans(board, tones, x, y):
     petal = ((3.5, 0), (13.2, 1.75), (15.4, 1.7), (16.8, 0.9), (17.2, 0))
     for cx, cy, first in ((x + EDGE, y + EDGE, 0), (x + SIDE - EDGE, y + EDGE, 90),
                           (x + SIDE - EDGE, y + SIDE - EDGE, 180), (x + EDGE, y + SIDE - EDGE, 270)):
-        (ax, ay), (bx, by) = ((math.cos(math.radians(turn)), math.sin(math.radians(turn))) for turn in (first, first + 90))
+        start = math.radians(first)
+        ax, ay = math.cos(start), math.sin(start)
         for radius, fill in ((FAN + 0.9, BRASS), (FAN - 0.3, mix(tones.deep, "#000000", 0.25))):
             board.path(f"M{num(cx)} {num(cy)}L{num(cx + radius * ax)} {num(cy + radius * ay)}"
-                       f"A{num(radius)} {num(radius)} 0 0 1 {num(cx + radius * bx)} {num(cy + radius * by)}Z",
+                       f"A{num(radius)} {num(radius)} 0 0 1 {num(cx - radius * ay)} {num(cy + radius * ax)}Z",
                        fill=fill)
         _inlays(board, [(cx, cy, first + 9 + 18 * i, petal) for i in range(5)])
 
