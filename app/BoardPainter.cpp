@@ -280,12 +280,12 @@ const QPixmap& BoardPainter::Lit(Colour colour) {
         };
         // Yellow is light already: more would make it as pure as the yellow squares.
         const bool isYellow = colour == 1;
-        shine(QPainter::CompositionMode_ColorDodge,
-              isYellow ? QColor(64, 40, 24) : QColor(108, 92, 72));
+        shine(QPainter::CompositionMode_ColorDodge, isYellow ? QColor(64, 40, 24) : QColor(108, 92, 72));
         shine(QPainter::CompositionMode_Screen, isYellow ? QColor(52, 46, 30) : QColor(30, 24, 14));
         lamp.setCompositionMode(QPainter::CompositionMode_SourceOver);
         const double unit = house.width() / houseSide, edge = stringFromEdge * unit;
-        for (const auto& [width, alpha] : {std::pair(7.0, 0.16), {4.4, 0.24}, {2.6, 0.4}, {1.5, 1.0}}) {
+        for (const auto& [width, alpha] :
+             {std::pair(9.0, 0.07), {7.0, 0.09}, {5.2, 0.12}, {3.6, 0.2}, {2.4, 0.3}, {1.4, 1.0}}) {
             lamp.setPen(QPen(WithAlpha(palette::Light, alpha), width * unit));
             lamp.drawRect(QRectF(QPointF(), house.size()).adjusted(edge, edge, -edge, -edge));
         }

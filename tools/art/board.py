@@ -66,12 +66,13 @@ def draw_print():
 def _paper(board):
     """Two sheets that cross, where no house lies on them. The lamp lights them from the top left."""
     # Two upright gradients: one that slants takes many times as long to paint.
+    arm = 3 * BLOCK
     down = board.linear(0, 0, 0, SIDE, (0, "#fffaea"), (0.35, PAPER), (1, "#dfcda3"))
-    across = board.linear(0, 0, SIDE, 0, (0, SHADE, 0), (0.4, SHADE, 0.03), (1, SHADE, 0.2))
-    for fill in (down, across):
-        for x, y, width, height in ((3 * BLOCK, 0, 3 * BLOCK, 3 * BLOCK), (0, 3 * BLOCK, SIDE, 3 * BLOCK),
-                                    (3 * BLOCK, 6 * BLOCK, 3 * BLOCK, 3 * BLOCK)):
-            board.rect(x, y, width, height, fill=fill)
+    across = board.linear(arm, 0, SIDE, 0, (0, SHADE, 0), (0.3, SHADE, 0.05), (1, SHADE, 0.2))
+    for fill, left in ((down, 0), (across, arm)):
+        board.rect(arm, 0, arm, arm, fill=fill)
+        board.rect(left, arm, SIDE - left, arm, fill=fill)
+        board.rect(arm, 2 * arm, arm, arm, fill=fill)
 
 
 def _figure_place(arm, square):

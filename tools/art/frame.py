@@ -65,13 +65,12 @@ def _fitting(board, side, corner):
     _engraving(board, at)
 
 
-_METAL = (
-    ((0, BRASS), (0.35, "#f3d795"), (0.6, BRASS), (1, mix(BRASS, BRASS_DARK, 0.45))),
-    ((0, BRASS), (0.35, mix(BRASS, BRASS_LIGHT, 0.7)), (0.7, BRASS), (1, mix(BRASS, BRASS_DARK, 0.6))),
-    ((0, mix(BRASS, BRASS_DARK, 0.7)), (0.4, mix(BRASS, BRASS_LIGHT, 0.25)), (0.7, BRASS), (1, BRASS_DARK)),
-    ((0, BRASS), (0.35, mix(BRASS, BRASS_LIGHT, 0.6)), (0.7, BRASS), (1, mix(BRASS, BRASS_DARK, 0.6))),
-)
-_EDGE = ("#fbe6b0", BRASS_LIGHT, BRASS_DARK, BRASS_LIGHT)
+# Old brass, by the corner that it lies on: the nearer to the lamp, the lighter.
+_OLD = mix(BRASS, BRASS_DARK, 0.35)
+_METAL = tuple(((0, mix(_OLD, BRASS_LIGHT, 0.15 * lit)), (0.35, mix(_OLD, BRASS_LIGHT, 0.62 * lit)),
+                (0.65, mix(_OLD, BRASS_DARK, 0.3 - 0.3 * lit)), (1, mix(_OLD, BRASS_DARK, 0.9 - 0.5 * lit)))
+               for lit in (1, 0.6, 0.2, 0.6))
+_EDGE = (BRASS_LIGHT, BRASS, BRASS_DARK, BRASS)
 
 
 def _engraving(board, at):

@@ -26,7 +26,7 @@ def draw_house(board, colour, x, y):
     """Draws the house with its corner at (x, y)."""
     tones = _lacquer(colour)
     _ground(board, TONES[colour], x, y)
-    _fans(board, tones, x, y)
+    _edge(board, tones, x, y)
     _trough(board, tones, x + 33, y + SIDE / 2)
     _rosette(board, tones, x + ROSETTE[0], y + ROSETTE[1])
     _plate(board, tones, x + 62, y + 35)
@@ -53,10 +53,14 @@ def _ground(board, tones, x, y):
     board.path(_panel(x, y), stroke=mix(tones.house, tones.deep, 0.55), stroke_width=1)
     board.rect(x, y, SIDE, SIDE, fill=board.linear(x, 0, x + SIDE, 0, (0, tones.deep, 0), (0.25, tones.deep, 0),
                                                    (0.6, tones.deep, 0.14), (1, tones.deep, 0.5)))
-    metal = board.linear(x, y, x, y + SIDE, (0, mix(BRASS_LIGHT, BRASS, 0.35)), (0.5, BRASS), (1, BRASS_DARK))
-    for grow, fill, width in ((0.2, mix(tones.deep, "#000000", 0.3), 2.6), (0, metal, 1.3)):
-        board.rect(x + EDGE - grow, y + EDGE - grow, SIDE - 2 * EDGE + 2 * grow, SIDE - 2 * EDGE + 2 * grow,
-                   stroke=fill, stroke_width=width)
+
+
+def _edge(board, tones, x, y):
+    """The brass string along the edge, with its fans."""
+    metal = board.linear(0, y, 0, y + SIDE, (0, mix(BRASS_LIGHT, BRASS, 0.35)), (0.5, BRASS), (1, BRASS_DARK))
+    for fill, width in ((mix(tones.deep, "#000000", 0.3), 2.6), (metal, 1.3)):
+        board.rect(x + EDGE, y + EDGE, SIDE - 2 * EDGE, SIDE - 2 * EDGE, stroke=fill, stroke_width=width)
+    _fans(board, tones, x, y)
 
 
 def _panel(x, y):
@@ -111,7 +115,7 @@ def _inlays(board, inlays):
 
 
 def _fans(board, tones, x, y):
-    petal = ((3.5, 0), (13.2, 1.75), (15.4, 1.7), (16.8, 0.9), (17.2, 0))
+    petal = ((3.5, 0), (13.6, 1.8), (16.3, 1.3), (17.2, 0))
     for cx, cy, first in ((x + EDGE, y + EDGE, 0), (x + SIDE - EDGE, y + EDGE, 90),
                           (x + SIDE - EDGE, y + SIDE - EDGE, 180), (x + EDGE, y + SIDE - EDGE, 270)):
         start = math.radians(first)
@@ -171,11 +175,11 @@ def draw_lid(colour):
     tones, m = TONES[colour], SIDE / 2
     lid = Drawing((0, 0, SIDE, SIDE), "The lid of a house that takes no part. Drawn by tools/make_art.py.")
     lid.rect(0, 0, SIDE, SIDE, fill=lid.linear(0, 0, SIDE, SIDE, (0, "#7a4022"), (0.5, "#643019"), (1, "#4c220f")))
+    _edge(lid, tones, 0, 0)
     # A field that is raised within a groove: its edges are lit above and left.
-    for grow, fill in ((1.6, "#260f05"), (0.4, MAHOGANY_LIGHT)):
-        lid.rect(18 - grow, 18 - grow, SIDE - 36 + 2 * grow, SIDE - 36 + 2 * grow, 6 + grow, fill=fill)
-    lid.rect(19, 19, SIDE - 37, SIDE - 37, 6,
-             fill=lid.linear(18, 18, SIDE - 18, SIDE - 18, (0, "#74391d"), (0.5, "#5c2b15"), (1, "#47200f")))
+    for off, stroke in ((1, "#260f05"), (0, MAHOGANY_LIGHT)):
+        lid.path(_panel(off, off), stroke=stroke, stroke_width=1.2)
+    _inlays(lid, [(m, m, 45 * i, ((20, 0), (31, 4), (52 - 14 * (i % 2), 0))) for i in range(8)])
     lid.soft_disc(m + 1.4, m + 2, 26, 3, 0.5)
     slant = (m - 26, m - 26, m + 26, m + 26)
     lid.circle(m, m, 26, fill=lid.linear(*slant, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK)))
@@ -186,12 +190,11 @@ def draw_lid(colour):
 
 def _rosette(board, tones, cx, cy):
     """The star in which the tray lies: its square is one of the two that make the star."""
-    board.circle(cx + 0.5, cy + 0.6, 64.9, fill=mix(tones.house, tones.light, 0.5))
-    board.circle(cx, cy, 64.6, fill=mix(tones.deep, "#000000", 0.3))
+    board.circle(cx, cy, 64.7, fill=mix(tones.deep, "#000000", 0.3))
     metal = board.linear(cx, cy - 64, cx, cy + 64, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK))
     board.circle(cx, cy, 64, fill=metal)
-    board.circle(cx, cy, 62.5, fill=mix(tones.deep, "#000000", 0.3))
-    board.circle(cx, cy, 61.9, fill=board.linear(0, cy - 62, 0, cy + 62, (0, mix(tones.house, tones.deep, 0.3)),
+    board.circle(cx, cy, 62.4, fill=board.linear(0, cy - 62, 0, cy + 62, (0, mix(tones.house, tones.deep, 0.55)),
+                                                 (0.12, mix(tones.house, tones.deep, 0.3)),
                                                  (1, mix(tones.house, tones.deep, 0.75))))
     tip = ((36, 0), (36, 22), (58, 0))
     kite = ((47.5, 0), (53, 3.1), (59.5, 0))
