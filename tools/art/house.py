@@ -17,7 +17,7 @@ EDGE = 5.0  # of the brass string, from the house's edge
 FAN = 19.0  # the radius of a corner's fan
 ROSETTE = (140, 128)  # its middle, which is the tray's
 PANEL = 10.0  # of the field with the rays, from the house's edge
-RAYS = 28  # of the veneer around the tray, every other one dark
+RAYS = 24  # of the veneer around the tray, every other one dark
 IVORY_LIT, IVORY_SHADE = "#e4d2a8", "#9c7c48"  # of inlays: each is split along its middle
 DARK = "#140a05"
 
@@ -87,7 +87,7 @@ def _rays(x, y):
         return x + ROSETTE[0] + reach * c, y + ROSETTE[1] + reach * s
 
     for i in range(0, RAYS, 2):
-        turns = [2 * math.pi * (i + share) / RAYS for share in (0.5, 0.75, 1, 1.25, 1.5)]
+        turns = [2 * math.pi * (i + share) / RAYS for share in (0.5, 1, 1.5)]
         foot = [(x + ROSETTE[0] + 60 * math.cos(turn), y + ROSETTE[1] + 60 * math.sin(turn))
                 for turn in (turns[-1], turns[0])]
         yield points([*map(end, turns), *foot])
