@@ -40,7 +40,7 @@ struct PlateLook {
 /// Ivory where something goes on, else dark leather.
 PlateLook CardLook(bool lit) {
     if (lit) return {true, {0xff, 0xf3, 0xd2}, {0xf3, 0xdf, 0xb2}, palette::Mark, 1.6};
-    return {false, {0x3b, 0x25, 0x17}, {0x28, 0x18, 0x0e}, {0x9a, 0x7a, 0x4c}, 0.9};
+    return {false, {0x5c, 0x39, 0x20}, {0x3e, 0x24, 0x12}, {0xb0, 0x8a, 0x52}, 0.9};
 }
 
 /// Enamel in the colour of whoever is asked.
@@ -208,7 +208,7 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
              QFont::Bold, text);
     const double last = home + 18 + 4 * spread;
     const QRectF foot(4.5, last, box.Width() - 9, box.Height() - last - 4.5);
-    box.Round(foot, corner - 3, lit ? QColor(0xa0, 0x6a, 0x20, 0x2c) : QColor(0, 0, 0, 0x58));
+    box.Round(foot, corner - 3, lit ? QColor(0xa0, 0x6a, 0x20, 0x2c) : QColor(0, 0, 0, 0x48));
     const double side = card.won ? foot.height() - 4 : 0;  // of the laurel beside the text
     const QRectF laurel(box.Width() - padding - side, last + 2, side, side);
     if (card.won) PaintDrawing(box, artwork, "laurel", laurel);
