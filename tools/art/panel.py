@@ -12,7 +12,8 @@ from .svg import Drawing, mix, num
 
 MIDDLE = 16
 GRAIN, PEBBLE = 48, 4
-LEATHER_LIGHT, LEATHER, LEATHER_DARK = "#9a6136", "#7c4a27", "#5c361b"
+LEATHER_LIGHT, LEATHER, LEATHER_DARK = "#3a5745", "#283f31", "#182a1f"
+COGNAC_LIGHT, COGNAC, COGNAC_DARK = "#9a6136", "#7c4a27", "#5c361b"  # of the cup
 GOLD = "#c9a055"
 
 
@@ -33,7 +34,7 @@ def _stretchable(corner, note):
 
 
 def draw_band():
-    """A pad of cognac leather with an edge of brass. The program darkens it down the table."""
+    """A pad of green leather with an edge of brass. The program darkens it down the table."""
     band, side = _stretchable(24, "The pad of leather under the instruments")
     band.rect(0.6, 0.6, side - 1.2, side - 1.2, 5, fill="#1a0d05")
     band.rect(1.2, 1.2, side - 2.4, side - 2.4, 4.6, fill=mix(BRASS, LEATHER, 0.25))
@@ -67,7 +68,7 @@ def draw_grain():
             x, y = ((at + 0.5 + chance.uniform(-0.3, 0.3)) * PEBBLE for at in (column, row))
             wide, high = (PEBBLE * chance.uniform(0.4, 0.62) for _ in range(2))
             tile.ellipse(x + 0.5, y + 0.6, wide, high, stroke="#1a0a02", stroke_opacity=0.13, stroke_width=0.7)
-            tile.ellipse(x - 0.3, y - 0.4, wide * 0.6, high * 0.6, fill="#ffd8a8", fill_opacity=0.07)
+            tile.ellipse(x - 0.3, y - 0.4, wide * 0.6, high * 0.6, fill="#e8f0d8", fill_opacity=0.06)
     return tile
 
 
@@ -139,11 +140,11 @@ def draw_cup():
     cup.soft_disc(x + 3, y + 4, 52, 4, 0.55)
     cup.circle(x, y, 53, fill="#1a0d05")
     slant = (x - 38, y - 40, x + 38, y + 40)
-    cup.circle(x, y, 52.2, fill=cup.linear(*slant, (0, "#b27a48"), (0.3, LEATHER_LIGHT), (0.7, LEATHER),
-                                           (1, LEATHER_DARK)))
-    cup.circle(x, y, 50, fill=cup.linear(*slant, (0, "#94603a"), (0.45, mix(LEATHER_LIGHT, LEATHER, 0.4)),
-                                         (1, mix(LEATHER, LEATHER_DARK, 0.6))))
-    gold = cup.linear(*slant, (0, "#ecc77c"), (0.5, mix(GOLD, LEATHER, 0.35)), (1, mix(GOLD, LEATHER_DARK, 0.6)))
+    cup.circle(x, y, 52.2, fill=cup.linear(*slant, (0, "#b27a48"), (0.3, COGNAC_LIGHT), (0.7, COGNAC),
+                                           (1, COGNAC_DARK)))
+    cup.circle(x, y, 50, fill=cup.linear(*slant, (0, "#94603a"), (0.45, mix(COGNAC_LIGHT, COGNAC, 0.4)),
+                                         (1, mix(COGNAC, COGNAC_DARK, 0.6))))
+    gold = cup.linear(*slant, (0, "#ecc77c"), (0.5, mix(GOLD, COGNAC, 0.35)), (1, mix(GOLD, COGNAC_DARK, 0.6)))
     cup.circle(x + 0.5, y + 0.6, 46.6, stroke="#20120a", stroke_width=1.5, stroke_opacity=0.6)
     cup.circle(x, y, 46.6, stroke=gold, stroke_width=1.4)
     # The rim, and the wall within: it is dark under the lamp and lit across from it.
