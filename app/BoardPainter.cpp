@@ -32,7 +32,7 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
-constexpr RingShape placeOfChoice{11.5, 2};
+constexpr RingShape placeOfChoice{13, 3}, dotOfChoice{3.2, 6.4};
 constexpr double glowReach = 19.9;  // of the light around a piece that may move
 
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the
@@ -429,6 +429,8 @@ void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const 
         const std::vector<QPointF> path = PathOf(layout_, move);
         if (path.empty() || !PieceArea(path.back()).intersects(part)) continue;
         PaintRing(painter, path.back(), placeOfChoice.radius, placeOfChoice.width, palette::Mark);
+        PaintRing(painter, path.back(), dotOfChoice.radius, dotOfChoice.width,
+                  palette::PlayerMark[ColourOf(move.piece)]);
     }
 }
 
@@ -528,11 +530,11 @@ void BoardPainter::PaintLastMove(QPainter& painter, const BoardView& view, const
 
 namespace {
 
-constexpr double handSide = 44;  // in layout pixels of the largest board
+constexpr double handSide = 50;  // in layout pixels of the largest board
 constexpr double handTravel = 7;
 constexpr int handTaps = 3;
 const QPointF handTip(12.3 / 32, 3.0 / 32);  // of its drawing
-const QPointF handPlace(13, 13);             // where the tip rests, from the middle of the tray
+const QPointF handPlace(20, 18);             // where the tip rests, from the middle of the tray
 
 constexpr double invitationReach = 0.4;  // of the light around the new-game button, in sides of it
 constexpr std::size_t newGame = 1;

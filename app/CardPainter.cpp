@@ -35,6 +35,7 @@ struct PlateLook {
     bool lit;
     QColor above, below, edge;
     double width;
+    bool framed = false;  ///< in brass
 };
 
 /// Ivory where something goes on, else dark leather.
@@ -46,7 +47,7 @@ PlateLook CardLook(bool lit) {
 /// Enamel in the colour of whoever is asked.
 PlateLook EnamelLook(Colour who) {
     const auto& [above, below] = palette::Enamel[who];
-    return {true, above, below, palette::Light, 1.4};
+    return {true, above, below, palette::Light, 0, true};
 }
 
 /// Paints one box, from its corner and in layout pixels, of which each is `scale` times as large.
@@ -120,9 +121,21 @@ public:
         Round(Whole(), corner, face, QPen(palette::DarkWood, 1.4));
         Round(Whole().adjusted(2.5, 2.5, -2.5, -2.5), corner - 2, Qt::NoBrush,
               QPen(look.edge, look.width));
+        if (look.framed) Frame();
     }
 
 private:
+    /// Of brass, which the lamp lights from above.
+    void Frame() {
+        QLinearGradient brass(0, 0, 0, Height() * unit_);
+        brass.setColorAt(0, QColor(0xff, 0xec, 0xb4));
+        brass.setColorAt(0.5, palette::Brass);
+        brass.setColorAt(1, QColor(0x8a, 0x64, 0x24));
+        Round(Whole().adjusted(2.6, 2.6, -2.6, -2.6), corner - 2, Qt::NoBrush, QPen(brass, 3.6));
+        Round(Whole().adjusted(4.8, 4.8, -4.8, -4.8), corner - 4, Qt::NoBrush,
+              QPen(QColor(0x2a, 0x16, 0x06, 0xb0), 0.9));
+    }
+
     QPainter& painter_;
     QSizeF size_;
     double scale_;
@@ -165,21 +178,27 @@ void PaintWay(BoxPainter& box, const BoardView::Card& card, double top) {
     box.Painter().restore();
 }
 
-// Four wells, of which those of the pieces at home are filled.
-void PaintHome(BoxPainter& box, const BoardView::Card& card, double top) {
-    for (int piece = 0; piece < PiecesPerColour; ++piece) {
-        const QRectF well(padding + 16 * piece, top, 13, 13);
-        const bool isHome = piece < card.home;
-        const QColor empty = card.lit ? QColor(0xcd, 0xb4, 0x83) : QColor(0x12, 0x0a, 0x05);
-        box.Round(well, 6.5, isHome ? palette::PlayerMark[card.colour] : empty,
-                  QPen(isHome ? TextColour(card.lit) : FaintText(card.lit), isHome ? 1.4 : 0.8));
-    }
-}
-
 void PaintDrawing(BoxPainter& box, Artwork& artwork, const QString& name, const QRectF& place) {
     const QRectF device = box.Device(place);
     const QSize size = device.size().toSize();
     box.Painter().drawPixmap(device.topLeft().toPoint(), artwork.Pixmap(name, size));
+}
+
+// The goal: four wells in enamel, in which the pieces at home lie.
+void PaintHome(BoxPainter& box, Artwork& artwork, const BoardView::Card& card, double top) {
+    constexpr double side = 13, step = 16, piece = side * 40 / 28;  // of which the body takes 28
+    const auto& [above, below] = palette::Enamel[card.colour];
+    box.Round({padding - 2, top - 2, 3 * step + side + 4, side + 4}, side / 2 + 2, below,
+              QPen(card.lit ? QColor(0x8d, 0x71, 0x45) : QColor(0xb0, 0x8a, 0x52), 0.9));
+    for (int number = 0; number < PiecesPerColour; ++number) {
+        const QRectF well(padding + step * number, top, side, side);
+        box.Round(well, side / 2, below.darker(card.colour == 1 ? 150 : 260), QPen(above, 0.8));
+        if (number < card.home) {
+            const double more = (piece - side) / 2;
+            PaintDrawing(box, artwork, QStringLiteral("piece_%1").arg(card.colour),
+                         well.adjusted(-more, -more, more, more));
+        }
+    }
 }
 
 void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, const Layout& layout,
@@ -202,7 +221,7 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
              Qt::AlignVCenter | Qt::AlignLeft, card.kind, 13, QFont::Normal, faint);
     PaintWay(box, card, 44 + 5 * spread);
     const double home = 57 + 9 * spread;
-    PaintHome(box, card, home);
+    PaintHome(box, artwork, card, home);
     box.Text({padding + 66, home - 2, width - 66, 17}, Qt::AlignVCenter | Qt::AlignRight,
              card.toGo == 0 ? QStringLiteral("en casa") : QStringLiteral("faltan %1").arg(card.toGo), 14,
              QFont::Bold, text);
@@ -284,7 +303,7 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     const QColor faint = enamelled ? ink : FaintText(lit);
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = view.line.hint.isEmpty() ? view.latest : view.line.hint;
-    const QRectF inside = box.Whole().adjusted(6, 5, -6, -5);
+    const QRectF inside = box.Whole().adjusted(8, 5, -8, -5);
     const double unit = layout.Unit * scale;
     const bool below = !isFlat && !more.isEmpty();
     const QString what = isFlat ? QString(view.line.what).replace('\n', ' ') : view.line.what;

@@ -169,7 +169,7 @@ void PlaceStrip(Layout& layout) {
     // At the upper edge of the case, above its right reel.
     const int chancesLeft = layout.Recorder.x + recorderWidth + 21;
     layout.Chances = {ToShort(std::min(chancesLeft, layout.ScreenWidth - chancesKey - 2)),
-                      recorderTop - 12, chancesKey, chancesKey};
+                      recorderTop - 9, chancesKey, chancesKey};
     layout.Log = {CentredBesideBoard(layout, logWidth), logTop, logWidth, LogHeight(layout)};
     // Beside the board there may be less room than the log takes. On screens of 640x480 and 800x600 its
     // height reaches 4 pixels below the screen (304 + 300 = 604). The paper ends 4 pixels above the

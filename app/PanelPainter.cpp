@@ -24,7 +24,7 @@ constexpr double caseBelow = 13;
 constexpr double widestReel = 58;
 constexpr double smallestReel = 18;  // where there is less room, the reels are left out
 constexpr double besideReel = 6;
-constexpr double belowMiddle = 4;    // the small key lies above one of them
+constexpr double belowMiddle = 7;    // the small key lies above one of them
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double shadowReach = 11;
 constexpr QPointF shadowFall(2.5, 3.5);

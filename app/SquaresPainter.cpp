@@ -33,11 +33,8 @@ public:
           unit_(grid.CellSize() / 33) {}
 
     void PaintColours() {
-        for (int row = 13; row < 20; ++row) {
-            const QRect field = Inlay(4 * block, row * cell, bandWidth, softWidth);
-            if (unit_ >= 1) Grain(field);  // finer streaks would be specks
-        }
-        Inlay(5 * block, 16 * cell, exitBandWidth, 0);  // ring and figure leave no room for more
+        for (int row = 13; row < 20; ++row) Inlay(4 * block, row * cell, bandWidth, true);
+        Inlay(5 * block, 16 * cell, exitBandWidth, false);  // ring and figure leave no room for more
         Goal();
     }
 
@@ -58,25 +55,30 @@ private:
         painter_.fillRect(grid_.Line(At(from.x(), from.y()), At(to.x(), to.y())), palette::Line);
     }
 
-    // Enamel in a rim of deeper lacquer, with a string of brass between: darker where it meets the
-    // brass, as enamel is that has run together in the middle. Returns what has the colour itself.
-    QRect Inlay(int x, int y, double width, double softening) {
+    // Enamel in a rim of deeper lacquer, with a string of brass between. Domed enamel gleams at the top,
+    // under the lamp, and lies in the shade at its foot, as far as more than half of the square keeps
+    // the colour itself.
+    void Inlay(int x, int y, double width, bool domed) {
         const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
         const int band = std::max(2, qFloor(width * unit_));
         const int edge = std::max(1, qRound(stringWidth * unit_));
         painter_.fillRect(square, Mixed(base_, rim_, 0.45));
-        painter_.fillRect(square.adjusted(edge, edge, 0, 0), Mixed(base_, rim_, 1));
+        painter_.fillRect(square.adjusted(edge, edge, 0, 0), rim_);
         painter_.fillRect(square.adjusted(edge, edge, -edge, -edge), Band());
         const QRect field = square.adjusted(band, band, -band, -band);
         painter_.fillRect(field.adjusted(-edge, -edge, edge, edge), String());
-        const int soft = qFloor(softening * unit_);
-        for (int in = 0; in < soft; ++in) {
-            const double left = static_cast<double>(soft - in) / soft;
-            painter_.fillRect(field.adjusted(in, in, -in, -in), Mixed(base_, rim_, 0.45 * left));
-        }
-        const QRect pure = field.adjusted(soft, soft, -soft, -soft);
-        painter_.fillRect(pure, base_);
-        return pure;
+        painter_.fillRect(field, base_);
+        const int pure = qCeil(pureShare * square.width() * square.height() / field.width());
+        const int deep = domed ? std::max(0, (field.height() - pure) / 2) : 0;
+        QLinearGradient gleam(field.topLeft(), field.topLeft() + QPoint(0, deep));
+        gleam.setColorAt(0, Mixed(base_, Qt::white, 0.5));
+        gleam.setColorAt(0.25, Mixed(base_, Qt::white, 0.22));
+        gleam.setColorAt(1, base_);
+        painter_.fillRect(QRect(field.topLeft(), QSize(field.width(), deep)), gleam);
+        QLinearGradient shade(field.bottomLeft() - QPoint(0, deep), field.bottomLeft());
+        shade.setColorAt(0, base_);
+        shade.setColorAt(1, Mixed(base_, rim_, 0.6));
+        painter_.fillRect(QRect(field.left(), field.bottom() + 1 - deep, field.width(), deep), shade);
     }
 
     // Corners on the lines; each smaller triangle lies the same way from all three edges.
@@ -103,31 +105,10 @@ private:
     QColor Band() const { return Mixed(base_, rim_, 0.7); }
     QColor String() const { return Mixed(palette::Brass, base_, 0.1); }
 
-    // Faint streaks along the square, as wood has them under lacquer.
-    void Grain(const QRectF& area) {
-        // Where a streak begins and ends along the square, and where it lies across.
-        constexpr double streaks[][3] = {{0.02, 0.55, 0.14},
-                                         {0.40, 0.97, 0.30},
-                                         {0.10, 0.46, 0.47},
-                                         {0.55, 0.92, 0.62},
-                                         {0.05, 0.70, 0.85}};
-        const bool upright = area.height() > area.width();
-        const int width = std::max(1, qRound(0.6 * unit_));
-        for (const auto& [from, to, across] : streaks) {
-            const QPointF start = upright ? QPointF(across, from) : QPointF(from, across);
-            const QPoint at =
-                (area.topLeft() + QPointF(start.x() * area.width(), start.y() * area.height()))
-                    .toPoint();
-            const int length = qRound((to - from) * std::max(area.width(), area.height()));
-            painter_.fillRect(QRect(at, upright ? QSize(width, length) : QSize(length, width)),
-                              Mixed(base_, rim_, 0.08));
-        }
-    }
-
     // In units of which a cell has 33.
     static constexpr double bandWidth = 3.9, exitBandWidth = 3.2;
     static constexpr double stringWidth = 0.9;
-    static constexpr double softWidth = 1.5;
+    static constexpr double pureShare = 0.56;
 
     QPainter& painter_;
     const BoardGrid& grid_;

@@ -166,7 +166,7 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
         for (const QSize screen :
              {QSize(640, 480), QSize(1024, 600), QSize(1024, 768), QSize(1366, 768)}) {
             const Layout layout = LayoutFor(screen.width(), screen.height());
-            const QSizeF room(layout.Line.width - 12, layout.Line.height - 10);
+            const QSizeF room(layout.Line.width - 16, layout.Line.height - 10);
             const LineSizes sizes = LineSizesFor(is.what, is.hint, room, layout.Unit);
             EXPECT_GE(sizes.more, 11) << qPrintable(is.hint);
             EXPECT_LE(sizes.above + sizes.below, room.height())

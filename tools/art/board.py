@@ -17,7 +17,7 @@ MIDDLE = SIDE / 2
 VIEW = (-16, -16, 725, 725)
 FIGURE = 12.6
 SHADE = "#6b4a1e"  # of the paper, far from the lamp
-PRINT = "#4f3c2d"  # of the figures: quieter than the pieces
+PRINT = "#604b39"  # of the figures: quieter than the pieces
 ASIDE = 26.75  # from the middle of the lane to that of a figure: halfway between a piece's ring and the line
 
 

@@ -82,14 +82,10 @@ def _engraving(board, at):
         petals.append([(FITTING - 1.4 + r * math.cos(turn + t), FITTING - 1.4 + r * math.sin(turn + t))
                        for r, t in ((3, 0), (7.6, -0.11), (9, 0), (7.6, 0.11))])
     board.path("".join(points([at(*p) for p in petal]) for petal in petals), fill=line)
-    for pair in (((15.5, 3.4), (27, 3.4)), ((15.5, 9.6), (27, 9.6))):
-        for ends in (pair, [(y, x) for x, y in pair]):
-            board.line(*at(*ends[0]), *at(*ends[1]), stroke=line, stroke_width=0.7)
-    for x, y in ((21.5, 6.5), (6.5, 21.5)):
+    for x, y in ((23, 6.5), (6.5, 23)):
         px, py = at(x, y)
-        board.circle(px + 0.3, py + 0.4, 2, fill=line)
-        board.circle(px, py, 1.7, fill=BRASS_LIGHT)
-        board.line(px - 1.1, py + 0.8, px + 1.1, py - 0.8, stroke=line, stroke_width=0.6)
+        board.circle(px + 0.4, py + 0.5, 2.2, fill=line)
+        board.circle(px, py, 1.9, fill=BRASS_LIGHT)
 
 
 def draw_inner_edge(board, side):

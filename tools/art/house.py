@@ -154,19 +154,20 @@ def draw_place(colour):
     place = Drawing((0, 0, 40, 40), "A place to stand on. Drawn by tools/make_art.py.")
     if colour:
         tones = TONES[colour]
-        # A well: its upper left edge lies in its own shade, its lower right one in the light.
-        place.circle(20.7, 20.8, 15.3, fill=mix(tones.base, "#ffffff", 0.5))
-        place.circle(20, 20, 15.5, fill=mix(tones.deep, tones.base, 0.15))
-        place.circle(20.5, 20.5, 14.6, fill=mix(tones.base, tones.deep, 0.5))
-        place.circle(20.7, 20.7, 14.3, fill=mix(tones.base, tones.deep, 0.25))
-        place.circle(20.9, 20.9, 14.1, fill=tones.base)
+        # A bored well: its upper left edge lies in its own shade, its lower right one in the light.
+        place.circle(20.7, 20.8, 13.8, fill=mix(tones.base, "#ffffff", 0.6))
+        place.circle(20, 20, 13.9, fill=mix(tones.deep, "#000000", 0.1))
+        for inset, radius, shade in ((0.6, 13.1, 0.6), (0.9, 12.8, 0.3)):
+            place.circle(20 + inset, 20 + inset, radius, fill=mix(tones.base, tones.deep, shade))
+        place.circle(21.2, 21.2, 12.5, fill=tones.base)
     else:
-        # Printed flat, with the star of the board's middle: nobody takes it for a piece.
-        place.circle(20, 20, 15.5, fill=mix(INK, PAPER_LIGHT, 0.2))
-        place.circle(20, 20, 14, fill=PAPER_LIGHT)
-        place.circle(20, 20, 12.9, fill=mix(BRASS, PAPER_LIGHT, 0.35))
-        place.circle(20, 20, 12.1, fill=PAPER)
-        place.path(star(20, 20, 10.5, 4, 8), fill=mix(BRASS_DARK, PAPER, 0.55))
+        # Printed flat and lighter than any piece, with the star of the board's middle.
+        print_ = mix(BRASS_DARK, PAPER, 0.3)
+        place.circle(20, 20, 15.4, fill=print_)
+        place.circle(20, 20, 14.4, fill=PAPER)
+        place.circle(20, 20, 13.2, stroke=print_, stroke_width=0.6)
+        place.path(star(20, 20, 11.4, 4.4, 8), fill=print_)
+        place.circle(20, 20, 2.4, fill=PAPER)
     return place
 
 

@@ -21,17 +21,17 @@ def draw(colour):
     gleam, lit, body, shade, dark, inlay = LACQUER[colour]
     name = ("", "yellow", "blue", "red", "green")[colour]
     piece = Drawing((0, 0, 40, 40), f"A piece, {name}. Drawn by tools/make_art.py.")
-    piece.soft_disc(22.6, 24, 12.4, 4.2, 0.42)
+    piece.soft_disc(23.4, 25, 11.6, 4.6, 0.5)
     piece.soft_disc(21, 22.2, 13.6, 2.2, 0.9)
     _side(piece, lit, body, shade, dark)
     # The top, 28 wide: a rounded rim, and in it a flat face in the colour itself.
-    cy = 18.1
+    cy = 17.3
     piece.ellipse(20, cy, 13.5, 11.7,
                   fill=piece.linear(10, 8, 30, 29, *RIM[colour]))
     piece.ellipse(20, cy, 11.6, 9.8, fill=piece.linear(11, 9, 29, 27, (0, dark), (0.5, shade), (1, lit)))
     piece.ellipse(20, cy + 0.1, 11, 9.3, fill=body)
     draw_mark(piece, colour, 20, cy + 0.1, {1: 11.4, 2: 12, 3: 13, 4: 11.6}[colour], fill=inlay)
-    piece.path("M8.4 14.6C10.4 10.2 14.6 7.4 19.6 7.1C15.4 8.5 12 11 9.6 15.2C9 16.1 8 15.6 8.4 14.6Z",
+    piece.path("M8.2 13.8C10.2 9.4 14.4 6.6 19.4 6.3C15.4 7.5 11.8 10.2 9.3 14.4C8.8 15.3 7.8 14.8 8.2 13.8Z",
                fill="#ffffff", fill_opacity=0.6)
     return piece
 
@@ -41,8 +41,8 @@ def _side(piece, lit, body, shade, dark):
     def slab(top, bottom, rx, ry, fill):
         piece.path(f"M{num(20 - rx)} {num(top)}A{num(rx)} {num(ry)} 0 0 1 {num(20 + rx)} {num(top)}L{num(20 + rx)} "
                    f"{num(bottom)}A{num(rx)} {num(ry)} 0 0 1 {num(20 - rx)} {num(bottom)}Z", fill=fill)
-    slab(18, 22, 14, 12, dark)
-    slab(18, 21.5, 13.6, 11.8, piece.linear(6, 0, 34, 0, (0, shade), (0.22, body), (0.38, lit), (0.6, body),
+    slab(17.2, 22, 14, 12, dark)
+    slab(17.2, 21.5, 13.6, 11.8, piece.linear(6, 0, 34, 0, (0, shade), (0.22, body), (0.38, lit), (0.6, body),
                                             (0.85, shade), (1, dark)))
 
 
