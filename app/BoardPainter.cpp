@@ -37,7 +37,7 @@ constexpr double glowReach = 19.9;  // of the light around a piece that may move
 
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the
 // dots on the squares that it passed, and the ring around it now.
-constexpr RingShape placeLeft{11.5, 1.8};
+constexpr RingShape placeLeft{13, 1.8};
 constexpr double firstFootprint = 2, lastFootprint = 3.6;  // their radius
 constexpr RingShape movedPiece{15.2, 2};
 

@@ -23,9 +23,10 @@ def piece_at(picture, layout, point):
     its colour, yellow's with a dark mark in the middle, the others' with one of ivory."""
     x, y = layout.device(point)
     size = layout.piece_size * layout.unit
-    middle = picture.pixel(x, round(y - size / 28))
+    y -= size * 2.6 / 28  # its face lies above its middle
+    middle = picture.pixel(x, round(y))
     mark = 1 if max(middle) < 115 else 2 if min(middle) > 190 else 0
-    body = [_hue(*picture.pixel(round(x + cos(a * pi / 6) * size * 0.34), round(y + sin(a * pi / 6) * size * 0.34)))
+    body = [_hue(*picture.pixel(round(x + cos(a * pi / 6) * size * 0.33), round(y + sin(a * pi / 6) * size * 0.28)))
             for a in range(12 if mark else 0)]
     colour = max(COLOURS, key=body.count)
     return colour if body.count(colour) >= 7 and mark == (1 if colour == 1 else 2) else 0
