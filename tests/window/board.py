@@ -26,7 +26,7 @@ def piece_at(picture, layout, point):
     y -= size * 2.6 / 28  # its face lies above its middle
     middle = picture.pixel(x, round(y))
     # The ring of yellow's mark; a footprint is smaller.
-    ring = min(max(picture.pixel(round(x + size / 6) + more, round(y))) for more in (0, 1))
+    ring = min(max(picture.pixel(round(x + aside * size), round(y))) for aside in (-0.2, -1 / 6, 1 / 6, 0.2))
     mark = 1 if max(middle) < 115 and ring < 160 else 2 if min(middle) > 190 else 0
     body = [_hue(*picture.pixel(round(x + cos(a * pi / 6) * size * 0.33), round(y + sin(a * pi / 6) * size * 0.28)))
             for a in range(12 if mark else 0)]
