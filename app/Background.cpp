@@ -22,7 +22,7 @@ constexpr double boardDrawingSide = 725;
 constexpr double boardFrame = 16;
 constexpr double boardCell = 33;
 // "board_shadow" reaches this far beyond the frame, in the same units.
-constexpr double shadowAround = 32;
+constexpr double shadowAround = 60;
 
 // The squares begin where the layout puts them; the frame lies around them.
 QRectF BoardWithFrame(const Layout& layout) {
@@ -39,6 +39,19 @@ QRectF TableTop(const QRectF& screen) {
     QRectF surface(0, 0, 1920 * scale, 1080 * scale);
     surface.moveCenter(screen.center());
     return surface;
+}
+
+// What the lamp leaves of the wood's light: nearly all of it round the board's upper edge, and less and
+// cooler light up to the screen's lower right corner.
+QRadialGradient Lamp(const QRectF& board, const QRectF& screen) {
+    const QPointF middle = board.topLeft() + board.width() * QPointF(0.45, 0.08);
+    QRadialGradient lamp(middle, QLineF(middle, screen.bottomRight()).length());
+    lamp.setColorAt(0, QColor(0xff, 0xff, 0xff));
+    lamp.setColorAt(0.3, QColor(0xf0, 0xea, 0xde));
+    lamp.setColorAt(0.55, QColor(0xc2, 0xb6, 0xa8));
+    lamp.setColorAt(0.78, QColor(0x86, 0x7a, 0x71));
+    lamp.setColorAt(1, QColor(0x40, 0x3a, 0x40));
+    return lamp;
 }
 
 // Without the outer half of the frame: its corners are round and its edge is not opaque.
@@ -59,6 +72,9 @@ void PaintTable(QImage& image, Artwork& artwork, const Layout& layout) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.translate(-area.topLeft());
         artwork.Paint(painter, "surface", TableTop(image.rect()));
+        painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+        painter.fillRect(image.rect(), Lamp(board, image.rect()));
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         artwork.Paint(painter, "board_shadow", board.adjusted(-around, -around, around, around));
         painter.end();
         QPainter(&image).drawImage(area.topLeft(), part);

@@ -45,12 +45,14 @@ QPixmap PanelWood(QSizeF size, const Services& services) {
 void DrawPanel(QPainter& painter, const QRectF& area, const Services& services) {
     const QPixmap wood = PanelWood(area.size(), services);
     painter.drawPixmap(area, wood, wood.rect());
-    // Lit, and so a little lighter than the table: the window stands out from it.
+    // The drawing is in full light; the window lies in a little shade, for its letters.
     QLinearGradient light(area.topLeft(), area.bottomRight());
-    light.setColorAt(0, QColor(0xff, 0xdc, 0xa8, 28));
-    light.setColorAt(0.5, QColor(0xff, 0xdc, 0xa8, 12));
-    light.setColorAt(1, QColor(0xff, 0xdc, 0xa8, 2));
+    light.setColorAt(0, QColor(0xc8, 0xc4, 0xbc));
+    light.setColorAt(0.5, QColor(0xb0, 0xaa, 0xa2));
+    light.setColorAt(1, QColor(0x98, 0x90, 0x88));
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
     painter.fillRect(area, light);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     DrawBevel(painter, area);
     painter.setBrush(Qt::NoBrush);
     // The inlay: a brass line with its groove half a pixel below and right of it.

@@ -56,7 +56,7 @@ const QPixmap& careta::Ground() {
                   .copy(QRect((QPointF(areaBox.x, areaBox.y) * unit).toPoint(), size));
     QPainter painter(&ground_);
     painter.scale(unit, unit);
-    painter.fillRect(QRectF(0, 0, areaBox.width, areaBox.height), QColor(0, 0, 0, 40));
+    painter.fillRect(QRectF(0, 0, areaBox.width, areaBox.height), QColor(0, 0, 0, 110));
     decoration::DrawInnerShadow(painter, QRectF(0, 0, areaBox.width, areaBox.height));
     painter.end();
     ground_.setDevicePixelRatio(ratio);

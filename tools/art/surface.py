@@ -1,4 +1,4 @@
-"""The table top: wide planks of oiled walnut under one lamp, which hangs at the top left."""
+"""The table top: wide planks of oiled walnut in full light; the program paints where the lamp leaves shade."""
 
 import math
 import random
@@ -7,7 +7,7 @@ from .svg import Drawing, mix, num
 
 WIDTH, HEIGHT = 1920, 1080
 PLANKS = ((0, 262), (262, 274), (536, 278), (814, 266))
-DARK, BODY, LIGHT = "#2b170c", "#58361e", "#85582f"
+DARK, BODY, LIGHT = "#52290f", "#a56836", "#d6955a"
 STEP = 150  # between the points of a line of the grain, about
 
 
@@ -18,7 +18,6 @@ def draw():
         _plank(table, chance, top, height)
     for top, _ in PLANKS[1:]:
         _seam(table, top)
-    _lamp(table)
     return table
 
 
@@ -27,11 +26,11 @@ def _plank(table, chance, top, height):
     table.rect(0, top, WIDTH, height + 1, fill=body)
     flow = _flow(chance, top, height)
     # The board hides most of the left half, and windows, which are of this wood, have texts on it.
-    for lines, left, right in ((5, -200, 1020), (26, 980, WIDTH)):
+    for lines, left, right in ((4, -200, 1020), (25, 980, WIDTH)):
         for line in range(lines):
             start = (line + chance.uniform(0.1, 0.9)) / lines
             tone, share = chance.choice(((DARK, chance.uniform(0.15, 0.6)), (LIGHT, chance.uniform(0.1, 0.5))))
-            width = chance.choice((1.2, 1.6, 2.2, 3.4, 8, 15))
+            width = chance.choice((1, 1.4, 1.8, 2.6, 4, 8))
             first = chance.uniform(left, left + (right - left) * 0.6)
             last = min(first + chance.uniform(0.4, 0.95) * (right - left), right + 200)
             _grain(table, flow, start, width, (first, last), fill=mix(body, tone, share / (1 + width * 0.1)))
@@ -81,16 +80,6 @@ def _curve(begin, points):
 
 def _seam(table, y):
     """A fine joint with rounded edges."""
-    table.rect(0, y - 5, WIDTH, 5, fill=table.linear(0, y - 5, 0, y, (0, "#1c0e06", 0), (1, "#1c0e06", 0.34)))
-    table.rect(0, y, WIDTH, 1, fill=mix(BODY, "#000000", 0.5))
-    table.rect(0, y + 1, WIDTH, 4, fill=table.linear(0, y + 1, 0, y + 5, (0, "#ffd9a8", 0.09), (1, "#ffd9a8", 0)))
-
-
-def _lamp(table):
-    # Its pool is wider than high, so that the light falls off down the table, too.
-    across = 1.4
-    table.open_group(f"scale({across} 1)")
-    light = table.radial(330, 60, 1500, (0, "#ffc880", 0.4), (0.2, "#ffc47a", 0.33), (0.42, "#ffbc70", 0.18),
-                         (0.64, "#ffb468", 0), (0.64, "#140803", 0), (0.82, "#140803", 0.4), (1, "#140803", 0.7))
-    table.rect(0, 0, WIDTH / across, HEIGHT, fill=light)
-    table.close_group()
+    table.rect(0, y - 7, WIDTH, 7, fill=table.linear(0, y - 7, 0, y, (0, "#1c0e06", 0), (1, "#1c0e06", 0.26)))
+    table.rect(0, y, WIDTH, 1, fill=mix(BODY, "#000000", 0.42))
+    table.rect(0, y + 1, WIDTH, 4, fill=table.linear(0, y + 1, 0, y + 5, (0, "#ffd9a8", 0.1), (1, "#ffd9a8", 0)))
