@@ -206,13 +206,10 @@ void PlaceLargeKeys(Layout& layout, Point centre, int side, bool across) {
                       ToShort(width + 2 * caseBorder), ToShort(height + 2 * caseBorder)};
 }
 
-// The cup's rim is a circle that lies left of and above the middle of its drawing, for its shadow.
-constexpr double cupCentre = 64.0 / 140;
-constexpr double cupRim = 106.0 / 140;
-constexpr double cupOfRoom = 0.92;  // what its drawing takes of the room on both sides of its middle
+constexpr double cupOfRoom = 0.92;  // what the cup with its shadow takes of the room
 
 void PlaceCup(Layout& layout, Point centre, int side) {
-    layout.Cup = {Round(centre.x - cupCentre * side), Round(centre.y - cupCentre * side), ToShort(side),
+    layout.Cup = {ToShort(centre.x - side / 2), ToShort(centre.y - side / 2), ToShort(side),
                   ToShort(side)};
 }
 
@@ -242,10 +239,10 @@ void PlaceAboveLine(Layout& layout) {
     if (side < smallestLargeKey) return;
     const int cup = std::min<int>(Round(room * cupOfRoom), largestCup);
     const int keys = 3 * (side + keyGap) + 2 * caseBorder, between = layout.ScreenWidth / 10;
-    const int left = (layout.ScreenWidth - keys - between - Round(cupRim * cup)) / 2;
+    const int left = (layout.ScreenWidth - keys - between - cup) / 2;
     const Short middle = ToShort(top + room / 2);
     PlaceLargeKeys(layout, {ToShort(left + keys / 2), middle}, side, true);
-    PlaceCup(layout, {Round(left + keys + between + cupRim * cup / 2), middle}, cup);
+    PlaceCup(layout, {ToShort(left + keys + between + cup / 2), middle}, cup);
 }
 
 // ------------------------------------------------------------------------ where pieces stand

@@ -15,6 +15,8 @@ GRAIN, PEBBLE = 48, 4
 LEATHER_LIGHT, LEATHER, LEATHER_DARK = "#3a5745", "#283f31", "#182a1f"
 COGNAC_LIGHT, COGNAC, COGNAC_DARK = "#9a6136", "#7c4a27", "#5c361b"  # of the cup
 GOLD = "#c9a055"
+CUP_TURN = -38  # degrees; the mouth of the lying cup looks to the upper left
+MOUTH_X, MOUTH_Y, MOUTH_RY, BASE_X = 43, -36, 18, 32  # the mouth's middle and radii, half the base
 
 
 def drawings():
@@ -133,28 +135,93 @@ def draw_reel():
 
 
 def draw_cup():
-    """An empty dice cup of the pad's leather, seen from above: the only die lies on the board."""
-    cup = Drawing((0, 0, 140, 140), "A dice cup on the table. Drawn by tools/make_art.py.")
-    x, y = 64, 64
-    cup.soft_disc(x + 13, y + 15, 50, 11, 0.5)
-    cup.soft_disc(x + 3, y + 4, 52, 4, 0.55)
-    cup.circle(x, y, 53, fill="#1a0d05")
-    slant = (x - 38, y - 40, x + 38, y + 40)
-    cup.circle(x, y, 52.2, fill=cup.linear(*slant, (0, "#b27a48"), (0.3, COGNAC_LIGHT), (0.7, COGNAC),
-                                           (1, COGNAC_DARK)))
-    cup.circle(x, y, 50, fill=cup.linear(*slant, (0, "#94603a"), (0.45, mix(COGNAC_LIGHT, COGNAC, 0.4)),
-                                         (1, mix(COGNAC, COGNAC_DARK, 0.6))))
-    gold = cup.linear(*slant, (0, "#ecc77c"), (0.5, mix(GOLD, COGNAC, 0.35)), (1, mix(GOLD, COGNAC_DARK, 0.6)))
-    cup.circle(x + 0.5, y + 0.6, 46.6, stroke="#20120a", stroke_width=1.5, stroke_opacity=0.6)
-    cup.circle(x, y, 46.6, stroke=gold, stroke_width=1.4)
-    # The rim, and the wall within: it is dark under the lamp and lit across from it.
-    cup.circle(x, y, 42.4, fill=cup.linear(*slant, (0, "#5a3519"), (0.5, "#7e5230"), (1, "#b07c4c")))
-    cup.circle(x, y, 41, fill=cup.linear(*slant, (0, "#120904"), (0.55, "#2c190e"), (0.85, "#5c391f"), (1, "#714827")))
-    cup.circle(x + 2.4, y + 2.8, 34,
-               fill=cup.radial(x + 13, y + 16, 42, (0, "#744522"), (0.5, "#43250f"), (1, "#1a0c05")))
-    cup.circle(x + 2.4, y + 2.8, 34, fill=cup.linear(x - 25, y - 25, x + 26, y + 27, (0, "#0c0502", 0.85),
-                                                     (0.5, "#0c0502", 0.45), (0.8, "#0c0502", 0.1), (1, "#0c0502", 0)))
-    for radius, weight, stops in ((51.2, 1.5, ((0, 0.75), (0.4, 0))), (41.7, 1.3, ((0.6, 0), (1, 0.6)))):
-        shine = cup.linear(*slant, *((place, "#ffe2b4", opacity) for place, opacity in stops))
-        cup.circle(x, y, radius, stroke=shine, stroke_width=weight)
+    """A dice cup of cognac leather, which lies on its side with its mouth towards the board."""
+    cup = Drawing((0, 0, 140, 140), "A dice cup lying on the table. Drawn by tools/make_art.py.")
+    _cup_shadow(cup)
+    # From here on it stands upright, its mouth above; the lamp then hangs at the left.
+    cup.open_group(f"translate(69 67) rotate({CUP_TURN}) scale(1.08)")
+    _cup_wall(cup)
+    _cup_mouth(cup)
+    cup.close_group()
     return cup
+
+
+def _cup_shadow(cup):
+    layers = 14
+    cup.open_group(f"translate(78.5 80) rotate({CUP_TURN})")
+    for i in range(layers):
+        grow = 9 - 18 * i / (layers - 1)
+        cup.ellipse(0, 0, 41 + grow, 53 + grow, fill="#0c0502", fill_opacity=0.085)
+    cup.close_group()
+
+
+def _cup_outline(inset=0.0):
+    """Path data of the wall: the half of the rim below the mouth's middle, the sides and the round base."""
+    top, low, floor = MOUTH_X - inset, BASE_X - inset, 50 - inset
+    return (f"M{num(-top)} {num(MOUTH_Y)}C{num(-top + 1)} -10 {num(-low - 2.5)} 8 {num(-low)} 36"
+            f"C{num(-low + 1)} {num(floor - 2)} {num(-low * 0.6)} {num(floor + 4)} 0 {num(floor + 4)}"
+            f"C{num(low * 0.6)} {num(floor + 4)} {num(low - 1)} {num(floor - 2)} {num(low)} 36"
+            f"C{num(low + 2.5)} 8 {num(top - 1)} -10 {num(top)} {num(MOUTH_Y)}Z")
+
+
+def _reach(y):
+    """How far the wall reaches at that height on both sides of its middle: the curve of the outline."""
+    low, high = 0.0, 1.0
+    for _ in range(20):
+        at = (low + high) / 2
+        weights = (1 - at) ** 3, 3 * at * (1 - at) ** 2, 3 * at * at * (1 - at), at ** 3
+        here = sum(w * v for w, v in zip(weights, (MOUTH_Y, -10, 8, 36)))
+        low, high = (at, high) if here < y else (low, at)
+    return sum(w * v for w, v in zip(weights, (MOUTH_X, MOUTH_X - 1, BASE_X + 2.5, BASE_X)))
+
+
+def _band(y, sag):
+    """Path data of a line round the wall, as the eye sees it."""
+    x = _reach(y) - 1
+    return f"M{num(-x)} {num(y)}Q0 {num(y + 2 * sag)} {num(x)} {num(y)}"
+
+
+def _cup_wall(cup):
+    across = (-MOUTH_X, 0, MOUTH_X, 0)
+    cup.path(_cup_outline(), fill="#160a04")
+    cup.path(_cup_outline(1.1),
+             fill=cup.linear(*across, (0, "#4a2a14"), (0.1, "#8a5128"), (0.26, "#d79a5c"), (0.36, "#c07f45"),
+                             (0.62, COGNAC), (0.84, "#42240f"), (0.95, "#2c170a"), (1, "#4e2d16")))
+    # The base and the foot of the rim are in shade.
+    cup.path(_cup_outline(1.1), fill=cup.linear(0, -40, 0, 54, (0, "#160a04", 0.5), (0.2, "#160a04", 0),
+                                                (0.72, "#160a04", 0), (1, "#160a04", 0.6)))
+    for y, sag in ((-16, 10), (28.5, 9)):
+        cup.path(_band(y + 1, sag), stroke="#1c0d05", stroke_width=4.2, stroke_opacity=0.75)
+        for off, weight, dim in ((0, 3, 0), (-5.2, 0.9, 0.35), (5.2, 0.9, 0.35)):
+            cup.path(_band(y + off, sag), stroke=_gold(cup, _reach(y), dim), stroke_width=weight)
+    _stitches(cup)
+
+
+def _gold(cup, reach, dim=0.0):
+    """Gold that goes round the cup: bright under the lamp, brown away from it."""
+    tones = ((0, "#7a5420"), (0.14, GOLD), (0.28, "#fff0bd"), (0.42, GOLD), (0.72, "#7e5722"), (1, "#4a3012"))
+    return cup.linear(-reach, 0, reach, 0, *((place, mix(tone, COGNAC, dim)) for place, tone in tones))
+
+
+def _stitches(cup):
+    """The seam along the wall: a groove with a saddler's stitches of light thread on both sides."""
+    for x, tone, weight in ((8, "#24120a", 1.3), (9.3, "#c48a54", 0.6)):
+        cup.path(f"M{num(x + 0.9)} 1L{num(x)} 32", stroke=tone, stroke_width=weight, stroke_opacity=0.8)
+    for i in range(6):
+        y = 3.4 + 4.7 * i
+        for x in (4.4, 11.8):
+            cup.line(x + 0.5, y + 0.7, x + 0.5, y + 3.3, stroke="#1c0d05", stroke_width=1.5, stroke_opacity=0.7)
+            cup.line(x, y, x, y + 2.6, stroke="#ecd3a0", stroke_width=1.2)
+
+
+def _cup_mouth(cup):
+    """The rim of gold, the lining, lit across from the lamp, and the dark of the cup."""
+    for grow, tone in ((1.2, "#160a04"), (0, None)):
+        cup.ellipse(0, MOUTH_Y, MOUTH_X + grow, MOUTH_RY + grow, fill=tone or _gold(cup, MOUTH_X))
+    cup.ellipse(0, MOUTH_Y, MOUTH_X - 3.2, MOUTH_RY - 2.6, fill="#241208")
+    cup.ellipse(0, MOUTH_Y, MOUTH_X - 4, MOUTH_RY - 3.3,
+                fill=cup.linear(-36, 0, 36, 0, (0, "#1c0805"), (0.45, "#3e120d"), (0.8, "#8e3322"), (1, "#b5543a")))
+    cup.open_group(f"translate(-4 {num(MOUTH_Y + 1)}) scale(1 {num(MOUTH_RY / MOUTH_X)})")
+    cup.circle(0, 0, 36, fill=cup.radial(0, 0, 36, (0, "#080302"), (0.6, "#0a0302", 0.95), (0.85, "#120504", 0.5),
+                                         (1, "#1a0705", 0)))
+    cup.close_group()
