@@ -99,15 +99,26 @@ void PaintPlaces(QPainter& painter, Artwork& artwork, const Layout& layout) {
     }
 }
 
-// All of it by one thread of the pool: in any other thread Qt (6.4) hands each area of more than 95
-// lines to the pool in parts and waits for them, which takes longer than the painting.
-void Paint(QImage& image, const Layout& layout) {
+// The pixels that the board and its frame touch.
+QRect BoardArea(const Layout& layout) {
+    return BoardWithFrame(layout).toAlignedRect();
+}
+
+void PaintTableAndPanel(QImage& image, const Layout& layout) {
     Artwork artwork;
     image.fill(palette::DarkWood);  // shows through where two planks meet between pixels
     PaintTable(image, artwork, layout);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     PaintInstrumentPanel(painter, artwork, layout);
+}
+
+void PaintBoardAlone(QImage& board, const Layout& layout) {
+    Artwork artwork;
+    board.fill(Qt::transparent);
+    QPainter painter(&board);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-BoardArea(layout).topLeft());
     PaintBoard(painter, artwork, layout);
 }
 
@@ -128,12 +139,19 @@ void Background::Begin(const Layout& layout, QSize devicePixels) {
     QThreadPool* pool = QThreadPool::globalInstance();
     pool->waitForDone();
     image_ = QImage(devicePixels, QImage::Format_RGB32);
-    if (!image_.isNull()) pool->start([this, layout] { Paint(image_, layout); });
+    board_ = QImage(BoardArea(layout).size(), QImage::Format_ARGB32_Premultiplied);
+    if (image_.isNull() || board_.isNull()) return;
+    // Each by one thread of the pool: in any other thread Qt (6.4) hands each area of more than 95 lines
+    // to the pool in parts and waits for them, which takes longer than the painting.
+    pool->start([this, layout] { PaintTableAndPanel(image_, layout); });
+    pool->start([this, layout] { PaintBoardAlone(board_, layout); });
 }
 
 QPixmap Background::Take(const Layout& layout, QSize devicePixels) {
     if (image_.size() != devicePixels) Begin(layout, devicePixels);
     QThreadPool::globalInstance()->waitForDone();
+    const QImage board = std::exchange(board_, {});
+    if (!image_.isNull()) QPainter(&image_).drawImage(BoardArea(layout).topLeft(), board);
     return QPixmap::fromImage(std::exchange(image_, {}));
 }
 

@@ -15,8 +15,8 @@ struct Layout;
 void PaintBoard(QPainter& painter, Artwork& artwork, const Layout& layout);
 
 /// What never changes while the window keeps its size: the table, the empty board and the panel with
-/// the recorder. It is the program's largest drawing, a tenth of a second at 1920x1080, and painted in
-/// a thread of Qt's pool so that the title can open meanwhile.
+/// the recorder. It is the program's largest drawing and painted in two threads of Qt's pool: the
+/// title can open meanwhile.
 class Background {
 public:
     Background() = default;
@@ -32,7 +32,9 @@ public:
     QPixmap Take(const Layout& layout, QSize devicePixels);
 
 private:
-    QImage image_;  // written by the other thread until the pool is done
+    // Written by other threads until the pool is done.
+    QImage image_;  // all but the board
+    QImage board_;
 };
 
 }  // namespace zorva
