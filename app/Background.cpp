@@ -93,7 +93,7 @@ void PaintPlaces(QPainter& painter, Artwork& artwork, const Layout& layout) {
     }
     for (Colour colour = 1; colour <= ColourCount; ++colour) {
         for (Short piece = 1; piece <= PiecesPerColour; ++piece) {
-            paint("place_", colour, layout.SlotPosition(GoalSquare[colour], piece));
+            paint("well_", colour, layout.SlotPosition(GoalSquare[colour], piece));
             paint("rest_", colour, layout.BoxPosition(colour, piece));
         }
     }

@@ -32,8 +32,8 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
-constexpr RingShape placeOfChoice{13, 3}, dotOfChoice{3.2, 6.4};
-constexpr double glowReach = 19.9;  // of the light around a piece that may move
+constexpr double ghostOpacity = 0.4;  // of a piece where it would go
+constexpr double glowReach = 19.9;    // of the light around a piece that may move
 
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the
 // dots on the squares that it passed, and the ring around it now.
@@ -423,14 +423,27 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
     PaintRing(painter, path.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
 }
 
-// Quiet rings: the way itself is shown for the piece under the cursor alone.
+// The ghost of each piece that can be picked in a light of its own: the way itself is shown for the
+// piece under the cursor alone.
 void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const QRect& part) {
     for (const BoardView::ShownMove& move : view.choices) {
         const std::vector<QPointF> path = PathOf(layout_, move);
-        if (path.empty() || !PieceArea(path.back()).intersects(part)) continue;
-        PaintRing(painter, path.back(), placeOfChoice.radius, placeOfChoice.width, palette::Mark);
-        PaintRing(painter, path.back(), dotOfChoice.radius, dotOfChoice.width,
-                  palette::PlayerMark[ColourOf(move.piece)]);
+        const auto endsThere = [&](const BoardView::ShownMove& other) { return other.to == move.to; };
+        const auto first = std::find_if(view.choices.begin(), view.choices.end(), endsThere);
+        if (&*first != &move || path.empty() || !PieceArea(path.back()).intersects(part)) continue;
+        const QRect place = PieceDrawing(layout_, path.back());
+        painter.drawPixmap(place.topLeft(), CachedPixmap("choice", place.size(), [&](QPainter& light) {
+                               const QPointF middle = QPointF(place.width(), place.height()) / 2;
+                               QRadialGradient glow(middle, place.width() / 2.0);
+                               glow.setColorAt(0.45, palette::Mark);
+                               glow.setColorAt(1, WithAlpha(palette::Mark, 0));
+                               light.fillRect(QRect(QPoint(), place.size()), glow);
+                           }));
+        painter.setOpacity(ghostOpacity);
+        painter.drawPixmap(
+            place.topLeft(),
+            artwork_.Pixmap(QStringLiteral("piece_%1").arg(ColourOf(move.piece)), place.size()));
+        painter.setOpacity(1);
     }
 }
 
@@ -595,8 +608,9 @@ void BoardPainter::PaintSign(QPainter& painter, const BoardView& view, const QRe
     const QRectF tray =
         DeviceF(layout_.DieBox(view.sign)).adjusted(-2 * unit, -2 * unit, 2 * unit, 2 * unit);
     painter.setBrush(Qt::NoBrush);
-    for (const QPen& pen : {QPen(palette::DarkWood, 5.5 * unit), QPen(palette::Mark, 3.2 * unit)}) {
-        painter.setPen(pen);
+    for (const auto& [colour, width] : {std::pair(palette::DarkWood, 8.0), std::pair(palette::Mark, 6.0),
+                                        std::pair(QColor(Qt::white), 2.2)}) {
+        painter.setPen(QPen(colour, width * unit));
         painter.drawRoundedRect(tray, 8 * unit, 8 * unit);
     }
     const double away = handTravel * std::abs(std::sin(handTaps * M_PI * view.tapping));

@@ -99,12 +99,13 @@ public:
     /// The shadow or the light that lies around the box: faint layers, a device pixel from one to the
     /// next, so that it fades without a step.
     void Halo(QColor colour, double strength, QPointF offset) {
-        const double reach = (around - 1.5) / scale_;
+        const double reach = (around - 1.5 - std::max(offset.x(), offset.y())) / scale_;
         const int layers = qCeil(reach * unit_);
         colour.setAlphaF(static_cast<float>(1 - std::pow(1 - strength, 1.0 / layers)));
         for (int layer = layers; layer > 0; --layer) {
             const double edge = layer / unit_;
-            Round(Whole().adjusted(-edge, -edge, edge, edge).translated(offset), corner + edge, colour);
+            Round(Whole().adjusted(-edge, -edge, edge, edge).translated(offset / scale_), corner + edge,
+                  colour);
         }
     }
 
@@ -113,7 +114,7 @@ public:
         if (look.lit) {
             Halo(QColor(0xff, 0xdf, 0x9a), 0.42, {});
         } else {
-            Halo(Qt::black, 0.5, {0, 1});
+            Halo(Qt::black, 0.62, {2.4, 3});
         }
         QLinearGradient face(0, 0, 0, Height() * unit_);
         face.setColorAt(0, look.above);
@@ -134,6 +135,10 @@ private:
         Round(Whole().adjusted(2.6, 2.6, -2.6, -2.6), corner - 2, Qt::NoBrush, QPen(brass, 3.6));
         Round(Whole().adjusted(4.8, 4.8, -4.8, -4.8), corner - 4, Qt::NoBrush,
               QPen(QColor(0x2a, 0x16, 0x06, 0xb0), 0.9));
+        constexpr double screw = 5, fromEdge = 7.5;
+        for (const double x : {fromEdge, Width() - fromEdge - screw})
+            for (const double y : {fromEdge, Height() - fromEdge - screw})
+                Round({x, y, screw, screw}, screw / 2, brass, QPen(QColor(0x3a, 0x22, 0x0a), 0.8));
     }
 
     QPainter& painter_;

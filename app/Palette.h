@@ -10,7 +10,7 @@ namespace zorva::palette {
 
 /// The four colours, by number, and the rims in which their squares are inlaid.
 inline const QColor Player[] = {{}, {255, 255, 0}, {0, 0, 255}, {255, 0, 0}, {0, 128, 0}};
-inline const QColor PlayerRim[] = {{}, {0x9a, 0x78, 0}, {0, 0, 0x60}, {0x70, 0, 0}, {0, 0x38, 0}};
+inline const QColor PlayerRim[] = {{}, {0x96, 0x5a, 0}, {0, 0, 0x60}, {0x70, 0, 0}, {0, 0x38, 0}};
 /// Enamelled plates, from above to below, and the ink on them.
 inline const QColor Enamel[][2] = {{},
                                    {{0xff, 0xdf, 0x38}, {0xe6, 0xb4, 0x0a}},

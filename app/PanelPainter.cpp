@@ -5,7 +5,9 @@
 #include <array>
 
 #include "app/Artwork.h"
+#include "app/Fonts.h"
 #include "app/Layout.h"
+#include "app/Palette.h"
 
 namespace zorva {
 namespace {
@@ -139,6 +141,24 @@ void PaintPad(QPainter& painter, Artwork& artwork, const Layout& layout, const Q
     painter.fillRect(OnDevice(layout, pad.adjusted(1, 1, -1, -1)), Lamp(layout));
 }
 
+// Pressed into the leather in gold, where there is room above the buttons.
+void PaintProgramName(QPainter& painter, const Layout& layout) {
+    const Box& buttons = layout.Buttons;
+    constexpr int room = 40, size = 24;
+    if (buttons.y < room || !layout.HasCards()) return;
+    const QString name = QStringLiteral("ZORVA");
+    QFont font = DisplayFont(size * layout.Unit, name);
+    font.setLetterSpacing(QFont::PercentageSpacing, 125);
+    painter.setFont(font);
+    const QRectF place = OnDevice(layout, QRectF(buttons.x, 3, buttons.width, buttons.y - 6));
+    for (const auto& [colour, down] :
+         {std::pair(QColor(0, 0, 0, 150), -0.8), std::pair(QColor(255, 255, 255, 40), 0.8),
+          std::pair(palette::Brass.darker(112), 0.0)}) {
+        painter.setPen(colour);
+        painter.drawText(place.translated(0, down * layout.Unit), Qt::AlignCenter, name);
+    }
+}
+
 // The large keys lie on a pad of their own.
 void PaintFreeTable(QPainter& painter, Artwork& artwork, const Layout& layout, const QImage& grain) {
     constexpr double around = aroundKeyCase;
@@ -165,6 +185,7 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     const QRectF body = Case(layout, band);
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, layout.Unit);
     PaintReels(painter, artwork, layout, body);
+    PaintProgramName(painter, layout);
     if (layout.HasLargeKeys()) PaintFreeTable(painter, artwork, layout, grain);
 }
 

@@ -500,7 +500,9 @@ QString OutcomeText(const GameState& state, const Settings& settings, Colour col
 QString CardText(const GameState& state, const Settings& settings, Colour colour) {
     if (HasWon(state)) return OutcomeText(state, settings, colour);
     if (state.WaitingForMove && colour == state.CurrentColour)
-        return QStringLiteral("Tiene que contar %1.").arg(state.MoveCount);
+        return (state.MoveCount == 10 || state.MoveCount == 20 ? QStringLiteral("Premio de %1.")
+                                                               : QStringLiteral("Sacó %1."))
+            .arg(state.MoveCount == 10 || state.MoveCount == 20 ? state.MoveCount : state.DieValue);
     const QString spoken = SpokenLastThrow(state, settings, colour);
     return spoken.isEmpty() ? spoken : Capitalised(spoken) + ".";
 }

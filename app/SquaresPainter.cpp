@@ -52,7 +52,10 @@ private:
     QPoint At(int x, int y) const { return BoardGrid::Turned({x, y}, colour_); }
 
     void Line(QPoint from, QPoint to) {
-        painter_.fillRect(grid_.Line(At(from.x(), from.y()), At(to.x(), to.y())), palette::Line);
+        const QRect line = grid_.Line(At(from.x(), from.y()), At(to.x(), to.y()));
+        const int edge = std::max(1, qRound(0.6 * unit_));
+        painter_.fillRect(line.adjusted(edge, edge, edge, edge), QColor(0xff, 0xfa, 0xe8, 0x60));
+        painter_.fillRect(line, palette::Line);
     }
 
     // Enamel in a rim of deeper lacquer, with a string of brass between. Domed enamel gleams at the top,
@@ -81,7 +84,8 @@ private:
         painter_.fillRect(QRect(field.left(), field.bottom() + 1 - deep, field.width(), deep), shade);
     }
 
-    // Corners on the lines; each smaller triangle lies the same way from all three edges.
+    // Corners on the lines; each smaller triangle lies the same way from all three edges. The band
+    // around the enamel is bevelled: the lamp above and left lights the sides that face it.
     void Goal() {
         const QPolygonF goal(
             {grid_.Crossing(At(8 * cell, 13 * cell)), grid_.Crossing(At(13 * cell, 13 * cell)),
@@ -90,25 +94,36 @@ private:
         const QPointF base = (goal[0] + goal[1]) / 2;
         const QPointF middle = base + (goal[2] - base) * inradius / height;
         painter_.setPen(Qt::NoPen);
-        const auto triangle = [&](double in, const QColor& colour) {
+        const auto triangle = [&](double in) {
             QPolygonF smaller;
             for (const QPointF& corner : goal)
                 smaller << middle + (corner - middle) * (1 - in * unit_ / (inradius * grid_.CellSize()));
-            painter_.setBrush(colour);
-            painter_.drawPolygon(smaller);
+            return smaller;
         };
-        triangle(0, Band());
-        triangle(bandWidth - stringWidth, String());
-        triangle(bandWidth, base_);
+        painter_.setBrush(Band());
+        painter_.drawPolygon(goal);
+        const QPolygonF string = triangle(goalBandWidth - stringWidth);
+        for (int side = 0; side < 3; ++side) {
+            const int next = (side + 1) % 3;
+            const QPointF out = (goal[side] + goal[next]) / 2 - middle;
+            const double lit = -(out.x() + out.y()) / std::hypot(out.x(), out.y()) / M_SQRT2;  // -1..1
+            painter_.setBrush(lit > 0 ? Mixed(Band(), palette::Light, 0.4 * lit)
+                                      : Mixed(Band(), Qt::black, -0.4 * lit));
+            painter_.drawPolygon(QPolygonF({goal[side], goal[next], string[next], string[side]}));
+        }
+        painter_.setBrush(String());
+        painter_.drawPolygon(string);
+        painter_.setBrush(base_);
+        painter_.drawPolygon(triangle(goalBandWidth));
     }
 
-    QColor Band() const { return Mixed(base_, rim_, 0.7); }
+    QColor Band() const { return Mixed(base_, rim_, 0.8); }
     QColor String() const { return Mixed(palette::Brass, base_, 0.1); }
 
     // In units of which a cell has 33.
-    static constexpr double bandWidth = 3.9, exitBandWidth = 3.2;
+    static constexpr double bandWidth = 4.8, exitBandWidth = 3.2, goalBandWidth = 4.2;
     static constexpr double stringWidth = 0.9;
-    static constexpr double pureShare = 0.56;
+    static constexpr double pureShare = 0.55;
 
     QPainter& painter_;
     const BoardGrid& grid_;

@@ -24,6 +24,7 @@ def drawings():
     for colour in range(1, 5):
         yield f"bitmaps/piece_{colour}", partial(pieces.draw, colour)
         yield f"bitmaps/rest_{colour}", partial(house.draw_rest, colour)
+        yield f"bitmaps/well_{colour}", partial(house.draw_well, colour)
         yield f"bitmaps/lid_{colour}", partial(house.draw_lid, colour)
     for colour in range(5):
         yield f"bitmaps/place_{colour}", partial(house.draw_place, colour)

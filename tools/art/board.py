@@ -67,8 +67,8 @@ def _paper(board):
     """Two sheets that cross, where no house lies on them. The lamp lights them from the top left."""
     # Two upright gradients: one that slants takes many times as long to paint.
     arm = 3 * BLOCK
-    down = board.linear(0, 0, 0, SIDE, (0, "#fffaea"), (0.35, PAPER), (1, "#dfcda3"))
-    across = board.linear(arm, 0, SIDE, 0, (0, SHADE, 0), (0.3, SHADE, 0.05), (1, SHADE, 0.16))
+    down = board.linear(0, 0, 0, SIDE, (0, "#fffaea"), (0.35, PAPER), (1, "#ead8ae"))
+    across = board.linear(arm, 0, SIDE, 0, (0, SHADE, 0), (0.3, SHADE, 0.03), (1, SHADE, 0.1))
     for fill, left in ((down, 0), (across, arm)):
         board.rect(arm, 0, arm, arm, fill=fill)
         board.rect(left, arm, SIDE - left, arm, fill=fill)

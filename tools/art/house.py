@@ -18,7 +18,7 @@ FAN = 19.0  # the radius of a corner's fan
 ROSETTE = (140, 128)  # its middle, which is the tray's
 PANEL = 10.0  # of the field with the rays, from the house's edge
 RAYS = 24  # of the veneer around the tray, every other one dark
-IVORY_LIT, IVORY_SHADE = "#e4d2a8", "#9c7c48"  # of inlays: each is split along its middle
+IVORY_LIT, IVORY_SHADE = "#d0ba8c", "#8a6a3a"  # of inlays: each is split along its middle
 DARK = "#140a05"
 
 
@@ -150,16 +150,12 @@ def draw_rest(colour):
 
 
 def draw_place(colour):
-    """The ring of a safe square or the well of a goal; 0 is the ring of a safe square on plain paper."""
-    place = Drawing((0, 0, 40, 40), "A place to stand on. Drawn by tools/make_art.py.")
+    """The ring of an exit, in its colour, or 0 of a safe square on plain paper."""
+    place = Drawing((0, 0, 40, 40), "A safe place to stand on. Drawn by tools/make_art.py.")
     if colour:
         tones = TONES[colour]
-        # A bored well: its upper left edge lies in its own shade, its lower right one in the light.
-        place.circle(20.7, 20.8, 13.8, fill=mix(tones.base, "#ffffff", 0.6))
-        place.circle(20, 20, 13.9, fill=mix(tones.deep, "#000000", 0.1))
-        for inset, radius, shade in ((0.6, 13.1, 0.6), (0.9, 12.8, 0.3)):
-            place.circle(20 + inset, 20 + inset, radius, fill=mix(tones.base, tones.deep, shade))
-        place.circle(21.2, 21.2, 12.5, fill=tones.base)
+        place.circle(20.6, 20.7, 14.2, stroke=mix(tones.base, "#ffffff", 0.4), stroke_width=1.3)
+        place.circle(20, 20, 14.2, stroke=mix(tones.base, tones.deep, 0.8), stroke_width=1.3)
     else:
         # Printed flat and lighter than any piece, with the star of the board's middle.
         print_ = mix(BRASS_DARK, PAPER, 0.3)
@@ -169,6 +165,18 @@ def draw_place(colour):
         place.path(star(20, 20, 11.4, 4.4, 8), fill=print_)
         place.circle(20, 20, 2.4, fill=PAPER)
     return place
+
+
+def draw_well(colour):
+    """A well of the goal: its upper left side lies in its own shade, its lower right edge in the light."""
+    tones = TONES[colour]
+    well = Drawing((0, 0, 40, 40), "The place of a piece that has come home. Drawn by tools/make_art.py.")
+    well.circle(20.8, 20.9, 13.8, fill=mix(tones.base, "#ffffff", 0.6))
+    well.circle(20, 20, 13.9, fill=mix(tones.deep, "#000000", 0.25))
+    for inset, radius, shade in ((0.6, 13.1, 0.75), (1, 12.6, 0.56), (1.3, 12.2, 0.36)):
+        well.circle(20 + inset, 20 + inset, radius, fill=mix(tones.base, tones.deep, shade))
+    well.circle(21.8, 21.8, 11.6, fill=tones.base)
+    return well
 
 
 def draw_lid(colour):

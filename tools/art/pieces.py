@@ -12,9 +12,8 @@ LACQUER = {
     4: ("#a4e4a8", "#2ca63c", TONES[4].base, "#004a06", "#001a04", IVORY_LIGHT),
 }
 
-# The rim of the top: ivory, which stands out from the squares of the same colour, and bronze on yellow.
-IVORY_RIM = (0, "#fffdf2"), (0.4, "#f6e8c4"), (1, "#b98f4a")
-RIM = {1: ((0, "#e2b850"), (0.4, "#a8741a"), (1, "#5c3a08")), 2: IVORY_RIM, 3: IVORY_RIM, 4: IVORY_RIM}
+# The rim of the top: ivory, which stands out from the squares of the same colour.
+RIM = (0, "#fffdf2"), (0.4, "#f6e8c4"), (1, "#b98f4a")
 
 
 def draw(colour):
@@ -27,10 +26,10 @@ def draw(colour):
     # The top, 28 wide: a rounded rim, and in it a flat face in the colour itself.
     cy = 17.3
     piece.ellipse(20, cy, 13.5, 11.7,
-                  fill=piece.linear(10, 8, 30, 29, *RIM[colour]))
-    piece.ellipse(20, cy, 11.6, 9.8, fill=piece.linear(11, 9, 29, 27, (0, dark), (0.5, shade), (1, lit)))
-    piece.ellipse(20, cy + 0.1, 11, 9.3, fill=body)
-    draw_mark(piece, colour, 20, cy + 0.1, {1: 11.4, 2: 12, 3: 13, 4: 11.6}[colour], fill=inlay)
+                  fill=piece.linear(10, 8, 30, 29, *RIM))
+    piece.ellipse(20, cy, 11.6, 9.9, fill=piece.linear(11, 9, 29, 27, (0, dark), (0.5, shade), (1, lit)))
+    piece.ellipse(20, cy + 0.1, 11.1, 9.4, fill=body)
+    draw_mark(piece, colour, 20, cy + 0.1, {1: 11, 2: 11.2, 3: 11.4, 4: 11}[colour], fill=inlay)
     piece.path("M8.2 13.8C10.2 9.4 14.4 6.6 19.4 6.3C15.4 7.5 11.8 10.2 9.3 14.4C8.8 15.3 7.8 14.8 8.2 13.8Z",
                fill="#ffffff", fill_opacity=0.6)
     return piece
