@@ -272,7 +272,11 @@ TEST(BoardPicture, KeepsNothingOfAnotherScreen) {
         each->scene.ShowChoices({{21, 22, 27}});
     }
     board.mesa.resize(fresh.mesa.size());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return board.layout.ScreenWidth == 1024; }));
+    // The light round the new-game button comes to rest, too.
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return board.layout.ScreenWidth == 1024 && board.View().tapping == 1 &&
+               fresh.View().tapping == 1;
+    }));
     EXPECT_EQ(board.Seen(), fresh.Seen());
     Artwork& artwork = board.mesa.Shared().artwork;
     EXPECT_EQ(artwork.Pixmap("die_1", {20, 30}).size(), QSize(20, 30));
