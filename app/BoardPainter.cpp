@@ -32,7 +32,7 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
-constexpr double ghostOpacity = 0.4;  // of a piece where it would go
+constexpr double ghostOpacity = 0.5;  // of a piece where it would go
 constexpr double glowReach = 19.9;    // of the light around a piece that may move
 
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the

@@ -216,13 +216,16 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
     const QColor text = TextColour(lit), faint = FaintText(lit);
     const double width = box.Width() - 2 * padding;
     const double spread = std::clamp((box.Height() - 112) / 34.0, 0.0, 1.0);  // of the rows
-    const double piece = 38 + 4 * spread, beside = padding + piece - 6;
+    // On a narrow card the kind of player needs the room below the piece, too.
+    const bool isNarrow = box.Width() < 160;
+    const double piece = isNarrow ? 32 : 38 + 4 * spread, beside = padding + piece - 6;
+    const double kind = isNarrow ? padding : beside;
     PaintDrawing(box, artwork, QStringLiteral("piece_%1").arg(card.colour),
-                 {padding - 6, 3 + 2 * spread, piece, piece});
-    box.Text({beside, 5 + 2 * spread, box.Width() - beside - padding, 24},
+                 {padding - 6, (isNarrow ? 1 : 3) + 2 * spread, piece, piece});
+    box.Text({beside, (isNarrow ? 4 : 5) + 2 * spread, box.Width() - beside - padding, 24},
              Qt::AlignVCenter | Qt::AlignLeft, card.name,
              DisplayFont(20 * layout.Unit * scale, card.name), text);
-    box.Text({beside, 27 + 2 * spread, box.Width() - beside - padding, 15},
+    box.Text({kind, 27 + (isNarrow ? 4 : 2) * spread, box.Width() - kind - padding, 15},
              Qt::AlignVCenter | Qt::AlignLeft, card.kind, 13, QFont::Normal, faint);
     PaintWay(box, card, 44 + 5 * spread);
     const double home = 57 + 9 * spread;
