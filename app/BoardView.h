@@ -85,6 +85,7 @@ struct BoardView {
         bool lit = false;
         bool won = false;
         QString chance{};  ///< how often it would win; usually empty
+        Short die = 0;     ///< 1..6 of its last throw; 0 without one
         bool operator==(const Card&) const = default;
     };
 

@@ -165,7 +165,7 @@ QColor TextColour(bool lit) {
 }
 
 QColor FaintText(bool lit) {
-    return lit ? QColor(0x5c, 0x44, 0x2c) : QColor(0xcf, 0xb8, 0x8e);
+    return lit ? QColor(0x5c, 0x44, 0x2c) : QColor(0xde, 0xca, 0xa2);
 }
 
 // How much of its way a colour has walked, and how many squares are left.
@@ -246,7 +246,11 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
         box.Text({padding, foot.bottom() - chance - 1, width, chance}, Qt::AlignVCenter | Qt::AlignLeft,
                  card.chance, 13, QFont::Bold, faint);
     }
-    box.Text({padding, last, width - side, foot.height() - chance},
+    const double die = card.die == 0 || isNarrow ? 0 : 30;
+    if (die != 0)
+        PaintDrawing(box, artwork, QStringLiteral("die_%1").arg(card.die),
+                     {padding - 4, last + (foot.height() - chance - die) / 2, die, die});
+    box.Text({padding + die, last, width - side - die, foot.height() - chance},
              Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 15, QFont::Normal, text);
 }
 

@@ -20,7 +20,8 @@ std::vector<BoardView::Card> CardsOf(const GameState& state, const Settings& set
                          .home = state.PiecesHome[colour],
                          .toGo = ToShort(StepsOfColour - StepsWalked(state, colour)),
                          .lit = colour == onTurn,
-                         .won = HasWon(state) && colour == state.CurrentColour});
+                         .won = HasWon(state) && colour == state.CurrentColour,
+                         .die = CardDie(state, colour)});
     }
     return cards;
 }

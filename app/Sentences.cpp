@@ -368,8 +368,8 @@ QString HintAboutPlayers(const Settings& settings) {
 Prompt PromptWithoutGame(const GameState& state, const Settings& settings) {
     const QString start = "Pulse el botón de los dados para ";
     if (!HasWon(state)) return {start + "empezar", HintAboutPlayers(settings), true};
-    return {"¡Ha ganado " + NameText(settings, state.CurrentColour) + "!", start + "jugar otra vez.",
-            true, state.CurrentColour};
+    return {NameText(settings, state.CurrentColour) + ":\n¡ha ganado!", start + "jugar otra vez.", true,
+            state.CurrentColour};
 }
 
 Prompt PromptForThrow(const GameState& state, const Settings& settings) {
@@ -473,7 +473,7 @@ Prompt PromptOf(const GameState& state, const Settings& settings, Short tape) {
                 "Apáguela para seguir jugando.", true};
     }
     if (state.WaitingForThrow) return PromptForThrow(state, settings);
-    if (HasWon(state)) return {"¡Ha ganado " + name + "!", {}, true, state.CurrentColour};
+    if (HasWon(state)) return {name + ":\n¡ha ganado!", {}, true, state.CurrentColour};
     if (state.WaitingForMove && settings.PlayerType[state.CurrentColour] == 2) {
         return PromptForMove(state, settings);
     }
@@ -499,12 +499,21 @@ QString OutcomeText(const GameState& state, const Settings& settings, Colour col
 
 QString CardText(const GameState& state, const Settings& settings, Colour colour) {
     if (HasWon(state)) return OutcomeText(state, settings, colour);
-    if (state.WaitingForMove && colour == state.CurrentColour)
-        return (state.MoveCount == 10 || state.MoveCount == 20 ? QStringLiteral("Premio de %1.")
-                                                               : QStringLiteral("Sacó %1."))
-            .arg(state.MoveCount == 10 || state.MoveCount == 20 ? state.MoveCount : state.DieValue);
+    if (state.WaitingForMove && colour == state.CurrentColour) {
+        const bool isPrize = state.MoveCount == 10 || state.MoveCount == 20;
+        return isPrize ? QStringLiteral("Premio de %1.").arg(state.MoveCount)
+                       : QStringLiteral("Sacó %1.").arg(state.DieValue);
+    }
     const QString spoken = SpokenLastThrow(state, settings, colour);
     return spoken.isEmpty() ? spoken : Capitalised(spoken) + ".";
+}
+
+Short CardDie(const GameState& state, Colour colour) {
+    if (HasWon(state)) return 0;
+    if (state.WaitingForMove && colour == state.CurrentColour) return state.DieValue;
+    Short last = 0;
+    const Short move = LastThrowOf(state, colour, last);
+    return move < 1 ? Short{0} : state.MoveRecords[move].Die;
 }
 
 QString OthersText(const GameState& state, const Settings& settings) {

@@ -135,8 +135,8 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
     const std::tuple<GameState, Settings, Short, Prompt> rows[] = {
         {none, settings, -1, {start + "empezar", alone, true}},
         {none, withAna, -1, {start + "empezar", "", true}},
-        {over, withAna, -1, {"¡Ha ganado Azul!", start + "jugar otra vez.", true, 2}},
-        {with(&GameState::WaitingForThrow, No, 2), withAna, -1, {"¡Ha ganado Azul!", "", true, 2}},
+        {over, withAna, -1, {"Azul:\n¡ha ganado!", start + "jugar otra vez.", true, 2}},
+        {with(&GameState::WaitingForThrow, No, 2), withAna, -1, {"Azul:\n¡ha ganado!", "", true, 2}},
         {state, withAna, -1, {"Ana:\npulse para tirar", "", true, 1}},
         {with(&GameState::RepeatTurn, Yes),
          withAna,
@@ -174,6 +174,11 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
         }
     }
 
+    EXPECT_EQ(CardText(choosing, withAna, 1), "Sacó 6.");
+    EXPECT_EQ(CardDie(choosing, 1), 6);
+    choosing.MoveCount = 20;
+    EXPECT_EQ(CardText(choosing, withAna, 1), "Premio de 20.");
+
     // Each row is what one colour does, one after the other.
     const std::tuple<std::vector<MoveRecord>, QString> turns[] = {
         {{{1, 0, 4, 4, 1, 6, 10, 0, 0, 0, Yes}}, "Sacó 4: de 6 a 10."},
@@ -197,6 +202,7 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
         GameState now = state;
         now.MoveRecordCount = ToShort(now.MoveRecordCount + 1);
         EXPECT_EQ(CardText(now, withAna, 1), text);
+        EXPECT_EQ(CardDie(now, 1), text.mid(5, 1).toInt());
         EXPECT_EQ(LatestThrowText(now, withAna), "Ana " + text.left(1).toLower() + text.mid(1));
     }
 
@@ -204,7 +210,8 @@ TEST(BoardGuide, SaysWhatTheGameWaitsForAndWhatWasDoneLast) {
     withAna.PlayOrder = 1;
     const auto cards = CardsOf(state, withAna, 3);
     ASSERT_EQ(cards.size(), 3U);
-    EXPECT_EQ(cards[0], (BoardView::Card{1, "Ana", "Persona", cards[0].last, 1, 208, false}));
+    EXPECT_EQ(cards[0], (BoardView::Card{1, "Ana", "Persona", cards[0].last, 1, 208, false, false, "",
+                                         cards[0].die}));
     EXPECT_EQ(cards[1], (BoardView::Card{3, "Rojo", "Ordenador, nivel 50", "", 0, 263, true}));
     EXPECT_EQ(cards[2], (BoardView::Card{2, "Azul", "Ordenador, nivel 80", "", 4, 0, false}));
 
