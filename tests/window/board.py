@@ -25,9 +25,10 @@ def piece_at(picture, layout, point):
     size = layout.piece_size * layout.unit
     y -= size * 2.6 / 28  # its face lies above its middle
     middle = picture.pixel(x, round(y))
+    dark = min(max(picture.pixel(x, round(y + down))) for down in (-0.6, 0, 0.6))
     # The ring of yellow's mark; a footprint is smaller.
     ring = min(max(picture.pixel(round(x + aside * size), round(y))) for aside in (-0.2, -1 / 6, 1 / 6, 0.2))
-    mark = 1 if max(middle) < 115 and ring < 160 else 2 if min(middle) > 190 else 0
+    mark = 1 if dark < 115 and ring < 160 else 2 if min(middle) > 190 else 0
     body = [_hue(*picture.pixel(round(x + cos(a * pi / 6) * size * 0.33), round(y + sin(a * pi / 6) * size * 0.28)))
             for a in range(12 if mark else 0)]
     colour = max(COLOURS, key=body.count)
