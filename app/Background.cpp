@@ -63,7 +63,9 @@ QRect HiddenByBoard(const QRectF& board) {
 // Only where neither the board nor the panel hides it, which halves the time. Each visible area is
 // painted in an image of its own: a painter's clip would leave out the other pixels but not the work
 // for them (Qt 6.4).
-void PaintTable(QImage& image, Artwork& artwork, const Layout& layout) {
+void PaintTable(QImage& image, const Layout& layout) {
+    Artwork artwork;
+    image.fill(palette::DarkWood);  // shows through where two planks meet between pixels
     const QRectF board = BoardWithFrame(layout);
     const double around = shadowAround * board.width() / boardDrawingSide;
     for (const QRect& area : QRegion(image.rect()) - HiddenByBoard(board) - HiddenByPanel(layout)) {
@@ -104,22 +106,15 @@ QRect BoardArea(const Layout& layout) {
     return BoardWithFrame(layout).toAlignedRect();
 }
 
-void PaintTableAndPanel(QImage& image, const Layout& layout) {
+// A layer of that area, transparent where `paint` paints nothing.
+void PaintLayer(QImage& layer, const QRect& area, const Layout& layout,
+                void (*paint)(QPainter&, Artwork&, const Layout&)) {
     Artwork artwork;
-    image.fill(palette::DarkWood);  // shows through where two planks meet between pixels
-    PaintTable(image, artwork, layout);
-    QPainter painter(&image);
+    layer.fill(Qt::transparent);
+    QPainter painter(&layer);
     painter.setRenderHint(QPainter::Antialiasing);
-    PaintInstrumentPanel(painter, artwork, layout);
-}
-
-void PaintBoardAlone(QImage& board, const Layout& layout) {
-    Artwork artwork;
-    board.fill(Qt::transparent);
-    QPainter painter(&board);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(-BoardArea(layout).topLeft());
-    PaintBoard(painter, artwork, layout);
+    painter.translate(-area.topLeft());
+    paint(painter, artwork, layout);
 }
 
 }  // namespace
@@ -135,24 +130,32 @@ Background::~Background() {
     QThreadPool::globalInstance()->waitForDone();
 }
 
+// Each layer by one thread of the pool: in any other thread Qt (6.4) hands each area of more than 95
+// lines to the pool in parts and waits for them, which takes longer than the painting.
 void Background::Begin(const Layout& layout, QSize devicePixels) {
     QThreadPool* pool = QThreadPool::globalInstance();
     pool->waitForDone();
-    image_ = QImage(devicePixels, QImage::Format_RGB32);
-    board_ = QImage(BoardArea(layout).size(), QImage::Format_ARGB32_Premultiplied);
-    if (image_.isNull() || board_.isNull()) return;
-    // Each by one thread of the pool: in any other thread Qt (6.4) hands each area of more than 95 lines
-    // to the pool in parts and waits for them, which takes longer than the painting.
-    pool->start([this, layout] { PaintTableAndPanel(image_, layout); });
-    pool->start([this, layout] { PaintBoardAlone(board_, layout); });
+    boardArea_ = BoardArea(layout);
+    panelArea_ = PanelArea(layout, devicePixels);
+    table_ = QImage(devicePixels, QImage::Format_RGB32);
+    panel_ = QImage(panelArea_.size(), QImage::Format_ARGB32_Premultiplied);
+    board_ = QImage(boardArea_.size(), QImage::Format_ARGB32_Premultiplied);
+    if (table_.isNull() || panel_.isNull() || board_.isNull()) return;
+    pool->start([this, layout] { PaintTable(table_, layout); });
+    pool->start([this, layout] { PaintLayer(panel_, panelArea_, layout, PaintInstrumentPanel); });
+    pool->start([this, layout] { PaintLayer(board_, boardArea_, layout, PaintBoard); });
 }
 
 QPixmap Background::Take(const Layout& layout, QSize devicePixels) {
-    if (image_.size() != devicePixels) Begin(layout, devicePixels);
+    if (table_.size() != devicePixels) Begin(layout, devicePixels);
     QThreadPool::globalInstance()->waitForDone();
-    const QImage board = std::exchange(board_, {});
-    if (!image_.isNull()) QPainter(&image_).drawImage(BoardArea(layout).topLeft(), board);
-    return QPixmap::fromImage(std::exchange(image_, {}));
+    const QImage panel = std::exchange(panel_, {}), board = std::exchange(board_, {});
+    if (table_.isNull() || panel.isNull() || board.isNull()) return {};
+    QPainter painter(&table_);
+    painter.drawImage(panelArea_.topLeft(), panel);
+    painter.drawImage(boardArea_.topLeft(), board);
+    painter.end();
+    return QPixmap::fromImage(std::exchange(table_, {}));
 }
 
 }  // namespace zorva

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QPixmap>
+#include <QRect>
 #include <QSize>
 
 class QPainter;
@@ -15,7 +16,7 @@ struct Layout;
 void PaintBoard(QPainter& painter, Artwork& artwork, const Layout& layout);
 
 /// What never changes while the window keeps its size: the table, the empty board and the panel with
-/// the recorder. It is the program's largest drawing and painted in two threads of Qt's pool: the
+/// the recorder. It is the program's largest drawing and painted in three threads of Qt's pool: the
 /// title can open meanwhile.
 class Background {
 public:
@@ -33,8 +34,8 @@ public:
 
 private:
     // Written by other threads until the pool is done.
-    QImage image_;  // all but the board
-    QImage board_;
+    QImage table_, panel_, board_;
+    QRect panelArea_, boardArea_;
 };
 
 }  // namespace zorva

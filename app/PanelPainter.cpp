@@ -169,6 +169,14 @@ void PaintFreeTable(QPainter& painter, Artwork& artwork, const Layout& layout, c
 
 }  // namespace
 
+QRect PanelArea(const Layout& layout, QSize devicePixels) {
+    QRectF area = Band(layout) | AsRect(layout.LogPaper);
+    if (layout.HasLargeKeys()) area |= AsRect(layout.KeyCase) | AsRect(layout.Cup);
+    constexpr double beyond = 2 * shadowReach + aroundKeyCase;
+    area.adjust(-beyond, -beyond, beyond, beyond);
+    return OnDevice(layout, area).toAlignedRect() & QRect(QPoint(), devicePixels);
+}
+
 QRect HiddenByPanel(const Layout& layout) {
     const QRectF band = Band(layout);
     const double edge = opaqueBand * BorderScale(layout, band);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRect>
+#include <QSize>
 
 class QPainter;
 
@@ -14,6 +15,9 @@ struct Layout;
 /// room the large keys lie beside it on a pad of their own, and a dice cup stands there. The painter's
 /// pixels are the window's device pixels.
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
+
+/// The device pixels of a window of that size which it may touch.
+QRect PanelArea(const Layout& layout, QSize devicePixels);
 
 /// The device pixels of the window where the opaque middle of the pad hides the table.
 QRect HiddenByPanel(const Layout& layout);
