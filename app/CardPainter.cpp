@@ -44,7 +44,7 @@ PlateLook CardLook(bool lit) {
     return {false, {0x5c, 0x39, 0x20}, {0x3e, 0x24, 0x12}, {0xb0, 0x8a, 0x52}, 0.9};
 }
 
-/// Enamel in the colour of whoever is asked.
+/// Enamel in the colour of the player who is asked, in a frame of brass.
 PlateLook EnamelLook(Colour who) {
     const auto& [above, below] = palette::Enamel[who];
     return {true, above, below, palette::Light, 0, true};
@@ -125,6 +125,15 @@ public:
         if (look.framed) Frame();
     }
 
+    /// That hold a plate in its corners.
+    void Screws() {
+        constexpr double screw = 5, fromEdge = 7.5;
+        for (const double x : {fromEdge, Width() - fromEdge - screw})
+            for (const double y : {fromEdge, Height() - fromEdge - screw})
+                Round({x, y, screw, screw}, screw / 2, palette::Brass,
+                      QPen(QColor(0x3a, 0x22, 0x0a), 0.8));
+    }
+
 private:
     /// Of brass, which the lamp lights from above.
     void Frame() {
@@ -135,10 +144,6 @@ private:
         Round(Whole().adjusted(2.6, 2.6, -2.6, -2.6), corner - 2, Qt::NoBrush, QPen(brass, 3.6));
         Round(Whole().adjusted(4.8, 4.8, -4.8, -4.8), corner - 4, Qt::NoBrush,
               QPen(QColor(0x2a, 0x16, 0x06, 0xb0), 0.9));
-        constexpr double screw = 5, fromEdge = 7.5;
-        for (const double x : {fromEdge, Width() - fromEdge - screw})
-            for (const double y : {fromEdge, Height() - fromEdge - screw})
-                Round({x, y, screw, screw}, screw / 2, brass, QPen(QColor(0x3a, 0x22, 0x0a), 0.8));
     }
 
     QPainter& painter_;
@@ -254,7 +259,7 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
              Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, card.last, 15, QFont::Normal, text);
 }
 
-// The first of two lines: the name of who is asked, without the new line.
+// The first of two lines: the name of the player who is asked. Empty when there is one line.
 QString HeadOf(const QString& what) {
     return what.left(std::max<qsizetype>(what.indexOf('\n'), 0));
 }
@@ -318,6 +323,7 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     const QRectF inside = box.Whole().adjusted(8, 5, -8, -5);
     const double unit = layout.Unit * scale;
     const bool below = !isFlat && !more.isEmpty();
+    if (enamelled && !below) box.Screws();  // else the lower text needs the corners
     const QString what = isFlat ? QString(view.line.what).replace('\n', ' ') : view.line.what;
     const LineSizes sizes = LineSizesFor(what, below ? more : QString(), inside.size(), unit);
     QRectF upper = inside, lower = inside;

@@ -93,11 +93,12 @@ struct Prompt {
 };
 /// `tape` is the move at which the recorder stands, -1 while it is off.
 Prompt PromptOf(const GameState& state, const Settings& settings, Short tape);
-/// What its card says of a colour: how it ended the game, what it has to count now, or what it did by
-/// its last throw or by hand: "Sacó 5, capturó a Rojo y contó 20". Empty when it has not played yet.
+/// What its card says of a colour: how it ended the game, what it has thrown and has to count now, or
+/// what it did by its last throw or by hand: "Sacó 5, capturó a Rojo y contó 20". Empty when it has not
+/// played yet.
 QString CardText(const GameState& state, const Settings& settings, Colour colour);
-/// The die that its card shows: of the move that it has to make now, or of its last throw. 0 when it has
-/// not thrown, or has last moved a piece by hand.
+/// The die on a colour's card: the throw for which it has to choose a piece, or its last one. 0 when the
+/// colour has not thrown yet or has last moved a piece by hand.
 Short CardDie(const GameState& state, Colour colour);
 /// What the colour that played last did, with its name: "Azul sacó 4 y no pudo mover".
 QString LatestThrowText(const GameState& state, const Settings& settings);
