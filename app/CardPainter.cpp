@@ -240,7 +240,8 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
              QFont::Bold, text);
     const double last = home + 18 + 4 * spread;
     const QRectF foot(4.5, last, box.Width() - 9, box.Height() - last - 4.5);
-    box.Round(foot, corner - 3, lit ? QColor(0xa0, 0x6a, 0x20, 0x2c) : QColor(0, 0, 0, 0x48));
+    if (!card.last.isEmpty() || !card.chance.isEmpty())
+        box.Round(foot, corner - 3, lit ? QColor(0xa0, 0x6a, 0x20, 0x2c) : QColor(0, 0, 0, 0x48));
     const double side = card.won ? foot.height() - 4 : 0;  // of the laurel beside the text
     const QRectF laurel(box.Width() - padding - side, last + 2, side, side);
     if (card.won) PaintDrawing(box, artwork, "laurel", laurel);
