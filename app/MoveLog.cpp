@@ -232,8 +232,16 @@ void MoveLog::PaintPaper(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QPainterPath paper = Paper();
     const double unit = services_.ToLogical(1);
+    const double end = std::min<double>(paper.boundingRect().bottom(), height());
+    // While the paper grows it is painted for each line: only the parts that show anything are filled.
+    const auto fill = [&](const QRectF& part, const QPainterPath& path, const QBrush& brush) {
+        painter.setClipRect(part);
+        painter.fillPath(path, brush);
+        painter.setClipping(false);
+    };
+    const QRectF lowest(0, end - 5 * unit, width(), 10 * unit);
     for (const double fall : {3.6, 2.4, 1.2})
-        painter.fillPath(paper.translated(0, fall * unit), QColor(0, 0, 0, 60));
+        fill(lowest, paper.translated(0, fall * unit), QColor(0, 0, 0, 60));
     painter.fillPath(paper, palette::Paper);
     const int rowHeight = RowHeight(services_);
     const QRect ruled(0, viewport()->y(), width(), std::min(PrintedTo(), height()) - viewport()->y());
@@ -241,7 +249,6 @@ void MoveLog::PaintPaper(QPainter& painter) const {
     for (; top < ruled.bottom(); top += 2 * rowHeight) {
         painter.fillRect(QRect(0, top, width(), rowHeight) & ruled, palette::RuledPaper);
     }
-    const double end = std::min<double>(paper.boundingRect().bottom(), height());
     QLinearGradient shade(0, 0, 0, end);
     shade.setColorAt(0, QColor(116, 62, 8, 116));
     shade.setColorAt(0.4, QColor(130, 74, 12, 66));
@@ -260,7 +267,8 @@ void MoveLog::PaintPaper(QPainter& painter) const {
     bend.setColorAt(0.06, QColor(70, 40, 10, 0));
     bend.setColorAt(0.9, QColor(70, 40, 10, 0));
     bend.setColorAt(1, QColor(70, 40, 10, 60));
-    painter.fillPath(paper, bend);
+    fill(QRectF(0, 0, 0.06 * width(), height()), paper, bend);
+    fill(QRectF(0.9 * width(), 0, 0.1 * width(), height()), paper, bend);
     const double shadow = services_.ToLogical(shadowHeight);
     QLinearGradient slit(0, 0, 0, shadow);
     slit.setColorAt(0, QColor(20, 8, 2, 170));
