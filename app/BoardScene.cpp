@@ -99,9 +99,12 @@ bool BoardScene::IsMoving(PieceCode piece) const {
 
 void BoardScene::Repaint(const QRect& device) {
     const QRect part = device.intersected(painter_.Picture().rect());
-    if (part.isEmpty()) return;
+    if (!part.isEmpty()) changed_(part);
+}
+
+const QPixmap& BoardScene::Painted(const QRect& part) {
     painter_.Paint(view_, settings_, part);
-    changed_(part);
+    return painter_.Picture();
 }
 
 void BoardScene::RepaintHouse(Colour colour) {

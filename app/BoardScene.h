@@ -14,14 +14,15 @@
 namespace zorva {
 
 /// The board as the players see it. Each call says what happens in the game; the scene changes its
-/// BoardView, repaints the part of the board that looks different, and reports that part to the window.
+/// BoardView and reports the part of the board that looks different to the window, which has it painted
+/// with its next frame: what changes several times meanwhile is painted once.
 ///
 /// Movements take no time here: Lift, StartStep, ShowDie and PutDown begin them, and the caller moves
 /// them on with ShowStep during its next wait. Rings of light, confetti, the hand at a die and what
 /// fades in a tray run on timers of their own.
 class BoardScene {
 public:
-    /// Called with a rectangle of the window, in device pixels, that has been repainted.
+    /// Called with a rectangle of the window, in device pixels, that looks different.
     using Changed = std::function<void(const QRect& device)>;
 
     BoardScene(const GameState& state, const Settings& settings, Artwork& artwork, Changed changed);
@@ -30,7 +31,9 @@ public:
     Background& TheBackground() { return painter_.TheBackground(); }
     /// Shows everything on another layout. What moves goes on from the same place of the board.
     void SetScreen(const Layout& layout, QSize devicePixels);
-    const QPixmap& Picture() const { return painter_.Picture(); }
+    /// The board, painted within that part of the window, in device pixels.
+    const QPixmap& Painted(const QRect& part);
+    QSize PictureSize() const { return painter_.Picture().size(); }
     const BoardView& View() const { return view_; }
 
     // Pieces. A walk is a chain of StartStep and ShowStep from 0 to 1.

@@ -138,7 +138,7 @@ void Mesa::FollowSize() {
     clock.start();
     const double ratio = devicePixelRatioF();
     const QSize devicePixels = (QSizeF(size()) * ratio).toSize();
-    if (scene_->Picture().size() == devicePixels && services_.devicePixelRatio == ratio) return;
+    if (scene_->PictureSize() == devicePixels && services_.devicePixelRatio == ratio) return;
     UseScreen(devicePixels, ratio);
     scene_->SetScreen(services_.layout, devicePixels);
     PlaceControls();
@@ -187,17 +187,18 @@ void Mesa::ComeToFront() {
 
 // ------------------------------------------------------------------------------------ painting
 
-// The board is painted already, in device pixels: what Qt asks for is copied. A window that has just
-// been made larger shows bare wood beside it.
+// A window that has just been made larger shows bare wood beside the board.
 void Mesa::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.fillRect(event->rect(), palette::DarkWood);
     const double ratio = services_.devicePixelRatio;
     painter.scale(1 / ratio, 1 / ratio);
+    const QRect board(QPoint(), scene_->PictureSize());
     for (const QRect& part : event->region()) {
         const QRect device =
             QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toAlignedRect();
-        painter.drawPixmap(device.topLeft(), scene_->Picture(), device);
+        if (!board.contains(device)) painter.fillRect(device, palette::DarkWood);
+        const QRect seen = device & board;
+        painter.drawPixmap(seen.topLeft(), scene_->Painted(seen), seen);
     }
 }
 
