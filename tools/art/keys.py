@@ -127,9 +127,13 @@ def _triangle(d, colour, left, right):
     d.path(f"M{right} 32L{left} 18L{left} 46Z", fill=colour, stroke=colour, stroke_width=3, stroke_linejoin="round")
 
 
-def _power(d, colour, wood):
-    _stroke(d, colour, "M24.2 21.4C12 29 17 47.5 32 47.5C47 47.5 52 29 39.8 21.4", 5)
-    _stroke(d, colour, "M32 15.5L32 31", 5)
+def _tape(d, colour, wood):
+    d.rect(10, 16, 44, 32, 5, fill=colour)
+    d.rect(15, 21, 34, 16, 8, fill=wood)
+    for x in (23.5, 40.5):
+        d.circle(x, 29, 6, fill=colour)
+        d.circle(x, 29, 2.4, fill=wood)
+    d.path("M20 48L23 41.5L41 41.5L44 48Z", fill=wood)
 
 
 def _one(d, colour, back, front):
@@ -160,7 +164,7 @@ def _restore(d, colour, wood):
     d.path("M11 24L27 12.5L27 35.5Z", fill=colour, stroke=colour, stroke_width=2, stroke_linejoin="round")
 
 
-RECORDER = ((_power, "on and off"), (_back_one, "one move back"), (_forward_one, "one move forward"),
+RECORDER = ((_tape, "on and off"), (_back_one, "one move back"), (_forward_one, "one move forward"),
             (_back, "back by itself"), (_forward, "forward by itself"), (_restore, "restore"))
 
 

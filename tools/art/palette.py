@@ -30,8 +30,8 @@ class Tones:
 
 # By the colour's number: 1 yellow, 2 blue, 3 red, 4 green.
 TONES = {
-    1: Tones("#ffff00", "#fff27a", "#e6b400", "#8a5600", "#fdf4c8", INK),
-    2: Tones("#0000ff", "#5a6cff", "#0c0ca8", "#04044c", "#eae9f2", PAPER_LIGHT),
-    3: Tones("#ff0000", "#ff6a55", "#a80808", "#4c0202", "#f8e9df", PAPER_LIGHT),
-    4: Tones("#008000", "#4fb45a", "#046a0c", "#02300a", "#ecefdd", PAPER_LIGHT),
+    1: Tones("#ffff00", "#fff27a", "#dcb000", "#824e00", "#fdf4c8", INK),
+    2: Tones("#0000ff", "#5a6cff", "#0a0a98", "#04044c", "#eae9f2", PAPER_LIGHT),
+    3: Tones("#ff0000", "#ff6a55", "#9c0707", "#4c0202", "#f8e9df", PAPER_LIGHT),
+    4: Tones("#008000", "#4fb45a", "#04600b", "#02300a", "#ecefdd", PAPER_LIGHT),
 }
