@@ -1,10 +1,12 @@
 #include "app/SquaresPainter.h"
 
+#include <QImage>
 #include <QPainter>
 #include <QPolygonF>
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "app/BoardGrid.h"
 #include "app/Palette.h"
@@ -19,6 +21,11 @@ QColor Mixed(const QColor& colour, const QColor& other, double share) {
     const auto mixed = [share](int from, int to) { return qRound(from + (to - from) * share); };
     return {mixed(colour.red(), other.red()), mixed(colour.green(), other.green()),
             mixed(colour.blue(), other.blue())};
+}
+
+QColor WithAlpha(QColor colour, double alpha) {
+    colour.setAlphaF(static_cast<float>(alpha));
+    return colour;
 }
 
 // An arm of the board: described for yellow, whose arm is the lower one, and turned for the others.
@@ -58,10 +65,8 @@ private:
         painter_.fillRect(line, palette::Line);
     }
 
-    // Enamel in a rim of deeper lacquer, with a string of brass between. Domed enamel gleams at the top,
-    // under the lamp, and lies in the shade at its foot, as far as more than half of the square keeps
-    // the colour itself.
-    void Inlay(int x, int y, double width, bool domed) {
+    // Enamel in a rim of deeper lacquer, with a string of brass between.
+    void Inlay(int x, int y, double width, bool rayed) {
         const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
         const int band = std::max(2, qFloor(width * unit_));
         const int edge = std::max(1, qRound(stringWidth * unit_));
@@ -71,17 +76,35 @@ private:
         const QRect field = square.adjusted(band, band, -band, -band);
         painter_.fillRect(field.adjusted(-edge, -edge, edge, edge), String());
         painter_.fillRect(field, base_);
-        const int pure = qCeil(pureShare * square.width() * square.height() / field.width());
-        const int deep = domed ? std::max(0, (field.height() - pure) / 2) : 0;
-        QLinearGradient gleam(field.topLeft(), field.topLeft() + QPoint(0, deep));
-        gleam.setColorAt(0, Mixed(base_, Qt::white, 0.5));
-        gleam.setColorAt(0.25, Mixed(base_, Qt::white, 0.22));
-        gleam.setColorAt(1, base_);
-        painter_.fillRect(QRect(field.topLeft(), QSize(field.width(), deep)), gleam);
-        QLinearGradient shade(field.bottomLeft() - QPoint(0, deep), field.bottomLeft());
-        shade.setColorAt(0, base_);
-        shade.setColorAt(1, Mixed(base_, rim_, 0.6));
-        painter_.fillRect(QRect(field.left(), field.bottom() + 1 - deep, field.width(), deep), shade);
+        if (!rayed) return;
+        const double pure = pureOfSquare * square.width() * square.height();
+        const QPointF inwards =
+            QPointF(BoardGrid::Turned({0, 2 * fanFrom}, colour_) - BoardGrid::Turned({0, 0}, colour_)) /
+            -2;
+        Fan(field, QRectF(field).center() + inwards * unit_, pure / (field.width() * field.height()));
+    }
+
+    // A fan of furrows in the enamel, which run together at `from` and are deepest in their middle.
+    // Between them that share of the field keeps the colour itself.
+    void Fan(const QRect& field, QPointF from, double pure) {
+        const QPointF middle = from - QPointF(0.5, 0.5);  // as pixels are counted
+        std::vector<double> heights;                      // of the enamel, 1 on the ridges
+        for (int y = field.top(); y <= field.bottom(); ++y) {
+            for (int x = field.left(); x <= field.right(); ++x)
+                heights.push_back(std::cos(fanRays * std::atan2(x - middle.x(), y - middle.y())));
+        }
+        std::vector<double> sorted = heights;
+        const auto ground = sorted.begin() + qFloor((1 - pure) * static_cast<double>(sorted.size()));
+        std::nth_element(sorted.begin(), ground, sorted.end());
+        QImage furrows(field.size(), QImage::Format_ARGB32);
+        auto height = heights.begin();
+        for (int y = 0; y < field.height(); ++y) {
+            for (int x = 0; x < field.width(); ++x) {
+                const double depth = std::max(0.0, (*ground - *height++) / (*ground + 1));
+                furrows.setPixelColor(x, y, WithAlpha(rim_, deepestFurrow * depth));
+            }
+        }
+        painter_.drawImage(field.topLeft(), furrows);
     }
 
     // Corners on the lines; each smaller triangle lies the same way from all three edges. The band
@@ -121,9 +144,12 @@ private:
     QColor String() const { return Mixed(palette::Brass, base_, 0.1); }
 
     // In units of which a cell has 33.
-    static constexpr double bandWidth = 4.8, exitBandWidth = 3.2, goalBandWidth = 4.2;
+    static constexpr double bandWidth = 2.6, exitBandWidth = 3.2, goalBandWidth = 3.6;
     static constexpr double stringWidth = 0.9;
-    static constexpr double pureShare = 0.55;
+    static constexpr int fanRays = 20;  // all around
+    static constexpr int fanFrom = 24;  // from the middle of the square
+    static constexpr double pureOfSquare = 0.55;
+    static constexpr double deepestFurrow = 0.7;
 
     QPainter& painter_;
     const BoardGrid& grid_;
