@@ -23,6 +23,7 @@ constexpr double paperWidth = 150;  // holds every line; on narrower paper the f
 constexpr double markWidth = 3;     // of the edge of the selected line
 constexpr double moverWidth = 2.6;  // of the mark in the mover's colour, beside it
 constexpr double shadowHeight = 9;  // of the slit
+constexpr int rowsInTheLamp = 7;    // the newest
 constexpr double unprinted = 20;    // below the last line, to the torn edge
 constexpr double tooth = 5;         // of the torn edge: its width; it is less deep
 constexpr double foldHeight = 10;   // where paper that reaches the log's end bends away
@@ -250,9 +251,10 @@ void MoveLog::PaintPaper(QPainter& painter) const {
         painter.fillRect(QRect(0, top, width(), rowHeight) & ruled, palette::RuledPaper);
     }
     QLinearGradient shade(0, 0, 0, end);
-    shade.setColorAt(0, QColor(116, 62, 8, 116));
-    shade.setColorAt(0.4, QColor(130, 74, 12, 66));
-    shade.setColorAt(0.9, QColor(140, 84, 16, 0));
+    constexpr double lit = 0.9;
+    shade.setColorAt(0, QColor(96, 52, 10, 104));
+    shade.setColorAt(std::max(0.1, lit - rowsInTheLamp * rowHeight / end), QColor(110, 62, 12, 84));
+    shade.setColorAt(lit, QColor(130, 78, 18, 0));
     painter.fillPath(paper, shade);
     if (end >= height()) {
         const double fold = services_.ToLogical(foldHeight);
