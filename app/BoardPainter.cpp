@@ -12,6 +12,7 @@
 #include "app/CardPainter.h"
 #include "app/Fonts.h"
 #include "app/Palette.h"
+#include "app/PanelPainter.h"
 #include "app/PiecePlaces.h"
 #include "app/WarmLight.h"
 #include "core/Board.h"
@@ -32,8 +33,8 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
-constexpr double ghostOpacity = 0.5;  // of a piece where it would go
-constexpr double glowReach = 19.9;    // of the light around a piece that may move
+constexpr double choiceRadius = 12.5, ghostOpacity = 0.4;  // where a piece would stand
+constexpr double glowReach = 19.9;                         // of the light around a piece that may move
 
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the
 // dots on the squares that it passed, and the ring around it now.
@@ -168,8 +169,9 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
 // -------------------------------------------------------------------------------- what changes
 
 // From below to above: background, houses with their trays, the light round the new-game button, cards
-// and line, the cup in warm light, the sign at a die, pulse, marks of the last move, of the choices and
-// of a shown move, rings, pieces, the frame of the marked one, the piece in the air and the confetti.
+// and line, the pad of the large keys, the cup in warm light, the sign at a die, pulse, marks of the
+// last move, of the choices and of a shown move, rings, pieces, the frame of the marked one, the piece
+// in the air and the confetti.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
@@ -187,6 +189,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     if (view.sign == BoardView::NewGameSign) PaintInvitation(painter, view.tapping, part);
     PaintCards(painter, artwork_, cache, layout_, view, part);
     PaintLine(painter, cache, layout_, view, part);
+    PaintKeys(painter, view, part);
     if (view.cupLit) PaintCup(painter, part);
     if (view.sign != BoardView::NewGameSign) PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse, part);
@@ -280,8 +283,8 @@ const QPixmap& BoardPainter::Lit(Colour colour) {
         };
         // Yellow is light already: more would make it as pure as the yellow squares.
         const bool isYellow = colour == 1;
-        shine(QPainter::CompositionMode_ColorDodge, isYellow ? QColor(64, 40, 24) : QColor(108, 92, 72));
-        shine(QPainter::CompositionMode_Screen, isYellow ? QColor(52, 46, 30) : QColor(30, 24, 14));
+        shine(QPainter::CompositionMode_ColorDodge, isYellow ? QColor(58, 54, 22) : QColor(112, 96, 76));
+        shine(QPainter::CompositionMode_Screen, isYellow ? QColor(40, 46, 24) : QColor(34, 28, 18));
         lamp.setCompositionMode(QPainter::CompositionMode_SourceOver);
         const double unit = house.width() / houseSide, edge = stringFromEdge * unit;
         for (const auto& [width, alpha] :
@@ -423,27 +426,28 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
     PaintRing(painter, path.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
 }
 
-// The ghost of each piece that can be picked in a light of its own: the way itself is shown for the
-// piece under the cursor alone.
+// Where each piece that can be picked would stand a flat disc of its colour glows in a ring: the way
+// itself is shown for the piece under the cursor alone.
 void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const QRect& part) {
     for (const BoardView::ShownMove& move : view.choices) {
-        const std::vector<QPointF> path = PathOf(layout_, move);
-        const auto endsThere = [&](const BoardView::ShownMove& other) { return other.to == move.to; };
-        const auto first = std::find_if(view.choices.begin(), view.choices.end(), endsThere);
-        if (&*first != &move || path.empty() || !PieceArea(path.back()).intersects(part)) continue;
-        const QRect place = PieceDrawing(layout_, path.back());
-        painter.drawPixmap(place.topLeft(), CachedPixmap("choice", place.size(), [&](QPainter& light) {
+        const QRect place = PieceDrawing(layout_, move.place);
+        if (!PieceArea(move.place).intersects(part)) continue;
+        const Colour colour = ColourOf(move.piece);
+        const QString name = QStringLiteral("choice %1").arg(colour);
+        painter.drawPixmap(place.topLeft(), CachedPixmap(name, place.size(), [&](QPainter& light) {
                                const QPointF middle = QPointF(place.width(), place.height()) / 2;
-                               QRadialGradient glow(middle, place.width() / 2.0);
-                               glow.setColorAt(0.45, palette::Mark);
+                               const double unit = PieceUnit(layout_);
+                               QRadialGradient glow(middle, glowReach * unit);
+                               glow.setColorAt(choiceRadius / glowReach, palette::Mark);
                                glow.setColorAt(1, WithAlpha(palette::Mark, 0));
-                               light.fillRect(QRect(QPoint(), place.size()), glow);
+                               light.setPen(Qt::NoPen);
+                               light.setBrush(glow);
+                               light.drawEllipse(middle, glowReach * unit, glowReach * unit);
+                               light.setCompositionMode(QPainter::CompositionMode_Source);
+                               light.setBrush(WithAlpha(palette::Player[colour], ghostOpacity));
+                               light.setPen(QPen(Qt::white, 2 * unit));
+                               light.drawEllipse(middle, choiceRadius * unit, choiceRadius * unit);
                            }));
-        painter.setOpacity(ghostOpacity);
-        painter.drawPixmap(
-            place.topLeft(),
-            artwork_.Pixmap(QStringLiteral("piece_%1").arg(ColourOf(move.piece)), place.size()));
-        painter.setOpacity(1);
     }
 }
 
@@ -564,6 +568,22 @@ QRect BoardPainter::SignArea(Colour colour) const {
     const Point middle = layout_.DieBox(colour).Centre();
     return DeviceArea({ToShort(middle.x - reach), ToShort(middle.y - reach), ToShort(2L * reach),
                        ToShort(2L * reach)});
+}
+
+QRect BoardPainter::KeysArea() const {
+    return layout_.HasLargeKeys() ? KeyPadArea(layout_, layout_.KeyCase) : QRect();
+}
+
+// While the recorder is off, only its switch lies on the table.
+void BoardPainter::PaintKeys(QPainter& painter, const BoardView& view, const QRect& part) {
+    if (!KeysArea().intersects(part)) return;
+    const Box& keys = view.tape < 0 ? layout_.SwitchCase : layout_.KeyCase;
+    const QRect area = KeyPadArea(layout_, keys);
+    const QString name = QStringLiteral("keys %1").arg(keys.height);
+    painter.drawPixmap(area.topLeft(), CachedPixmap(name, area.size(), [&](QPainter& pad) {
+                           pad.translate(-area.topLeft());
+                           PaintKeyPad(pad, artwork_, layout_, keys);
+                       }));
 }
 
 // Over the cup of the background, in warm light.

@@ -379,7 +379,8 @@ void BoardScene::ShowMarked(PieceCode piece) {
 }
 
 void BoardScene::ShowTape(Short move) {
-    view_.tape = move;
+    const Short before = std::exchange(view_.tape, move);
+    if ((before < 0) != (move < 0)) Repaint(painter_.KeysArea());
     ShowGuide();
 }
 

@@ -15,7 +15,8 @@ const char* const hoverTexts[RecorderKeyCount] = {
 }  // namespace
 
 LargeKeys::LargeKeys(QWidget* window, const Services& services,
-                     const std::function<void(RecorderKey)>& chosen) {
+                     const std::function<void(RecorderKey)>& chosen)
+    : services_(services) {
     for (int index = 0; index < RecorderKeyCount; ++index) {
         const QString drawing = QStringLiteral("recorder_%1").arg(index);
         keys_[index] = new WoodenKey(window, services, drawing, QString::fromUtf8(hoverTexts[index]));
@@ -24,10 +25,11 @@ LargeKeys::LargeKeys(QWidget* window, const Services& services,
     }
 }
 
-void LargeKeys::Refresh(const std::function<bool(RecorderKey)>& isLive, bool isGameOn) {
+void LargeKeys::Refresh(const std::function<bool(RecorderKey)>& isLive, bool isOn, bool isGameOn) {
     for (int index = 0; index < RecorderKeyCount; ++index) {
         const auto key = static_cast<RecorderKey>(index);
         const bool live = isLive && isLive(key);
+        Key(key).setVisible(services_.layout.HasLargeKeys() && (isOn || key == RecorderKey::OnOff));
         Key(key).ShowLive(live);
         Key(key).ShowDimmed(key == RecorderKey::OnOff ? !isGameOn : !live);
     }

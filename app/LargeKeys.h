@@ -18,15 +18,17 @@ public:
 
     WoodenKey& Key(RecorderKey key) { return *keys_[static_cast<int>(key)]; }
 
-    /// Shows which keys do something now. Those that do not are dimmed, the switch only when there is
-    /// nothing to record: it would flicker with every turn.
-    void Refresh(const std::function<bool(RecorderKey key)>& isLive, bool isGameOn);
+    /// Shows the keys where the table has room for them: all while the recorder is on, else its switch
+    /// alone. Those that do nothing now are dimmed, the switch only when there is nothing to record: it
+    /// would flicker with every turn.
+    void Refresh(const std::function<bool(RecorderKey key)>& isLive, bool isOn, bool isGameOn);
 
     /// Whether a key's explanation, which names its keys of the keyboard, is shown when the cursor rests
     /// on it.
     void Explain(bool explains);
 
 private:
+    const Services& services_;
     std::array<WoodenKey*, RecorderKeyCount> keys_{};  // Qt deletes them with the window
 };
 

@@ -186,6 +186,11 @@ constexpr int caseBorder = 6;  // around the large keys
 constexpr int smallestLargeKey = 48, largestKey = 96;
 constexpr int keyGap = 4;
 
+Box Around(const Box& box, int border) {
+    return {ToShort(box.x - border), ToShort(box.y - border), ToShort(box.width + 2 * border),
+            ToShort(box.height + 2 * border)};
+}
+
 // Upright they lie as on the strip: backwards left, forwards right. Across, the keys that go by
 // themselves lie below those that go one step.
 void PlaceLargeKeys(Layout& layout, Point centre, int side, bool across) {
@@ -202,8 +207,8 @@ void PlaceLargeKeys(Layout& layout, Point centre, int side, bool across) {
         layout.LargeKey[key] = {ToShort(left + column * (side + keyGap)),
                                 ToShort(top + row * (side + keyGap)), ToShort(side), ToShort(side)};
     }
-    layout.KeyCase = {ToShort(left - caseBorder), ToShort(top - caseBorder),
-                      ToShort(width + 2 * caseBorder), ToShort(height + 2 * caseBorder)};
+    layout.KeyCase = Around({ToShort(left), ToShort(top), ToShort(width), ToShort(height)}, caseBorder);
+    layout.SwitchCase = Around(layout.LargeKey[0], caseBorder);
 }
 
 constexpr double cupOfRoom = 0.92;  // what the cup with its shadow takes of the room
@@ -213,7 +218,7 @@ void PlaceCup(Layout& layout, Point centre, int side) {
                   ToShort(side)};
 }
 
-// Keys and cup one below the other, beside the cards of the same height.
+// The keys begin beside the recorder that they belong to; the cup stands below.
 bool PlaceRightOfBand(Layout& layout) {
     constexpr int largestCup = 220;
     const int left = CentredBesideBoard(layout, layout.BandWidth) + layout.BandWidth;
@@ -221,12 +226,12 @@ bool PlaceRightOfBand(Layout& layout) {
     const int aside = room / 20 + caseBorder;
     const int side = std::min((room - 2 * aside - keyGap) / 2, std::clamp(room / 5, 64, largestKey));
     if (side < smallestLargeKey || !layout.HasCards()) return false;
-    const int middle = left + room / 2;
-    const Short top = layout.Card[0].y;
-    const int height = 3 * (side + keyGap) + 2 * caseBorder;
-    PlaceLargeKeys(layout, {ToShort(middle), ToShort(top + height / 2)}, side, false);
+    const Point keys{ToShort(left + caseBorder + side + keyGap / 2),
+                     ToShort(layout.Recorder.Centre().y + side + keyGap)};
+    PlaceLargeKeys(layout, keys, side, false);
+    const Short middle = ToShort(left + room / 2);
     const Short low = ToShort((layout.Card[2].y + layout.Card[3].y + layout.Card[3].height) / 2);
-    PlaceCup(layout, {ToShort(middle), low}, std::min<int>(Round(room * cupOfRoom), largestCup));
+    PlaceCup(layout, {middle, low}, std::min<int>(Round(room * cupOfRoom), largestCup));
     return true;
 }
 
@@ -235,10 +240,11 @@ void PlaceAboveLine(Layout& layout) {
     constexpr int largestCup = 260, highest = 8000;  // the coordinates stay 16-bit numbers
     const int top = -std::min(static_cast<int>(layout.DeviceTop / layout.Unit), highest);
     const int room = layout.Line.y - top;
+    const int cup = std::min<int>(Round(room * cupOfRoom), largestCup);
+    const int between = layout.ScreenWidth / 10;
     const int side = std::min((room - room / 5 - 2 * caseBorder - keyGap) / 2, largestKey);
     if (side < smallestLargeKey) return;
-    const int cup = std::min<int>(Round(room * cupOfRoom), largestCup);
-    const int keys = 3 * (side + keyGap) + 2 * caseBorder, between = layout.ScreenWidth / 10;
+    const int keys = 3 * (side + keyGap) + 2 * caseBorder;
     const int left = (layout.ScreenWidth - keys - between - cup) / 2;
     const Short middle = ToShort(top + room / 2);
     PlaceLargeKeys(layout, {ToShort(left + keys / 2), middle}, side, true);

@@ -101,7 +101,6 @@ void Mesa::PlaceControls() {
     for (int index = 0; index < RecorderKeyCount; ++index) {
         WoodenKey& key = largeKeys_->Key(static_cast<RecorderKey>(index));
         key.setGeometry(LogicalRect(layout.LargeKey[index]));
-        key.setVisible(layout.HasLargeKeys());
     }
     chances_->setGeometry(LogicalRect(layout.Chances));
 }
@@ -305,7 +304,7 @@ void Mesa::RefreshCursor() {
     RefreshHourglass();
     buttons_->Refresh();
     strip_->RefreshCursor();
-    largeKeys_->Refresh(strip_->IsLive, state_.GameInProgress != No);
+    largeKeys_->Refresh(strip_->IsLive, scene_->View().tape >= 0, state_.GameInProgress != No);
     chances_->ShowLive(!IsBlocked());
     ShowCursor(*this, CursorAt && !IsBlocked() ? CursorAt(at) : QCursor(Qt::ArrowCursor));
 }

@@ -159,20 +159,17 @@ void PaintProgramName(QPainter& painter, const Layout& layout) {
     }
 }
 
-// The large keys lie on a pad of their own.
-void PaintFreeTable(QPainter& painter, Artwork& artwork, const Layout& layout, const QImage& grain) {
+QRectF KeyPad(const Box& keys) {
     constexpr double around = aroundKeyCase;
-    const QRectF pad = AsRect(layout.KeyCase).adjusted(-around, -around, around, around);
-    PaintPad(painter, artwork, layout, pad, keyPadBorder, grain);
-    artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
+    return AsRect(keys).adjusted(-around, -around, around, around);
 }
 
 }  // namespace
 
 QRect PanelArea(const Layout& layout, QSize devicePixels) {
     QRectF area = Band(layout) | AsRect(layout.LogPaper);
-    if (layout.HasLargeKeys()) area |= AsRect(layout.KeyCase) | AsRect(layout.Cup);
-    constexpr double beyond = 2 * shadowReach + aroundKeyCase;
+    if (layout.HasLargeKeys()) area |= AsRect(layout.Cup);
+    constexpr double beyond = 2 * shadowReach;
     area.adjust(-beyond, -beyond, beyond, beyond);
     return OnDevice(layout, area).toAlignedRect() & QRect(QPoint(), devicePixels);
 }
@@ -194,7 +191,16 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, layout.Unit);
     PaintReels(painter, artwork, layout, body);
     PaintProgramName(painter, layout);
-    if (layout.HasLargeKeys()) PaintFreeTable(painter, artwork, layout, grain);
+    if (layout.HasLargeKeys()) artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
+}
+
+QRect KeyPadArea(const Layout& layout, const Box& keys) {
+    constexpr double beyond = 2 * shadowReach;
+    return OnDevice(layout, KeyPad(keys).adjusted(-beyond, -beyond, beyond, beyond)).toAlignedRect();
+}
+
+void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout, const Box& keys) {
+    PaintPad(painter, artwork, layout, KeyPad(keys), keyPadBorder, Grain(artwork, layout.Unit));
 }
 
 }  // namespace zorva

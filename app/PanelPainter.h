@@ -8,12 +8,12 @@ class QPainter;
 namespace zorva {
 
 class Artwork;
+struct Box;
 struct Layout;
 
 /// Paints what lies under the buttons, the recorder and the log: a pad of leather on the table right of
 /// the board, and on it the case of the recorder, out of which the log's paper comes. Where there is
-/// room the large keys lie beside it on a pad of their own, and a dice cup stands there. The painter's
-/// pixels are the window's device pixels.
+/// room a dice cup stands beside it. The painter's pixels are the window's device pixels.
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
 
 /// The device pixels of a window of that size which it may touch.
@@ -21,5 +21,12 @@ QRect PanelArea(const Layout& layout, QSize devicePixels);
 
 /// The device pixels of the window where the opaque middle of the pad hides the table.
 QRect HiddenByPanel(const Layout& layout);
+
+/// The pad of leather that holds the recorder's large keys, in device pixels of the window. `keys` is
+/// one of the cases of the layout.
+void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout, const Box& keys);
+
+/// The device pixels that it touches with its shadow.
+QRect KeyPadArea(const Layout& layout, const Box& keys);
 
 }  // namespace zorva

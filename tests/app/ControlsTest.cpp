@@ -120,6 +120,11 @@ TEST(Controls, OfTheRecorderAreThereOnceMoreLargeWhereThereIsRoom) {
     BoardWindow window("", {1366, 768});
     Mesa& mesa = window.mesa;
     WoodenKey& key = mesa.RecorderKeys().Key(RecorderKey::BackOne);
+    EXPECT_TRUE(mesa.RecorderKeys().Key(RecorderKey::OnOff).isVisible());
+    EXPECT_FALSE(key.isVisible()) << "the recorder is off";
+    mesa.Scene().ShowTape(3);
+    mesa.RefreshCursor();
+    EXPECT_TRUE(key.isVisible());
     std::vector<RecorderKey> pressed;
     int onBoard = 0;
     mesa.Strip().Pressed = [&](RecorderKey which) { pressed.push_back(which); };
