@@ -1,7 +1,6 @@
 #include "app/CardPainter.h"
 
 #include <QPainter>
-#include <QRegularExpression>
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
@@ -174,10 +173,13 @@ QColor FaintText(bool lit) {
     return lit ? QColor(0x5c, 0x44, 0x2c) : QColor(0xde, 0xca, 0xa2);
 }
 
-// The two squares of a move stay on one line.
-QString WithSquaresTogether(QString text) {
-    static const QRegularExpression squares("de (\\d+) a (\\d+)");
-    return text.replace(squares, QStringLiteral("de\u00a0\\1\u00a0a\u00a0\\2"));
+// A number stays on one line with the words beside it.
+QString WithNumbersKept(QString text) {
+    for (qsizetype at = 1; at + 1 < text.size(); ++at) {
+        if (text[at] == ' ' && (text[at - 1].isDigit() || text[at + 1].isDigit()))
+            text[at] = QChar::Nbsp;
+    }
+    return text;
 }
 
 // How much of its way a colour has walked, and how many squares are left.
@@ -264,7 +266,7 @@ void PaintCard(QPainter& painter, Artwork& artwork, const PixmapCache& cache, co
         PaintDrawing(box, artwork, QStringLiteral("die_%1").arg(card.die),
                      {padding - 4, last + (foot.height() - chance - die) / 2, die, die});
     box.Text({padding + die, last, width - side - die, foot.height() - chance},
-             Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, WithSquaresTogether(card.last), 15,
+             Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, WithNumbersKept(card.last), 15,
              QFont::Normal, text);
 }
 
@@ -328,7 +330,7 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     const QColor ink = enamelled ? palette::EnamelInk[view.line.who] : TextColour(lit);
     const QColor faint = enamelled ? ink : FaintText(lit);
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
-    const QString more = WithSquaresTogether(view.line.hint.isEmpty() ? view.latest : view.line.hint);
+    const QString more = WithNumbersKept(view.line.hint.isEmpty() ? view.latest : view.line.hint);
     const QRectF inside = box.Whole().adjusted(8, 5, -8, -5);
     const double unit = layout.Unit * scale;
     const bool below = !isFlat && !more.isEmpty();
