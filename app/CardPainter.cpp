@@ -112,7 +112,7 @@ public:
     /// A plate in its shadow or in the light around it.
     void Plate(const PlateLook& look) {
         if (look.lit) {
-            Halo(QColor(0xff, 0xdf, 0x9a), 0.42, {});
+            Halo(QColor(0xff, 0xd0, 0x80), 0.3, {});
         } else {
             Halo(Qt::black, 0.62, {2.4, 3});
         }

@@ -151,10 +151,14 @@ void PaintProgramName(QPainter& painter, const Layout& layout) {
     font.setLetterSpacing(QFont::PercentageSpacing, 125);
     painter.setFont(font);
     const QRectF place = OnDevice(layout, QRectF(buttons.x, 3, buttons.width, buttons.y - 6));
-    for (const auto& [colour, down] :
-         {std::pair(QColor(0, 0, 0, 150), -0.8), std::pair(QColor(255, 255, 255, 40), 0.8),
-          std::pair(palette::Brass.darker(112), 0.0)}) {
-        painter.setPen(colour);
+    QLinearGradient gold(place.topLeft(), place.bottomLeft());
+    gold.setColorAt(0.25, QColor(0xff, 0xe9, 0xb0));
+    gold.setColorAt(0.5, palette::Brass);
+    gold.setColorAt(0.75, QColor(0x9a, 0x70, 0x2c));
+    for (const auto& [brush, down] :
+         {std::pair(QBrush(QColor(0, 0, 0, 170)), -0.9),
+          std::pair(QBrush(QColor(255, 255, 255, 40)), 0.9), std::pair(QBrush(gold), 0.0)}) {
+        painter.setPen(QPen(brush, 1));
         painter.drawText(place.translated(0, down * layout.Unit), Qt::AlignCenter, name);
     }
 }

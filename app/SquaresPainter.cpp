@@ -1,12 +1,10 @@
 #include "app/SquaresPainter.h"
 
-#include <QImage>
 #include <QPainter>
 #include <QPolygonF>
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "app/BoardGrid.h"
 #include "app/Palette.h"
@@ -23,11 +21,6 @@ QColor Mixed(const QColor& colour, const QColor& other, double share) {
             mixed(colour.blue(), other.blue())};
 }
 
-QColor WithAlpha(QColor colour, double alpha) {
-    colour.setAlphaF(static_cast<float>(alpha));
-    return colour;
-}
-
 // An arm of the board: described for yellow, whose arm is the lower one, and turned for the others.
 class Arm {
 public:
@@ -40,8 +33,8 @@ public:
           unit_(grid.CellSize() / 33) {}
 
     void PaintColours() {
-        for (int row = 13; row < 20; ++row) Inlay(4 * block, row * cell, bandWidth, true);
-        Inlay(5 * block, 16 * cell, exitBandWidth, false);  // ring and figure leave no room for more
+        for (int row = 13; row < 20; ++row) Fan(Inlay(4 * block, row * cell));
+        Inlay(5 * block, 16 * cell);  // ring and figure leave no room for more
         Goal();
     }
 
@@ -65,10 +58,10 @@ private:
         painter_.fillRect(line, palette::Line);
     }
 
-    // Enamel in a rim of deeper lacquer, with a string of brass between.
-    void Inlay(int x, int y, double width, bool rayed) {
+    // Enamel in a rim of deeper lacquer, with a string of brass between. Returns where the enamel lies.
+    QRect Inlay(int x, int y) {
         const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
-        const int band = std::max(2, qFloor(width * unit_));
+        const int band = std::max(2, qFloor(bandWidth * unit_));
         const int edge = std::max(1, qRound(stringWidth * unit_));
         painter_.fillRect(square, Mixed(base_, rim_, 0.45));
         painter_.fillRect(square.adjusted(edge, edge, 0, 0), rim_);
@@ -76,35 +69,34 @@ private:
         const QRect field = square.adjusted(band, band, -band, -band);
         painter_.fillRect(field.adjusted(-edge, -edge, edge, edge), String());
         painter_.fillRect(field, base_);
-        if (!rayed) return;
-        const double pure = pureOfSquare * square.width() * square.height();
-        const QPointF inwards =
-            QPointF(BoardGrid::Turned({0, 2 * fanFrom}, colour_) - BoardGrid::Turned({0, 0}, colour_)) /
-            -2;
-        Fan(field, QRectF(field).center() + inwards * unit_, pure / (field.width() * field.height()));
+        return field;
     }
 
-    // A fan of furrows in the enamel, which run together at `from` and are deepest in their middle.
-    // Between them that share of the field keeps the colour itself.
-    void Fan(const QRect& field, QPointF from, double pure) {
-        const QPointF middle = from - QPointF(0.5, 0.5);  // as pixels are counted
-        std::vector<double> heights;                      // of the enamel, 1 on the ridges
-        for (int y = field.top(); y <= field.bottom(); ++y) {
-            for (int x = field.left(); x <= field.right(); ++x)
-                heights.push_back(std::cos(fanRays * std::atan2(x - middle.x(), y - middle.y())));
+    // A fan that points to the goal.
+    void Fan(const QRect& field) {
+        const QPointF inwards = BoardGrid::Turned({0, 0}, colour_) - BoardGrid::Turned({0, 1}, colour_);
+        Furrow(QRectF(field), QRectF(field).center() + fanFrom * unit_ * inwards, fanRays,
+               fanFurrow - 0.045 / unit_);
+    }
+
+    // Furrows that run together at `from` and are deepest in their middle. Each takes that share of its
+    // ray, less on a small board, where strings and wells take more: more than half of each square and
+    // goal keeps the colour itself.
+    void Furrow(const QPolygonF& field, QPointF from, int rays, double share) {
+        QConicalGradient furrows(from, 0);
+        QColor ground = rim_, ridge = rim_;
+        ground.setAlphaF(deepestFurrow);
+        ridge.setAlpha(0);
+        const double half = share / 2;
+        for (int ray = 0; ray < rays; ++ray) {
+            const double middle = ray + 0.5;
+            furrows.setColorAt((middle - half) / rays, ridge);
+            furrows.setColorAt(middle / rays, ground);
+            furrows.setColorAt((middle + half) / rays, ridge);
         }
-        std::vector<double> sorted = heights;
-        const auto ground = sorted.begin() + qFloor((1 - pure) * static_cast<double>(sorted.size()));
-        std::nth_element(sorted.begin(), ground, sorted.end());
-        QImage furrows(field.size(), QImage::Format_ARGB32);
-        auto height = heights.begin();
-        for (int y = 0; y < field.height(); ++y) {
-            for (int x = 0; x < field.width(); ++x) {
-                const double depth = std::max(0.0, (*ground - *height++) / (*ground + 1));
-                furrows.setPixelColor(x, y, WithAlpha(rim_, deepestFurrow * depth));
-            }
-        }
-        painter_.drawImage(field.topLeft(), furrows);
+        painter_.setPen(Qt::NoPen);
+        painter_.setBrush(furrows);
+        painter_.drawPolygon(field);
     }
 
     // Corners on the lines; each smaller triangle lies the same way from all three edges. The band
@@ -136,20 +128,22 @@ private:
         }
         painter_.setBrush(String());
         painter_.drawPolygon(string);
+        const QPolygonF field = triangle(goalBandWidth);
         painter_.setBrush(base_);
-        painter_.drawPolygon(triangle(goalBandWidth));
+        painter_.drawPolygon(field);
+        Furrow(field, goal[2], goalRays, goalFurrow - 0.16 / unit_);
     }
 
     QColor Band() const { return Mixed(base_, rim_, 0.8); }
     QColor String() const { return Mixed(palette::Brass, base_, 0.1); }
 
     // In units of which a cell has 33.
-    static constexpr double bandWidth = 2.6, exitBandWidth = 3.2, goalBandWidth = 3.6;
+    static constexpr double bandWidth = 2.6, goalBandWidth = 3;
     static constexpr double stringWidth = 0.9;
-    static constexpr int fanRays = 20;  // all around
-    static constexpr int fanFrom = 24;  // from the middle of the square
-    static constexpr double pureOfSquare = 0.55;
-    static constexpr double deepestFurrow = 0.7;
+    static constexpr int fanRays = 20, goalRays = 32;  // all around
+    static constexpr double fanFrom = 24;              // from the middle of the square
+    static constexpr double fanFurrow = 0.325, goalFurrow = 0.41;
+    static constexpr float deepestFurrow = 0.7F;
 
     QPainter& painter_;
     const BoardGrid& grid_;

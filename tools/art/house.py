@@ -99,7 +99,7 @@ def _facet(x, y, turn, outline):
     return points([(x + c * a - s * b, y + s * a + c * b) for a, b in outline])
 
 
-def _inlays(board, inlays):
+def _inlays(board, inlays, light=IVORY_LIT, shade=IVORY_SHADE):
     """Inlays of ivory: each a place, a direction and half its outline, from the axis to the right. One half of
     each lies in the light of the lamp, the other is shaded; all that are alike make one path."""
     lit, shaded = "", ""
@@ -110,8 +110,8 @@ def _inlays(board, inlays):
                 lit += data
             else:
                 shaded += data
-    board.path(shaded, fill=IVORY_SHADE)
-    board.path(lit, fill=IVORY_LIT)
+    board.path(shaded, fill=shade)
+    board.path(lit, fill=light)
 
 
 def _fans(board, tones, x, y):
@@ -171,11 +171,11 @@ def draw_well(colour):
     """A well of the goal: its upper left side lies in its own shade, its lower right edge in the light."""
     tones = TONES[colour]
     well = Drawing((0, 0, 40, 40), "The place of a piece that has come home. Drawn by tools/make_art.py.")
-    well.circle(20.8, 20.9, 13.8, fill=mix(tones.base, "#ffffff", 0.6))
-    well.circle(20, 20, 13.9, fill=mix(tones.deep, "#000000", 0.25))
-    for inset, radius, shade in ((0.6, 13.1, 0.75), (1, 12.6, 0.56), (1.3, 12.2, 0.36)):
+    well.circle(20.7, 20.8, 13.9, fill=mix(tones.base, BRASS_LIGHT, 0.75))
+    well.circle(20, 20, 14, fill=mix(tones.deep, "#000000", 0.35))
+    for inset, radius, shade in ((0.5, 13.3, 0.8), (0.9, 12.9, 0.6), (1.2, 12.6, 0.36)):
         well.circle(20 + inset, 20 + inset, radius, fill=mix(tones.base, tones.deep, shade))
-    well.circle(21.8, 21.8, 11.6, fill=tones.base)
+    well.circle(21.5, 21.5, 12.2, fill=tones.base)
     return well
 
 
@@ -207,8 +207,10 @@ def _rosette(board, tones, cx, cy):
                                                  (1, mix(tones.house, tones.deep, 0.75))))
     tip = ((36, 0), (36, 22), (58, 0))
     kite = ((47.5, 0), (53, 3.1), (59.5, 0))
+    ground = mix(tones.house, tones.deep, 0.5)
     for quarter in range(0, 360, 90):
-        _inlays(board, [(cx, cy, quarter, tip), (cx, cy, quarter + 22.5, kite), (cx, cy, quarter - 22.5, kite)])
+        _inlays(board, [(cx, cy, quarter, tip), (cx, cy, quarter + 22.5, kite), (cx, cy, quarter - 22.5, kite)],
+                mix(IVORY_LIT, ground, 0.28), mix(IVORY_SHADE, ground, 0.28))
 
 
 def _plate(board, tones, x, y):
