@@ -33,8 +33,10 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
-constexpr double choiceRadius = 12.5, ghostOpacity = 0.4;  // where a piece would stand
-constexpr double glowReach = 19.9;                         // of the light around a piece that may move
+constexpr RingShape choice{13, 3.2};  // dashed, where a piece would stand
+constexpr int choiceDashes = 8;
+constexpr double choiceLight = 0.3;  // within it
+constexpr double glowReach = 19.9;   // of the light around a piece that may move
 
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the
 // dots on the squares that it passed, and the ring around it now.
@@ -189,7 +191,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     if (view.sign == BoardView::NewGameSign) PaintInvitation(painter, view.tapping, part);
     PaintCards(painter, artwork_, cache, layout_, view, part);
     PaintLine(painter, cache, layout_, view, part);
-    PaintKeys(painter, view, part);
+    if (view.tape >= 0) PaintKeys(painter, part);
     if (view.cupLit) PaintCup(painter, part);
     if (view.sign != BoardView::NewGameSign) PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse, part);
@@ -426,28 +428,28 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
     PaintRing(painter, path.back(), targetOfMove.radius, targetOfMove.width, palette::Mark);
 }
 
-// Where each piece that can be picked would stand a flat disc of its colour glows in a ring: the way
-// itself is shown for the piece under the cursor alone.
+// A dashed ring where each piece that can be picked would stand: the way itself is shown for the piece
+// under the cursor alone.
 void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const QRect& part) {
     for (const BoardView::ShownMove& move : view.choices) {
         const QRect place = PieceDrawing(layout_, move.place);
         if (!PieceArea(move.place).intersects(part)) continue;
-        const Colour colour = ColourOf(move.piece);
-        const QString name = QStringLiteral("choice %1").arg(colour);
-        painter.drawPixmap(place.topLeft(), CachedPixmap(name, place.size(), [&](QPainter& light) {
-                               const QPointF middle = QPointF(place.width(), place.height()) / 2;
-                               const double unit = PieceUnit(layout_);
-                               QRadialGradient glow(middle, glowReach * unit);
-                               glow.setColorAt(choiceRadius / glowReach, palette::Mark);
-                               glow.setColorAt(1, WithAlpha(palette::Mark, 0));
-                               light.setPen(Qt::NoPen);
-                               light.setBrush(glow);
-                               light.drawEllipse(middle, glowReach * unit, glowReach * unit);
-                               light.setCompositionMode(QPainter::CompositionMode_Source);
-                               light.setBrush(WithAlpha(palette::Player[colour], ghostOpacity));
-                               light.setPen(QPen(Qt::white, 2 * unit));
-                               light.drawEllipse(middle, choiceRadius * unit, choiceRadius * unit);
-                           }));
+        painter.drawPixmap(
+            place.topLeft(), CachedPixmap("choice", place.size(), [&](QPainter& ring) {
+                const QPointF middle = QPointF(place.width(), place.height()) / 2;
+                const double unit = PieceUnit(layout_);
+                const double around = 2 * M_PI * choice.radius / choice.width;
+                ring.setBrush(WithAlpha(palette::Mark, choiceLight));
+                for (const auto& [colour, width] : {std::pair(palette::DarkWood, choice.width + 1.8),
+                                                    std::pair(palette::Mark, choice.width)}) {
+                    QPen pen(colour, width * unit, Qt::CustomDashLine, Qt::FlatCap);
+                    const double dash = around / choiceDashes * choice.width / width;
+                    pen.setDashPattern({0.6 * dash, 0.4 * dash});
+                    ring.setPen(pen);
+                    ring.drawEllipse(middle, choice.radius * unit, choice.radius * unit);
+                    ring.setBrush(Qt::NoBrush);
+                }
+            }));
     }
 }
 
@@ -571,18 +573,15 @@ QRect BoardPainter::SignArea(Colour colour) const {
 }
 
 QRect BoardPainter::KeysArea() const {
-    return layout_.HasLargeKeys() ? KeyPadArea(layout_, layout_.KeyCase) : QRect();
+    return KeyPadArea(layout_);
 }
 
-// While the recorder is off, only its switch lies on the table.
-void BoardPainter::PaintKeys(QPainter& painter, const BoardView& view, const QRect& part) {
-    if (!KeysArea().intersects(part)) return;
-    const Box& keys = view.tape < 0 ? layout_.SwitchCase : layout_.KeyCase;
-    const QRect area = KeyPadArea(layout_, keys);
-    const QString name = QStringLiteral("keys %1").arg(keys.height);
-    painter.drawPixmap(area.topLeft(), CachedPixmap(name, area.size(), [&](QPainter& pad) {
+void BoardPainter::PaintKeys(QPainter& painter, const QRect& part) {
+    const QRect area = KeysArea();
+    if (!area.intersects(part)) return;
+    painter.drawPixmap(area.topLeft(), CachedPixmap("keys", area.size(), [&](QPainter& pad) {
                            pad.translate(-area.topLeft());
-                           PaintKeyPad(pad, artwork_, layout_, keys);
+                           PaintKeyPad(pad, artwork_, layout_);
                        }));
 }
 

@@ -203,8 +203,14 @@ void PaintDrawing(BoxPainter& box, Artwork& artwork, const QString& name, const 
     box.Painter().drawPixmap(device.topLeft().toPoint(), artwork.Pixmap(name, size));
 }
 
-// The goal: four wells in enamel, in which the pieces at home lie.
+// The goal, as soon as a piece is at home: four wells in enamel, in which the pieces lie. Empty ones
+// were taken for those of the waiting pieces.
 void PaintHome(BoxPainter& box, Artwork& artwork, const BoardView::Card& card, double top) {
+    if (card.home == 0) {
+        box.Text({padding, top - 2, 66, 17}, Qt::AlignVCenter | Qt::AlignLeft, "0 en casa", 13,
+                 QFont::Normal, FaintText(card.lit));
+        return;
+    }
     constexpr double side = 13, step = 16, piece = side * 40 / 28;  // of which the body takes 28
     const auto& [above, below] = palette::Enamel[card.colour];
     box.Round({padding - 2, top - 2, 3 * step + side + 4, side + 4}, side / 2 + 2, below,
@@ -331,7 +337,8 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     const QColor faint = enamelled ? ink : FaintText(lit);
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = WithNumbersKept(view.line.hint.isEmpty() ? view.latest : view.line.hint);
-    const QRectF inside = box.Whole().adjusted(8, 5, -8, -5);
+    const double aside = enamelled ? 12 : 8;
+    const QRectF inside = box.Whole().adjusted(aside, 5, -aside, -5);
     const double unit = layout.Unit * scale;
     const bool below = !isFlat && !more.isEmpty();
     if (enamelled && !below) box.Screws();  // else the lower text needs the corners

@@ -79,7 +79,7 @@ struct Layout {
     // What lies on the free table right of the panel or, on a tall screen, above the line. Where there
     // is no room, all widths are 0.
     Box KeyCase;                                 ///< holds the recorder's large keys while it is on
-    Box SwitchCase;                              ///< holds its switch while it is off
+    Box SwitchCase;                              ///< holds its switch alone while it is off
     std::array<Box, RecorderKeyCount> LargeKey;  ///< in the order of RecorderKey
     Box Cup;                                     ///< the dice cup with its shadow
     bool HasLargeKeys() const { return KeyCase.width != 0; }

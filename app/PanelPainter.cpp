@@ -172,7 +172,7 @@ QRectF KeyPad(const Box& keys) {
 
 QRect PanelArea(const Layout& layout, QSize devicePixels) {
     QRectF area = Band(layout) | AsRect(layout.LogPaper);
-    if (layout.HasLargeKeys()) area |= AsRect(layout.Cup);
+    if (layout.HasLargeKeys()) area |= KeyPad(layout.SwitchCase) | AsRect(layout.Cup);
     constexpr double beyond = 2 * shadowReach;
     area.adjust(-beyond, -beyond, beyond, beyond);
     return OnDevice(layout, area).toAlignedRect() & QRect(QPoint(), devicePixels);
@@ -195,16 +195,21 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, layout.Unit);
     PaintReels(painter, artwork, layout, body);
     PaintProgramName(painter, layout);
-    if (layout.HasLargeKeys()) artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
+    if (!layout.HasLargeKeys()) return;
+    PaintPad(painter, artwork, layout, KeyPad(layout.SwitchCase), keyPadBorder, grain);
+    artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
 }
 
-QRect KeyPadArea(const Layout& layout, const Box& keys) {
+QRect KeyPadArea(const Layout& layout) {
+    if (!layout.HasLargeKeys()) return {};
     constexpr double beyond = 2 * shadowReach;
-    return OnDevice(layout, KeyPad(keys).adjusted(-beyond, -beyond, beyond, beyond)).toAlignedRect();
+    return OnDevice(layout, KeyPad(layout.KeyCase).adjusted(-beyond, -beyond, beyond, beyond))
+        .toAlignedRect();
 }
 
-void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout, const Box& keys) {
-    PaintPad(painter, artwork, layout, KeyPad(keys), keyPadBorder, Grain(artwork, layout.Unit));
+void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout) {
+    PaintPad(painter, artwork, layout, KeyPad(layout.KeyCase), keyPadBorder,
+             Grain(artwork, layout.Unit));
 }
 
 }  // namespace zorva

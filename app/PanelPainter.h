@@ -8,12 +8,12 @@ class QPainter;
 namespace zorva {
 
 class Artwork;
-struct Box;
 struct Layout;
 
 /// Paints what lies under the buttons, the recorder and the log: a pad of leather on the table right of
 /// the board, and on it the case of the recorder, out of which the log's paper comes. Where there is
-/// room a dice cup stands beside it. The painter's pixels are the window's device pixels.
+/// room the recorder's large switch lies beside it on a pad of its own, and a dice cup. The painter's
+/// pixels are the window's device pixels.
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
 
 /// The device pixels of a window of that size which it may touch.
@@ -22,11 +22,10 @@ QRect PanelArea(const Layout& layout, QSize devicePixels);
 /// The device pixels of the window where the opaque middle of the pad hides the table.
 QRect HiddenByPanel(const Layout& layout);
 
-/// The pad of leather that holds the recorder's large keys, in device pixels of the window. `keys` is
-/// one of the cases of the layout.
-void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout, const Box& keys);
+/// The pad of leather that holds all large keys while the recorder is on. It covers that of the switch.
+void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout);
 
-/// The device pixels that it touches with its shadow.
-QRect KeyPadArea(const Layout& layout, const Box& keys);
+/// The device pixels that it touches with its shadow; none where there are no large keys.
+QRect KeyPadArea(const Layout& layout);
 
 }  // namespace zorva

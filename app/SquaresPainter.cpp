@@ -131,7 +131,7 @@ private:
         const QPolygonF field = triangle(goalBandWidth);
         painter_.setBrush(base_);
         painter_.drawPolygon(field);
-        Furrow(field, goal[2], goalRays, goalFurrow - 0.16 / unit_);
+        Furrow(field, goal[2], goalRays, goalFurrow - 0.15 / unit_);
     }
 
     QColor Band() const { return Mixed(base_, rim_, 0.8); }
@@ -142,7 +142,7 @@ private:
     static constexpr double stringWidth = 0.9;
     static constexpr int fanRays = 20, goalRays = 32;  // all around
     static constexpr double fanFrom = 24;              // from the middle of the square
-    static constexpr double fanFurrow = 0.325, goalFurrow = 0.41;
+    static constexpr double fanFurrow = 0.325, goalFurrow = 0.37;
     static constexpr float deepestFurrow = 0.7F;
 
     QPainter& painter_;

@@ -171,11 +171,11 @@ def draw_well(colour):
     """A well of the goal: its upper left side lies in its own shade, its lower right edge in the light."""
     tones = TONES[colour]
     well = Drawing((0, 0, 40, 40), "The place of a piece that has come home. Drawn by tools/make_art.py.")
-    well.circle(20.7, 20.8, 13.9, fill=mix(tones.base, BRASS_LIGHT, 0.75))
-    well.circle(20, 20, 14, fill=mix(tones.deep, "#000000", 0.35))
-    for inset, radius, shade in ((0.5, 13.3, 0.8), (0.9, 12.9, 0.6), (1.2, 12.6, 0.36)):
+    well.circle(20.9, 21, 14, fill=mix(tones.base, BRASS_LIGHT, 0.8))
+    well.circle(20, 20, 14, fill=mix(tones.deep, "#000000", 0.5))
+    for inset, radius, shade in ((0.8, 13, 0.9), (1.2, 12.6, 0.66), (1.5, 12.4, 0.4)):
         well.circle(20 + inset, 20 + inset, radius, fill=mix(tones.base, tones.deep, shade))
-    well.circle(21.5, 21.5, 12.2, fill=tones.base)
+    well.circle(21.8, 21.8, 12.1, fill=tones.base)
     return well
 
 
@@ -210,7 +210,7 @@ def _rosette(board, tones, cx, cy):
     ground = mix(tones.house, tones.deep, 0.5)
     for quarter in range(0, 360, 90):
         _inlays(board, [(cx, cy, quarter, tip), (cx, cy, quarter + 22.5, kite), (cx, cy, quarter - 22.5, kite)],
-                mix(IVORY_LIT, ground, 0.28), mix(IVORY_SHADE, ground, 0.28))
+                mix(BRASS, ground, 0.2), mix(BRASS_DARK, ground, 0.35))
 
 
 def _plate(board, tones, x, y):
