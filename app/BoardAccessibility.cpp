@@ -122,7 +122,7 @@ public:
         QAccessible::State state;
         const BoardView& view = mesa_.Scene().View();
         state.invisible = !view.present[code_];
-        state.disabled = !view.movable[code_];
+        state.disabled = !view.IsMovable(code_);
         state.selected = view.marked == code_;
         return state;
     }

@@ -345,22 +345,24 @@ void BoardPainter::PaintDie(QPainter& painter, Short face, const BoardView::DieP
 // Draws in bands of 95 lines: Qt 6.4 hands a rotated drawing of 96 lines or more to its thread pool and
 // waits for it, which costs more than the drawing. The pixmap's edge is transparent and needs no
 // antialiasing. Only here are pixmaps resampled: the hint would take Qt off its fast way of copying all
-// others.
+// others. The die is turned as a whole, for a part of it would be resampled to other pixels.
 void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,
                                     const BoardView::DiePose& pose) {
     constexpr int lines = 95;
     const QRect area = DieArea(colour, pose);
-    for (int top = area.top(); top <= area.bottom(); top += lines) {
-        painter.save();
-        painter.setRenderHint(QPainter::Antialiasing, false);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.setClipRect(QRect(area.left(), top, area.width(), lines), Qt::IntersectClip);
-        painter.translate(DiePlace(colour, pose).center());
-        painter.rotate(pose.tilt);
-        painter.scale(pose.size, pose.size);
-        painter.drawPixmap(QPointF(pixmap.width(), pixmap.height()) / -2, pixmap);
-        painter.restore();
+    QPixmap die(area.size());
+    die.fill(Qt::transparent);
+    QPainter turned(&die);
+    turned.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (int top = 0; top < die.height(); top += lines) {
+        turned.resetTransform();
+        turned.setClipRect(QRect(0, top, die.width(), lines));
+        turned.translate(DiePlace(colour, pose).center() - area.topLeft());
+        turned.rotate(pose.tilt);
+        turned.scale(pose.size, pose.size);
+        turned.drawPixmap(QPointF(pixmap.width(), pixmap.height()) / -2, pixmap);
     }
+    painter.drawPixmap(area.topLeft(), die);
 }
 
 // A token lies where the die does. Returns its place, with the brush and the pen for what stands on it.
@@ -458,7 +460,7 @@ void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const 
 void BoardPainter::PaintRingOf(QPainter& painter, const BoardView& view,
                                const BoardView::ShownMove& shown, PieceCode code) {
     const bool isShown = shown.piece == code && shown.to != 0;
-    if (!isShown && !view.movable[code]) return;
+    if (!isShown && !view.IsMovable(code)) return;
     const RingShape& shape = isShown ? advisedPiece : movablePiece;
     PaintGlow(painter, view.at[code]);
     PaintRing(painter, view.at[code], aroundMovable.radius, aroundMovable.width, palette::Mark);

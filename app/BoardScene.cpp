@@ -361,8 +361,6 @@ void BoardScene::ShowPreview(const BoardView::ShownMove& move) {
 void BoardScene::ShowChoices(std::vector<BoardView::ShownMove> choices) {
     for (BoardView::ShownMove& move : choices) move.place = EndOf(move);
     const auto before = std::exchange(view_.choices, std::move(choices));
-    view_.movable.fill(false);
-    for (const BoardView::ShownMove& move : view_.choices) view_.movable[move.piece] = true;
     for (const auto& moves : {before, view_.choices}) {
         for (const BoardView::ShownMove& move : moves) {
             RepaintPiece(move.piece);

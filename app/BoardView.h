@@ -2,6 +2,7 @@
 
 #include <QPointF>
 #include <QString>
+#include <algorithm>
 #include <vector>
 
 #include "app/Sentences.h"
@@ -101,10 +102,14 @@ struct BoardView {
     Confetti confetti;
     Colour onTurn = 0;  ///< whose house is lit
     ShownMove shown;
-    ShownMove preview;                      ///< where the piece under the cursor would go
-    std::array<bool, CodeCount> movable{};  ///< pieces that a person may pick now
-    std::vector<ShownMove> choices;         ///< where each of them would go
-    PieceCode marked = 0;                   ///< the one marked by the keyboard
+    ShownMove preview;               ///< where the piece under the cursor would go
+    std::vector<ShownMove> choices;  ///< where each piece would go that a person may pick now
+    PieceCode marked = 0;            ///< the one marked by the keyboard
+
+    bool IsMovable(PieceCode piece) const {
+        return std::any_of(choices.begin(), choices.end(),
+                           [piece](const ShownMove& move) { return move.piece == piece; });
+    }
 
     Short tape = -1;  ///< the move at which the recorder stands, -1 while it is off
     Prompt line;      ///< what the game waits for

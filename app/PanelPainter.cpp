@@ -122,7 +122,7 @@ QImage Grain(Artwork& artwork, double unit) {
 }
 
 // The lamp hangs above: what lies lower on the table is darker.
-QLinearGradient Lamp(const Layout& layout) {
+QLinearGradient LightOnPad(const Layout& layout) {
     QLinearGradient lamp(0, layout.DeviceTop, 0, layout.DeviceTop + layout.ScreenHeight * layout.Unit);
     lamp.setColorAt(0, QColor(0xff, 0xd0, 0x90, 24));
     lamp.setColorAt(0.2, QColor(0x1c, 0x0c, 0x04, 0));
@@ -138,7 +138,7 @@ void PaintPad(QPainter& painter, Artwork& artwork, const Layout& layout, const Q
                    border * layout.Unit);
     const double edge = tooledEdge * border;
     painter.fillRect(OnDevice(layout, pad.adjusted(edge, edge, -edge, -edge)), grain);
-    painter.fillRect(OnDevice(layout, pad.adjusted(1, 1, -1, -1)), Lamp(layout));
+    painter.fillRect(OnDevice(layout, pad.adjusted(1, 1, -1, -1)), LightOnPad(layout));
 }
 
 // Pressed into the leather in gold, where there is room above the buttons.

@@ -200,8 +200,8 @@ TEST_F(OnTheBoard, KeysThrowAcceptAndMark) {
 
 TEST_F(OnTheBoard, ShowsWhatCanBePickedAndWhereItWouldGo) {
     AwaitMove();
-    EXPECT_TRUE(View().movable[11] && View().movable[12]);
-    EXPECT_FALSE(View().movable[13] || View().movable[21]);
+    EXPECT_TRUE(View().IsMovable(11) && View().IsMovable(12));
+    EXPECT_FALSE(View().IsMovable(13) || View().IsMovable(21));
     EXPECT_EQ(View().choices.at(0).to, 13);
     input.Move(PlaceOf(11));
     EXPECT_EQ(View().preview.piece, 11);
@@ -212,7 +212,7 @@ TEST_F(OnTheBoard, ShowsWhatCanBePickedAndWhereItWouldGo) {
     EXPECT_EQ(View().preview.piece, 0);
     state.WaitingForMove = No;
     input.ShowWhatCanBePicked();
-    EXPECT_FALSE(View().movable[11]);
+    EXPECT_FALSE(View().IsMovable(11));
     AwaitThrow();
     EXPECT_EQ(input.CursorAt(PlaceOfSquare(50)), Named("DadoAmar"));
     recorder.RecorderOn = Yes;

@@ -67,10 +67,9 @@ struct Board : BoardWindow {
     BoardPainter fresh{mesa.Shared().artwork};
 };
 
-/// The smallest rectangle around all pixels that differ; the turned die, which Qt resamples in parts,
-/// may differ a little at the edges of its pips.
+/// The smallest rectangle around all pixels that differ; a step or two in shade is rounding.
 QRect Difference(const QImage& one, const QImage& other) {
-    constexpr int rounding = 12;
+    constexpr int rounding = 6;
     QRect found;
     for (int y = 0; y < one.height(); ++y) {
         const auto* a = reinterpret_cast<const QRgb*>(one.constScanLine(y));
