@@ -33,10 +33,10 @@ constexpr RingShape dotOnThePath{2.4, 4.8};
 constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
-constexpr RingShape choice{13, 3.2};  // dashed, where a piece would stand
+constexpr RingShape choice{13.2, 3.6};  // dashed, where a piece would stand
 constexpr int choiceDashes = 8;
-constexpr double choiceLight = 0.3;  // within it
-constexpr double glowReach = 19.9;   // of the light around a piece that may move
+constexpr double choiceLight = 0.42;  // within it
+constexpr double glowReach = 19.9;    // of the light around a piece that may move
 
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the
 // dots on the squares that it passed, and the ring around it now.
@@ -435,24 +435,29 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
 void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const QRect& part) {
     for (const BoardView::ShownMove& move : view.choices) {
         const QRect place = PieceDrawing(layout_, move.place);
-        if (!PieceArea(move.place).intersects(part)) continue;
-        painter.drawPixmap(
-            place.topLeft(), CachedPixmap("choice", place.size(), [&](QPainter& ring) {
-                const QPointF middle = QPointF(place.width(), place.height()) / 2;
-                const double unit = PieceUnit(layout_);
-                const double around = 2 * M_PI * choice.radius / choice.width;
-                ring.setBrush(WithAlpha(palette::Mark, choiceLight));
-                for (const auto& [colour, width] : {std::pair(palette::DarkWood, choice.width + 1.8),
-                                                    std::pair(palette::Mark, choice.width)}) {
-                    QPen pen(colour, width * unit, Qt::CustomDashLine, Qt::FlatCap);
-                    const double dash = around / choiceDashes * choice.width / width;
-                    pen.setDashPattern({0.6 * dash, 0.4 * dash});
-                    ring.setPen(pen);
-                    ring.drawEllipse(middle, choice.radius * unit, choice.radius * unit);
-                    ring.setBrush(Qt::NoBrush);
-                }
-            }));
+        if (PieceArea(move.place).intersects(part))
+            painter.drawPixmap(place.topLeft(), Choice(place.size()));
     }
+}
+
+// Light dashes with dark edges all around, over a faint light.
+const QPixmap& BoardPainter::Choice(QSize size) {
+    return CachedPixmap("choice", size, [&](QPainter& ring) {
+        const QPointF middle = QPointF(size.width(), size.height()) / 2;
+        const double unit = PieceUnit(layout_);
+        ring.setBrush(WithAlpha(palette::Mark, choiceLight));
+        for (const auto& [colour, width, share] :
+             {std::tuple(palette::DarkWood, choice.width + 1.4, 0.68),
+              std::tuple(palette::Mark, choice.width, 0.56)}) {
+            QPen pen(colour, width * unit, Qt::CustomDashLine, Qt::FlatCap);
+            const double dash = 2 * M_PI * choice.radius / width / choiceDashes;  // in widths of the pen
+            pen.setDashPattern({share * dash, (1 - share) * dash});
+            pen.setDashOffset((1 + share) / 2 * dash);  // the ellipse begins in a gap
+            ring.setPen(pen);
+            ring.drawEllipse(middle, choice.radius * unit, choice.radius * unit);
+            ring.setBrush(Qt::NoBrush);
+        }
+    });
 }
 
 // The piece of the shown move has the colour of its way; those that may move else have a

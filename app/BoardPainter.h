@@ -68,6 +68,7 @@ private:
                     const QRect& part);
     const QPixmap& Lid(Colour colour);
     const QPixmap& Lit(Colour colour);
+    const QPixmap& Choice(QSize size);
     std::vector<PieceCode> PiecesFromBehind(const BoardView& view, const QRect& part) const;
     const QPixmap& CachedPixmap(const QString& name, QSize size,
                                 const std::function<void(QPainter&)>& draw);

@@ -75,14 +75,14 @@ private:
     // A fan that points to the goal.
     void Fan(const QRect& field) {
         const QPointF inwards = BoardGrid::Turned({0, 0}, colour_) - BoardGrid::Turned({0, 1}, colour_);
-        Furrow(QRectF(field), QRectF(field).center() + fanFrom * unit_ * inwards, fanRays,
+        Furrow(QRectF(field), QRectF(field).center() + fanFrom * unit_ * inwards,
                fanFurrow - 0.045 / unit_);
     }
 
     // Furrows that run together at `from` and are deepest in their middle. Each takes that share of its
     // ray, less on a small board, where strings and wells take more: more than half of each square and
     // goal keeps the colour itself.
-    void Furrow(const QPolygonF& field, QPointF from, int rays, double share) {
+    void Furrow(const QPolygonF& field, QPointF from, double share) {
         QConicalGradient furrows(from, 0);
         QColor ground = rim_, ridge = rim_;
         ground.setAlphaF(deepestFurrow);
@@ -131,7 +131,7 @@ private:
         const QPolygonF field = triangle(goalBandWidth);
         painter_.setBrush(base_);
         painter_.drawPolygon(field);
-        Furrow(field, goal[2], goalRays, goalFurrow - 0.15 / unit_);
+        Furrow(field, goal[2], goalFurrow - 0.15 / unit_);
     }
 
     QColor Band() const { return Mixed(base_, rim_, 0.8); }
@@ -140,8 +140,8 @@ private:
     // In units of which a cell has 33.
     static constexpr double bandWidth = 2.6, goalBandWidth = 3;
     static constexpr double stringWidth = 0.9;
-    static constexpr int fanRays = 20, goalRays = 32;  // all around
-    static constexpr double fanFrom = 24;              // from the middle of the square
+    static constexpr int rays = 16;        // all around
+    static constexpr double fanFrom = 24;  // from the middle of the square
     static constexpr double fanFurrow = 0.325, goalFurrow = 0.37;
     static constexpr float deepestFurrow = 0.7F;
 
