@@ -143,7 +143,7 @@ private:
     static constexpr int rays = 16;        // all around
     static constexpr double fanFrom = 24;  // from the middle of the square
     static constexpr double fanFurrow = 0.325, goalFurrow = 0.37;
-    static constexpr float deepestFurrow = 0.7F;
+    static constexpr float deepestFurrow = 0.54F;
 
     QPainter& painter_;
     const BoardGrid& grid_;

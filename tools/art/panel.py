@@ -147,12 +147,14 @@ def draw_cup():
 
 
 def _cup_shadow(cup):
-    layers = 14
-    cup.open_group(f"translate(78.5 80) rotate({CUP_TURN})")
+    """Of the cup's own shape, dark where it touches the table and soft away from the lamp."""
+    layers = 12
     for i in range(layers):
-        grow = 9 - 18 * i / (layers - 1)
-        cup.ellipse(0, 0, 41 + grow, 53 + grow, fill="#0c0502", fill_opacity=0.085)
-    cup.close_group()
+        away = 1 - i / (layers - 1)
+        cup.open_group(f"translate({num(70.5 + 8 * away)} {num(69 + 9 * away)}) rotate({CUP_TURN}) "
+                       f"scale({num(1.06 + 0.1 * away)})")
+        cup.path(_cup_outline(), fill="#0c0502", fill_opacity=0.1)
+        cup.close_group()
 
 
 def _cup_outline(inset=0.0):
@@ -183,12 +185,12 @@ def _band(y, sag):
 
 def _cup_wall(cup):
     across = (-MOUTH_X, 0, MOUTH_X, 0)
-    cup.path(_cup_outline(), fill="#160a04")
-    cup.path(_cup_outline(1.1),
+    cup.path(_cup_outline(0.4), fill="#2c170a")
+    cup.path(_cup_outline(0.8),
              fill=cup.linear(*across, (0, "#4a2a14"), (0.1, "#8a5128"), (0.26, "#d79a5c"), (0.36, "#c07f45"),
                              (0.62, COGNAC), (0.84, "#42240f"), (0.95, "#2c170a"), (1, "#4e2d16")))
     # The base and the foot of the rim are in shade.
-    cup.path(_cup_outline(1.1), fill=cup.linear(0, -40, 0, 54, (0, "#160a04", 0.5), (0.2, "#160a04", 0),
+    cup.path(_cup_outline(0.8), fill=cup.linear(0, -40, 0, 54, (0, "#160a04", 0.5), (0.2, "#160a04", 0),
                                                 (0.72, "#160a04", 0), (1, "#160a04", 0.6)))
     for y, sag in ((-16, 10), (28.5, 9)):
         cup.path(_band(y + 1, sag), stroke="#1c0d05", stroke_width=4.2, stroke_opacity=0.75)
@@ -216,7 +218,7 @@ def _stitches(cup):
 
 def _cup_mouth(cup):
     """The rim of gold, the lining, lit across from the lamp, and the dark of the cup."""
-    for grow, tone in ((1.2, "#160a04"), (0, None)):
+    for grow, tone in ((0.5, "#5a3c16"), (0, None)):
         cup.ellipse(0, MOUTH_Y, MOUTH_X + grow, MOUTH_RY + grow, fill=tone or _gold(cup, MOUTH_X))
     cup.ellipse(0, MOUTH_Y, MOUTH_X - 3.2, MOUTH_RY - 2.6, fill="#241208")
     cup.ellipse(0, MOUTH_Y, MOUTH_X - 4, MOUTH_RY - 3.3,
