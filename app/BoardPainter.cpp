@@ -191,7 +191,7 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     if (view.sign == BoardView::NewGameSign) PaintInvitation(painter, view.tapping, part);
     PaintCards(painter, artwork_, cache, layout_, view, part);
     PaintLine(painter, cache, layout_, view, part);
-    if (view.tape >= 0) PaintKeys(painter, part);
+    if (view.tape >= 0) PaintKeyPad(painter, part);
     if (view.cupLit) PaintCup(painter, part);
     if (view.sign != BoardView::NewGameSign) PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse, part);
@@ -342,10 +342,11 @@ void BoardPainter::PaintDie(QPainter& painter, Short face, const BoardView::DieP
     }
 }
 
-// Draws in bands of 95 lines: Qt 6.4 hands a rotated drawing of 96 lines or more to its thread pool and
-// waits for it, which costs more than the drawing. The pixmap's edge is transparent and needs no
-// antialiasing. Only here are pixmaps resampled: the hint would take Qt off its fast way of copying all
-// others. The die is turned as a whole, for a part of it would be resampled to other pixels.
+// Draws the whole die into a pixmap of its own, even when only a part of it is painted: Qt resamples a
+// clipped part to slightly different pixels. It does so in bands of 95 lines: Qt 6.4 hands a rotated
+// drawing of 96 lines or more to its thread pool and waits for it, which costs more than the drawing.
+// The pixmap's edge is transparent and needs no antialiasing. Only here are pixmaps resampled: the hint
+// would take Qt off its fast way of copying all others.
 void BoardPainter::PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,
                                     const BoardView::DiePose& pose) {
     constexpr int lines = 95;
@@ -433,10 +434,13 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
 // A dashed ring where each piece that can be picked would stand: the way itself is shown for the piece
 // under the cursor alone.
 void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const QRect& part) {
+    std::vector<QPointF> ringed;  // two pieces of a square go to the same place
     for (const BoardView::ShownMove& move : view.choices) {
+        const bool isRinged = std::find(ringed.begin(), ringed.end(), move.place) != ringed.end();
+        if (move.to == 0 || isRinged || !PieceArea(move.place).intersects(part)) continue;
+        ringed.push_back(move.place);
         const QRect place = PieceDrawing(layout_, move.place);
-        if (PieceArea(move.place).intersects(part))
-            painter.drawPixmap(place.topLeft(), Choice(place.size()));
+        painter.drawPixmap(place.topLeft(), Choice(place.size()));
     }
 }
 
@@ -579,16 +583,16 @@ QRect BoardPainter::SignArea(Colour colour) const {
                        ToShort(2L * reach)});
 }
 
-QRect BoardPainter::KeysArea() const {
-    return KeyPadArea(layout_);
+QRect BoardPainter::KeyPadArea() const {
+    return zorva::KeyPadArea(layout_);
 }
 
-void BoardPainter::PaintKeys(QPainter& painter, const QRect& part) {
-    const QRect area = KeysArea();
+void BoardPainter::PaintKeyPad(QPainter& painter, const QRect& part) {
+    const QRect area = KeyPadArea();
     if (!area.intersects(part)) return;
-    painter.drawPixmap(area.topLeft(), CachedPixmap("keys", area.size(), [&](QPainter& pad) {
+    painter.drawPixmap(area.topLeft(), CachedPixmap("key pad", area.size(), [&](QPainter& pad) {
                            pad.translate(-area.topLeft());
-                           PaintKeyPad(pad, artwork_, layout_);
+                           zorva::PaintKeyPad(pad, artwork_, layout_);
                        }));
 }
 

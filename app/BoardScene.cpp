@@ -364,7 +364,7 @@ void BoardScene::ShowChoices(std::vector<BoardView::ShownMove> choices) {
     for (const auto& moves : {before, view_.choices}) {
         for (const BoardView::ShownMove& move : moves) {
             RepaintPiece(move.piece);
-            RepaintMove(move);
+            Repaint(painter_.PieceArea(move.place));
         }
     }
 }
@@ -378,7 +378,7 @@ void BoardScene::ShowMarked(PieceCode piece) {
 
 void BoardScene::ShowTape(Short move) {
     const Short before = std::exchange(view_.tape, move);
-    if ((before < 0) != (move < 0)) Repaint(painter_.KeysArea());
+    if ((before < 0) != (move < 0)) Repaint(painter_.KeyPadArea());
     ShowGuide();
 }
 

@@ -14,8 +14,8 @@
 namespace zorva {
 
 /// The board as the players see it. Each call says what happens in the game; the scene changes its
-/// BoardView and reports the part of the board that looks different to the window, which has it painted
-/// with its next frame: what changes several times meanwhile is painted once.
+/// BoardView and tells the window which part looks different; that is what repainting means here. The
+/// window has the part painted with its next frame, once, however often it has changed by then.
 ///
 /// Movements take no time here: Lift, StartStep, ShowDie and PutDown begin them, and the caller moves
 /// them on with ShowStep during its next wait. Rings of light, confetti, the hand at a die and what
@@ -85,7 +85,8 @@ public:
     void PointAt(Point at);
     /// Frames the piece that the keyboard has marked with four corners; 0 marks none.
     void ShowMarked(PieceCode piece);
-    /// Shows that the recorder stands at that move, -1 that it is off.
+    /// Shows that the recorder stands at that move, and the pad of its large keys; -1 shows that it is
+    /// off.
     void ShowTape(Short move);
 
     /// Writes a line about its chances on each card; empty lines leave it out.

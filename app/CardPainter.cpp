@@ -203,8 +203,8 @@ void PaintDrawing(BoxPainter& box, Artwork& artwork, const QString& name, const 
     box.Painter().drawPixmap(device.topLeft().toPoint(), artwork.Pixmap(name, size));
 }
 
-// The goal, as soon as a piece is at home: four wells in enamel, in which the pieces lie. Empty ones
-// were taken for those of the waiting pieces.
+// Four enamelled wells with the pieces at home. While there are none, words instead: empty wells look
+// like the places of waiting pieces.
 void PaintHome(BoxPainter& box, Artwork& artwork, const BoardView::Card& card, double top) {
     if (card.home == 0) {
         box.Text({padding, top - 2, 66, 17}, Qt::AlignVCenter | Qt::AlignLeft, "0 en casa", 13,
@@ -337,7 +337,7 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     const QColor faint = enamelled ? ink : FaintText(lit);
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = WithNumbersKept(view.line.hint.isEmpty() ? view.latest : view.line.hint);
-    const double aside = enamelled ? 12 : 8;
+    const double aside = enamelled ? 12 : 8;  // within the brass frame
     const QRectF inside = box.Whole().adjusted(aside, 5, -aside, -5);
     const double unit = layout.Unit * scale;
     const bool below = !isFlat && !more.isEmpty();

@@ -182,7 +182,7 @@ void PlaceStrip(Layout& layout) {
 
 // --------------------------------------------------------------- the free table: keys and cup
 
-constexpr int caseBorder = 6;  // around the large keys
+constexpr int padBorder = 10;  // around the large keys
 constexpr int smallestLargeKey = 48, largestKey = 96;
 constexpr int keyGap = 4;
 
@@ -207,8 +207,7 @@ void PlaceLargeKeys(Layout& layout, Point centre, int side, bool across) {
         layout.LargeKey[key] = {ToShort(left + column * (side + keyGap)),
                                 ToShort(top + row * (side + keyGap)), ToShort(side), ToShort(side)};
     }
-    layout.KeyCase = Around({ToShort(left), ToShort(top), ToShort(width), ToShort(height)}, caseBorder);
-    layout.SwitchCase = Around(layout.LargeKey[0], caseBorder);
+    layout.KeyPad = Around({ToShort(left), ToShort(top), ToShort(width), ToShort(height)}, padBorder);
 }
 
 constexpr double cupOfRoom = 0.92;  // what the cup with its shadow takes of the room
@@ -223,15 +222,16 @@ bool PlaceRightOfBand(Layout& layout) {
     constexpr int largestCup = 220;
     const int left = CentredBesideBoard(layout, layout.BandWidth) + layout.BandWidth;
     const int room = layout.ScreenWidth - left;
-    const int aside = room / 20 + caseBorder;
-    const int side = std::min((room - 2 * aside - keyGap) / 2, std::clamp(room / 5, 64, largestKey));
+    const int widest = (room - 2 * padBorder - keyGap) / 2;
+    const int side = std::min(widest, std::clamp(room / 5, 64, largestKey));
     if (side < smallestLargeKey || !layout.HasCards()) return false;
-    const Point keys{ToShort(left + caseBorder + side + keyGap / 2),
+    const Point keys{ToShort(left + padBorder + side + keyGap / 2),
                      ToShort(layout.Recorder.Centre().y + side + keyGap)};
     PlaceLargeKeys(layout, keys, side, false);
     const Short middle = ToShort(left + room / 2);
     const Short low = ToShort((layout.Card[2].y + layout.Card[3].y + layout.Card[3].height) / 2);
-    PlaceCup(layout, {middle, low}, std::min<int>(Round(room * cupOfRoom), largestCup));
+    const int below = 2 * (low - layout.KeyPad.y - layout.KeyPad.height);
+    PlaceCup(layout, {middle, low}, std::min<int>({Round(room * cupOfRoom), largestCup, below}));
     return true;
 }
 
@@ -242,9 +242,9 @@ void PlaceAboveLine(Layout& layout) {
     const int room = layout.Line.y - top;
     const int cup = std::min<int>(Round(room * cupOfRoom), largestCup);
     const int between = layout.ScreenWidth / 10;
-    const int side = std::min((room - room / 5 - 2 * caseBorder - keyGap) / 2, largestKey);
+    const int side = std::min((room - room / 8 - 2 * padBorder - keyGap) / 2, largestKey);
     if (side < smallestLargeKey) return;
-    const int keys = 3 * (side + keyGap) + 2 * caseBorder;
+    const int keys = 3 * (side + keyGap) + 2 * padBorder;
     const int left = (layout.ScreenWidth - keys - between - cup) / 2;
     const Short middle = ToShort(top + room / 2);
     PlaceLargeKeys(layout, {ToShort(left + keys / 2), middle}, side, true);
@@ -355,6 +355,10 @@ Box Layout::DieBox(Colour colour) const {
 
 Box Layout::NamePlate(Colour colour) const {
     return InHouse(*this, colour, 140, 48, 156, 26);
+}
+
+Box Layout::SwitchPad() const {
+    return Around(LargeKey[0], padBorder);
 }
 
 Box Layout::House(Colour colour) const {

@@ -78,11 +78,12 @@ struct Layout {
 
     // What lies on the free table right of the panel or, on a tall screen, above the line. Where there
     // is no room, all widths are 0.
-    Box KeyCase;                                 ///< holds the recorder's large keys while it is on
-    Box SwitchCase;                              ///< holds its switch alone while it is off
+    Box KeyPad;                                  ///< holds the recorder's large keys while it is on
     std::array<Box, RecorderKeyCount> LargeKey;  ///< in the order of RecorderKey
     Box Cup;                                     ///< the dice cup with its shadow
-    bool HasLargeKeys() const { return KeyCase.width != 0; }
+    bool HasLargeKeys() const { return KeyPad.width != 0; }
+    /// Holds the large switch alone while the recorder is off.
+    Box SwitchPad() const;
 
     /// A point of the layout in device pixels of the window.
     QPointF Device(QPointF at) const { return QPointF(DeviceLeft, DeviceTop) + at * Unit; }

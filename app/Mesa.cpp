@@ -197,6 +197,7 @@ void Mesa::paintEvent(QPaintEvent* event) {
             QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toAlignedRect();
         if (!board.contains(device)) painter.fillRect(device, palette::DarkWood);
         const QRect seen = device & board;
+        if (seen.isEmpty()) continue;
         painter.drawPixmap(seen.topLeft(), scene_->Painted(seen), seen);
     }
 }

@@ -102,8 +102,8 @@ public:
 
     /// Shows the hourglass over the whole window while the game prepares, else the other cursors.
     void SetScreenCursor(ScreenCursor cursor);
-    /// Shows the cursors of board, menu and recorder as the game stands. Must be called when it changes
-    /// what a click does.
+    /// Shows cursors and keys as the game and the recorder stand. Must be called when it changes what a
+    /// click does.
     void RefreshCursor();
     /// Whether another window waits for an answer, so that a click on this one does nothing.
     static bool IsBlocked();

@@ -14,6 +14,8 @@
 namespace zorva {
 namespace {
 
+constexpr int rowsInTheLamp = 7;  // from the lowest up
+
 // In layout pixels.
 constexpr double linePitch = 16;
 constexpr double fontSize = 12.5;
@@ -23,7 +25,6 @@ constexpr double paperWidth = 150;  // holds every line; on narrower paper the f
 constexpr double markWidth = 3;     // of the edge of the selected line
 constexpr double moverWidth = 2.6;  // of the mark in the mover's colour, beside it
 constexpr double shadowHeight = 9;  // of the slit
-constexpr int rowsInTheLamp = 7;    // the newest
 constexpr double unprinted = 20;    // below the last line, to the torn edge
 constexpr double tooth = 5;         // of the torn edge: its width; it is less deep
 constexpr double foldHeight = 10;   // where paper that reaches the log's end bends away
@@ -234,7 +235,8 @@ void MoveLog::PaintPaper(QPainter& painter) const {
     const QPainterPath paper = Paper();
     const double unit = services_.ToLogical(1);
     const double end = std::min<double>(paper.boundingRect().bottom(), height());
-    // While the paper grows it is painted for each line: only the parts that show anything are filled.
+    // The growing paper is painted anew for each line, so each effect fills only the part where it
+    // shows.
     const auto fill = [&](const QRectF& part, const QPainterPath& path, const QBrush& brush) {
         painter.setClipRect(part);
         painter.fillPath(path, brush);
@@ -251,10 +253,10 @@ void MoveLog::PaintPaper(QPainter& painter) const {
         painter.fillRect(QRect(0, top, width(), rowHeight) & ruled, palette::RuledPaper);
     }
     QLinearGradient shade(0, 0, 0, end);
-    constexpr double lit = 0.9;
+    constexpr double litFrom = 0.9;
     shade.setColorAt(0, QColor(96, 52, 10, 104));
-    shade.setColorAt(std::max(0.1, lit - rowsInTheLamp * rowHeight / end), QColor(110, 62, 12, 84));
-    shade.setColorAt(lit, QColor(130, 78, 18, 0));
+    shade.setColorAt(std::max(0.1, litFrom - rowsInTheLamp * rowHeight / end), QColor(110, 62, 12, 84));
+    shade.setColorAt(litFrom, QColor(130, 78, 18, 0));
     painter.fillPath(paper, shade);
     if (end >= height()) {
         const double fold = services_.ToLogical(foldHeight);

@@ -30,7 +30,6 @@ constexpr double belowMiddle = 7;    // the small key lies above one of them
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double shadowReach = 11;
 constexpr QPointF shadowFall(2.5, 3.5);
-constexpr double aroundKeyCase = 4;
 constexpr double keyPadBorder = 0.6;
 constexpr double paperShadow = 0.35;  // its opacity: it lies flatter than a pad does
 constexpr double grainSide = 48;
@@ -163,16 +162,11 @@ void PaintProgramName(QPainter& painter, const Layout& layout) {
     }
 }
 
-QRectF KeyPad(const Box& keys) {
-    constexpr double around = aroundKeyCase;
-    return AsRect(keys).adjusted(-around, -around, around, around);
-}
-
 }  // namespace
 
 QRect PanelArea(const Layout& layout, QSize devicePixels) {
     QRectF area = Band(layout) | AsRect(layout.LogPaper);
-    if (layout.HasLargeKeys()) area |= KeyPad(layout.SwitchCase) | AsRect(layout.Cup);
+    if (layout.HasLargeKeys()) area |= AsRect(layout.SwitchPad()) | AsRect(layout.Cup);
     constexpr double beyond = 2 * shadowReach;
     area.adjust(-beyond, -beyond, beyond, beyond);
     return OnDevice(layout, area).toAlignedRect() & QRect(QPoint(), devicePixels);
@@ -196,20 +190,19 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     PaintReels(painter, artwork, layout, body);
     PaintProgramName(painter, layout);
     if (!layout.HasLargeKeys()) return;
-    PaintPad(painter, artwork, layout, KeyPad(layout.SwitchCase), keyPadBorder, grain);
+    PaintPad(painter, artwork, layout, AsRect(layout.SwitchPad()), keyPadBorder, grain);
     artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
 }
 
 QRect KeyPadArea(const Layout& layout) {
     if (!layout.HasLargeKeys()) return {};
     constexpr double beyond = 2 * shadowReach;
-    return OnDevice(layout, KeyPad(layout.KeyCase).adjusted(-beyond, -beyond, beyond, beyond))
+    return OnDevice(layout, AsRect(layout.KeyPad).adjusted(-beyond, -beyond, beyond, beyond))
         .toAlignedRect();
 }
 
 void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout) {
-    PaintPad(painter, artwork, layout, KeyPad(layout.KeyCase), keyPadBorder,
-             Grain(artwork, layout.Unit));
+    PaintPad(painter, artwork, layout, AsRect(layout.KeyPad), keyPadBorder, Grain(artwork, layout.Unit));
 }
 
 }  // namespace zorva

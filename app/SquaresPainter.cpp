@@ -34,7 +34,7 @@ public:
 
     void PaintColours() {
         for (int row = 13; row < 20; ++row) Fan(Inlay(4 * block, row * cell));
-        Inlay(5 * block, 16 * cell);  // ring and figure leave no room for more
+        Inlay(5 * block, 16 * cell);  // no fan: ring and figure leave no room for one
         Goal();
     }
 
@@ -75,14 +75,14 @@ private:
     // A fan that points to the goal.
     void Fan(const QRect& field) {
         const QPointF inwards = BoardGrid::Turned({0, 0}, colour_) - BoardGrid::Turned({0, 1}, colour_);
-        Furrow(QRectF(field), QRectF(field).center() + fanFrom * unit_ * inwards,
-               fanFurrow - 0.045 / unit_);
+        Engrave(QRectF(field), QRectF(field).center() + fanFrom * unit_ * inwards,
+                fanFurrow - fanEdges / unit_);
     }
 
-    // Furrows that run together at `from` and are deepest in their middle. Each takes that share of its
-    // ray, less on a small board, where strings and wells take more: more than half of each square and
-    // goal keeps the colour itself.
-    void Furrow(const QPolygonF& field, QPointF from, double share) {
+    // Furrows that meet at `from`, each deepest along its middle. A furrow takes `share` of its part of
+    // the circle; on a small board less, where brass and wells take more, so that more than half of each
+    // square and goal keeps its pure colour.
+    void Engrave(const QPolygonF& field, QPointF from, double share) {
         QConicalGradient furrows(from, 0);
         QColor ground = rim_, ridge = rim_;
         ground.setAlphaF(deepestFurrow);
@@ -131,7 +131,7 @@ private:
         const QPolygonF field = triangle(goalBandWidth);
         painter_.setBrush(base_);
         painter_.drawPolygon(field);
-        Furrow(field, goal[2], goalFurrow - 0.15 / unit_);
+        Engrave(field, goal[2], goalFurrow - goalEdges / unit_);
     }
 
     QColor Band() const { return Mixed(base_, rim_, 0.8); }
@@ -140,10 +140,12 @@ private:
     // In units of which a cell has 33.
     static constexpr double bandWidth = 2.6, goalBandWidth = 3;
     static constexpr double stringWidth = 0.9;
-    static constexpr int rays = 16;        // all around
     static constexpr double fanFrom = 24;  // from the middle of the square
-    static constexpr double fanFurrow = 0.325, goalFurrow = 0.37;
-    static constexpr float deepestFurrow = 0.54F;
+
+    static constexpr int rays = 16;  // all around
+    static constexpr double fanFurrow = 0.325, fanEdges = 0.045;
+    static constexpr double goalFurrow = 0.37, goalEdges = 0.15;
+    static constexpr float deepestFurrow = 0.54F;  // its opacity
 
     QPainter& painter_;
     const BoardGrid& grid_;

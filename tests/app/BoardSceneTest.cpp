@@ -43,7 +43,7 @@ struct Board : BoardWindow {
     QImage PartOf(const QPixmap& picture) const {
         QPixmap board = picture;
         for (const Box& box :
-             {layout.Buttons, layout.Recorder, layout.LogPaper, layout.KeyCase, layout.Chances})
+             {layout.Buttons, layout.Recorder, layout.LogPaper, layout.KeyPad, layout.Chances})
             QPainter(&board).fillRect(fresh.DeviceArea(box, 2), Qt::black);
         return board.toImage().convertToFormat(QImage::Format_RGB32);
     }
@@ -67,7 +67,7 @@ struct Board : BoardWindow {
     BoardPainter fresh{mesa.Shared().artwork};
 };
 
-/// The smallest rectangle around all pixels that differ; a step or two in shade is rounding.
+/// The smallest rectangle around all pixels that differ by more than a few steps of shade.
 QRect Difference(const QImage& one, const QImage& other) {
     constexpr int rounding = 6;
     QRect found;

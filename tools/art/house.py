@@ -100,8 +100,9 @@ def _facet(x, y, turn, outline):
 
 
 def _inlays(board, inlays, light=IVORY_LIT, shade=IVORY_SHADE):
-    """Inlays of ivory: each a place, a direction and half its outline, from the axis to the right. One half of
-    each lies in the light of the lamp, the other is shaded; all that are alike make one path."""
+    """Inlays, of ivory unless other colours are given: each a place, a direction and half its outline, from the axis
+    to the right. One half of each lies in the light of the lamp, the other is shaded; all that are alike make one
+    path."""
     lit, shaded = "", ""
     for x, y, turn, half in inlays:
         for side in (1, -1):
