@@ -97,13 +97,24 @@ bool BoardScene::IsMoving(PieceCode piece) const {
                        [piece](const auto& motion) { return motion.piece == piece; });
 }
 
+// Parts that lie on one another are painted as one.
 void BoardScene::Repaint(const QRect& device) {
     const QRect part = device.intersected(painter_.Picture().rect());
-    if (!part.isEmpty()) changed_(part);
+    if (part.isEmpty()) return;
+    const auto pixels = [](const QRect& area) { return area.width() * area.height(); };
+    const auto other = std::find_if(stale_.begin(), stale_.end(), [&](const QRect& stale) {
+        return pixels(stale | part) <= pixels(stale) + pixels(part);
+    });
+    if (other != stale_.end()) {
+        *other |= part;
+    } else {
+        stale_.push_back(part);
+    }
+    changed_(part);
 }
 
-const QPixmap& BoardScene::Painted(const QRect& part) {
-    painter_.Paint(view_, settings_, part);
+const QPixmap& BoardScene::Picture() {
+    for (const QRect& part : std::exchange(stale_, {})) painter_.Paint(view_, settings_, part);
     return painter_.Picture();
 }
 

@@ -31,8 +31,8 @@ public:
     Background& TheBackground() { return painter_.TheBackground(); }
     /// Shows everything on another layout. What moves goes on from the same place of the board.
     void SetScreen(const Layout& layout, QSize devicePixels);
-    /// The board, painted within that part of the window, in device pixels.
-    const QPixmap& Painted(const QRect& part);
+    /// The board, in device pixels of the window. Paints what has changed since the last call.
+    const QPixmap& Picture();
     QSize PictureSize() const { return painter_.Picture().size(); }
     const BoardView& View() const { return view_; }
 
@@ -143,6 +143,7 @@ private:
     Changed changed_;
     Layout layout_;
     BoardView view_;
+    std::vector<QRect> stale_;  // parts of the picture that look different by now
     Point cursor_;
     PerColour<QString> chances_;  // the lines on the cards
     std::vector<PieceMotion> motions_;

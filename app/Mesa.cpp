@@ -191,14 +191,12 @@ void Mesa::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const double ratio = services_.devicePixelRatio;
     painter.scale(1 / ratio, 1 / ratio);
-    const QRect board(QPoint(), scene_->PictureSize());
+    const QPixmap& board = scene_->Picture();
     for (const QRect& part : event->region()) {
         const QRect device =
             QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toAlignedRect();
-        if (!board.contains(device)) painter.fillRect(device, palette::DarkWood);
-        const QRect seen = device & board;
-        if (seen.isEmpty()) continue;
-        painter.drawPixmap(seen.topLeft(), scene_->Painted(seen), seen);
+        if (!board.rect().contains(device)) painter.fillRect(device, palette::DarkWood);
+        painter.drawPixmap(device.topLeft(), board, device);
     }
 }
 
