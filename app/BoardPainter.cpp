@@ -196,8 +196,8 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     if (view.sign != BoardView::NewGameSign) PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse, part);
     PaintLastMove(painter, view, part);
-    PaintChoices(painter, view, part);
     const BoardView::ShownMove& shown = view.preview.piece != 0 ? view.preview : view.shown;
+    PaintChoices(painter, view, shown, part);
     PaintShownMove(painter, view, shown, part);
     const std::vector<PieceCode> pieces = PiecesFromBehind(view, part);
     // The rings first, or the ring of one piece would lie on the piece beside it.
@@ -433,8 +433,10 @@ void BoardPainter::PaintShownMove(QPainter& painter, const BoardView& view,
 
 // A dashed ring where each piece that can be picked would stand: the way itself is shown for the piece
 // under the cursor alone.
-void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view, const QRect& part) {
-    std::vector<QPointF> ringed;  // two pieces of a square go to the same place
+void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view,
+                                const BoardView::ShownMove& shown, const QRect& part) {
+    // The shown move has a ring of its own there, and two pieces of a square go to the same place.
+    std::vector<QPointF> ringed{shown.place};
     for (const BoardView::ShownMove& move : view.choices) {
         const bool isRinged = std::find(ringed.begin(), ringed.end(), move.place) != ringed.end();
         if (move.to == 0 || isRinged || !PieceArea(move.place).intersects(part)) continue;

@@ -81,7 +81,8 @@ private:
                           const BoardView::DiePose& pose);
     void PaintShownMove(QPainter& painter, const BoardView& view, const BoardView::ShownMove& move,
                         const QRect& part);
-    void PaintChoices(QPainter& painter, const BoardView& view, const QRect& part);
+    void PaintChoices(QPainter& painter, const BoardView& view, const BoardView::ShownMove& shown,
+                      const QRect& part);
     void PaintRingOf(QPainter& painter, const BoardView& view, const BoardView::ShownMove& shown,
                      PieceCode code);
     void PaintFrame(QPainter& painter, QPointF centre);
