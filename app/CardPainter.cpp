@@ -337,10 +337,10 @@ void PaintLine(QPainter& painter, const PixmapCache& cache, const Layout& layout
     const QColor faint = enamelled ? ink : FaintText(lit);
     BoxPainter box(painter, OnDevice(layout, layout.Line), layout.Unit, scale);
     const QString more = WithNumbersKept(view.line.hint.isEmpty() ? view.latest : view.line.hint);
-    const double aside = enamelled ? 12 : 8;  // within the brass frame
-    const QRectF inside = box.Whole().adjusted(aside, 5, -aside, -5);
     const double unit = layout.Unit * scale;
     const bool below = !isFlat && !more.isEmpty();
+    const double aside = enamelled && !below ? 12 : 8;  // from the screws
+    const QRectF inside = box.Whole().adjusted(aside, 5, -aside, -5);
     if (enamelled && !below) box.Screws();  // else the lower text needs the corners
     const QString what = isFlat ? QString(view.line.what).replace('\n', ' ') : view.line.what;
     const LineSizes sizes = LineSizesFor(what, below ? more : QString(), inside.size(), unit);
