@@ -97,10 +97,13 @@ bool BoardScene::IsMoving(PieceCode piece) const {
                        [piece](const auto& motion) { return motion.piece == piece; });
 }
 
-// Parts that lie on one another are painted as one.
+// Parts that lie on one another are painted as one. While the window is hidden nothing is painted: then
+// the list would grow with every move.
 void BoardScene::Repaint(const QRect& device) {
-    const QRect part = device.intersected(painter_.Picture().rect());
+    const QRect whole = painter_.Picture().rect(), part = device & whole;
     if (part.isEmpty()) return;
+    constexpr std::size_t mostParts = 500;
+    if (stale_.size() >= mostParts) stale_ = {whole};
     const auto pixels = [](const QRect& area) { return area.width() * area.height(); };
     const auto other = std::find_if(stale_.begin(), stale_.end(), [&](const QRect& stale) {
         return pixels(stale | part) <= pixels(stale) + pixels(part);
