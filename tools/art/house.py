@@ -155,8 +155,8 @@ def draw_place(colour):
     place = Drawing((0, 0, 40, 40), "A safe place to stand on. Drawn by tools/make_art.py.")
     if colour:
         tones = TONES[colour]
-        place.circle(20.6, 20.7, 14.2, stroke=mix(tones.base, "#ffffff", 0.4), stroke_width=1.3)
-        place.circle(20, 20, 14.2, stroke=mix(tones.base, tones.deep, 0.8), stroke_width=1.3)
+        place.circle(20, 20, 14.6, fill=tones.base)
+        place.circle(20, 20, 14.6, stroke=mix(tones.base, tones.deep, 0.8), stroke_width=1.1)
     else:
         # Printed flat and lighter than any piece, with the star of the board's middle.
         print_ = mix(BRASS_DARK, PAPER, 0.3)
