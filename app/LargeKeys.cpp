@@ -25,13 +25,13 @@ LargeKeys::LargeKeys(QWidget* window, const Services& services,
     }
 }
 
-void LargeKeys::Refresh(const std::function<bool(RecorderKey)>& isLive, bool isOn, bool isGameOn) {
+void LargeKeys::Refresh(const std::function<bool(RecorderKey)>& isLive, bool isOn) {
     for (int index = 0; index < RecorderKeyCount; ++index) {
         const auto key = static_cast<RecorderKey>(index);
-        const bool live = isLive && isLive(key);
-        Key(key).setVisible(services_.layout.HasLargeKeys() && (isOn || key == RecorderKey::OnOff));
+        const bool isSwitch = key == RecorderKey::OnOff, live = isLive && isLive(key);
+        Key(key).setVisible(services_.layout.LargeKey[index].width > 0 && (isOn || isSwitch));
         Key(key).ShowLive(live);
-        Key(key).ShowDimmed(key == RecorderKey::OnOff ? !isGameOn : !live);
+        Key(key).ShowDimmed(!live && !isSwitch);
     }
 }
 

@@ -8,8 +8,9 @@
 
 namespace zorva {
 
-/// Pic_Mando: the recorder's six keys once more, large, where the table has room for them. What is
-/// between them belongs to the board. Screen readers have the keys of the RecorderStrip instead.
+/// Pic_Mando: the recorder's six keys once more, large, where there is room for them. The switch is a
+/// reel of the recorder, the others lie on the table while it is on. What is between them belongs to the
+/// board. Screen readers have the keys of the RecorderStrip instead.
 class LargeKeys {
 public:
     /// Creates the keys in the window; `chosen` is called with a key that is pressed, live or not.
@@ -18,10 +19,9 @@ public:
 
     WoodenKey& Key(RecorderKey key) { return *keys_[static_cast<int>(key)]; }
 
-    /// Shows the keys where the table has room for them: all while the recorder is on, else its switch
-    /// alone. Those that do nothing now are dimmed, the switch only when there is nothing to record: it
-    /// would flicker with every turn.
-    void Refresh(const std::function<bool(RecorderKey key)>& isLive, bool isOn, bool isGameOn);
+    /// Shows the switch and, while the recorder is on, the others, where there is room for them. Those
+    /// that do nothing now are dimmed; the switch, which would flicker with every turn, is not.
+    void Refresh(const std::function<bool(RecorderKey key)>& isLive, bool isOn);
 
     /// Whether a key's explanation, which names its keys of the keyboard, is shown when the cursor rests
     /// on it.

@@ -21,7 +21,9 @@ constexpr Short logWidth = 150;
 constexpr Short logTop = 304;
 constexpr Short belowLog = 4;
 constexpr int caseTop = recorderTop - 14;  // of the case that holds the recorder
-constexpr int boardFrame = 16;             // around the squares of the largest board
+constexpr int caseHeight = 14 + recorderHeight + 13;
+constexpr int widestCase = 196;
+constexpr int boardFrame = 16;  // around the squares of the largest board
 
 // --------------------------------------------------------------------- the screen and the board
 
@@ -81,7 +83,7 @@ constexpr int usualCard = 148;  // the band makes room for it
 constexpr int widestCard = 264;
 constexpr int furthestFromBoard = 44;
 constexpr int widestBand = 248;
-constexpr int narrowestBand = 196;  // as wide as the recorder's case
+constexpr int narrowestBand = widestCase;
 
 // The band reaches nearly from side to side of its room, and makes room for cards where they fit at
 // all. Where wood lies above it, its edge is seen unless the paper needs all the room.
@@ -180,6 +182,25 @@ void PlaceStrip(Layout& layout) {
     layout.LogPaper = {ToShort(left), logTop, ToShort(std::max(right - left, 1)), ToShort(height)};
 }
 
+// The case is as wide as the band allows, and wider than the paper that comes out of it. The reels are
+// as large as the case allows.
+void PlaceCase(Layout& layout) {
+    constexpr int besideCase = 12, beyondPaper = 3, besideReel = 6, belowMiddle = 7;
+    constexpr int widestReel = 58, smallestReel = 18;
+    const int overPaper = std::min(layout.LogPaper.width + 2 * beyondPaper, layout.BandWidth - 2);
+    const int width = std::max(std::min(layout.BandWidth - 2 * besideCase, widestCase), overPaper);
+    layout.Case = {CentredBesideBoard(layout, width), caseTop, ToShort(width), caseHeight};
+    const int room = (width - recorderWidth) / 2;
+    const int side = std::min(room - 2 * besideReel, widestReel);
+    if (side < smallestReel) return;
+    const Point middle = layout.Recorder.Centre();
+    const int fromMiddle = (recorderWidth + room - 3) / 2;
+    const Short top = ToShort(middle.y + belowMiddle - side / 2);
+    layout.Reel = {ToShort(middle.x - fromMiddle - side / 2), top, ToShort(side), ToShort(side)};
+    layout.LargeKey[0] = layout.Reel;
+    layout.LargeKey[0].x = ToShort(layout.Reel.x + 2 * fromMiddle);
+}
+
 // --------------------------------------------------------------- the free table: keys and cup
 
 constexpr int padBorder = 10;  // around the large keys
@@ -194,18 +215,18 @@ Box Around(const Box& box, int border) {
 // Upright they lie as on the strip: backwards left, forwards right. Across, the keys that go by
 // themselves lie below those that go one step.
 void PlaceLargeKeys(Layout& layout, Point centre, int side, bool across) {
+    // In halves of a key.
     constexpr std::array<std::array<int, 2>, RecorderKeyCount> upright{
-        {{0, 0}, {0, 1}, {1, 1}, {0, 2}, {1, 2}, {1, 0}}};
+        {{}, {0, 0}, {2, 0}, {0, 2}, {2, 2}, {1, 4}}};
     constexpr std::array<std::array<int, 2>, RecorderKeyCount> lying{
-        {{0, 0}, {1, 0}, {2, 0}, {1, 1}, {2, 1}, {0, 1}}};
-    const int columns = across ? 3 : 2;
-    const int width = columns * (side + keyGap) - keyGap;
-    const int height = (RecorderKeyCount / columns) * (side + keyGap) - keyGap;
+        {{}, {0, 0}, {2, 0}, {0, 2}, {2, 2}, {4, 1}}};
+    const int step = side + keyGap;
+    const int width = (across ? 3 : 2) * step - keyGap, height = (across ? 2 : 3) * step - keyGap;
     const int left = centre.x - width / 2, top = centre.y - height / 2;
-    for (std::size_t key = 0; key < layout.LargeKey.size(); ++key) {
+    for (std::size_t key = 1; key < layout.LargeKey.size(); ++key) {
         const auto [column, row] = across ? lying[key] : upright[key];
-        layout.LargeKey[key] = {ToShort(left + column * (side + keyGap)),
-                                ToShort(top + row * (side + keyGap)), ToShort(side), ToShort(side)};
+        layout.LargeKey[key] = {ToShort(left + column * step / 2), ToShort(top + row * step / 2),
+                                ToShort(side), ToShort(side)};
     }
     layout.KeyPad = Around({ToShort(left), ToShort(top), ToShort(width), ToShort(height)}, padBorder);
 }
@@ -357,10 +378,6 @@ Box Layout::NamePlate(Colour colour) const {
     return InHouse(*this, colour, 140, 48, 156, 26);
 }
 
-Box Layout::SwitchPad() const {
-    return Around(LargeKey[0], padBorder);
-}
-
 Box Layout::House(Colour colour) const {
     return {CornerBox[colour].x, CornerBox[colour].y, BoxSide, BoxSide};
 }
@@ -373,6 +390,7 @@ Layout LayoutFor(int deviceWidth, int deviceHeight) {
     if (!PlaceCardsBeside(layout)) PlaceCardsBelow(layout);
     PlaceButtons(layout);
     PlaceStrip(layout);
+    PlaceCase(layout);
     if (!PlaceRightOfBand(layout) && layout.DeviceTop > 0 && layout.Line.y < 0) PlaceAboveLine(layout);
     return layout;
 }

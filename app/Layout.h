@@ -72,18 +72,20 @@ struct Layout {
     Box Buttons;                              ///< Pic_Botones
     std::array<Box, MenuButtonCount> Button;  ///< Pic_Boton, in the order of the menu
     Box Recorder;                             ///< Pic_Grabadora
+    Box Case;                                 ///< holds the recorder and its reels
+    Box Reel;                                 ///< the left one; the right one is a large key
     Box Chances;                              ///< the key of the chances, on the recorder's case
     Box Log;                                  ///< Lis_Grabadora
     Box LogPaper;  ///< what is seen of the log: the part beside the board and on the screen
 
+    /// The recorder's large keys, in the order of RecorderKey: the switch is its right reel, the others
+    /// lie on a pad. Where there is no room, widths are 0.
+    std::array<Box, RecorderKeyCount> LargeKey;
     // What lies on the free table right of the panel or, on a tall screen, above the line. Where there
-    // is no room, all widths are 0.
-    Box KeyPad;                                  ///< holds the recorder's large keys while it is on
-    std::array<Box, RecorderKeyCount> LargeKey;  ///< in the order of RecorderKey
-    Box Cup;                                     ///< the dice cup with its shadow
+    // is no room, both widths are 0.
+    Box KeyPad;  ///< is there while the recorder is on
+    Box Cup;     ///< the dice cup with its shadow
     bool HasLargeKeys() const { return KeyPad.width != 0; }
-    /// Holds the large switch alone while the recorder is off.
-    Box SwitchPad() const;
 
     /// A point of the layout in device pixels of the window.
     QPointF Device(QPointF at) const { return QPointF(DeviceLeft, DeviceTop) + at * Unit; }

@@ -303,7 +303,7 @@ void Mesa::RefreshCursor() {
     RefreshHourglass();
     buttons_->Refresh();
     strip_->RefreshCursor();
-    largeKeys_->Refresh(strip_->IsLive, scene_->View().tape >= 0, state_.GameInProgress != No);
+    largeKeys_->Refresh(strip_->IsLive, scene_->View().tape >= 0);
     chances_->ShowLive(!IsBlocked());
     ShowCursor(*this, CursorAt && !IsBlocked() ? CursorAt(at) : QCursor(Qt::ArrowCursor));
 }

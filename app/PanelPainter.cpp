@@ -18,15 +18,6 @@ constexpr double bandCorner = 24;   // the corner of the drawing, which is not s
 constexpr double tooledEdge = 9.5;  // the part of that up to the inner line of gold
 constexpr double opaqueBand = 8;    // the part of that which is round and not opaque
 constexpr double caseCorner = 14;
-constexpr double widestCase = 196;
-constexpr double besideCase = 12;
-constexpr double beyondPaper = 6;
-constexpr double caseAbove = 14;  // the recorder's strip
-constexpr double caseBelow = 13;
-constexpr double widestReel = 58;
-constexpr double smallestReel = 18;  // where there is less room, the reels are left out
-constexpr double besideReel = 6;
-constexpr double belowMiddle = 7;    // the small key lies above one of them
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double shadowReach = 11;
 constexpr QPointF shadowFall(2.5, 3.5);
@@ -74,27 +65,6 @@ QRectF Band(const Layout& layout) {
     const double width = layout.BandWidth;
     const double beyond = layout.DeviceTop > beyondBand * layout.Unit ? beyondBand : 2 * bandCorner;
     return {layout.BoardExtent + (room - width) / 2, -beyond, width, layout.ScreenHeight + 2 * beyond};
-}
-
-// The recorder's case: as wide as the band allows, around the strip, and wider than the paper.
-QRectF Case(const Layout& layout, const QRectF& band) {
-    const double overPaper = std::min(layout.LogPaper.width + beyondPaper, band.width() - 2);
-    const double width = std::max(std::min(band.width() - 2 * besideCase, widestCase), overPaper);
-    return {band.center().x() - width / 2, layout.Recorder.y - caseAbove, width,
-            layout.Recorder.height + caseAbove + caseBelow};
-}
-
-// A tape reel at either side of the strip, as large as the case allows.
-void PaintReels(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& body) {
-    const double free = (body.width() - layout.Recorder.width) / 2;
-    const double side = std::min(free - 2 * besideReel, widestReel);
-    if (side < smallestReel) return;
-    for (const double direction : {-1.0, 1.0}) {
-        QRectF reel(0, 0, side, side);
-        reel.moveCenter({body.center().x() + direction * (layout.Recorder.width + free - 3) / 2,
-                         layout.Recorder.y + layout.Recorder.height / 2.0 + belowMiddle});
-        artwork.Paint(painter, "panel_reel", OnDevice(layout, reel));
-    }
 }
 
 // How large the band's border is drawn, of its own size.
@@ -166,7 +136,7 @@ void PaintProgramName(QPainter& painter, const Layout& layout) {
 
 QRect PanelArea(const Layout& layout, QSize devicePixels) {
     QRectF area = Band(layout) | AsRect(layout.LogPaper);
-    if (layout.HasLargeKeys()) area |= AsRect(layout.SwitchPad()) | AsRect(layout.Cup);
+    if (layout.HasLargeKeys()) area |= AsRect(layout.Cup);
     constexpr double beyond = 2 * shadowReach;
     area.adjust(-beyond, -beyond, beyond, beyond);
     return OnDevice(layout, area).toAlignedRect() & QRect(QPoint(), devicePixels);
@@ -185,13 +155,12 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     painter.setOpacity(paperShadow);
     PaintShadow(painter, artwork, layout, AsRect(layout.LogPaper));
     painter.setOpacity(1);
-    const QRectF body = Case(layout, band);
-    PaintStretched(painter, artwork, "panel_case", OnDevice(layout, body), caseCorner, layout.Unit);
-    PaintReels(painter, artwork, layout, body);
+    PaintStretched(painter, artwork, "panel_case", OnDevice(layout, AsRect(layout.Case)), caseCorner,
+                   layout.Unit);
+    if (layout.Reel.width > 0)
+        artwork.Paint(painter, "panel_reel", OnDevice(layout, AsRect(layout.Reel)));
     PaintProgramName(painter, layout);
-    if (!layout.HasLargeKeys()) return;
-    PaintPad(painter, artwork, layout, AsRect(layout.SwitchPad()), keyPadBorder, grain);
-    artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
+    if (layout.HasLargeKeys()) artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
 }
 
 QRect KeyPadArea(const Layout& layout) {

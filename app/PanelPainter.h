@@ -12,8 +12,7 @@ struct Layout;
 
 /// Paints what lies under the buttons, the recorder and the log: a pad of leather on the table right of
 /// the board, and on it the case of the recorder, out of which the log's paper comes. Where there is
-/// room the recorder's large switch lies beside it on a pad of its own, and a dice cup. The painter's
-/// pixels are the window's device pixels.
+/// room a dice cup lies beside it. The painter's pixels are the window's device pixels.
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
 
 /// The device pixels of a window of that size which it may touch.
@@ -22,10 +21,10 @@ QRect PanelArea(const Layout& layout, QSize devicePixels);
 /// The device pixels of the window where the opaque middle of the pad hides the table.
 QRect HiddenByPanel(const Layout& layout);
 
-/// The pad of leather that holds all large keys while the recorder is on. It covers that of the switch.
+/// The pad of leather that holds large keys while the recorder is on.
 void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout);
 
-/// The device pixels that it touches with its shadow; none where there are no large keys.
+/// The device pixels that it touches with its shadow; none where there is no pad.
 QRect KeyPadArea(const Layout& layout);
 
 }  // namespace zorva

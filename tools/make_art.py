@@ -37,6 +37,8 @@ def drawings():
     for pressed, ending in ((False, ""), (True, "_pressed")):
         for index in range(6):
             yield f"bitmaps/button_{index}{ending}", partial(keys.draw_button, index, pressed)
+        yield f"bitmaps/recorder_0{ending}", partial(panel.draw_switch, pressed)
+        for index in keys.RECORDER:
             yield f"bitmaps/recorder_{index}{ending}", partial(keys.draw_recorder, index, pressed)
         yield f"bitmaps/button_chances{ending}", partial(keys.draw_chances, pressed)
         for name in ("yes", "no", "accept"):

@@ -43,7 +43,7 @@ struct Board : BoardWindow {
     QImage PartOf(const QPixmap& picture) const {
         QPixmap board = picture;
         for (const Box& box :
-             {layout.Buttons, layout.Recorder, layout.LogPaper, layout.KeyPad, layout.Chances})
+             {layout.Buttons, layout.Case, layout.LogPaper, layout.KeyPad, layout.Chances})
             QPainter(&board).fillRect(fresh.DeviceArea(box, 2), Qt::black);
         return board.toImage().convertToFormat(QImage::Format_RGB32);
     }

@@ -116,7 +116,11 @@ TEST(Controls, ShowTheHandWhereTheyAreLiveAndTheHourglassOverEverything) {
 }
 
 TEST(Controls, OfTheRecorderAreThereOnceMoreLargeWhereThereIsRoom) {
-    EXPECT_FALSE(BoardWindow().mesa.RecorderKeys().Key(RecorderKey::OnOff).isVisible());
+    BoardWindow small;
+    small.mesa.Scene().ShowTape(3);
+    small.mesa.RefreshCursor();
+    EXPECT_TRUE(small.mesa.RecorderKeys().Key(RecorderKey::OnOff).isVisible());
+    EXPECT_FALSE(small.mesa.RecorderKeys().Key(RecorderKey::BackOne).isVisible());
     BoardWindow window("", {1366, 768});
     Mesa& mesa = window.mesa;
     WoodenKey& key = mesa.RecorderKeys().Key(RecorderKey::BackOne);

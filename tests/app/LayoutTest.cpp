@@ -125,8 +125,10 @@ TEST(Layout, HasRoomForEverythingBesideTheBoard) {
             EXPECT_FALSE(keys.intersects(place));
             keys += place;
             if (!layout.HasLargeKeys()) continue;
-            EXPECT_TRUE(layout.KeyPad.Contains({key.x, key.y}) && key.width * layout.Unit >= 44);
-            EXPECT_GE(layout.KeyPad.x + layout.KeyPad.width, key.x + key.width);
+            const bool isSwitch = &key == layout.LargeKey.data();  // a reel on the case
+            EXPECT_GE(key.width * layout.Unit, isSwitch ? 33 : 44);
+            const Box& holder = isSwitch ? layout.Case : layout.KeyPad;
+            EXPECT_TRUE(QRect(holder.x, holder.y, holder.width, holder.height).contains(place));
         }
         withKeys += layout.HasLargeKeys() ? 1 : 0;
         EXPECT_LE(layout.LogPaper.y + layout.LogPaper.height, layout.ScreenHeight - 4);

@@ -1,4 +1,4 @@
-"""The wooden keys: six menu buttons, the six large keys of the recorder and the buttons of the message window."""
+"""The wooden keys: six menu buttons, five large keys of the recorder and the buttons of the message window."""
 
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, IVORY
 from .svg import Drawing, mix, num
@@ -39,10 +39,10 @@ def draw_inlay(drawing, x, y, width, height, rx, pressed, weight=1.2):
 class Emblem:
     """Draws an emblem twice: first its shadow in the wood, then the ivory inlay."""
 
-    def __init__(self, drawing, pressed, colour=None):
+    def __init__(self, drawing, pressed):
         self.drawing = drawing
         shift = 1.2 if pressed else 0
-        ivory = colour or (mix(IVORY, FACE, 0.3) if pressed else "#fdf4df")
+        ivory = mix(IVORY, FACE, 0.3) if pressed else "#fdf4df"
         self.passes = ((shift + 0.9, shift + 1.1, SHADE), (shift, shift, ivory))
 
     def paint(self, shape):
@@ -127,15 +127,6 @@ def _triangle(d, colour, left, right):
     d.path(f"M{right} 32L{left} 18L{left} 46Z", fill=colour, stroke=colour, stroke_width=3, stroke_linejoin="round")
 
 
-def _tape(d, colour, wood):
-    d.rect(10, 16, 44, 32, 5, fill=colour)
-    d.rect(15, 21, 34, 16, 8, fill=wood)
-    for x in (23.5, 40.5):
-        d.circle(x, 29, 6, fill=colour)
-        d.circle(x, 29, 2.4, fill=wood)
-    d.path("M20 48L23 41.5L41 41.5L44 48Z", fill=wood)
-
-
 def _one(d, colour, back, front):
     _triangle(d, colour, back, front)
     d.rect(front + (4 if front > back else -9), 16.6, 5, 30.8, 1.6, fill=colour)
@@ -164,22 +155,19 @@ def _restore(d, colour, wood):
     d.path("M11 24L27 12.5L27 35.5Z", fill=colour, stroke=colour, stroke_width=2, stroke_linejoin="round")
 
 
-RECORDER = ((_tape, "on and off"), (_back_one, "one move back"), (_forward_one, "one move forward"),
-            (_back, "back by itself"), (_forward, "forward by itself"), (_restore, "restore"))
+RECORDER = {1: (_back_one, "one move back"), 2: (_forward_one, "one move forward"), 3: (_back, "back by itself"),
+            4: (_forward, "forward by itself"), 5: (_restore, "restore")}
 
 
 def draw_recorder(index, pressed):
-    """A large key of the recorder. The switch glows while it is pressed, that is on."""
+    """A large key of the recorder; its switch, the first of the six, is a reel."""
     emblem, name = RECORDER[index]
     state = "pressed" if pressed else "at rest"
     key = Drawing((0, 0, 64, 64), f"Large key of the recorder: {name}, {state}. Drawn by tools/make_art.py.")
     draw_key(key, 3.5, 3.5, 55.5, 55.5, 11, pressed)
     draw_inlay(key, 8.2, 8.2, 46.1, 46.1, 7.2, pressed)
-    lit = pressed and index == 0
-    if lit:
-        key.circle(31.2, 31.2, 23, fill=key.radial(31.2, 31.2, 23, (0, "#ff9a2e", 0.75), (1, "#ff7a1e", 0)))
     key.open_group("translate(31.2 31.2) scale(0.74) translate(-32 -32)")
-    Emblem(key, pressed, "#ffe9a8" if lit else None).paint(emblem)
+    Emblem(key, pressed).paint(emblem)
     key.close_group()
     return key
 

@@ -112,6 +112,35 @@ def draw_case():
 
 def draw_reel():
     reel = Drawing((0, 0, 64, 64), "A reel of the recorder. Drawn by tools/make_art.py.")
+    _platter(reel)
+    _hub(reel, 13.6)
+    for third in range(3):
+        angle = math.radians(120 * third - 90)
+        x, y = 32 + 7.2 * math.cos(angle), 32 + 7.2 * math.sin(angle)
+        reel.circle(x + 0.4, y + 0.5, 3.3, fill="#fff4cf")
+        reel.circle(x, y, 3.2, fill="#24130a")
+    reel.circle(32, 32, 2.6, fill="#24130a")
+    reel.circle(31.6, 31.5, 1.5, fill=BRASS_LIGHT)
+    return reel
+
+
+def draw_switch(pressed):
+    """The reel that switches the recorder on and off. It glows while it is pressed, that is on."""
+    state = "pressed" if pressed else "at rest"
+    reel = Drawing((0, 0, 64, 64), f"Large key of the recorder: on and off, {state}. Drawn by tools/make_art.py.")
+    _platter(reel)
+    if pressed:
+        reel.circle(32, 32, 27, fill=reel.radial(32, 32, 27, (0.5, "#ff8a26", 0.95), (1, "#ff7a1e", 0)))
+    _hub(reel, 17)
+    for shift, ink in ((0.7, "#fff4cf"), (0, "#a82c06" if pressed else "#24130a")):
+        reel.path(f"M{num(27 + shift)} {num(26.6 + shift)}A7.8 7.8 0 1 0 {num(37 + shift)} {num(26.6 + shift)}",
+                  stroke=ink, stroke_width=3, stroke_linecap="round")
+        reel.line(32 + shift, 22.4 + shift, 32 + shift, 31 + shift, stroke=ink, stroke_width=3,
+                  stroke_linecap="round")
+    return reel
+
+
+def _platter(reel):
     reel.soft_disc(33, 33.6, 28.4, 2.4, 0.6)
     rim = reel.linear(8, 8, 56, 56, (0, BRASS_LIGHT), (0.45, BRASS), (1, BRASS_DARK))
     reel.circle(32, 32, 29.4, fill="#120703")
@@ -121,17 +150,12 @@ def draw_reel():
         reel.circle(32, 32, radius, stroke=tone, stroke_width=1)
     reel.path("M32 32L9 19A26.2 26.2 0 0 1 21 8.2Z", fill="#ffffff", fill_opacity=0.07)
     reel.path("M32 32L55 45A26.2 26.2 0 0 1 43 55.8Z", fill="#ffffff", fill_opacity=0.05)
-    reel.circle(32.5, 32.8, 14, fill="#000000", fill_opacity=0.5)
-    reel.circle(32, 32, 13.6, fill=reel.linear(22, 22, 43, 43, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK)))
-    reel.circle(32, 32, 12.2, fill=reel.linear(22, 22, 43, 43, (0, BRASS), (0.5, BRASS_LIGHT), (1, BRASS)))
-    for third in range(3):
-        angle = math.radians(120 * third - 90)
-        x, y = 32 + 7.2 * math.cos(angle), 32 + 7.2 * math.sin(angle)
-        reel.circle(x + 0.4, y + 0.5, 3.3, fill="#fff4cf")
-        reel.circle(x, y, 3.2, fill="#24130a")
-    reel.circle(32, 32, 2.6, fill="#24130a")
-    reel.circle(31.6, 31.5, 1.5, fill=BRASS_LIGHT)
-    return reel
+
+
+def _hub(reel, radius):
+    reel.circle(32.5, 32.8, radius + 0.4, fill="#000000", fill_opacity=0.5)
+    reel.circle(32, 32, radius, fill=reel.linear(22, 22, 43, 43, (0, BRASS_LIGHT), (0.5, BRASS), (1, BRASS_DARK)))
+    reel.circle(32, 32, radius - 1.4, fill=reel.linear(22, 22, 43, 43, (0, BRASS), (0.5, BRASS_LIGHT), (1, BRASS)))
 
 
 def draw_cup():
