@@ -171,9 +171,8 @@ void BoardPainter::SetScreen(const Layout& layout, QSize devicePixels) {
 // -------------------------------------------------------------------------------- what changes
 
 // From below to above: background, houses with their trays, the light round the new-game button, cards
-// and line, the pad of the large keys, the cup in warm light, the sign at a die, pulse, marks of the
-// last move, of the choices and of a shown move, rings, pieces, the frame of the marked one, the piece
-// in the air and the confetti.
+// and line, the cup in warm light, the sign at a die, pulse, marks of the last move, of the choices and
+// of a shown move, rings, pieces, the frame of the marked one, the piece in the air and the confetti.
 void BoardPainter::Paint(const BoardView& view, const Settings& settings, const QRect& part) {
     QPainter painter(&Pic_TableroLleno);
     painter.setClipRect(part);
@@ -191,7 +190,6 @@ void BoardPainter::Paint(const BoardView& view, const Settings& settings, const 
     if (view.sign == BoardView::NewGameSign) PaintInvitation(painter, view.tapping, part);
     PaintCards(painter, artwork_, cache, layout_, view, part);
     PaintLine(painter, cache, layout_, view, part);
-    if (view.tape >= 0) PaintKeyPad(painter, part);
     if (view.cupLit) PaintCup(painter, part);
     if (view.sign != BoardView::NewGameSign) PaintSign(painter, view, part);
     if (view.pulse.reach != 0) PaintPulse(painter, view.pulse, part);
@@ -583,19 +581,6 @@ QRect BoardPainter::SignArea(Colour colour) const {
     const Point middle = layout_.DieBox(colour).Centre();
     return DeviceArea({ToShort(middle.x - reach), ToShort(middle.y - reach), ToShort(2L * reach),
                        ToShort(2L * reach)});
-}
-
-QRect BoardPainter::KeyPadArea() const {
-    return zorva::KeyPadArea(layout_);
-}
-
-void BoardPainter::PaintKeyPad(QPainter& painter, const QRect& part) {
-    const QRect area = KeyPadArea();
-    if (!area.intersects(part)) return;
-    painter.drawPixmap(area.topLeft(), CachedPixmap("key pad", area.size(), [&](QPainter& pad) {
-                           pad.translate(-area.topLeft());
-                           zorva::PaintKeyPad(pad, artwork_, layout_);
-                       }));
 }
 
 // Over the cup of the background, in warm light.

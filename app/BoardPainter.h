@@ -58,8 +58,6 @@ public:
     std::vector<QRect> LastMoveAreas(const BoardView& view) const;
     /// Empty when the flake has left the board and its frame.
     QRect FlakeArea(const BoardView::Flake& flake) const;
-    /// The pad of the recorder's large keys.
-    QRect KeyPadArea() const;
     /// What the sign of BoardView covers, wherever its movement takes it.
     QRect SignArea(Colour colour) const;
 
@@ -88,7 +86,6 @@ private:
     void PaintFrame(QPainter& painter, QPointF centre);
     std::vector<QPointF> TraceOf(const BoardView& view) const;
     void PaintLastMove(QPainter& painter, const BoardView& view, const QRect& part);
-    void PaintKeyPad(QPainter& painter, const QRect& part);
     void PaintCup(QPainter& painter, const QRect& part);
     void PaintInvitation(QPainter& painter, double progress, const QRect& part);
     void PaintSign(QPainter& painter, const BoardView& view, const QRect& part);

@@ -391,8 +391,7 @@ void BoardScene::ShowMarked(PieceCode piece) {
 }
 
 void BoardScene::ShowTape(Short move) {
-    const Short before = std::exchange(view_.tape, move);
-    if ((before < 0) != (move < 0)) Repaint(painter_.KeyPadArea());
+    view_.tape = move;
     ShowGuide();
 }
 

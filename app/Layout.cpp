@@ -85,8 +85,9 @@ constexpr int furthestFromBoard = 44;
 constexpr int widestBand = 248;
 constexpr int narrowestBand = widestCase;
 
-// The band reaches nearly from side to side of its room, and makes room for cards where they fit at
-// all. Where wood lies above it, its edge is seen unless the paper needs all the room.
+// The band lies centred beside the board, reaches nearly from side to side of its room, and makes room
+// for cards where they fit at all. Where wood lies above it, its edge is seen unless the paper needs all
+// the room.
 void PlaceBand(Layout& layout) {
     const int room = layout.ScreenWidth - layout.BoardExtent;
     const int beforeBand = layout.BoardExtent - FrameRight(layout) - 2 * cardGap;
@@ -95,16 +96,16 @@ void PlaceBand(Layout& layout) {
     const int width = cardsFit ? std::clamp(besideCards, narrowestBand, widestBand) : widestBand;
     const bool showsEdge = layout.DeviceTop > 0 && room > logWidth + 30;
     layout.BandWidth = ToShort(std::max(1, std::min(room - (showsEdge ? 12 : 2), width)));
+    layout.BandLeft = CentredBesideBoard(layout, layout.BandWidth);
 }
 
 // Between the board and the band, from the upper edge of the board's frame to its lower one.
 bool PlaceCardsBeside(Layout& layout) {
     constexpr int lineHeight = 88;
     const int left = FrameRight(layout);
-    const int right = CentredBesideBoard(layout, layout.BandWidth);
-    const int width = std::min(right - left - 2 * cardGap, widestCard);
+    const int width = std::min(layout.BandLeft - left - 2 * cardGap, widestCard);
     if (width < narrowestCard || layout.SizeClass < 3) return false;
-    const int x = left + std::min((right - left - width) / 2, furthestFromBoard);
+    const int x = left + std::min((layout.BandLeft - left - width) / 2, furthestFromBoard);
     const int top = layout.Margin - boardFrame;
     const int height = 21 * layout.Cell + 2 * boardFrame;
     const int step = (height - lineHeight + 1) / ColourCount;
@@ -140,15 +141,18 @@ bool PlaceCardsBelow(Layout& layout) {
 
 // ------------------------------------------------------------------------------------ the panel
 
-// Two rows of three keys, as large as the room above the recorder allows: sides of 28 to 64. Where there
-// are no cards the line lies above them.
+// In one row with their names below where the band is wide, else in two rows, as large as the room above
+// the recorder allows: sides of 28 to 64. Where there are no cards the line lies above them.
 void PlaceButtons(Layout& layout) {
-    constexpr int gap = 6, aroundLine = 7, besideLine = 8;
-    const bool isLineAbove = !layout.HasCards();
-    const int side = std::clamp((layout.BandWidth - 34) / 3, 28, isLineAbove ? 56 : 64);
-    const int width = 3 * side + 2 * gap;
-    const int height = 2 * side + gap;
-    const Short left = CentredBesideBoard(layout, width);
+    constexpr int aroundLine = 7, besideLine = 8, besideButtons = 16;
+    const bool isLineAbove = !layout.HasCards(), inOneRow = layout.LabelHeight > 0;
+    const int columns = inOneRow ? MenuButtonCount : MenuButtonCount / 2;
+    const int gap = inOneRow ? 10 : layout.BandWidth > widestBand ? 16 : 6;
+    const int room = layout.BandWidth - (inOneRow ? 2 * besideButtons : 22) - (columns - 1) * gap;
+    const int side = std::clamp(room / columns, 28, isLineAbove ? 56 : 64);
+    const int width = columns * (side + gap) - gap;
+    const int height = MenuButtonCount / columns * (side + gap) - gap;
+    const Short left = ToShort(layout.BandLeft + (layout.BandWidth - width) / 2);
     Short top = ToShort(std::max(8, (recorderTop - height) / 2));
     if (isLineAbove) {
         const int lineWidth = std::max(layout.BandWidth - 2 * besideLine, 1);
@@ -159,8 +163,9 @@ void PlaceButtons(Layout& layout) {
     }
     layout.Buttons = {left, top, ToShort(width), ToShort(height)};
     for (int index = 0; index < MenuButtonCount; ++index) {
-        layout.Button[index] = {ToShort(left + index % 3 * (side + gap)),
-                                ToShort(top + index / 3 * (side + gap)), ToShort(side), ToShort(side)};
+        layout.Button[index] = {ToShort(left + index % columns * (side + gap)),
+                                ToShort(top + index / columns * (side + gap)), ToShort(side),
+                                ToShort(side)};
     }
 }
 
@@ -201,34 +206,25 @@ void PlaceCase(Layout& layout) {
     layout.LargeKey[0].x = ToShort(layout.Reel.x + 2 * fromMiddle);
 }
 
-// --------------------------------------------------------------- the free table: keys and cup
+// --------------------------------------------------------------------- large keys and the cup
 
-constexpr int padBorder = 10;  // around the large keys
-constexpr int smallestLargeKey = 48, largestKey = 96;
+constexpr int smallestLargeKey = 48, usualKey = 64, largestKey = 96;
 constexpr int keyGap = 4;
-
-Box Around(const Box& box, int border) {
-    return {ToShort(box.x - border), ToShort(box.y - border), ToShort(box.width + 2 * border),
-            ToShort(box.height + 2 * border)};
-}
 
 // Upright they lie as on the strip: backwards left, forwards right. Across, the keys that go by
 // themselves lie below those that go one step.
-void PlaceLargeKeys(Layout& layout, Point centre, int side, bool across) {
+void PlaceLargeKeys(Layout& layout, int left, int top, int side, bool across) {
     // In halves of a key.
     constexpr std::array<std::array<int, 2>, RecorderKeyCount> upright{
         {{}, {0, 0}, {2, 0}, {0, 2}, {2, 2}, {1, 4}}};
     constexpr std::array<std::array<int, 2>, RecorderKeyCount> lying{
         {{}, {0, 0}, {2, 0}, {0, 2}, {2, 2}, {4, 1}}};
     const int step = side + keyGap;
-    const int width = (across ? 3 : 2) * step - keyGap, height = (across ? 2 : 3) * step - keyGap;
-    const int left = centre.x - width / 2, top = centre.y - height / 2;
     for (std::size_t key = 1; key < layout.LargeKey.size(); ++key) {
         const auto [column, row] = across ? lying[key] : upright[key];
         layout.LargeKey[key] = {ToShort(left + column * step / 2), ToShort(top + row * step / 2),
                                 ToShort(side), ToShort(side)};
     }
-    layout.KeyPad = Around({ToShort(left), ToShort(top), ToShort(width), ToShort(height)}, padBorder);
 }
 
 constexpr double cupOfRoom = 0.92;  // what the cup with its shadow takes of the room
@@ -238,38 +234,43 @@ void PlaceCup(Layout& layout, Point centre, int side) {
                   ToShort(side)};
 }
 
-// The keys begin beside the recorder that they belong to; the cup stands below.
-bool PlaceRightOfBand(Layout& layout) {
-    constexpr int largestCup = 220;
-    const int left = CentredBesideBoard(layout, layout.BandWidth) + layout.BandWidth;
-    const int room = layout.ScreenWidth - left;
-    const int widest = (room - 2 * padBorder - keyGap) / 2;
-    const int side = std::min(widest, std::clamp(room / 5, 64, largestKey));
+// Beside cards the band reaches on to the right, to the edge of all but the widest screens. There lie,
+// from above to below, the key of the chances, the large keys and the cup.
+bool WidenBand(Layout& layout) {
+    constexpr int widestPart = 450, border = 14, narrowestWithLabels = 380;
+    constexpr int largestCup = 220, labelHeight = 20, largeChancesKey = 56;
+    const int right = layout.BandLeft + layout.BandWidth;
+    const int added = std::min(layout.ScreenWidth - right, widestPart);
+    const int left = layout.Case.x + layout.Case.width + border;
+    const int room = right + added - border - left;
+    const int side = std::min((room - keyGap) / 2, usualKey);
     if (side < smallestLargeKey || !layout.HasCards()) return false;
-    const Point keys{ToShort(left + padBorder + side + keyGap / 2),
-                     ToShort(layout.Recorder.Centre().y + side + keyGap)};
-    PlaceLargeKeys(layout, keys, side, false);
-    const Short middle = ToShort(left + room / 2);
-    const Short low = ToShort((layout.Card[2].y + layout.Card[3].y + layout.Card[3].height) / 2);
-    const int below = 2 * (low - layout.KeyPad.y - layout.KeyPad.height);
-    PlaceCup(layout, {middle, low}, std::min<int>({Round(room * cupOfRoom), largestCup, below}));
+    layout.BandWidth = ToShort(layout.BandWidth + added);
+    layout.LabelHeight = layout.BandWidth < narrowestWithLabels ? 0 : labelHeight;
+    const int middle = left + room / 2;
+    layout.Chances = {ToShort(middle - largeChancesKey / 2), layout.Case.y, largeChancesKey,
+                      largeChancesKey};
+    const int top = layout.Chances.y + largeChancesKey + labelHeight + 2 * keyGap;
+    PlaceLargeKeys(layout, middle - side - keyGap / 2, top, side, false);
+    const int keysEnd = top + 3 * (side + keyGap), below = layout.ScreenHeight - keysEnd;
+    PlaceCup(layout, {ToShort(middle), ToShort(keysEnd + below / 2)},
+             std::min<int>({Round(room * cupOfRoom), largestCup, below}));
     return true;
 }
 
-// Keys and cup side by side in the middle.
+// On a tall screen the cup lies in the middle above the line, and the keys beside it.
 void PlaceAboveLine(Layout& layout) {
     constexpr int largestCup = 260, highest = 8000;  // the coordinates stay 16-bit numbers
     const int top = -std::min(static_cast<int>(layout.DeviceTop / layout.Unit), highest);
     const int room = layout.Line.y - top;
     const int cup = std::min<int>(Round(room * cupOfRoom), largestCup);
-    const int between = layout.ScreenWidth / 10;
-    const int side = std::min((room - room / 8 - 2 * padBorder - keyGap) / 2, largestKey);
+    const int besideCup = (layout.ScreenWidth - cup) / 2;
+    const int side = std::min({(room - room / 8 - keyGap) / 2 - 10, besideCup / 4, largestKey});
     if (side < smallestLargeKey) return;
-    const int keys = 3 * (side + keyGap) + 2 * padBorder;
-    const int left = (layout.ScreenWidth - keys - between - cup) / 2;
-    const Short middle = ToShort(top + room / 2);
-    PlaceLargeKeys(layout, {ToShort(left + keys / 2), middle}, side, true);
-    PlaceCup(layout, {ToShort(left + keys + between + cup / 2), middle}, cup);
+    const Point middle{ToShort(layout.ScreenWidth / 2), ToShort(top + room / 2)};
+    PlaceCup(layout, middle, cup);
+    const int left = middle.x + cup / 2 + (besideCup - 3 * (side + keyGap)) / 2;
+    PlaceLargeKeys(layout, left, middle.y - side - keyGap / 2, side, true);
 }
 
 // ------------------------------------------------------------------------ where pieces stand
@@ -388,10 +389,11 @@ Layout LayoutFor(int deviceWidth, int deviceHeight) {
     PlaceBoard(layout);
     PlaceBand(layout);
     if (!PlaceCardsBeside(layout)) PlaceCardsBelow(layout);
-    PlaceButtons(layout);
     PlaceStrip(layout);
     PlaceCase(layout);
-    if (!PlaceRightOfBand(layout) && layout.DeviceTop > 0 && layout.Line.y < 0) PlaceAboveLine(layout);
+    const bool isWide = WidenBand(layout);
+    PlaceButtons(layout);
+    if (!isWide && layout.DeviceTop > 0 && layout.Line.y < 0) PlaceAboveLine(layout);
     return layout;
 }
 

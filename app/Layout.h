@@ -61,7 +61,11 @@ struct Layout {
     Short BoxSide = 0;      ///< side of a corner box
     PerColour<Point> CornerBox{};
 
-    Short BandWidth = 0;  ///< of the panel on which menu, recorder and log lie, centred beside the board
+    // The panel on which menu, recorder and log lie: a band from the upper to the lower edge.
+    Short BandLeft = 0;
+    Short BandWidth = 0;
+    /// The texts that name keys of the panel are as high; 0 where there is no room for them.
+    Short LabelHeight = 0;
     /// Where the game says what it waits for: at the head of the cards, else at the head of the panel.
     Box Line;
     /// The players' cards, one above or beside the other. On a screen without room for them their width
@@ -79,13 +83,9 @@ struct Layout {
     Box LogPaper;  ///< what is seen of the log: the part beside the board and on the screen
 
     /// The recorder's large keys, in the order of RecorderKey: the switch is its right reel, the others
-    /// lie on a pad. Where there is no room, widths are 0.
+    /// are there while it is on. Where there is no room, widths are 0.
     std::array<Box, RecorderKeyCount> LargeKey;
-    // What lies on the free table right of the panel or, on a tall screen, above the line. Where there
-    // is no room, both widths are 0.
-    Box KeyPad;  ///< is there while the recorder is on
-    Box Cup;     ///< the dice cup with its shadow
-    bool HasLargeKeys() const { return KeyPad.width != 0; }
+    Box Cup;  ///< the dice cup with its shadow; where there is no room its width is 0
 
     /// A point of the layout in device pixels of the window.
     QPointF Device(QPointF at) const { return QPointF(DeviceLeft, DeviceTop) + at * Unit; }

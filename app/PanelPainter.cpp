@@ -21,7 +21,6 @@ constexpr double caseCorner = 14;
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double shadowReach = 11;
 constexpr QPointF shadowFall(2.5, 3.5);
-constexpr double keyPadBorder = 0.6;
 constexpr double paperShadow = 0.35;  // its opacity: it lies flatter than a pad does
 constexpr double grainSide = 48;
 
@@ -61,10 +60,10 @@ void PaintStretched(QPainter& painter, Artwork& artwork, const QString& name, co
 // From edge to edge of the table, whose ends are off the screen; on a screen that is taller than the
 // layout the band ends a little above the buttons and below the log.
 QRectF Band(const Layout& layout) {
-    const double room = layout.ScreenWidth - layout.BoardExtent;
-    const double width = layout.BandWidth;
     const double beyond = layout.DeviceTop > beyondBand * layout.Unit ? beyondBand : 2 * bandCorner;
-    return {layout.BoardExtent + (room - width) / 2, -beyond, width, layout.ScreenHeight + 2 * beyond};
+    const bool reachesEdge = layout.BandLeft + layout.BandWidth == layout.ScreenWidth;
+    return {1.0 * layout.BandLeft, -beyond, layout.BandWidth + (reachesEdge ? 2 * bandCorner : 0),
+            layout.ScreenHeight + 2 * beyond};
 }
 
 // How large the band's border is drawn, of its own size.
@@ -101,20 +100,22 @@ QLinearGradient LightOnPad(const Layout& layout) {
 
 // A pad of leather with its border at that scale.
 void PaintPad(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& pad,
-              double border, const QImage& grain) {
+              double border) {
     PaintShadow(painter, artwork, layout, pad);
     PaintStretched(painter, artwork, "panel_band", OnDevice(layout, pad), bandCorner,
                    border * layout.Unit);
     const double edge = tooledEdge * border;
-    painter.fillRect(OnDevice(layout, pad.adjusted(edge, edge, -edge, -edge)), grain);
+    painter.fillRect(OnDevice(layout, pad.adjusted(edge, edge, -edge, -edge)),
+                     Grain(artwork, layout.Unit));
     painter.fillRect(OnDevice(layout, pad.adjusted(1, 1, -1, -1)), LightOnPad(layout));
 }
 
 // Pressed into the leather in gold, where there is room above the buttons.
 void PaintProgramName(QPainter& painter, const Layout& layout) {
     const Box& buttons = layout.Buttons;
-    constexpr int room = 40, size = 24;
+    constexpr int room = 40;
     if (buttons.y < room || !layout.HasCards()) return;
+    const double size = std::min(0.45 * buttons.y, 0.2 * buttons.width);
     const QString name = QStringLiteral("ZORVA");
     QFont font = DisplayFont(size * layout.Unit, name);
     font.setLetterSpacing(QFont::PercentageSpacing, 125);
@@ -132,11 +133,26 @@ void PaintProgramName(QPainter& painter, const Layout& layout) {
     }
 }
 
+// The names of the keys, below each.
+void PaintLabels(QPainter& painter, const Layout& layout) {
+    if (layout.LabelHeight == 0) return;
+    static const char* const names[] = {"Ayuda", "Nueva", "Personalizar", "Histórico", "Tutor", "Salir"};
+    static_assert(std::size(names) == MenuButtonCount);
+    painter.setFont(TextFont(11.5 * layout.Unit));
+    painter.setPen(QColor(0xea, 0xdf, 0xc2));
+    const auto paint = [&](const Box& key, const char* name) {
+        const QRectF below(key.x - key.width, key.y + key.height, 3 * key.width, layout.LabelHeight);
+        painter.drawText(OnDevice(layout, below), Qt::AlignCenter, QString::fromUtf8(name));
+    };
+    for (int index = 0; index < MenuButtonCount; ++index) paint(layout.Button[index], names[index]);
+    paint(layout.Chances, "Probabilidades");
+}
+
 }  // namespace
 
 QRect PanelArea(const Layout& layout, QSize devicePixels) {
     QRectF area = Band(layout) | AsRect(layout.LogPaper);
-    if (layout.HasLargeKeys()) area |= AsRect(layout.Cup);
+    if (layout.Cup.width > 0) area |= AsRect(layout.Cup);
     constexpr double beyond = 2 * shadowReach;
     area.adjust(-beyond, -beyond, beyond, beyond);
     return OnDevice(layout, area).toAlignedRect() & QRect(QPoint(), devicePixels);
@@ -150,8 +166,7 @@ QRect HiddenByPanel(const Layout& layout) {
 
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
     const QRectF band = Band(layout);
-    const QImage grain = Grain(artwork, layout.Unit);
-    PaintPad(painter, artwork, layout, band, BorderScale(layout, band), grain);
+    PaintPad(painter, artwork, layout, band, BorderScale(layout, band));
     painter.setOpacity(paperShadow);
     PaintShadow(painter, artwork, layout, AsRect(layout.LogPaper));
     painter.setOpacity(1);
@@ -160,18 +175,8 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     if (layout.Reel.width > 0)
         artwork.Paint(painter, "panel_reel", OnDevice(layout, AsRect(layout.Reel)));
     PaintProgramName(painter, layout);
-    if (layout.HasLargeKeys()) artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
-}
-
-QRect KeyPadArea(const Layout& layout) {
-    if (!layout.HasLargeKeys()) return {};
-    constexpr double beyond = 2 * shadowReach;
-    return OnDevice(layout, AsRect(layout.KeyPad).adjusted(-beyond, -beyond, beyond, beyond))
-        .toAlignedRect();
-}
-
-void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout) {
-    PaintPad(painter, artwork, layout, AsRect(layout.KeyPad), keyPadBorder, Grain(artwork, layout.Unit));
+    PaintLabels(painter, layout);
+    if (layout.Cup.width > 0) artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
 }
 
 }  // namespace zorva

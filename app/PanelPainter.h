@@ -21,10 +21,4 @@ QRect PanelArea(const Layout& layout, QSize devicePixels);
 /// The device pixels of the window where the opaque middle of the pad hides the table.
 QRect HiddenByPanel(const Layout& layout);
 
-/// The pad of leather that holds large keys while the recorder is on.
-void PaintKeyPad(QPainter& painter, Artwork& artwork, const Layout& layout);
-
-/// The device pixels that it touches with its shadow; none where there is no pad.
-QRect KeyPadArea(const Layout& layout);
-
 }  // namespace zorva

@@ -42,9 +42,10 @@ struct Board : BoardWindow {
     /// A picture without what lies on the board window.
     QImage PartOf(const QPixmap& picture) const {
         QPixmap board = picture;
-        for (const Box& box :
-             {layout.Buttons, layout.Case, layout.LogPaper, layout.KeyPad, layout.Chances})
-            QPainter(&board).fillRect(fresh.DeviceArea(box, 2), Qt::black);
+        std::vector<Box> controls(layout.LargeKey.begin(), layout.LargeKey.end());
+        controls.insert(controls.end(),
+                        {layout.Buttons, layout.Recorder, layout.LogPaper, layout.Chances});
+        for (const Box& box : controls) QPainter(&board).fillRect(fresh.DeviceArea(box, 2), Qt::black);
         return board.toImage().convertToFormat(QImage::Format_RGB32);
     }
     /// What the window shows, of which only what has changed is painted anew.

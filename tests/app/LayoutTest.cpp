@@ -114,23 +114,16 @@ TEST(Layout, HasRoomForEverythingBesideTheBoard) {
         boxes.insert(boxes.end(), {layout.Recorder, layout.LogPaper, layout.Line, layout.Chances});
         if (layout.HasCards()) boxes.insert(boxes.end(), layout.Card.begin(), layout.Card.end());
         withCards += layout.HasCards() ? 1 : 0;
-        const QRect band(layout.Recorder.Centre().x - layout.BandWidth / 2, 0, layout.BandWidth,
-                         layout.ScreenHeight);
+        const QRect band(layout.BandLeft, 0, layout.BandWidth, layout.ScreenHeight);
         for (const Box& card : layout.Card)
             EXPECT_FALSE(band.intersects(QRect(card.x, card.y, card.width, card.height))) << card.x;
-        if (layout.HasLargeKeys()) boxes.insert(boxes.end(), {layout.KeyPad, layout.Cup});
-        QRegion keys;
-        for (const Box& key : layout.LargeKey) {
-            const QRect place(key.x, key.y, key.width, key.height);
-            EXPECT_FALSE(keys.intersects(place));
-            keys += place;
-            if (!layout.HasLargeKeys()) continue;
-            const bool isSwitch = &key == layout.LargeKey.data();  // a reel on the case
-            EXPECT_GE(key.width * layout.Unit, isSwitch ? 33 : 44);
-            const Box& holder = isSwitch ? layout.Case : layout.KeyPad;
-            EXPECT_TRUE(QRect(holder.x, holder.y, holder.width, holder.height).contains(place));
+        const bool hasKeys = layout.Cup.width > 0;
+        if (hasKeys) {
+            boxes.push_back(layout.Cup);
+            boxes.insert(boxes.end(), layout.LargeKey.begin(), layout.LargeKey.end());
+            for (const Box& key : layout.LargeKey) EXPECT_GE(key.width * layout.Unit, 33);
         }
-        withKeys += layout.HasLargeKeys() ? 1 : 0;
+        withKeys += hasKeys ? 1 : 0;
         EXPECT_LE(layout.LogPaper.y + layout.LogPaper.height, layout.ScreenHeight - 4);
         for (const Box& box : boxes) {
             const QRect place(box.x, box.y, box.width, box.height);
