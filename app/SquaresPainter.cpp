@@ -1,6 +1,5 @@
 #include "app/SquaresPainter.h"
 
-#include <QImage>
 #include <QPainter>
 #include <QPolygonF>
 #include <QtMath>
@@ -34,8 +33,8 @@ public:
           unit_(grid.CellSize() / 33) {}
 
     void PaintColours() {
-        for (int row = 13; row < 20; ++row) Inlay(4 * block, row * cell);
-        Inlay(5 * block, 16 * cell);
+        for (int row = 13; row < 20; ++row) Inlay(4 * block, row * cell, fanFurrow);
+        Inlay(5 * block, 16 * cell, exitFurrow);
         Goal();
     }
 
@@ -59,46 +58,45 @@ private:
         painter_.fillRect(line, palette::Line);
     }
 
-    // Cloth with a string of brass around it.
-    void Inlay(int x, int y) {
+    // Enamel with a string of brass around it, a fan engraved in it that points to the goal, and a
+    // lozenge in its middle.
+    void Inlay(int x, int y, double furrow) {
         const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
         const int edge = std::max(1, qRound(stringWidth * unit_));
+        const QRect field = square.adjusted(edge, edge, -edge, -edge);
         painter_.fillRect(square, String());
-        Weave(QRectF(square.adjusted(edge, edge, -edge, -edge)));
-        Stud(QRectF(square).center());
+        painter_.fillRect(field, base_);
+        const QPointF middle = QRectF(square).center();
+        const QPointF inwards = BoardGrid::Turned({0, 0}, colour_) - BoardGrid::Turned({0, 1}, colour_);
+        Engrave(QRectF(field), middle + fanFrom * unit_ * inwards, furrow - fanEdges / unit_);
+        Lozenge(middle, lozengeReach + stringWidth * M_SQRT2, String());
+        Lozenge(middle, lozengeReach, base_);
     }
 
-    // Fills `field` with twill whose threads run up to the arm's middle line, so that they point to the
-    // goal. Between deeper threads the pure colour keeps more than half of each square and goal; on a
-    // small board strings and figures take more of it, and deeper threads less.
-    void Weave(const QPolygonF& field) {
-        const QRect area = field.boundingRect().toAlignedRect();
-        const QPoint middle = grid_.Crossing({BoardGrid::Side / 2, BoardGrid::Side / 2}).toPoint();
-        const int thread = std::max(1, qRound(unit_));
-        const int pattern = unit_ < 1 ? 4 : 3 * thread;
-        const auto distance = [](int at, int from) { return std::abs(2 * (at - from) + 1) / 2; };
-        QImage cloth(area.size(), QImage::Format_Indexed8);
-        cloth.setColorTable({base_.rgb(), Mixed(base_, rim_, deepThread).rgb()});
-        for (int y = 0; y < area.height(); ++y) {
-            const int up = distance(area.y() + y, middle.y());
-            for (int x = 0; x < area.width(); ++x) {
-                const int aside = distance(area.x() + x, middle.x());
-                cloth.setPixel(x, y, std::abs(up - aside) % pattern < thread);
-            }
+    // Furrows that meet at `from`, each deepest along its middle. A furrow takes `share` of its part of
+    // the circle; on a small board less, where brass and wells take more, so that more than half of each
+    // square and goal keeps its pure colour.
+    void Engrave(const QPolygonF& field, QPointF from, double share) {
+        QConicalGradient furrows(from, 0);
+        QColor ground = rim_, ridge = rim_;
+        ground.setAlphaF(deepestFurrow);
+        ridge.setAlpha(0);
+        const double half = share / 2;
+        for (int ray = 0; ray < rays; ++ray) {
+            const double middle = ray + 0.5;
+            furrows.setColorAt((middle - half) / rays, ridge);
+            furrows.setColorAt(middle / rays, ground);
+            furrows.setColorAt((middle + half) / rays, ridge);
         }
-        painter_.setBrush(cloth);
-        painter_.setBrushOrigin(area.topLeft());
         painter_.setPen(Qt::NoPen);
+        painter_.setBrush(furrows);
         painter_.drawPolygon(field);
-        painter_.setBrushOrigin(0, 0);
     }
 
-    // A lozenge of the pure colour.
-    void Stud(QPointF at) {
-        const double reach = studReach * unit_;
-        painter_.setBrush(base_);
-        painter_.drawPolygon(QPolygonF({at - QPointF(reach, 0), at - QPointF(0, reach),
-                                        at + QPointF(reach, 0), at + QPointF(0, reach)}));
+    void Lozenge(QPointF at, double reach, const QColor& colour) {
+        const QPointF right(reach * unit_, 0), down(0, reach * unit_);
+        painter_.setBrush(colour);
+        painter_.drawPolygon(QPolygonF({at - right, at - down, at + right, at + down}));
     }
 
     // Corners on the lines; each smaller triangle lies the same way from all three edges. The band
@@ -131,7 +129,9 @@ private:
         painter_.setBrush(String());
         painter_.drawPolygon(string);
         const QPolygonF field = triangle(goalBandWidth);
-        Weave(field);
+        painter_.setBrush(base_);
+        painter_.drawPolygon(field);
+        Engrave(field, goal[2], goalFurrow - goalEdges / unit_);
     }
 
     QColor Band() const { return Mixed(base_, rim_, 0.8); }
@@ -140,9 +140,13 @@ private:
     // In units of which a cell has 33.
     static constexpr double goalBandWidth = 2;
     static constexpr double stringWidth = 0.9;
+    static constexpr double lozengeReach = 5;
+    static constexpr double fanFrom = 24;  // from the middle of the square
 
-    static constexpr double studReach = 5;
-    static constexpr double deepThread = 0.9;  // how near it comes to the rim's colour
+    static constexpr int rays = 16;  // all around
+    static constexpr double fanFurrow = 0.43, exitFurrow = 0.33, fanEdges = 0.045;
+    static constexpr double goalFurrow = 0.31, goalEdges = 0.12;
+    static constexpr float deepestFurrow = 0.54F;  // its opacity
 
     QPainter& painter_;
     const BoardGrid& grid_;
