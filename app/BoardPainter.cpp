@@ -444,12 +444,15 @@ void BoardPainter::PaintChoices(QPainter& painter, const BoardView& view,
     }
 }
 
-// Light dashes with dark edges all around, over a faint light.
+// Light dashes with dark edges all around, and within them a light that fades to the middle.
 const QPixmap& BoardPainter::Choice(QSize size) {
     return CachedPixmap("choice", size, [&](QPainter& ring) {
         const QPointF middle = QPointF(size.width(), size.height()) / 2;
         const double unit = PieceUnit(layout_);
-        ring.setBrush(WithAlpha(palette::Mark, choiceLight));
+        QRadialGradient light(middle, choice.radius * unit);
+        light.setColorAt(0.3, WithAlpha(palette::Mark, 0));
+        light.setColorAt(1, WithAlpha(palette::Mark, choiceLight));
+        ring.setBrush(light);
         for (const auto& [colour, width, share] :
              {std::tuple(palette::DarkWood, choice.width + 1.4, 0.68),
               std::tuple(palette::Mark, choice.width, 0.56)}) {

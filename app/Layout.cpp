@@ -23,6 +23,7 @@ constexpr Short belowLog = 4;
 constexpr int caseTop = recorderTop - 14;  // of the case that holds the recorder
 constexpr int caseHeight = 14 + recorderHeight + 13;
 constexpr int widestCase = 196;
+constexpr int belowKey = 7;     // how much lower the reels lie below the small key of the chances
 constexpr int boardFrame = 16;  // around the squares of the largest board
 
 // --------------------------------------------------------------------- the screen and the board
@@ -190,7 +191,7 @@ void PlaceStrip(Layout& layout) {
 // The case is as wide as the band allows, and wider than the paper that comes out of it. The reels are
 // as large as the case allows.
 void PlaceCase(Layout& layout) {
-    constexpr int besideCase = 12, beyondPaper = 3, besideReel = 6, belowMiddle = 7;
+    constexpr int besideCase = 12, beyondPaper = 3, besideReel = 6;
     constexpr int widestReel = 58, smallestReel = 18;
     const int overPaper = std::min(layout.LogPaper.width + 2 * beyondPaper, layout.BandWidth - 2);
     const int width = std::max(std::min(layout.BandWidth - 2 * besideCase, widestCase), overPaper);
@@ -200,7 +201,7 @@ void PlaceCase(Layout& layout) {
     if (side < smallestReel) return;
     const Point middle = layout.Recorder.Centre();
     const int fromMiddle = (recorderWidth + room - 3) / 2;
-    const Short top = ToShort(middle.y + belowMiddle - side / 2);
+    const Short top = ToShort(middle.y + belowKey - side / 2);
     layout.Reel = {ToShort(middle.x - fromMiddle - side / 2), top, ToShort(side), ToShort(side)};
     layout.LargeKey[0] = layout.Reel;
     layout.LargeKey[0].x = ToShort(layout.Reel.x + 2 * fromMiddle);
@@ -234,23 +235,27 @@ void PlaceCup(Layout& layout, Point centre, int side) {
                   ToShort(side)};
 }
 
-// Beside cards the band reaches on to the right, to the edge of all but the widest screens. There lie,
-// from above to below, the key of the chances, the large keys and the cup.
+// Beside cards the band reaches on to the right, to the edge of all but the widest screens, and so does
+// the case, which then holds the key of the chances. Below it lie the large keys, then the cup.
 bool WidenBand(Layout& layout) {
-    constexpr int widestPart = 450, border = 14, narrowestWithLabels = 380;
+    constexpr int widestPart = 450, border = 16, narrowestWithLabels = 380;
     constexpr int largestCup = 220, labelHeight = 20, largeChancesKey = 56;
     const int right = layout.BandLeft + layout.BandWidth;
     const int added = std::min(layout.ScreenWidth - right, widestPart);
-    const int left = layout.Case.x + layout.Case.width + border;
+    const int left = layout.Case.x + layout.Case.width;
     const int room = right + added - border - left;
     const int side = std::min((room - keyGap) / 2, usualKey);
     if (side < smallestLargeKey || !layout.HasCards()) return false;
     layout.BandWidth = ToShort(layout.BandWidth + added);
     layout.LabelHeight = layout.BandWidth < narrowestWithLabels ? 0 : labelHeight;
+    layout.Case.x = std::min(layout.Case.x, ToShort(layout.BandLeft + border));
+    layout.Case.width = ToShort(left + room - layout.Case.x);
     const int middle = left + room / 2;
-    layout.Chances = {ToShort(middle - largeChancesKey / 2), layout.Case.y, largeChancesKey,
-                      largeChancesKey};
-    const int top = layout.Chances.y + largeChancesKey + labelHeight + 2 * keyGap;
+    for (Box* reel : {&layout.Reel, layout.LargeKey.data()}) reel->y = ToShort(reel->y - belowKey);
+    const int aboveKey = (caseHeight - largeChancesKey - layout.LabelHeight) / 2;
+    layout.Chances = {ToShort(middle - largeChancesKey / 2), ToShort(caseTop + aboveKey),
+                      largeChancesKey, largeChancesKey};
+    const int top = caseTop + caseHeight + border;
     PlaceLargeKeys(layout, middle - side - keyGap / 2, top, side, false);
     const int keysEnd = top + 3 * (side + keyGap), below = layout.ScreenHeight - keysEnd;
     PlaceCup(layout, {ToShort(middle), ToShort(keysEnd + below / 2)},

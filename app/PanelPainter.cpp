@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "app/Artwork.h"
 #include "app/Fonts.h"
@@ -21,6 +22,7 @@ constexpr double caseCorner = 14;
 constexpr double widestBorder = 16;  // what the band has beside its instruments when its border is whole
 constexpr double shadowReach = 11;
 constexpr QPointF shadowFall(2.5, 3.5);
+constexpr double besidePaper = 2.5, slitAbove = 8, slitHeight = 4.4;
 constexpr double paperShadow = 0.35;  // its opacity: it lies flatter than a pad does
 constexpr double grainSide = 48;
 
@@ -133,6 +135,16 @@ void PaintProgramName(QPainter& painter, const Layout& layout) {
     }
 }
 
+// Where the large keys lie while they are there.
+void PaintCrest(QPainter& painter, Artwork& artwork, const Layout& layout) {
+    if (layout.LabelHeight == 0) return;
+    QRectF keys;
+    for (const Box& key : std::span(layout.LargeKey).subspan(1)) keys |= AsRect(key);
+    QRectF crest(0, 0, keys.width(), keys.width());
+    crest.moveCenter(keys.center());
+    artwork.Paint(painter, "panel_crest", OnDevice(layout, crest));
+}
+
 // The names of the keys, below each.
 void PaintLabels(QPainter& painter, const Layout& layout) {
     if (layout.LabelHeight == 0) return;
@@ -172,10 +184,15 @@ void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& lay
     painter.setOpacity(1);
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, AsRect(layout.Case)), caseCorner,
                    layout.Unit);
+    const QRectF body = AsRect(layout.Case), paper = AsRect(layout.LogPaper);
+    const QRectF slit(paper.left() - besidePaper, body.bottom() - slitAbove,
+                      paper.width() + 2 * besidePaper, slitHeight);
+    artwork.Paint(painter, "panel_slit", OnDevice(layout, slit & body.adjusted(3, 0, -3, 0)));
     if (layout.Reel.width > 0)
         artwork.Paint(painter, "panel_reel", OnDevice(layout, AsRect(layout.Reel)));
     PaintProgramName(painter, layout);
     PaintLabels(painter, layout);
+    PaintCrest(painter, artwork, layout);
     if (layout.Cup.width > 0) artwork.Paint(painter, "panel_cup", OnDevice(layout, AsRect(layout.Cup)));
 }
 

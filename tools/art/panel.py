@@ -1,14 +1,14 @@
 """The leather pads beside the board, the recorder's case and the cup.
 
-The program stretches all of them but the grain, the reel and the cup: the corners keep their size, the 16 units
-between them grow.
+The program stretches the pads, the case and their shadows: the corners keep their size, the 16 units between them
+grow.
 """
 
 import math
 import random
 
 from .palette import BRASS, BRASS_DARK, BRASS_LIGHT, MAHOGANY, MAHOGANY_DARK, MAHOGANY_LIGHT
-from .svg import Drawing, mix, num
+from .svg import Drawing, mix, num, star
 
 MIDDLE = 16
 GRAIN, PEBBLE = 48, 4
@@ -25,7 +25,9 @@ def drawings():
     yield "panel_grain", draw_grain
     yield "panel_shadow", draw_shadow
     yield "panel_case", draw_case
+    yield "panel_slit", draw_slit
     yield "panel_reel", draw_reel
+    yield "panel_crest", draw_crest
     yield "panel_cup", draw_cup
 
 
@@ -102,12 +104,29 @@ def draw_case():
                        (1, mix(MAHOGANY, MAHOGANY_DARK, 0.75)))
     case.rect(3.8, 2.8, side - 7.6, side - 7.6, 4.4, fill=face)
     case.rect(6.2, 5.2, side - 12.4, side - 12.4, 2.8, stroke=mix(BRASS_LIGHT, BRASS, 0.7), stroke_width=0.7)
-    # The slit that the paper comes out of.
-    top = side - 6.4
-    case.rect(8, top - 1.6, side - 16, 4.4, 1.2,
-              fill=case.linear(0, top - 1.6, 0, top + 2.8, (0, BRASS_LIGHT), (0.45, BRASS), (1, BRASS_DARK)))
-    case.rect(9.4, top + 0.2, side - 18.8, 2.2, 0.8, fill="#0c0502")
     return case
+
+
+def draw_slit():
+    """The slit in the case that the paper comes out of; the program stretches it."""
+    slit = Drawing((0, 0, 120, 4.4), "The slit that the paper comes out of. Drawn by tools/make_art.py.")
+    slit.rect(0, 0, 120, 4.4, 1.2, fill=slit.linear(0, 0, 0, 4.4, (0, BRASS_LIGHT), (0.45, BRASS), (1, BRASS_DARK)))
+    slit.rect(1.4, 1.8, 117.2, 2.2, 0.8, fill="#0c0502")
+    return slit
+
+
+def draw_crest():
+    """The star of the board, pressed into the leather in gold."""
+    crest = Drawing((0, 0, 132, 132), "The crest on the leather. Drawn by tools/make_art.py.")
+    tone = mix(GOLD, LEATHER, 0.35)
+    for shift, colour in ((0.9, mix(LEATHER_LIGHT, "#ffffff", 0.12)), (-0.7, "#0d1710"), (0, tone)):
+        m = 66 + shift
+        for radius, weight in ((62, 1.6), (57, 0.7), (24, 0.7)):
+            crest.circle(m, m, radius, stroke=colour, stroke_width=weight)
+        crest.path(star(m, m, 52, 21, 8), stroke=colour, stroke_width=1.2, stroke_linejoin="round")
+        crest.path(star(m, m, 44, 15, 8, 22.5), stroke=colour, stroke_width=0.7, stroke_linejoin="round")
+        crest.path(star(m, m, 19, 7, 8), fill=colour)
+    return crest
 
 
 def draw_reel():

@@ -55,7 +55,7 @@ def _symbol(strip, key, cx, cy, pressed):
     ink = INK if not pressed else mix(INK, "#000000", 0.3)
     cy -= 0.3
     if key == POWER:
-        _power(strip, cx, cy, ink, pressed)
+        _lamp(strip, cx, cy, pressed)
     elif key == RESTORE:
         strip.path(f"M{cx - 3.4} {cy - 1.2}C{cx + 0.5} {cy - 3.6} {cx + 4.6} {cy - 1.6} {cx + 4.2} {cy + 1.4}"
                    f"C{cx + 3.9} {cy + 3.2} {cx + 1.6} {cy + 3.6} {cx - 0.6} {cy + 3.4}",
@@ -71,14 +71,7 @@ def _symbol(strip, key, cx, cy, pressed):
         strip.rect(cx + way * 3 - 0.8, cy - 3.3, 1.6, 6.6, fill=ink)
 
 
-def _power(strip, cx, cy, ink, lit):
-    x = cx - 8
-    strip.path(f"M{x - 1.9} {cy - 2}C{x - 3.6} {cy - 0.9} {x - 3.7} {cy + 1.6} {x - 2.1} {cy + 2.7}"
-               f"C{x - 0.9} {cy + 3.5} {x + 0.9} {cy + 3.5} {x + 2.1} {cy + 2.7}"
-               f"C{x + 3.7} {cy + 1.6} {x + 3.6} {cy - 0.9} {x + 1.9} {cy - 2}",
-               stroke=ink, stroke_width=1.3, stroke_linecap="round")
-    strip.line(x, cy - 3.4, x, cy + 0.3, stroke=ink, stroke_width=1.3, stroke_linecap="round")
-    x = cx + 9
+def _lamp(strip, x, cy, lit):
     if lit:
         strip.circle(x, cy, 5.6, fill=strip.radial(x, cy, 5.6, (0, "#ff5a1e", 0.8), (1, "#ff5a1e", 0)))
     strip.circle(x, cy, 3, fill="#1a0c06")
