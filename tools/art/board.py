@@ -1,8 +1,9 @@
 """The board: 21 cells of 33 units, in a frame of 16, and what is printed on it.
 
 The program draws the squares between the two, on the pixels of the screen. Only the lower arm, yellow's, is
-described. Quarter turns counter-clockwise give the arms of blue, red and green, with their numbers upright for the
-player on that side. Coordinates are in units of the drawing from the top left corner of the field within the frame.
+described. Quarter turns counter-clockwise give the arms of blue, red and green. All numbers stand upright, for everybody
+looks at the screen from the same side. Coordinates are in units of the drawing from the top left corner of the field
+within the frame.
 """
 
 from . import frame, house
@@ -89,14 +90,10 @@ def _figure_place(arm, square):
 def _figures(board):
     for arm in range(4):
         turn = turned(arm)
-
-        def place(x, y):
-            # Lines take the last unit of each square, and pieces stand in the middle of the rest.
-            x, y = turn(x, y)
-            return x - 0.5, y - 0.5
-
         for square in [*range(1, 9), *range(60, 69)]:
-            board.path(number(square_number(arm, square), *_figure_place(arm, square), FIGURE, place),
+            x, y = turn(*_figure_place(arm, square))
+            # Lines take the last unit of each square, and pieces stand in the middle of the rest.
+            board.path(number(square_number(arm, square), x - 0.5, y - 0.5, FIGURE),
                        fill=TONES[arm + 1].ink if square == 5 else PRINT)
 
 

@@ -48,8 +48,8 @@ def width(text):
     return sum(FIGURES[c][0] for c in text) + GAP * (len(text) - 1)
 
 
-def number(value, cx, cy, height, place):
-    """The path of a number centred on (cx, cy), to be filled. `place` maps each point to its final position."""
+def number(value, cx, cy, height):
+    """The path of a number centred on (cx, cy), to be filled."""
     text = str(value)
     scale = height / HEIGHT
     x, y = cx - width(text) * scale / 2, cy - height / 2
@@ -58,8 +58,8 @@ def number(value, cx, cy, height, place):
         advance, strokes, balls = FIGURES[figure]
         outlines = [_outline(path, pen) for path, pen in strokes] + [_ball(*ball) for ball in balls]
         for outline in outlines:
-            points = [place(x + px * scale, y + py * scale) for px, py in outline]
-            data.append("M" + "L".join(f"{num(px)} {num(py)}" for px, py in points) + "Z")
+            points = [f"{num(x + px * scale)} {num(y + py * scale)}" for px, py in outline]
+            data.append("M" + "L".join(points) + "Z")
         x += (advance + GAP) * scale
     return "".join(data)
 
