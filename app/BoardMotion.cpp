@@ -46,11 +46,6 @@ BoardView::DiePose DieMotion::PoseAt(double progress) const {
             from.beside + (to.beside - from.beside) * progress};
 }
 
-// Askew, as no throw ends.
-BoardView::DiePose DieMotion::PoseOfReady() {
-    return {-24, 0.94, {0, 0}};
-}
-
 BoardView::DiePose DieMotion::PoseOfRoll(int roll) {
     static const BoardView::DiePose poses[] = {
         {-70, 1.5, {0.20, 0.34}},   {-38, 1.34, {0.10, 0.16}},  {-14, 1.12, {-0.08, -0.04}},

@@ -40,9 +40,6 @@ struct DieMotion {
     /// above, jumps about the tray lower and lower, and from the tenth face on lies at rest, upright in
     /// the middle.
     static BoardView::DiePose PoseOfRoll(int roll);
-
-    /// The pose of a die that waits to be thrown: askew, as no throw ends.
-    static BoardView::DiePose PoseOfReady();
 };
 
 /// The flakes of the confetti at that progress 0..1, thrown from a point towards another, both in layout

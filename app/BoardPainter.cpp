@@ -319,7 +319,7 @@ void BoardPainter::PaintName(QPainter& painter, const QString& name, Colour colo
 void BoardPainter::PaintTray(QPainter& painter, const BoardView& view, Colour colour) {
     const BoardView::Tray& tray = view.tray[colour];
     painter.setOpacity(tray.opacity);
-    if (tray.face != 0) PaintDie(painter, tray.face, tray.pose, colour);
+    if (tray.face != 0) PaintDie(painter, tray, colour);
     if (tray.bonus != 0) PaintBonus(painter, tray.bonus, PaintToken(painter, colour));
     if (tray.winner) {
         const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
@@ -329,14 +329,14 @@ void BoardPainter::PaintTray(QPainter& painter, const BoardView& view, Colour co
     painter.setOpacity(1);
 }
 
-void BoardPainter::PaintDie(QPainter& painter, Short face, const BoardView::DiePose& pose,
-                            Colour colour) {
+void BoardPainter::PaintDie(QPainter& painter, const BoardView::Tray& tray, Colour colour) {
     const double side = layout_.DieBox(colour).width * dieOfTray * layout_.Unit;
-    const QPixmap pixmap = artwork_.Pixmap(QStringLiteral("die_%1").arg(face), SideBySide(side));
-    if (pose.tilt == 0 && pose.size == 1) {
-        PaintCentred(painter, pixmap, DiePlace(colour, pose).center());
+    const QString name = QStringLiteral("die_%1%2").arg(tray.ready ? "ready_" : "").arg(tray.face);
+    const QPixmap pixmap = artwork_.Pixmap(name, SideBySide(side));
+    if (tray.pose.tilt == 0 && tray.pose.size == 1) {
+        PaintCentred(painter, pixmap, DiePlace(colour, tray.pose).center());
     } else {
-        PaintTumblingDie(painter, pixmap, colour, pose);
+        PaintTumblingDie(painter, pixmap, colour, tray.pose);
     }
 }
 
@@ -628,9 +628,15 @@ void BoardPainter::PaintSign(QPainter& painter, const BoardView& view, const QRe
     const QRectF tray =
         DeviceF(layout_.DieBox(view.sign)).adjusted(-2 * unit, -2 * unit, 2 * unit, 2 * unit);
     painter.setBrush(Qt::NoBrush);
-    for (const auto& [colour, width] : {std::pair(palette::DarkWood, 8.0), std::pair(palette::Mark, 6.0),
-                                        std::pair(QColor(Qt::white), 2.2)}) {
-        painter.setPen(QPen(colour, width * unit));
+    QLinearGradient light(tray.topLeft(), tray.bottomRight());
+    light.setColorAt(0, Qt::white);
+    light.setColorAt(0.5, palette::Light);
+    light.setColorAt(1, palette::Mark);
+    for (const auto& [brush, width] :
+         {std::pair(QBrush(WithAlpha(palette::Mark, 0.25)), 14.0),
+          std::pair(QBrush(WithAlpha(palette::Mark, 0.5)), 10.0),
+          std::pair(QBrush(palette::DarkWood), 6.0), std::pair(QBrush(light), 4.4)}) {
+        painter.setPen(QPen(brush, width * unit));
         painter.drawRoundedRect(tray, 8 * unit, 8 * unit);
     }
     const double away = handTravel * std::abs(std::sin(handTaps * M_PI * view.tapping));

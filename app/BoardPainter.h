@@ -72,7 +72,7 @@ private:
                                 const std::function<void(QPainter&)>& draw);
     void PaintName(QPainter& painter, const QString& name, Colour colour, bool lit);
     void PaintTray(QPainter& painter, const BoardView& view, Colour colour);
-    void PaintDie(QPainter& painter, Short face, const BoardView::DiePose& pose, Colour colour);
+    void PaintDie(QPainter& painter, const BoardView::Tray& tray, Colour colour);
     QRectF PaintToken(QPainter& painter, Colour colour);
     void PaintBonus(QPainter& painter, Short squares, const QRectF& token);
     void PaintTumblingDie(QPainter& painter, const QPixmap& pixmap, Colour colour,

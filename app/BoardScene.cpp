@@ -20,10 +20,6 @@ constexpr int fadeMilliseconds = 300;
 constexpr int confettiMilliseconds = 3000;  // as long as the winner's house blinks
 constexpr int tapMilliseconds = 3600;
 
-BoardView::DiePose RestingPose(const BoardView::Tray& tray) {
-    return tray.ready ? DieMotion::PoseOfReady() : BoardView::DiePose{};
-}
-
 // Qt reports a value, too, when a stopped animation gets another duration: nothing runs then.
 void Connect(QVariantAnimation& animation, const std::function<void(double)>& show) {
     QObject::connect(&animation, &QVariantAnimation::valueChanged, &animation,
@@ -153,7 +149,7 @@ void BoardScene::ForgetMotion() {
     motions_.clear();
     dieMotions_.clear();
     view_.height.fill(0);
-    for (BoardView::Tray& tray : view_.tray) tray.pose = RestingPose(tray);
+    for (BoardView::Tray& tray : view_.tray) tray.pose = {};
     view_.counted = 0;
     view_.inAir = 0;
 }
@@ -277,7 +273,6 @@ void BoardScene::PutIntoTray(Colour colour, const BoardView::Tray& tray) {
 
 void BoardScene::ShowDie(Colour colour, Short face, DieIs how) {
     BoardView::Tray tray{.face = face, .ready = how == DieIs::Ready, .isNews = how == DieIs::Thrown};
-    tray.pose = RestingPose(tray);
     rolls_[colour] = how == DieIs::RollingBy ? rolls_[colour] + 1 : 0;
     if (const int roll = rolls_[colour]; roll != 0) {
         tray.pose = DieMotion::PoseOfRoll(roll);

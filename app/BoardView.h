@@ -37,7 +37,7 @@ struct BoardView {
         Short face = 0;       ///< 1..6 of the die; 0 without one
         Short bonus = 0;      ///< 10 or 20 squares that a token gives; 0 without one
         bool winner = false;  ///< the medal of the colour that has won lies there, within a laurel
-        bool ready = false;   ///< the die waits to be thrown
+        bool ready = false;   ///< the die waits to be thrown: it stands on a corner
         bool isNews = false;  ///< a throw or a bonus: everybody is to see it before it goes
         DiePose pose{};
         double opacity = 1;  ///< below 1 while it fades

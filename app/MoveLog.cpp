@@ -14,7 +14,7 @@
 namespace zorva {
 namespace {
 
-constexpr int rowsInTheLamp = 7;  // from the lowest up
+constexpr int rowsInTheLamp = 3;  // from the lowest up
 
 // In layout pixels.
 constexpr double linePitch = 16;
@@ -58,11 +58,11 @@ public:
         const double size = fontSize * std::min(unit, row.width() / paperWidth);
         const QRectF text = row.adjusted(indent * unit, 0, 0, 0);
         const QString line = index.data().toString();
-        painter->setFont(TextFont(size, index.row() == 0 ? QFont::Bold : QFont::Medium));
-        const bool isNewest = index.row() == index.model()->rowCount() - 1;
+        const bool isHeading = index.row() == 0, isNewest = index.row() == index.model()->rowCount() - 1;
+        painter->setFont(TextFont(size, isHeading || isNewest ? QFont::Bold : QFont::Medium));
         const bool isStrong = isNewest || option.state.testFlag(QStyle::State_Selected);
         painter->setPen(isStrong ? palette::Ink : oldInk);
-        if (index.row() == 0) {
+        if (isHeading) {
             painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, line);
         } else {
             PaintMove(*painter, text, line.trimmed());
@@ -254,8 +254,8 @@ void MoveLog::PaintPaper(QPainter& painter) const {
     }
     QLinearGradient shade(0, 0, 0, end);
     constexpr double litFrom = 0.9;
-    shade.setColorAt(0, QColor(96, 52, 10, 104));
-    shade.setColorAt(std::max(0.1, litFrom - rowsInTheLamp * rowHeight / end), QColor(110, 62, 12, 84));
+    shade.setColorAt(0, QColor(96, 52, 10, 92));
+    shade.setColorAt(std::max(0.1, litFrom - rowsInTheLamp * rowHeight / end), QColor(110, 62, 12, 72));
     shade.setColorAt(litFrom, QColor(130, 78, 18, 0));
     painter.fillPath(paper, shade);
     if (end >= height()) {

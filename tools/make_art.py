@@ -33,6 +33,8 @@ def drawings():
     yield "bitmaps/medal", laurel.draw_medal
     for face in range(1, 7):
         yield f"bitmaps/die_{face}", partial(dice.draw, face)
+    for face in dice.SIDES:
+        yield f"bitmaps/die_ready_{face}", partial(dice.draw_ready, face)
     yield "bitmaps/recorder", recorder.draw
     for pressed, ending in ((False, ""), (True, "_pressed")):
         for index in range(6):

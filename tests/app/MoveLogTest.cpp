@@ -129,10 +129,10 @@ TEST_F(MoveLogTest, LooksLikePaperWithABarOnTheSelectedLine) {
     EXPECT_EQ(colourAt(100, atRow), palette::Brass);
     const auto light = [&](int y) { return colourAt(100, y).lightness(); };
     log.Select(0);
-    EXPECT_GT(light(atRow - 32), light(atRow - 16) + 4) << "every other line is ruled";
+    EXPECT_GT(light(atRow - 96), light(atRow - 80) + 4) << "every other line is ruled";
     EXPECT_GT(light(atRow), light(atRow - 96) + 20) << "the older lines lie in the shade";
     Wheel(-120);
-    EXPECT_GT(light(atRow - 16), light(atRow)) << "the rules scroll with the lines";
+    EXPECT_GT(light(atRow - 80), light(atRow - 96)) << "the rules scroll with the lines";
     EXPECT_LT(light(0), 100) << "the slit's shadow stays";
     log.Select(99);
     const auto ink = [this](int row) {

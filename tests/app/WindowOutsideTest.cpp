@@ -23,12 +23,16 @@ protected:
     WindowOutside outside{mesa, state, settings};
 };
 
-TEST_F(InTheWindow, ADieWaitsAskewRollsByAndComesToRest) {
+TEST_F(InTheWindow, ADieWaitsOnACornerRollsByAndComesToRest) {
     const BoardView::Tray& tray = View().tray[2];
     const auto isAtRest = [&] { return tray.pose.tilt == 0 && tray.pose.size == 1; };
-    outside.DrawDie(2, 5, DieIs::Ready);
-    EXPECT_TRUE(tray.ready);
-    EXPECT_FALSE(isAtRest());
+    const auto look = [&] { return mesa.grab().toImage(); };
+    for (const Short face : {5, 6}) {
+        outside.DrawDie(2, face, DieIs::AtRest);
+        const QImage thrown = look();
+        outside.DrawDie(2, face, DieIs::Ready);
+        EXPECT_NE(look(), thrown) << "it is taken for a throw of " << face;
+    }
     for (Short roll = 1; roll <= 9; ++roll) {
         outside.DrawDie(2, 3, DieIs::RollingBy);
         EXPECT_FALSE(isAtRest()) << "face " << roll;

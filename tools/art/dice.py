@@ -1,7 +1,7 @@
 """The six faces of the die: old ivory with drilled and inked pips."""
 
 from .palette import IVORY, IVORY_DARK, IVORY_LIGHT
-from .svg import Drawing
+from .svg import Drawing, num, points
 
 PIPS = {
     1: [(0, 0)],
@@ -38,3 +38,31 @@ def draw_pip(die, x, y, r):
     die.circle(x + 0.5, y + 0.6, r + 0.2, fill="#ffffff")
     die.circle(x, y, r, fill=die.linear(x - r, y - r, x + r, y + r, (0, "#0c0604"), (1, "#5a4234")))
     die.circle(x + 0.5, y + 0.6, r - 1, fill="#26170f")
+
+
+# What is seen of a die that stands on a corner: the face above and the two in front.
+SIDES = {5: (3, 1), 6: (2, 3)}
+HALF, LOW, TALL = 22.5, 12, 13.5  # half the width, how much a corner lies below the next, half a side's height
+
+
+def draw_ready(face):
+    """The die before it is thrown, `face` above: it stands on a corner, which no thrown die does."""
+    die = Drawing((0, 0, 64, 64), f"The die before a throw, face {face} above. Drawn by tools/make_art.py.")
+    die.soft_disc(35.5, 39, 20, 5, 0.55)
+    left, right = SIDES[face]
+    middle = 30
+    sides = ((face, 32, middle - LOW, (HALF / 2, LOW / 2), (-HALF / 2, LOW / 2), ("#ffffff", "#f6ead0")),
+             (left, 32 - HALF / 2, middle + TALL - LOW / 2, (HALF / 2, LOW / 2), (0, TALL), ("#f0e2c0", "#d2bc90")),
+             (right, 32 + HALF / 2, middle + TALL - LOW / 2, (HALF / 2, -LOW / 2), (0, TALL), ("#cfb88a", "#94794c")))
+    for pips, x, y, (ux, uy), (vx, vy), (near, far) in sides:
+        corners = [(x + ux * a + vx * b, y + uy * a + vy * b) for a, b in ((-1, -1), (1, -1), (1, 1), (-1, 1))]
+        tone = die.linear(*corners[0], *corners[2], (0, near), (1, far))
+        die.path(points(corners), fill=tone, stroke=tone, stroke_width=3.2, stroke_linejoin="round")
+        die.open_group("matrix({})".format(" ".join(num(n / 20) for n in (ux, uy, vx, vy)) + f" {num(x)} {num(y)}"))
+        for dx, dy in PIPS[pips]:
+            draw_pip(die, 11.4 * dx, 11.4 * dy, 4.2)
+        die.close_group()
+    # The rounded edges between the three catch the lamp.
+    for x, y in ((32 - HALF, middle - LOW), (32 + HALF, middle - LOW), (32, middle + 2 * TALL)):
+        die.line(32, middle, x, y, stroke="#ffffff", stroke_width=1.3, stroke_opacity=0.75, stroke_linecap="round")
+    return die

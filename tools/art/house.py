@@ -176,8 +176,8 @@ def draw_well(colour):
     well.circle(20, 20, 14, fill=mix(tones.deep, "#000000", 0.5))
     for inset, radius, shade in ((0.8, 13, 0.9), (1.2, 12.6, 0.66), (1.5, 12.4, 0.4)):
         well.circle(20 + inset, 20 + inset, radius, fill=mix(tones.base, tones.deep, shade))
-    floor = well.linear(12, 12, 31, 31, (0, mix(tones.base, tones.deep, 0.7)), (0.16, mix(tones.base, tones.deep, 0.3)),
-                        (0.28, tones.base), (1, tones.base))
+    floor = well.linear(12, 12, 31, 31, (0, mix(tones.base, tones.deep, 0.7)),
+                        (0.16, mix(tones.base, tones.deep, 0.3)), (0.28, tones.base), (1, tones.base))
     well.circle(21.8, 21.8, 12.1, fill=floor)
     return well
 
