@@ -58,8 +58,8 @@ public:
     void StartGlideBack(PieceCode piece);
 
     // Dice, turn and marks.
-    /// Shows a face 1..6 in the colour's tray. A die that is ready stands on a corner; each face that rolls by
-    /// moves it on; thrown or at rest it lies upright in the middle.
+    /// Shows a face 1..6 in the colour's tray. A die that is ready stands on a corner; each face that
+    /// rolls by moves it on; thrown or at rest it lies upright in the middle.
     void ShowDie(Colour colour, Short face, DieIs how);
     /// Puts a token for a bonus of 10 or 20 squares into the colour's tray.
     void ShowBonus(Colour colour, Short squares);
