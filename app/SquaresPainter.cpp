@@ -146,7 +146,7 @@ private:
     static constexpr int rays = 16;  // all around
     static constexpr double fanFurrow = 0.43, exitFurrow = 0.33, fanEdges = 0.045;
     static constexpr double goalFurrow = 0.31, goalEdges = 0.12;
-    static constexpr float deepestFurrow = 0.8F;  // its opacity
+    static constexpr float deepestFurrow = 0.6F;  // its opacity
 
     QPainter& painter_;
     const BoardGrid& grid_;
