@@ -34,6 +34,7 @@ constexpr RingShape targetOfMove{15, 3};
 constexpr RingShape advisedPiece{16, 3.4};
 constexpr RingShape movablePiece{15, 2.8}, aroundMovable{17.6, 2.6};
 constexpr RingShape choice{13.2, 3.6};  // dashed, where a piece would stand
+constexpr double ringEdge = 1.5;        // of a ring on either side: light, and dark beyond
 constexpr int choiceDashes = 8;
 constexpr double choiceLight = 0.42;  // within it
 constexpr double glowReach = 19.9;    // of the light around a piece that may move
@@ -41,7 +42,7 @@ constexpr double glowReach = 19.9;    // of the light around a piece that may mo
 // Of the last move, in the same units: the ring where the piece stood, the first and the last of the
 // dots on the squares that it passed, and the ring around it now.
 constexpr RingShape placeLeft{13, 1.8};
-constexpr double firstFootprint = 2, lastFootprint = 3.6;  // their radius
+constexpr double firstFootprint = 2.8, lastFootprint = 4.4;  // their radius
 constexpr RingShape movedPiece{15.2, 2};
 
 // The frame of the marked piece, in the same units: half its side, the length of each leg of its
@@ -382,21 +383,23 @@ void BoardPainter::PaintBonus(QPainter& painter, Short squares, const QRectF& to
     painter.drawText(token, Qt::AlignCenter, QStringLiteral("+%1").arg(squares));
 }
 
-// A light ring between dark edges is seen on every colour of the board. Radius and width are in the
+// A ring between light and dark edges is seen on every colour of the board. Radius and width are in the
 // units of a piece's drawing, so that rings grow with the pieces.
 void BoardPainter::PaintRing(QPainter& painter, QPointF centre, double radius, double width,
                              const QColor& colour) {
     const double scale = PieceUnit(layout_);
     const QRect piece = PieceDrawing(layout_, centre);
-    const int beyond = qCeil((radius + width) * scale - piece.width() / 2.0) + 1;
+    const int beyond = qCeil((radius + width / 2 + ringEdge) * scale - piece.width() / 2.0) + 1;
     const QRect place = piece.adjusted(-beyond, -beyond, beyond, beyond);
     const QString name = QStringLiteral("ring %1 %2 %3").arg(radius).arg(width).arg(colour.rgba());
     painter.drawPixmap(place.topLeft(), CachedPixmap(name, place.size(), [&](QPainter& ring) {
                            const QPointF middle = QPointF(place.width(), place.height()) / 2;
-                           ring.setPen(QPen(palette::DarkWood, (width + 1.6) * scale));
-                           ring.drawEllipse(middle, radius * scale, radius * scale);
-                           ring.setPen(QPen(colour, width * scale));
-                           ring.drawEllipse(middle, radius * scale, radius * scale);
+                           for (const auto& [tone, beside] :
+                                {std::pair(palette::DarkWood, ringEdge),
+                                 std::pair(palette::Light, ringEdge / 2), std::pair(colour, 0.0)}) {
+                               ring.setPen(QPen(tone, (width + 2 * beside) * scale));
+                               ring.drawEllipse(middle, radius * scale, radius * scale);
+                           }
                        }));
 }
 
