@@ -23,7 +23,6 @@ constexpr double widestBorder = 16;  // what the band has beside its instruments
 constexpr double shadowReach = 11;
 constexpr QPointF shadowFall(2.5, 3.5);
 constexpr double besidePaper = 2.5, slitAbove = 8, slitHeight = 4.4;
-constexpr double paperShadow = 0.35;  // its opacity: it lies flatter than a pad does
 constexpr double grainSide = 48;
 
 QRectF AsRect(const Box& box) {
@@ -179,9 +178,6 @@ QRect HiddenByPanel(const Layout& layout) {
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
     const QRectF band = Band(layout);
     PaintPad(painter, artwork, layout, band, BorderScale(layout, band));
-    painter.setOpacity(paperShadow);
-    PaintShadow(painter, artwork, layout, AsRect(layout.LogPaper));
-    painter.setOpacity(1);
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, AsRect(layout.Case)), caseCorner,
                    layout.Unit);
     const QRectF body = AsRect(layout.Case), paper = AsRect(layout.LogPaper);
