@@ -161,13 +161,15 @@ void MoveLog::updateGeometries() {
     }
 }
 
-// As high as so many whole rows, so that no line is cut at rest. Below them the paper stays empty.
+// As high as so many whole rows, so that no line is cut at rest. Below them the paper stays empty. With
+// the size the scale may have changed, too, and with it the height of the rows.
 void MoveLog::resizeEvent(QResizeEvent* event) {
     const int edge = qRound(services_.ToLogical(padding));
     const int rowHeight = RowHeight(services_);
     const int visibleRows = std::max(1, (height() - 2 * edge) / rowHeight);
     setViewportMargins(0, edge, 0, std::max(0, height() - edge - visibleRows * rowHeight));
     QListView::resizeEvent(event);
+    scheduleDelayedItemsLayout();
 }
 
 // The paper scrolls with its lines, but the shadow on it stays: all of it is painted again.

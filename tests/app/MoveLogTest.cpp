@@ -119,6 +119,14 @@ TEST_F(MoveLogTest, ScreenReadersFindAnItemForEachRowAndAskForItsSentence) {
     EXPECT_EQ(read(0), "Otra");
 }
 
+TEST_F(MoveLogTest, LaysItsLinesOutAnewOnAnotherScale) {
+    const auto heightOfLine = [this] { return log.visualRect(log.model()->index(30, 0)).height(); };
+    const int before = heightOfLine();
+    mesa.resize(2732, 1536);
+    QApplication::processEvents();
+    EXPECT_EQ(heightOfLine(), 2 * before);
+}
+
 TEST_F(MoveLogTest, LooksLikePaperWithABarOnTheSelectedLine) {
     log.Select(0);
     log.Select(7);
