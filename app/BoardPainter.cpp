@@ -599,8 +599,7 @@ void BoardPainter::PaintCup(QPainter& painter, const QRect& part) {
                        }));
 }
 
-// A warm light behind the button, which swells a few times and then stays, and the frame of all that
-// can be picked.
+// A warm light behind the button, which swells a few times and then stays, and a frame around it.
 void BoardPainter::PaintInvitation(QPainter& painter, double progress, const QRect& part) {
     const QRect area = SignArea(BoardView::NewGameSign);
     if (!area.intersects(part)) return;
@@ -623,8 +622,7 @@ void BoardPainter::PaintInvitation(QPainter& painter, double progress, const QRe
     painter.drawRoundedRect(frame, 12 * unit, 12 * unit);
 }
 
-// The tray is framed as pieces that can be picked are ringed, and a hand taps on the die a few times and
-// then rests there.
+// The tray has a frame of light, and a hand taps on the die a few times and then rests there.
 void BoardPainter::PaintSign(QPainter& painter, const BoardView& view, const QRect& part) {
     if (view.sign == 0 || !SignArea(view.sign).intersects(part)) return;
     const double unit = layout_.Unit * layout_.Cell / boardCell;

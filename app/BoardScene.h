@@ -85,8 +85,7 @@ public:
     void PointAt(Point at);
     /// Frames the piece that the keyboard has marked with four corners; 0 marks none.
     void ShowMarked(PieceCode piece);
-    /// Shows that the recorder stands at that move, and the pad of its large keys; -1 shows that it is
-    /// off.
+    /// Shows that the recorder stands at that move; -1 shows that it is off.
     void ShowTape(Short move);
 
     /// Writes a line about its chances on each card; empty lines leave it out.

@@ -9,8 +9,8 @@
 namespace zorva {
 
 /// Pic_Mando: the recorder's six keys once more, large, where there is room for them. The switch is a
-/// reel of the recorder, the others lie on the table while it is on. What is between them belongs to the
-/// board. Screen readers have the keys of the RecorderStrip instead.
+/// reel of the recorder, the others are there while it is on. What is between them belongs to the board.
+/// Screen readers have the keys of the RecorderStrip instead.
 class LargeKeys {
 public:
     /// Creates the keys in the window; `chosen` is called with a key that is pressed, live or not.

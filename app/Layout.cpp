@@ -23,7 +23,6 @@ constexpr Short belowLog = 4;
 constexpr int caseTop = recorderTop - 14;  // of the case that holds the recorder
 constexpr int caseHeight = 14 + recorderHeight + 13;
 constexpr int widestCase = 196;
-constexpr int belowKey = 7;     // how much lower the reels lie below the small key of the chances
 constexpr int boardFrame = 16;  // around the squares of the largest board
 
 // --------------------------------------------------------------------- the screen and the board
@@ -142,19 +141,21 @@ bool PlaceCardsBelow(Layout& layout) {
 
 // ------------------------------------------------------------------------------------ the panel
 
-// In one row with their names below where the band is wide, else in two rows, as large as the room above
-// the recorder allows: sides of 28 to 64. Where there are no cards the line lies above them.
+// In one row where the band is wide enough, else in two, as large as the room above the recorder allows:
+// sides of 28 to 64. Where there are no cards the line lies above them.
 void PlaceButtons(Layout& layout) {
-    constexpr int aroundLine = 7, besideLine = 8, besideButtons = 16;
-    const bool isLineAbove = !layout.HasCards(), inOneRow = layout.LabelHeight > 0;
-    const int columns = inOneRow ? MenuButtonCount : MenuButtonCount / 2;
-    const int gap = inOneRow ? 10 : layout.BandWidth > widestBand ? 16 : 6;
-    const int room = layout.BandWidth - (inOneRow ? 2 * besideButtons : 22) - (columns - 1) * gap;
+    constexpr int aroundLine = 7, besideLine = 8, narrowestRow = 380, aboveCase = 18;
+    const bool isLineAbove = !layout.HasCards(), hasLabels = layout.LabelHeight > 0;
+    const int columns = layout.BandWidth < narrowestRow ? MenuButtonCount / 2 : MenuButtonCount;
+    const int besideButtons = hasLabels ? 16 : 11, gap = hasLabels ? 10 : 6;
+    const int room = layout.BandWidth - 2 * besideButtons - (columns - 1) * gap;
     const int side = std::clamp(room / columns, 28, isLineAbove ? 56 : 64);
     const int width = columns * (side + gap) - gap;
-    const int height = MenuButtonCount / columns * (side + gap) - gap;
+    const int below = hasLabels ? layout.LabelHeight + 4 : gap;
+    const int height = MenuButtonCount / columns * (side + below) - (below - layout.LabelHeight);
     const Short left = ToShort(layout.BandLeft + (layout.BandWidth - width) / 2);
-    Short top = ToShort(std::max(8, (recorderTop - height) / 2));
+    Short top =
+        ToShort(hasLabels ? caseTop - aboveCase - height : std::max(8, (recorderTop - height) / 2));
     if (isLineAbove) {
         const int lineWidth = std::max(layout.BandWidth - 2 * besideLine, 1);
         const int lineHeight = caseTop - height - 3 * aroundLine;
@@ -165,7 +166,7 @@ void PlaceButtons(Layout& layout) {
     layout.Buttons = {left, top, ToShort(width), ToShort(height)};
     for (int index = 0; index < MenuButtonCount; ++index) {
         layout.Button[index] = {ToShort(left + index % columns * (side + gap)),
-                                ToShort(top + index / columns * (side + gap)), ToShort(side),
+                                ToShort(top + index / columns * (side + below)), ToShort(side),
                                 ToShort(side)};
     }
 }
@@ -188,10 +189,11 @@ void PlaceStrip(Layout& layout) {
     layout.LogPaper = {ToShort(left), logTop, ToShort(std::max(right - left, 1)), ToShort(height)};
 }
 
-// The case is as wide as the band allows, and wider than the paper that comes out of it. The reels are
-// as large as the case allows.
+// The case is as wide as the band allows, and wider than the paper that comes out of it where there is
+// room. The reels are as large as the case allows.
 void PlaceCase(Layout& layout) {
     constexpr int besideCase = 12, beyondPaper = 3, besideReel = 6;
+    constexpr int belowKey = 7;  // how far the reels are moved down, clear of the small key above them
     constexpr int widestReel = 58, smallestReel = 18;
     const int overPaper = std::min(layout.LogPaper.width + 2 * beyondPaper, layout.BandWidth - 2);
     const int width = std::max(std::min(layout.BandWidth - 2 * besideCase, widestCase), overPaper);
@@ -215,7 +217,7 @@ constexpr int keyGap = 4;
 // Upright they lie as on the strip: backwards left, forwards right. Across, the keys that go by
 // themselves lie below those that go one step.
 void PlaceLargeKeys(Layout& layout, int left, int top, int side, bool across) {
-    // In halves of a key.
+    // In halves of a key with its gap.
     constexpr std::array<std::array<int, 2>, RecorderKeyCount> upright{
         {{}, {0, 0}, {2, 0}, {0, 2}, {2, 2}, {1, 4}}};
     constexpr std::array<std::array<int, 2>, RecorderKeyCount> lying{
@@ -238,7 +240,7 @@ void PlaceCup(Layout& layout, Point centre, int side) {
 // Beside cards the band reaches on to the right, to the edge of all but the widest screens, and so does
 // the case, which then holds the key of the chances. Below it lie the large keys, then the cup.
 bool WidenBand(Layout& layout) {
-    constexpr int widestPart = 450, border = 16, narrowestWithLabels = 380;
+    constexpr int widestPart = 450, border = 16;
     constexpr int largestCup = 220, labelHeight = 20, largeChancesKey = 56;
     const int right = layout.BandLeft + layout.BandWidth;
     const int added = std::min(layout.ScreenWidth - right, widestPart);
@@ -247,11 +249,12 @@ bool WidenBand(Layout& layout) {
     const int side = std::min((room - keyGap) / 2, usualKey);
     if (side < smallestLargeKey || !layout.HasCards()) return false;
     layout.BandWidth = ToShort(layout.BandWidth + added);
-    layout.LabelHeight = layout.BandWidth < narrowestWithLabels ? 0 : labelHeight;
+    layout.LabelHeight = labelHeight;
     layout.Case.x = std::min(layout.Case.x, ToShort(layout.BandLeft + border));
     layout.Case.width = ToShort(left + room - layout.Case.x);
     const int middle = left + room / 2;
-    for (Box* reel : {&layout.Reel, layout.LargeKey.data()}) reel->y = ToShort(reel->y - belowKey);
+    const int reelTop = layout.Recorder.Centre().y - layout.Reel.height / 2;
+    layout.Reel.y = layout.LargeKey[0].y = ToShort(reelTop);
     const int aboveKey = (caseHeight - largeChancesKey - layout.LabelHeight) / 2;
     layout.Chances = {ToShort(middle - largeChancesKey / 2), ToShort(caseTop + aboveKey),
                       largeChancesKey, largeChancesKey};
@@ -259,7 +262,7 @@ bool WidenBand(Layout& layout) {
     PlaceLargeKeys(layout, middle - side - keyGap / 2, top, side, false);
     const int keysEnd = top + 3 * (side + keyGap), below = layout.ScreenHeight - keysEnd;
     PlaceCup(layout, {ToShort(middle), ToShort(keysEnd + below / 2)},
-             std::min<int>({Round(room * cupOfRoom), largestCup, below}));
+             std::min({int{Round(room * cupOfRoom)}, largestCup, std::max(below, 0)}));
     return true;
 }
 
@@ -270,7 +273,7 @@ void PlaceAboveLine(Layout& layout) {
     const int room = layout.Line.y - top;
     const int cup = std::min<int>(Round(room * cupOfRoom), largestCup);
     const int besideCup = (layout.ScreenWidth - cup) / 2;
-    const int side = std::min({(room - room / 8 - keyGap) / 2 - 10, besideCup / 4, largestKey});
+    const int side = std::min({(room * 3 / 4 - keyGap) / 2, besideCup / 4, largestKey});
     if (side < smallestLargeKey) return;
     const Point middle{ToShort(layout.ScreenWidth / 2), ToShort(top + room / 2)};
     PlaceCup(layout, middle, cup);

@@ -73,7 +73,7 @@ double BorderScale(const Layout& layout, const QRectF& band) {
     return std::clamp((band.width() - held) / (2 * widestBorder), 0.3, 1.0);
 }
 
-// Softly around what lies on the table or on a pad.
+// Softly around what lies on the table.
 void PaintShadow(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& object) {
     const QRectF shadow = object.adjusted(-shadowReach, -shadowReach, shadowReach, shadowReach);
     PaintStretched(painter, artwork, "panel_shadow", OnDevice(layout, shadow.translated(shadowFall)),
@@ -99,9 +99,8 @@ QLinearGradient LightOnPad(const Layout& layout) {
     return lamp;
 }
 
-// A pad of leather with its border at that scale.
-void PaintPad(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& pad,
-              double border) {
+void PaintPad(QPainter& painter, Artwork& artwork, const Layout& layout, const QRectF& pad) {
+    const double border = BorderScale(layout, pad);
     PaintShadow(painter, artwork, layout, pad);
     PaintStretched(painter, artwork, "panel_band", OnDevice(layout, pad), bandCorner,
                    border * layout.Unit);
@@ -134,7 +133,7 @@ void PaintProgramName(QPainter& painter, const Layout& layout) {
     }
 }
 
-// Where the large keys lie while they are there.
+// It fills the place of the large keys while the recorder is off; they cover most of it.
 void PaintCrest(QPainter& painter, Artwork& artwork, const Layout& layout) {
     if (layout.LabelHeight == 0) return;
     QRectF keys;
@@ -162,7 +161,7 @@ void PaintLabels(QPainter& painter, const Layout& layout) {
 }  // namespace
 
 QRect PanelArea(const Layout& layout, QSize devicePixels) {
-    QRectF area = Band(layout) | AsRect(layout.LogPaper);
+    QRectF area = Band(layout);
     if (layout.Cup.width > 0) area |= AsRect(layout.Cup);
     constexpr double beyond = 2 * shadowReach;
     area.adjust(-beyond, -beyond, beyond, beyond);
@@ -176,8 +175,7 @@ QRect HiddenByPanel(const Layout& layout) {
 }
 
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout) {
-    const QRectF band = Band(layout);
-    PaintPad(painter, artwork, layout, band, BorderScale(layout, band));
+    PaintPad(painter, artwork, layout, Band(layout));
     PaintStretched(painter, artwork, "panel_case", OnDevice(layout, AsRect(layout.Case)), caseCorner,
                    layout.Unit);
     const QRectF body = AsRect(layout.Case), paper = AsRect(layout.LogPaper);

@@ -12,7 +12,7 @@ struct Layout;
 
 /// Paints what lies under the buttons, the recorder and the log: a pad of leather on the table right of
 /// the board, and on it the case of the recorder, out of which the log's paper comes. Where there is
-/// room a dice cup lies beside it. The painter's pixels are the window's device pixels.
+/// room it also paints a dice cup. The painter's pixels are the window's device pixels.
 void PaintInstrumentPanel(QPainter& painter, Artwork& artwork, const Layout& layout);
 
 /// The device pixels of a window of that size which it may touch.

@@ -33,7 +33,12 @@ public:
           unit_(grid.CellSize() / 33) {}
 
     void PaintColours() {
-        for (int row = 13; row < 20; ++row) Inlay(4 * block, row * cell, fanFurrow);
+        painter_.setPen(Qt::NoPen);
+        for (int row = 13; row < 20; ++row) {
+            const QPointF middle = Inlay(4 * block, row * cell, fanFurrow);
+            Lozenge(middle, lozengeReach + stringWidth * M_SQRT2, String());
+            Lozenge(middle, lozengeReach, base_);
+        }
         Inlay(5 * block, 16 * cell, exitFurrow);
         Goal();
     }
@@ -60,7 +65,7 @@ private:
 
     // Enamel with a string of brass around it, a fan engraved in it that points to the goal, and a
     // lozenge in its middle.
-    void Inlay(int x, int y, double furrow) {
+    QPointF Inlay(int x, int y, double furrow) {
         const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
         const int edge = std::max(1, qRound(stringWidth * unit_));
         const QRect field = square.adjusted(edge, edge, -edge, -edge);
@@ -69,8 +74,7 @@ private:
         const QPointF middle = QRectF(square).center();
         const QPointF inwards = BoardGrid::Turned({0, 0}, colour_) - BoardGrid::Turned({0, 1}, colour_);
         Engrave(QRectF(field), middle + fanFrom * unit_ * inwards, furrow - fanEdges / unit_);
-        Lozenge(middle, lozengeReach + stringWidth * M_SQRT2, String());
-        Lozenge(middle, lozengeReach, base_);
+        return middle;
     }
 
     // Furrows that meet at `from`, each deepest along its middle. A furrow takes `share` of its part of
@@ -88,7 +92,6 @@ private:
             furrows.setColorAt(middle / rays, ground);
             furrows.setColorAt((middle + half) / rays, ridge);
         }
-        painter_.setPen(Qt::NoPen);
         painter_.setBrush(furrows);
         painter_.drawPolygon(field);
     }
@@ -108,7 +111,6 @@ private:
         const double height = 2.5, inradius = height * (M_SQRT2 - 1);  // in cells
         const QPointF base = (goal[0] + goal[1]) / 2;
         const QPointF middle = base + (goal[2] - base) * inradius / height;
-        painter_.setPen(Qt::NoPen);
         const auto triangle = [&](double in) {
             QPolygonF smaller;
             for (const QPointF& corner : goal)

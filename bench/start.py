@@ -136,7 +136,7 @@ def end_title(display, screen, board):
 
 def time_of_answer(display, screen):
     """Until a key without a game makes the button for a new game glow anew, which it does below speed 100 alone."""
-    line = round(screen.height * 0.125)
+    line = round(screen.height * 0.17)
     panel = screen.row(line, 0.65)
     asked = time.perf_counter()
     display.act("key space")

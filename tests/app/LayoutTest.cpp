@@ -117,19 +117,31 @@ TEST(Layout, HasRoomForEverythingBesideTheBoard) {
         const QRect band(layout.BandLeft, 0, layout.BandWidth, layout.ScreenHeight);
         for (const Box& card : layout.Card)
             EXPECT_FALSE(band.intersects(QRect(card.x, card.y, card.width, card.height))) << card.x;
+        const auto rectOf = [](const Box& box) { return QRect(box.x, box.y, box.width, box.height); };
         const bool hasKeys = layout.Cup.width > 0;
-        if (hasKeys) {
-            boxes.push_back(layout.Cup);
-            boxes.insert(boxes.end(), layout.LargeKey.begin(), layout.LargeKey.end());
-            for (const Box& key : layout.LargeKey) EXPECT_GE(key.width * layout.Unit, 33);
+        if (hasKeys) boxes.push_back(layout.Cup);
+        for (const Box& reel : {layout.Reel, layout.LargeKey[0]}) {
+            EXPECT_TRUE(rectOf(layout.Case).contains(rectOf(reel)));
+            boxes.push_back(reel);
         }
+        EXPECT_TRUE(band.contains(rectOf(layout.Case)));
+        for (std::size_t key = 1; hasKeys && key < layout.LargeKey.size(); ++key) {
+            EXPECT_GE(layout.LargeKey[key].width * layout.Unit, 44);
+            boxes.push_back(layout.LargeKey[key]);
+        }
+        for (Box label : layout.Button) {
+            label = {label.x, ToShort(label.y + label.height), label.width, layout.LabelHeight};
+            EXPECT_FALSE(rectOf(layout.Case).intersects(rectOf(label)));
+        }
+        EXPECT_TRUE(layout.LabelHeight == 0 || layout.Button[1].x - layout.Button[0].x >= 58);
         withKeys += hasKeys ? 1 : 0;
         EXPECT_LE(layout.LogPaper.y + layout.LogPaper.height, layout.ScreenHeight - 4);
         for (const Box& box : boxes) {
             const QRect place(box.x, box.y, box.width, box.height);
             EXPECT_TRUE(table.contains(place)) << box.x << ',' << box.y;
-            EXPECT_GE(std::min(box.width, box.height), box == layout.Chances ? 24 : 28)
-                << box.x << ',' << box.y;
+            const bool isOnCase =
+                box == layout.Chances || box == layout.Reel || box == layout.LargeKey[0];
+            EXPECT_GE(std::min(box.width, box.height), isOnCase ? 18 : 28) << box.x << ',' << box.y;
             EXPECT_FALSE(taken.intersects(place)) << box.x << ',' << box.y;
             taken += place;
         }
@@ -143,6 +155,7 @@ TEST(Layout, SurvivesAnySize) {
         for (const int height : {0, 1, 303, 4000, 32768, 100'000}) {
             const Layout layout = LayoutFor(width, height);
             EXPECT_TRUE(layout.Unit > 0 && layout.DeviceTop >= 0) << width << 'x' << height;
+            EXPECT_GE(layout.Cup.width, 0) << width << 'x' << height;
             layout.SlotPosition(34, 3);
             layout.BoxPosition(1, 4);
             layout.DieBox(1);

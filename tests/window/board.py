@@ -36,7 +36,7 @@ def piece_at(picture, layout, point):
 
 
 def die_at_rest(picture, layout, colour):
-    """The face of the die that lies upright in a colour's tray; 0 when it is empty, None when it lies askew."""
+    """The face of the die that lies upright in a colour's tray; 0 when it is empty, None when it waits."""
     x, y, width, height = layout.trays[colour - 1]
     pip = width * 64 / 72 * 14.2 / 64
     middle = (x + width / 2, y + height / 2)
@@ -46,7 +46,7 @@ def die_at_rest(picture, layout, colour):
     faces = ("x......", ".xx....", "xxx....", ".xxxx..", "xxxxx..", ".xxxxxx")
     if "." not in pips:
         return 0
-    # A die that is ready lies askew and has its pips at the last two points.
+    # A die that waits stands on a corner: its sides in front are darker than any upright face.
     return faces.index(pips[:7]) + 1 if pips[7:] == ".." and pips[:7] in faces else None
 
 

@@ -1,4 +1,4 @@
-"""The six faces of the die: old ivory with drilled and inked pips."""
+"""The die: its six faces, and how it looks before a throw. Old ivory with drilled and inked pips."""
 
 from .palette import IVORY, IVORY_DARK, IVORY_LIGHT
 from .svg import Drawing, num, points

@@ -1,7 +1,6 @@
-"""The leather pads beside the board, the recorder's case and the cup.
+"""The leather pad beside the board, the recorder's case, its reels and the cup.
 
-The program stretches the pads, the case and their shadows: the corners keep their size, the 16 units between them
-grow.
+The program stretches the pad, its shadow and the case: the corners keep their size, the 16 units between them grow.
 """
 
 import math
