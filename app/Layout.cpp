@@ -242,6 +242,7 @@ void PlaceCup(Layout& layout, Point centre, int side) {
 bool WidenBand(Layout& layout) {
     constexpr int widestPart = 450, border = 16;
     constexpr int largestCup = 220, labelHeight = 20, largeChancesKey = 56;
+    constexpr double smallestWithLabels = 0.78;  // there their letters are 9 device pixels high
     const int right = layout.BandLeft + layout.BandWidth;
     const int added = std::min(layout.ScreenWidth - right, widestPart);
     const int left = layout.Case.x + layout.Case.width;
@@ -249,7 +250,7 @@ bool WidenBand(Layout& layout) {
     const int side = std::min((room - keyGap) / 2, usualKey);
     if (side < smallestLargeKey || !layout.HasCards()) return false;
     layout.BandWidth = ToShort(layout.BandWidth + added);
-    layout.LabelHeight = labelHeight;
+    layout.LabelHeight = layout.Unit < smallestWithLabels ? 0 : labelHeight;
     layout.Case.x = std::min(layout.Case.x, ToShort(layout.BandLeft + border));
     layout.Case.width = ToShort(left + room - layout.Case.x);
     const int middle = left + room / 2;

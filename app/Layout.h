@@ -64,7 +64,7 @@ struct Layout {
     // The panel on which menu, recorder and log lie: a band from the upper to the lower edge.
     Short BandLeft = 0;
     Short BandWidth = 0;
-    /// Height of the names below the panel's keys; 0 where the band is too narrow for them.
+    /// Height of the names below the panel's keys; 0 where there is no room for them.
     Short LabelHeight = 0;
     /// Where the game says what it waits for: at the head of the cards, else at the head of the panel.
     Box Line;
