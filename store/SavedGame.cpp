@@ -74,6 +74,13 @@ bool TurnFits(const GameState& state, const MoveRecord& last) {
            state.SixesInRow == last.RepeatState;
 }
 
+// The winning piece stands in no slot: if slot 3 has its code, an earlier game left it there.
+bool HasJustWon(const GameState& state, PieceCode piece) {
+    if (!state.GameInProgress || state.PiecesHome[ColourOf(piece)] != PiecesPerColour) return false;
+    const MoveRecord& last = state.MoveRecords[state.MoveRecordCount - 1];
+    return CodeOf(last.MoverColour, last.Piece) == piece;
+}
+
 }  // namespace
 
 // Slot 3 is filled last: its code belongs to this game only if that piece is on the goal and in no other
@@ -86,7 +93,7 @@ void RecogniseLeftovers(GameState& state) {
         const PieceCode last = slots[3];
         const bool ofThisGame = IsPieceOf(colour, last) &&
                                 state.PositionOf(last) == GoalSquare[colour] && slots[2] != 0 &&
-                                slots[1] != last && slots[2] != last;
+                                slots[1] != last && slots[2] != last && !HasJustWon(state, last);
         state.GoalLeftover[colour] = ofThisGame ? PieceCode{0} : last;
     }
 }

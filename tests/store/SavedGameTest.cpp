@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/Board.h"
 #include "core/Execution.h"
 #include "core/GameStart.h"
 #include "core/Records.h"
@@ -12,13 +13,15 @@
 namespace zorva::test {
 namespace {
 
-// The game to which the records lead, with that colour on turn.
-std::string TextAfter(const std::vector<MoveRecord>& records, Colour onTurn) {
+// The game to which the records lead, with that colour on turn. An earlier game has left that piece in
+// yellow's goal.
+std::string TextAfter(const std::vector<MoveRecord>& records, Colour onTurn, PieceCode leftover = 0) {
     const Settings settings;
     GameState state;
     SilentOutside silent;
     state.GameInProgress = Yes;
     state.CurrentColour = onTurn;
+    state.SquareOccupants[GoalSquare[1]][3] = state.GoalLeftover[1] = leftover;
     for (const MoveRecord& record : records) {
         NewMoveRecord(state);
         state.MoveRecords[state.MoveRecordCount] = record;
@@ -60,6 +63,8 @@ TEST(SavedGame, IsNeverInTheMiddleOfACaptureNorGoesOnAfterAVictory) {
     EXPECT_TRUE(IsRefused(TextAfter(victory, 2))) << "another colour is on turn";
     EXPECT_EQ(AskedAfter(TextAfter(victory, 1)),
               "message Final de la Partida|Puntos : 9.99\nHa ganado la partida Amarillo|2\nkeep 1 999");
+    for (const PieceCode leftover : {11, 12, 13, 14})
+        EXPECT_FALSE(IsRefused(TextAfter(victory, 1, leftover))) << leftover;
     victory.push_back({1, 0, 0, 10, 0, 0, 0, 0, No, 0, No});
     EXPECT_TRUE(IsRefused(TextAfter(victory, 1))) << "a bonus is passed after the victory";
 }
