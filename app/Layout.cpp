@@ -151,8 +151,8 @@ void PlaceButtons(Layout& layout) {
     const int room = layout.BandWidth - 2 * besideButtons - (columns - 1) * gap;
     const int side = std::clamp(room / columns, 28, isLineAbove ? 56 : 64);
     const int width = columns * (side + gap) - gap;
-    const int below = hasLabels ? layout.LabelHeight + 4 : gap;
-    const int height = MenuButtonCount / columns * (side + below) - (below - layout.LabelHeight);
+    const int betweenRows = hasLabels ? 4 : gap, rowStep = side + layout.LabelHeight + betweenRows;
+    const int height = MenuButtonCount / columns * rowStep - betweenRows;
     const Short left = ToShort(layout.BandLeft + (layout.BandWidth - width) / 2);
     Short top =
         ToShort(hasLabels ? caseTop - aboveCase - height : std::max(8, (recorderTop - height) / 2));
@@ -166,8 +166,7 @@ void PlaceButtons(Layout& layout) {
     layout.Buttons = {left, top, ToShort(width), ToShort(height)};
     for (int index = 0; index < MenuButtonCount; ++index) {
         layout.Button[index] = {ToShort(left + index % columns * (side + gap)),
-                                ToShort(top + index / columns * (side + below)), ToShort(side),
-                                ToShort(side)};
+                                ToShort(top + index / columns * rowStep), ToShort(side), ToShort(side)};
     }
 }
 

@@ -9,6 +9,11 @@ QString MenuButtons::HoverText(int index) {
     return QString::fromUtf8(texts[index]);
 }
 
+QString MenuButtons::Name(int index) {
+    static const char* const names[] = {"Ayuda", "Nueva", "Personalizar", "Histórico", "Tutor", "Salir"};
+    return QString::fromUtf8(names[index]);
+}
+
 MenuButtons::MenuButtons(QWidget* window, const Services& services,
                          const std::function<void(int)>& chosen) {
     auto* panel = new QWidget(window);

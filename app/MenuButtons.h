@@ -28,6 +28,8 @@ public:
 
     /// The text that explains a button, as WoodenKey has it.
     static QString HoverText(int index);
+    /// Its short name, which stands below it where there is room.
+    static QString Name(int index);
 
 private:
     std::array<WoodenKey*, MenuButtonCount> buttons_{};  // Qt deletes them with the window

@@ -8,6 +8,7 @@
 #include "app/Artwork.h"
 #include "app/Fonts.h"
 #include "app/Layout.h"
+#include "app/MenuButtons.h"
 #include "app/Palette.h"
 
 namespace zorva {
@@ -146,15 +147,14 @@ void PaintCrest(QPainter& painter, Artwork& artwork, const Layout& layout) {
 // The names of the keys, below each.
 void PaintLabels(QPainter& painter, const Layout& layout) {
     if (layout.LabelHeight == 0) return;
-    static const char* const names[] = {"Ayuda", "Nueva", "Personalizar", "Histórico", "Tutor", "Salir"};
-    static_assert(std::size(names) == MenuButtonCount);
     painter.setFont(TextFont(11.5 * layout.Unit));
     painter.setPen(QColor(0xea, 0xdf, 0xc2));
-    const auto paint = [&](const Box& key, const char* name) {
+    const auto paint = [&](const Box& key, const QString& name) {
         const QRectF below(key.x - key.width, key.y + key.height, 3 * key.width, layout.LabelHeight);
-        painter.drawText(OnDevice(layout, below), Qt::AlignCenter, QString::fromUtf8(name));
+        painter.drawText(OnDevice(layout, below), Qt::AlignCenter, name);
     };
-    for (int index = 0; index < MenuButtonCount; ++index) paint(layout.Button[index], names[index]);
+    for (int index = 0; index < MenuButtonCount; ++index)
+        paint(layout.Button[index], MenuButtons::Name(index));
     paint(layout.Chances, "Probabilidades");
 }
 

@@ -63,8 +63,8 @@ private:
         painter_.fillRect(line, palette::Line);
     }
 
-    // Enamel with a string of brass around it, a fan engraved in it that points to the goal, and a
-    // lozenge in its middle.
+    // Enamel with a string of brass around it and a fan engraved in it that points to the goal. Returns
+    // the middle of the square.
     QPointF Inlay(int x, int y, double furrow) {
         const QRect square = grid_.Within(At(x, y), At(x + block, y + cell));
         const int edge = std::max(1, qRound(stringWidth * unit_));

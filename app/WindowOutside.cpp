@@ -153,7 +153,7 @@ void WindowOutside::MoveBegins(const MoveRecord& record) {
 void WindowOutside::SelectLogLine(Short line) {
     mesa_.Log().Select(line);
     scene_.ShowTape(line);
-    mesa_.RefreshCursor();  // the large keys come and go with their pad
+    mesa_.RefreshCursor();  // the large keys come and go with the tape
     if (TapeMoved) TapeMoved();
 }
 
